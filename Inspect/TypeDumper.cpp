@@ -1,0 +1,209 @@
+#include "Inspect/TypeDumper.h"
+
+#include "Inspect/TypeKind.h"
+#include "Inspect/TypeText.h"
+#include "RTTI/RTTypeVisitor.h"
+
+#include <fmt/format.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+/// Writes the fields of a type's own class, in the order of its record.
+class FieldWriter : public RTTypeVisitor {
+public:
+    FieldWriter(std::ostream& out, const TypeLookup& types) : m_out(out), m_types(types) {}
+
+    // Classes without fields, and those that no object has.
+    bool visit(const RTBaseType&) override { return true; }
+    bool visit(const RTEnumType&) override { return true; }
+    bool visit(const RTCHandle&) override { return true; }
+    bool visit(const RTClassHandle&) override { return true; }
+    bool visit(const RTLogicType&) override { return true; }
+    bool visit(const RTBitType&) override { return true; }
+    bool visit(const RTStringType&) override { return true; }
+
+    bool visit(const RTSeqEnumType& type) override {
+        line("encoding", encodingText(type.m_valueEncoding));
+        line("enum kind", enumKindText(type.m_enumKind));
+        line("literals", std::to_string(type.m_enumeratorNames.size()));
+        for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i)
+            item(i, quotedName(type.m_enumeratorNames[i]));
+        line("value size", std::to_string(type.m_valueSize));
+        return true;
+    }
+
+    bool visit(const RTDiscreteEnumType& type) override {
+        line("base type", reference(type.m_baseTypeId, type.m_baseType));
+        line("literals", std::to_string(type.m_enumerators.size()));
+        for (std::size_t i = 0; i < type.m_enumerators.size(); ++i) {
+            const t_enumNameAndValuePair& literal = type.m_enumerators[i];
+            item(i, quoted(literal.enumName) + " = " + bytes(literal.value, type.m_valueSize));
+        }
+        line("value size", std::to_string(type.m_valueSize));
+        line("constraints", ranges(type.m_constraints));
+        return true;
+    }
+
+    bool visit(const RTIntType& type) override {
+        line("range", rangeText(type.m_constraint));
+        return true;
+    }
+
+    bool visit(const RTFloatType& type) override {
+        line("real kind", std::to_string(type.m_floatKind));
+        line("left", fmt::format("{}", type.m_left));
+        line("right", fmt::format("{}", type.m_right));
+        line("direction", std::to_string(type.m_direction));
+        return true;
+    }
+
+    bool visit(const RTEventType& type) override {
+        line("event kind", std::to_string(type.m_eventKind));
+        return true;
+    }
+
+    bool visit(const RTPhysicalType& type) override {
+        line("units", std::to_string(type.m_units.size()));
+        for (std::size_t i = 0; i < type.m_units.size(); ++i)
+            item(i,
+                 quoted(type.m_units[i].unitName) + " = " + std::to_string(type.m_units[i].value));
+        return true;
+    }
+
+    bool visit(const RTTypedefType& type) override {
+        line("data type", reference(type.m_dataTypeId, type.m_dataType));
+        line("constraints", ranges(type.m_constraints));
+        return true;
+    }
+
+    bool visit(const RTAccessType& type) override { return designated(type, "designated type"); }
+    bool visit(const RTFileType& type) override { return designated(type, "element type"); }
+
+    bool visit(const RTArrayType& type) override {
+        line("array kind", arrayKindText(type.m_arrayKind));
+        line("element type", reference(type.m_elementTypeId, type.m_elementType));
+        line("dimensions", std::to_string(type.m_indexTypeIds.size()));
+        for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i)
+            item(i, "index type " + reference(type.m_indexTypeIds[i]));
+        line("constraints", ranges(type.m_constraints));
+        svTypeId(type);
+        return true;
+    }
+
+    bool visit(const RTAbstractArrayType& type) override {
+        line("element type", reference(type.m_elementTypeId, type.m_elementType));
+        svTypeId(type);
+        return true;
+    }
+    bool visit(const RTDynamicArrayType& type) override { return container(type); }
+    bool visit(const RTQueueType& type) override { return container(type); }
+
+    bool visit(const RTAssocArrayType& type) override {
+        container(type);
+        line("index type", reference(type.m_indexTypeId, type.m_indexType));
+        return true;
+    }
+
+    bool visit(const RTAggregateType& type) override {
+        line("members", std::to_string(type.m_members.size()));
+        for (std::size_t i = 0; i < type.m_members.size(); ++i)
+            item(i, member(type, i));
+        svTypeId(type);
+        return true;
+    }
+
+    bool visit(const RTRecordType& type) override {
+        line("record kind", recordKindText(type.m_recordKind));
+        return visit(static_cast<const RTAggregateType&>(type));
+    }
+
+    bool visit(const RTClassType& type) override {
+        line("base class", reference(type.m_baseClassTypeId, type.m_baseClass));
+        return visit(static_cast<const RTAggregateType&>(type));
+    }
+
+private:
+    void line(std::string_view label, std::string_view value) {
+        m_out << "  " << label << ": " << value << '\n';
+    }
+
+    void item(std::size_t index, std::string_view value) {
+        m_out << fmt::format("    [{}] {}\n", index, value);
+    }
+
+    void svTypeId(const RTBaseType& type) {
+        const int id = type.getSVTypeId();
+        line("SV type id", id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : std::to_string(id));
+    }
+
+    template <typename Type> bool designated(const Type& type, std::string_view label) {
+        line(label, reference(type.m_refTypeId, type.m_refType));
+        line("alignment", std::to_string(type.m_alignment));
+        line("value size", std::to_string(type.m_valueSize));
+        return true;
+    }
+
+    bool container(const RTAbstractArrayType& type) { return visit(type); }
+
+    std::string member(const RTAggregateType& type, std::size_t index) {
+        const RTAggregateType::t_Member* described = type.m_members[index];
+        if (described == nullptr)
+            return "(no member)";
+        const RTBaseType* linked =
+            index < type.m_memberTypes.size() ? type.m_memberTypes[index] : nullptr;
+        std::string text = fmt::format("{}: {}", quotedName(described->m_memberName),
+                                       reference(described->m_typeId, linked));
+        if (!described->m_constraints.empty())
+            text += ", constraints: " + ranges(described->m_constraints);
+        const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(described);
+        if (classMember != nullptr)
+            text += classMember->m_memberFlag ? ", flag: true" : ", flag: false";
+        return text;
+    }
+
+    static std::string reference(unsigned int id, const RTBaseType* type) {
+        if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr)
+            return "none";
+        return fmt::format("{} {}", id, type != nullptr ? quotedName(type->m_name) : "(no type)");
+    }
+
+    std::string reference(unsigned int id) const { return reference(id, m_types(id)); }
+
+    static std::string ranges(const std::vector<FullConstraints>& constraints) {
+        std::string text;
+        for (const FullConstraints& range : constraints)
+            text += (text.empty() ? "(" : ", (") + rangeText(range) + ')';
+        return text.empty() ? "none" : text;
+    }
+
+    static std::string bytes(const char* value, std::size_t size) {
+        std::string text = size == 0 ? "(no bytes)" : "";
+        for (std::size_t i = 0; i < size; ++i)
+            text +=
+                fmt::format("{}{:02X}", i == 0 ? "" : " ", static_cast<unsigned char>(value[i]));
+        return text;
+    }
+
+    std::ostream& m_out;
+    const TypeLookup& m_types;
+};
+
+} // namespace
+
+void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types) {
+    out << fmt::format("type {}: {} {}\n", id, kindOf(type), quotedName(type.m_name));
+    out << fmt::format("  flags: {:#x}\n", type.m_flags);
+    FieldWriter fields(out, types);
+    type.accept(fields);
+    out << '\n';
+}
+
+} // namespace Inspect

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "RTTI/RTType.h"
+
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+/// The kind of a type in the words of the language standards, such as "packed struct" or "queue".
+std::string_view kindOf(const RTTI::RTBaseType& type);
+
+/// Every answer that `kindOf` can give.
+std::vector<std::string_view> allKinds();
+
+/// Whether `pattern` asks for `kind`: all of its words or the last of them ("struct" for "packed
+/// struct"). Case, '-' and '_' for spaces, and a last word "type" make no difference; "enum" is
+/// short for "enumeration".
+bool matchesKind(std::string_view kind, std::string_view pattern);
+
+} // namespace Inspect

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <bit>
+#include <cstring>
+#include <type_traits>
+
+namespace RTTI {
+
+/// The little-endian number of `sizeof(T)` bytes at `bytes`, which need not be aligned.
+template <typename T> T littleEndianAt(const char* bytes) {
+    static_assert(std::is_arithmetic_v<T>);
+    char copy[sizeof(T)];
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(copy, bytes, sizeof(T));
+    } else {
+        for (std::size_t i = 0; i < sizeof(T); ++i)
+            copy[i] = bytes[sizeof(T) - 1 - i];
+    }
+    T value;
+    std::memcpy(&value, copy, sizeof(T));
+    return value;
+}
+
+} // namespace RTTI

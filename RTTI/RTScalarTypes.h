@@ -1,0 +1,93 @@
+#pragma once
+
+#include "RTTI/RTBaseType.h"
+
+#include <string>
+#include <vector>
+
+namespace RTTI {
+
+/// An integer type with its range.
+class RTTI_EXPORT RTIntType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+
+    FullConstraints m_constraint; ///< The range of the type.
+};
+
+/// A real type with its range.
+class RTTI_EXPORT RTFloatType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+
+    /// "Byte" for flavour 0, "4-State" for every other.
+    ValueEncoding getValueEncoding() const override;
+
+    int m_floatKind = 0; ///< Flavour, 0 to 3; a negative one is kept as the record gives it.
+    double m_left = 0.0;
+    double m_right = 0.0;
+    int m_direction = 0; ///< The record's double, truncated toward zero.
+};
+
+/// The type behind a wildcard index. Visited as an RTBaseType.
+class RTTI_EXPORT RTWildCardType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+};
+
+/// The SystemVerilog string.
+class RTTI_EXPORT RTStringType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+
+    /// Always "2-State".
+    ValueEncoding getValueEncoding() const override;
+
+    /// Always -5.
+    int getSVTypeId() const override;
+};
+
+/// The SystemVerilog chandle.
+class RTTI_EXPORT RTCHandle : public RTBaseType {
+public:
+    using RTBaseType::RTBaseType;
+
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+};
+
+/// The SystemVerilog event.
+class RTTI_EXPORT RTEventType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+
+    /// Always "2-State".
+    ValueEncoding getValueEncoding() const override;
+
+    /// Always -7.
+    int getSVTypeId() const override;
+
+    int m_eventKind = 0; ///< Flavour, 0 or 1; a negative one is kept as the record gives it.
+};
+
+/// A unit of a physical type.
+struct t_unitNameAndValuePair {
+    std::string unitName;
+    long long value = 0; ///< In multiples of the primary unit.
+};
+
+/// A VHDL physical type.
+class RTTI_EXPORT RTPhysicalType : public RTBaseType {
+public:
+    unsigned int GetClassId() const override;
+    bool accept(RTTypeVisitor& visitor) const override;
+
+    std::vector<t_unitNameAndValuePair> m_units; ///< In record order.
+};
+
+} // namespace RTTI

@@ -1,0 +1,10 @@
+#pragma once
+
+// Every run-time type class. See RTBaseType for what they share: ownership, links, fields.
+
+#include "RTTI/RTAggregateTypes.h"
+#include "RTTI/RTArrayTypes.h"
+#include "RTTI/RTBaseType.h"
+#include "RTTI/RTEnumTypes.h"
+#include "RTTI/RTReferenceTypes.h"
+#include "RTTI/RTScalarTypes.h"

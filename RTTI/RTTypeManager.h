@@ -1,0 +1,59 @@
+#pragma once
+
+#include "OVAT/IBlockManager.h"
+#include "RTTI/Export.h"
+#include "RTTI/RTBaseType.h"
+#include "RTTI/TypeFileFormat.h"
+
+#include <memory>
+#include <vector>
+
+namespace RTTI {
+
+class TypeDeserializer;
+
+/// The types of one design: reads a type file out of block storage and owns every type read.
+///
+/// Construct, call `setupDeserializer`, then ask. Types are valid until the manager is destroyed.
+/// One thread uses a manager at a time; managers of different threads do not disturb each other.
+/// Exceptions come from the storage and the allocator alone. One that leaves `getRTType` or
+/// `readAllRTTypes` takes back all that the call had read, so that the call can be made again.
+class RTTI_EXPORT RTTypeManager {
+public:
+    RTTypeManager();
+    RTTypeManager(const RTTypeManager&) = delete;
+    RTTypeManager& operator=(const RTTypeManager&) = delete;
+
+    /// Sets `m_instance` to null, whichever manager it names, and deletes all types.
+    ~RTTypeManager();
+
+    /// Reads the header at the absolute storage offset `baseOffset`, and the address table with one
+    /// read a type. Always true. `blockManager` must outlive the manager. After an exception the
+    /// manager is as it was. Called again, the manager answers from the new file alone, and what
+    /// the former one gave stays alive.
+    bool setupDeserializer(OVAT::IBlockManager& blockManager, unsigned long long baseOffset);
+
+    /// Reads every type in the order of the ids, up to the first whose record builds nothing. The
+    /// last type, or null if there is none or a record built nothing.
+    RTBaseType* readAllRTTypes();
+
+    /// The type of an id, read now if it was not yet (with all that it refers to). Null for an id
+    /// that is out of range, or whose record builds nothing; such a record is read at each call.
+    RTBaseType* getRTType(unsigned int typeId);
+
+    /// The ids of the classes read so far, in the order of their reading.
+    std::vector<unsigned int>& getRTClassTypeIds();
+
+    /// Narrates every field that is read from now on, on the standard output. Without effect before
+    /// `setupDeserializer`, which starts with the trace off.
+    void setDebugMode();
+    void unsetDebugMode();
+
+    /// For the embedding program, which may put the manager here that it wants to share.
+    static RTTypeManager* m_instance;
+
+private:
+    std::unique_ptr<TypeDeserializer> m_deserializer;
+};
+
+} // namespace RTTI

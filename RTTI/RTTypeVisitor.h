@@ -1,0 +1,75 @@
+#pragma once
+
+#include "RTTI/RTType.h"
+
+namespace RTTI {
+
+// Declared for the visitor's overload set alone: no type of the library has one of these classes.
+class RTClassHandle;
+class RTLogicType;
+class RTBitType;
+
+/// Acts on a type by its class. `RTBaseType::accept` calls the overload for the type's own class
+/// and hands on its result. The order of the overloads is a binary interface.
+class RTTI_EXPORT RTTypeVisitor {
+public:
+    virtual ~RTTypeVisitor();
+
+    virtual bool visit(const RTBaseType& type) = 0; ///< The wildcard type's overload as well.
+    virtual bool visit(const RTEnumType& type) = 0;
+    virtual bool visit(const RTSeqEnumType& type) = 0;
+    virtual bool visit(const RTDiscreteEnumType& type) = 0;
+    virtual bool visit(const RTIntType& type) = 0;
+    virtual bool visit(const RTFloatType& type) = 0;
+    virtual bool visit(const RTTypedefType& type) = 0;
+    virtual bool visit(const RTAccessType& type) = 0;
+    virtual bool visit(const RTCHandle& type) = 0;
+    virtual bool visit(const RTClassHandle& type) = 0;
+    virtual bool visit(const RTEventType& type) = 0;
+    virtual bool visit(const RTFileType& type) = 0;
+    virtual bool visit(const RTPhysicalType& type) = 0;
+    virtual bool visit(const RTLogicType& type) = 0;
+    virtual bool visit(const RTBitType& type) = 0;
+    virtual bool visit(const RTArrayType& type) = 0;
+    virtual bool visit(const RTAbstractArrayType& type) = 0;
+    virtual bool visit(const RTDynamicArrayType& type) = 0;
+    virtual bool visit(const RTQueueType& type) = 0;
+    virtual bool visit(const RTAssocArrayType& type) = 0;
+    virtual bool visit(const RTAggregateType& type) = 0;
+    virtual bool visit(const RTRecordType& type) = 0;
+    virtual bool visit(const RTClassType& type) = 0;
+    virtual bool visit(const RTStringType& type) = 0;
+};
+
+/// A visitor with a second overload set, for pointers to types that may be changed; each of these
+/// does nothing and returns true. The overloads of RTTypeVisitor are left to a subclass.
+class RTTI_EXPORT RTTypeDumperVisitor : public RTTypeVisitor {
+public:
+    using RTTypeVisitor::visit;
+
+    virtual bool visit(RTBaseType* type);
+    virtual bool visit(RTEnumType* type);
+    virtual bool visit(RTSeqEnumType* type);
+    virtual bool visit(RTDiscreteEnumType* type);
+    virtual bool visit(RTIntType* type);
+    virtual bool visit(RTFloatType* type);
+    virtual bool visit(RTTypedefType* type);
+    virtual bool visit(RTAccessType* type);
+    virtual bool visit(RTCHandle* type);
+    virtual bool visit(RTClassHandle* type);
+    virtual bool visit(RTEventType* type);
+    virtual bool visit(RTFileType* type);
+    virtual bool visit(RTPhysicalType* type);
+    virtual bool visit(RTLogicType* type);
+    virtual bool visit(RTBitType* type);
+    virtual bool visit(RTArrayType* type);
+    virtual bool visit(RTAbstractArrayType* type);
+    virtual bool visit(RTDynamicArrayType* type);
+    virtual bool visit(RTQueueType* type);
+    virtual bool visit(RTAssocArrayType* type);
+    virtual bool visit(RTRecordType* type);
+    virtual bool visit(RTClassType* type);
+    virtual bool visit(RTStringType* type);
+};
+
+} // namespace RTTI

@@ -1,0 +1,272 @@
+#include "RTTI/TypeDeserializer.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+namespace RTTI {
+
+using namespace TypeFileFormat;
+
+namespace {
+
+constexpr char SEPARATOR[] = "===============================================";
+
+/// Journals longer than this are given back when a call from outside ends.
+constexpr std::size_t KEPT_JOURNAL_CAPACITY = 1024;
+
+struct FreeBuffer {
+    void operator()(char* buffer) const { std::free(buffer); }
+};
+using RecordBuffer = std::unique_ptr<char, FreeBuffer>;
+
+RecordBuffer allocateRecord(int size) {
+    RecordBuffer buffer(static_cast<char*>(std::malloc(static_cast<std::size_t>(size))));
+    if (!buffer)
+        throw std::bad_alloc();
+    return buffer;
+}
+
+} // namespace
+
+bool TypeFileHeader::isInvalid() const {
+    return std::equal(std::begin(RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID),
+                      std::end(RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID), bytes);
+}
+
+unsigned int TypeFileHeader::typeCount() const {
+    return littleEndianAt<unsigned int>(bytes + TYPE_COUNT_OFFSET);
+}
+
+unsigned int TypeFileHeader::addressTableOffset() const {
+    return littleEndianAt<unsigned int>(bytes + ADDRESS_TABLE_OFFSET);
+}
+
+/// Takes back what a call from outside put into the table, unless the call comes to its end.
+class TypeDeserializer::LoadScope {
+public:
+    explicit LoadScope(TypeDeserializer& deserializer)
+        : m_deserializer(deserializer), m_firstFilled(deserializer.m_filledSlots.size()),
+          m_classCount(deserializer.m_classTypeIds.size()) {}
+    LoadScope(const LoadScope&) = delete;
+    LoadScope& operator=(const LoadScope&) = delete;
+
+    ~LoadScope() {
+        if (!m_complete)
+            takeBack();
+        std::vector<unsigned int>& filled = m_deserializer.m_filledSlots;
+        filled.resize(m_complete && m_firstFilled != 0 ? filled.size() : m_firstFilled);
+        if (filled.empty() && filled.capacity() > KEPT_JOURNAL_CAPACITY)
+            std::vector<unsigned int>().swap(filled);
+    }
+
+    RTBaseType* complete(RTBaseType* result) {
+        m_complete = true;
+        return result;
+    }
+
+private:
+    void takeBack() {
+        std::vector<unsigned int>& filled = m_deserializer.m_filledSlots;
+        for (std::size_t i = m_firstFilled; i < filled.size(); ++i)
+            delete std::exchange(m_deserializer.m_types[filled[i]], nullptr);
+        m_deserializer.m_classTypeIds.resize(m_classCount);
+    }
+
+    TypeDeserializer& m_deserializer;
+    std::size_t m_firstFilled;
+    std::size_t m_classCount;
+    bool m_complete = false;
+};
+
+/// Marks a record as being read; at the end cursor and limit are those of the outer record again.
+class TypeDeserializer::RecordScope {
+public:
+    RecordScope(TypeDeserializer& deserializer, unsigned int typeId)
+        : m_deserializer(deserializer), m_cursor(deserializer.m_cursor),
+          m_limit(deserializer.m_limit), m_record{typeId, deserializer.m_filledSlots.size(),
+                                                  deserializer.m_openRecord} {
+        deserializer.m_openRecord = &m_record;
+    }
+    RecordScope(const RecordScope&) = delete;
+    RecordScope& operator=(const RecordScope&) = delete;
+
+    ~RecordScope() {
+        m_deserializer.m_openRecord = m_record.outer;
+        m_deserializer.m_cursor = m_cursor;
+        m_deserializer.m_limit = m_limit;
+    }
+
+private:
+    TypeDeserializer& m_deserializer;
+    const char* m_cursor;
+    const char* m_limit;
+    OpenRecord m_record;
+};
+
+TypeDeserializer::TypeDeserializer(OVAT::IBlockManager& blockManager, unsigned long long baseOffset)
+    : m_blockManager(blockManager), m_baseOffset(baseOffset) {}
+
+TypeDeserializer::~TypeDeserializer() {
+    for (RTBaseType* type : m_types)
+        delete type;
+}
+
+void TypeDeserializer::readHeader() {
+    m_blockManager.read(m_baseOffset, m_header.bytes, HEADER_SIZE);
+    if (m_header.isInvalid() || m_header.typeCount() == 0)
+        return;
+    m_types.resize(m_header.typeCount());
+    readTypeAddressTable();
+}
+
+void TypeDeserializer::readTypeAddressTable() {
+    m_typeAddresses.clear();
+    m_typeAddresses.reserve(m_header.typeCount());
+    trace(nullptr, "** Address table begin **", nullptr, true);
+    unsigned long long position = m_header.addressTableOffset();
+    for (unsigned int i = 0; i < m_header.typeCount(); ++i) {
+        char entry[ADDRESS_SIZE] = {};
+        m_blockManager.read(position, entry, ADDRESS_SIZE);
+        m_typeAddresses.push_back(littleEndianAt<unsigned long long>(entry));
+        trace("TypeAddressTable[", i, "] = ", false);
+        trace(nullptr, m_typeAddresses.back(), nullptr, true);
+        position += ADDRESS_SIZE;
+    }
+    trace(nullptr, "** Address table end **", nullptr, true);
+}
+
+RTBaseType* TypeDeserializer::loadType(unsigned int typeId) {
+    if (typeId >= m_types.size())
+        return nullptr;
+    if (RTBaseType* known = m_types[typeId])
+        return known;
+    LoadScope scope(*this);
+    return scope.complete(readRTType(typeId));
+}
+
+RTBaseType* TypeDeserializer::loadAllTypes() {
+    LoadScope scope(*this);
+    RTBaseType* type = nullptr;
+    for (std::size_t id = 0; id < m_types.size(); ++id) {
+        type = readRTType(static_cast<unsigned int>(id));
+        if (type == nullptr)
+            break;
+    }
+    return scope.complete(type);
+}
+
+void TypeDeserializer::setDebugMode(bool debug) { m_debug = debug; }
+
+std::vector<unsigned int>& TypeDeserializer::classTypeIds() { return m_classTypeIds; }
+
+void TypeDeserializer::keepAlive(std::unique_ptr<TypeDeserializer> previous) {
+    m_previous = std::move(previous);
+}
+
+RTBaseType* TypeDeserializer::readRTType(unsigned int typeId) {
+    if (typeId >= m_types.size())
+        return nullptr;
+    if (m_types[typeId] == nullptr && !comesBackWithoutEnd(typeId))
+        readRecord(typeId);
+    return m_types[typeId];
+}
+
+/// A record that is being read is read once more only if a slot was filled in between: only then
+/// can the second reading come to an end.
+bool TypeDeserializer::comesBackWithoutEnd(unsigned int typeId) const {
+    for (const OpenRecord* open = m_openRecord;
+         open != nullptr && open->filledBefore == m_filledSlots.size(); open = open->outer) {
+        if (open->typeId == typeId)
+            return true;
+    }
+    return false;
+}
+
+void TypeDeserializer::readRecord(unsigned int typeId) {
+    const RecordScope scope(*this, typeId);
+    const unsigned long long address = m_typeAddresses[typeId];
+    char word[RECORD_SIZE_SIZE] = {};
+    m_blockManager.read(address, word, RECORD_SIZE_SIZE);
+    const int size = littleEndianAt<int>(word);
+
+    trace(nullptr, SEPARATOR, nullptr, true);
+    trace("**** Type Id  = ", typeId, "  begin **** ", true);
+
+    std::fill(std::begin(word), std::end(word), '\0');
+    m_blockManager.read(address + RECORD_KIND_OFFSET, word, RECORD_KIND_SIZE);
+    const auto kind = littleEndianAt<unsigned int>(word);
+
+    static constexpr char NO_RECORD[1] = {};
+    RecordBuffer buffer;
+    const char* record = NO_RECORD + 1; // One past the limit: every field is short.
+    m_limit = NO_RECORD;
+    if (size > 0) {
+        buffer = allocateRecord(size);
+        m_blockManager.read(address, buffer.get(), size);
+        record = buffer.get();
+        m_limit = record + size - 1;
+    }
+
+    std::unique_ptr<RTBaseType> type = readKind(kind, record);
+    buffer.reset();
+    RTBaseType* const read = type.get();
+    if (enterType(typeId, std::move(type))) {
+        if (kind == ClassId::CLASS)
+            m_classTypeIds.push_back(typeId);
+        if (kind == ClassId::CLASS || kind == ClassId::RECORD)
+            resolveMembers(static_cast<RTAggregateType&>(*read));
+        else if (kind == ClassId::ACCESS)
+            resolveAccess(static_cast<RTAccessType&>(*read));
+    }
+
+    trace("**** Type Id  = ", typeId, "  end **** ", true);
+    trace(nullptr, SEPARATOR, nullptr, true);
+}
+
+std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind, const char* record) {
+    switch (kind) {
+    case ClassId::SEQ_ENUM: return readRTSeqEnumType(record);
+    case ClassId::DISCRETE_ENUM: return readRTDiscreteEnumType(record);
+    case ClassId::INT: return readRTIntType(record);
+    case ClassId::FLOAT: return readRTFloatType(record);
+    case ClassId::TYPEDEF: return readRTTypedefType(record);
+    case ClassId::ACCESS: return readRTAccessType(record);
+    case ClassId::CHANDLE: return readRTCHandle(record);
+    case ClassId::EVENT: return readRTEventType(record);
+    case ClassId::FILE_TYPE: return readRTFileType(record);
+    case ClassId::PHYSICAL: return readRTPhysicalType(record);
+    case ClassId::ARRAY: return readRTArrayType(record);
+    case ClassId::RECORD: return readRTRecordType(record);
+    case ClassId::DYNAMIC_ARRAY: return readRTDynamicArrayType(record);
+    case ClassId::QUEUE: return readRTQueueType(record);
+    case ClassId::ASSOC_ARRAY: return readRTAssocArrayType(record);
+    case ClassId::CLASS: return readRTClassType(record);
+    case ClassId::STRING: return readRTStringType(record);
+    case ClassId::WILDCARD: return readRTWildCardType(record);
+    default: return nullptr;
+    }
+}
+
+/// Whether the slot is now this object's. An inner reading of the same record may have been first;
+/// then this object is released, since other types may already point at the one in the slot.
+bool TypeDeserializer::enterType(unsigned int typeId, std::unique_ptr<RTBaseType> type) {
+    if (!type || m_types[typeId] != nullptr)
+        return false;
+    m_filledSlots.push_back(typeId);
+    m_types[typeId] = type.release();
+    return true;
+}
+
+void TypeDeserializer::resolveAccess(RTAccessType& access) {
+    access.m_refType = readRTType(access.m_refTypeId);
+}
+
+void TypeDeserializer::resolveMembers(RTAggregateType& aggregate) {
+    aggregate.m_memberTypes.reserve(aggregate.m_members.size());
+    for (const RTAggregateType::t_Member* member : aggregate.m_members)
+        aggregate.m_memberTypes.push_back(readRTType(member->m_typeId));
+}
+
+} // namespace RTTI

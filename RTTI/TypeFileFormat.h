@@ -1,0 +1,94 @@
+#pragma once
+
+// The bytes of a type file, stated once: sizes, offsets, kind codes and markers. Every integer in
+// the file is little-endian, nothing is padded, and every storage offset in it is absolute.
+
+#include <cstddef>
+
+namespace RTTI {
+
+namespace RTTI_CONSTS {
+
+/// Version text of a type file that holds no usable types; compared with its terminating zero byte.
+inline constexpr char TYPE_FILE_VERSION_STR_INVALID[26] = "Brakel Ovat TYPE FILE 000";
+
+} // namespace RTTI_CONSTS
+
+/// What `GetClassId` answers, which is also the kind code of the record that a type is read from.
+namespace ClassId {
+
+inline constexpr unsigned int BASE_TYPE = 0xA0000001;
+inline constexpr unsigned int ENUM = 0xA0000002;
+inline constexpr unsigned int SEQ_ENUM = 0xA0000003;
+inline constexpr unsigned int DISCRETE_ENUM = 0xA0000004;
+inline constexpr unsigned int INT = 0xA0000005;
+inline constexpr unsigned int FLOAT = 0xA0000006;
+inline constexpr unsigned int TYPEDEF = 0xA0000007;
+inline constexpr unsigned int ACCESS = 0xA0000008;
+inline constexpr unsigned int CHANDLE = 0xA0000009;
+inline constexpr unsigned int CLASS_HANDLE = 0xA000000A; ///< Builds no object.
+inline constexpr unsigned int EVENT = 0xA000000B;
+inline constexpr unsigned int FILE_TYPE = 0xA000000C;
+inline constexpr unsigned int PHYSICAL = 0xA000000D;
+inline constexpr unsigned int LOGIC = 0xA000000E; ///< Builds no object.
+inline constexpr unsigned int BIT = 0xA000000F;   ///< Builds no object.
+inline constexpr unsigned int ARRAY = 0xA0000010;
+inline constexpr unsigned int RECORD = 0xA0000011;
+inline constexpr unsigned int ABSTRACT_ARRAY = 0xA0000012; ///< Builds no object.
+inline constexpr unsigned int DYNAMIC_ARRAY = 0xA0000013;
+inline constexpr unsigned int QUEUE = 0xA0000014;
+inline constexpr unsigned int ASSOC_ARRAY = 0xA0000015;
+inline constexpr unsigned int AGGREGATE = 0xA0000016; ///< Builds no object.
+inline constexpr unsigned int CLASS = 0xA0000017;
+inline constexpr unsigned int STRING = 0xA0000018;
+inline constexpr unsigned int WILDCARD = 0xA0000019;
+
+} // namespace ClassId
+
+namespace TypeFileFormat {
+
+/// In a field that holds a type id: no type.
+inline constexpr unsigned int NO_TYPE_ID = 0xFFFFFFFF;
+
+/// SystemVerilog type ids that mean something to the library.
+inline constexpr int NO_SV_TYPE_ID = -99;
+inline constexpr int STRING_SV_TYPE_ID = -5;
+inline constexpr int EVENT_SV_TYPE_ID = -7;
+
+/// Direction of a range that stands open until an enclosing level gives its bounds.
+inline constexpr int UNCONSTRAINED_DIRECTION = -2;
+
+/// Directions of a VHDL or SystemVerilog range with bounds.
+inline constexpr int DOWNTO_DIRECTION = 0;
+inline constexpr int TO_DIRECTION = 1;
+
+/// The one flag bit that the library reads: a value of the type is stored in unpadded bytes.
+inline constexpr unsigned int UNPADDED_BYTE_FLAG = 0x10;
+
+/// Header: version text, type count, storage offset of the address table.
+inline constexpr std::size_t VERSION_SIZE = 32;
+inline constexpr std::size_t TYPE_COUNT_OFFSET = 32;
+inline constexpr std::size_t ADDRESS_TABLE_OFFSET = 36;
+inline constexpr std::size_t HEADER_SIZE = 40;
+static_assert(TYPE_COUNT_OFFSET == VERSION_SIZE && HEADER_SIZE == ADDRESS_TABLE_OFFSET + 4);
+
+/// Address table: one storage offset a type.
+inline constexpr std::size_t ADDRESS_SIZE = 8;
+
+/// Record: signed size of the whole record, kind code, then name, flags and the kind's body.
+inline constexpr std::size_t RECORD_SIZE_SIZE = 4;
+inline constexpr std::size_t RECORD_KIND_OFFSET = 4;
+inline constexpr std::size_t RECORD_KIND_SIZE = 4;
+inline constexpr std::size_t RECORD_HEADER_SIZE = 8;
+static_assert(RECORD_HEADER_SIZE == RECORD_KIND_OFFSET + RECORD_KIND_SIZE);
+
+/// Constraint record: start index, end index, direction.
+inline constexpr std::size_t CONSTRAINT_SIZE = 12;
+
+/// Largest flavours that a record can give; a larger one is dropped.
+inline constexpr int LAST_FLOAT_KIND = 3;
+inline constexpr int LAST_EVENT_KIND = 1;
+
+} // namespace TypeFileFormat
+
+} // namespace RTTI

@@ -1,0 +1,6 @@
+# Any report ends the program, so that no test passes over one.
+if(RTTI_SANITIZE)
+    add_compile_options(-fsanitize=${RTTI_SANITIZE} -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${RTTI_SANITIZE})
+endif()

@@ -1,0 +1,113 @@
+#include "DumpCommand.h"
+
+#include "Inspect/TypeDumper.h"
+#include "Inspect/TypeKind.h"
+#include "OpenedFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+
+#include <fnmatch.h>
+
+namespace {
+
+using namespace RTTI;
+
+/// Kinds that are part of the format and yet build no object.
+constexpr unsigned int kindsWithoutType[] = {ClassId::CLASS_HANDLE, ClassId::LOGIC, ClassId::BIT,
+                                             ClassId::ABSTRACT_ARRAY, ClassId::AGGREGATE};
+
+std::string hex(unsigned int number) {
+    std::ostringstream text;
+    text << "0x" << std::hex << std::uppercase << number;
+    return text.str();
+}
+
+void checkKind(const std::string& kind) {
+    const auto kinds = Inspect::allKinds();
+    if (kind.empty() || std::any_of(kinds.begin(), kinds.end(), [&](std::string_view known) {
+            return Inspect::matchesKind(known, kind);
+        }))
+        return;
+    std::string text = "--kind " + kind + ": no such kind. There are:";
+    for (const std::string_view known : kinds)
+        text += (known == kinds.front() ? " " : ", ") + std::string(known);
+    throw CLI::ValidationError(text);
+}
+
+/// One run over a file. Types are loaded as they are printed, so the first appear at once.
+class Dump {
+public:
+    explicit Dump(const DumpOptions& options)
+        : m_options(options), m_file(options.file, options.offset) {}
+
+    int run() {
+        if (m_options.trace)
+            m_file.manager().setDebugMode();
+        if (m_options.ids.empty()) {
+            for (unsigned int id = 0; id < m_file.typeCount() && std::cout; ++id)
+                dump(id);
+        } else {
+            for (const unsigned int id : m_options.ids)
+                dump(id);
+        }
+        return m_faults ? 1 : 0;
+    }
+
+    /// Before anything is printed, so that a wrong call prints nothing.
+    void checkIds() const {
+        for (const unsigned int id : m_options.ids) {
+            if (id >= m_file.typeCount())
+                throw CLI::ValidationError("--id " + std::to_string(id) + ": the file has " +
+                                           std::to_string(m_file.typeCount()) + " types");
+        }
+    }
+
+private:
+    void dump(unsigned int id) {
+        const RTBaseType* type = m_file.manager().getRTType(id);
+        if (type == nullptr)
+            dumpHole(id);
+        else if (!m_options.trace && isWanted(*type))
+            Inspect::dumpType(std::cout, id, *type, [this](unsigned int other) {
+                return m_file.manager().getRTType(other);
+            });
+    }
+
+    bool isWanted(const RTBaseType& type) const {
+        if (!m_options.kind.empty() && !Inspect::matchesKind(Inspect::kindOf(type), m_options.kind))
+            return false;
+        return m_options.name.empty() ||
+               fnmatch(m_options.name.c_str(), type.m_name != nullptr ? type.m_name : "", 0) == 0;
+    }
+
+    void dumpHole(unsigned int id) {
+        const unsigned int kind = m_file.kindOf(id);
+        if (!m_options.trace && m_options.kind.empty() && m_options.name.empty())
+            std::cout << "type " << id << ": builds no type (kind " << hex(kind) << ")\n\n";
+        if (std::find(std::begin(kindsWithoutType), std::end(kindsWithoutType), kind) !=
+            std::end(kindsWithoutType))
+            return;
+        std::cerr << "rtti: " << m_options.file << ": type " << id << ": there is no kind "
+                  << hex(kind) << '\n';
+        m_faults = true;
+    }
+
+    const DumpOptions& m_options;
+    OpenedFile m_file;
+    bool m_faults = false;
+};
+
+} // namespace
+
+int runDump(const DumpOptions& options) {
+    checkKind(options.kind);
+    if (options.trace && !(options.kind.empty() && options.name.empty()))
+        throw CLI::ValidationError("--trace shows whole loads: use it with --id or alone");
+    Dump dump(options);
+    dump.checkIds();
+    return dump.run();
+}

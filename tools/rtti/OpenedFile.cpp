@@ -1,0 +1,63 @@
+#include "OpenedFile.h"
+
+#include "RTTI/LittleEndian.h"
+#include "RTTI/TypeFileFormat.h"
+
+#include <algorithm>
+#include <string_view>
+
+using namespace RTTI;
+using namespace RTTI::TypeFileFormat;
+
+namespace {
+
+constexpr int FAULTY_FILE = 1;
+constexpr int NOT_READABLE = 2;
+
+[[noreturn]] void refuse(const std::string& reason) { throw UnusableFile(reason, NOT_READABLE); }
+
+bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+
+} // namespace
+
+OpenedFile::OpenedFile(const std::string& path, unsigned long long offset) : m_storage(path) {
+    checkHeader(offset);
+    m_manager.setupDeserializer(m_storage, offset);
+}
+
+void OpenedFile::checkHeader(unsigned long long offset) {
+    const unsigned long long size = m_storage.size();
+    if (offset > size || size - offset < HEADER_SIZE)
+        refuse("too short for a type file: " + std::to_string(size) +
+               " bytes, and the header takes " + std::to_string(HEADER_SIZE) + " at offset " +
+               std::to_string(offset));
+    char header[HEADER_SIZE];
+    m_storage.read(offset, header, HEADER_SIZE);
+    const std::string_view version(header, std::find(header, header + VERSION_SIZE, '\0') - header);
+    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
+    m_tableOffset = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
+    const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
+    if (isBlank || version.size() == VERSION_SIZE ||
+        !std::all_of(version.begin(), version.end(), isPrintable))
+        refuse("no type file: there is no version text at offset " + std::to_string(offset));
+    if (version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
+        throw UnusableFile("its writer marked it as holding no usable types (version \"" +
+                               std::string(version) + "\")",
+                           FAULTY_FILE);
+    const unsigned long long tableSize =
+        m_typeCount * static_cast<unsigned long long>(ADDRESS_SIZE);
+    if (m_typeCount != 0 && (m_tableOffset > size || size - m_tableOffset < tableSize))
+        refuse("too short for its " + std::to_string(m_typeCount) +
+               " types: the address table at " + std::to_string(m_tableOffset) + " takes " +
+               std::to_string(tableSize) + " bytes, and the file has " + std::to_string(size));
+}
+
+unsigned int OpenedFile::kindOf(unsigned int typeId) {
+    char address[ADDRESS_SIZE];
+    m_storage.read(m_tableOffset + typeId * static_cast<unsigned long long>(ADDRESS_SIZE), address,
+                   ADDRESS_SIZE);
+    char kind[RECORD_KIND_SIZE];
+    m_storage.read(littleEndianAt<unsigned long long>(address) + RECORD_KIND_OFFSET, kind,
+                   RECORD_KIND_SIZE);
+    return littleEndianAt<unsigned int>(kind);
+}

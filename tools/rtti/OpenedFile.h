@@ -1,0 +1,40 @@
+#pragma once
+
+#include "OVAT/FileBlockManager.h"
+#include "RTTI/RTTypeManager.h"
+
+#include <stdexcept>
+#include <string>
+
+/// Why a file cannot be used, in one line, and the exit status that says so.
+class UnusableFile : public std::runtime_error {
+public:
+    UnusableFile(const std::string& text, int exitStatus)
+        : std::runtime_error(text), m_exitStatus(exitStatus) {}
+    int exitStatus() const { return m_exitStatus; }
+
+private:
+    int m_exitStatus;
+};
+
+/// A type file in a storage file, checked as far as a load relies on it and ready to be asked.
+class OpenedFile {
+public:
+    /// Throws UnusableFile for what is no type file, is too short or holds no usable types, and
+    /// what the storage throws.
+    OpenedFile(const std::string& path, unsigned long long offset);
+
+    unsigned int typeCount() const { return m_typeCount; }
+    RTTI::RTTypeManager& manager() { return m_manager; }
+
+    /// The kind code of a type's record, as the storage has it.
+    unsigned int kindOf(unsigned int typeId);
+
+private:
+    void checkHeader(unsigned long long offset);
+
+    OVAT::FileBlockManager m_storage;
+    RTTI::RTTypeManager m_manager; ///< Reads from the storage.
+    unsigned int m_typeCount = 0;
+    unsigned int m_tableOffset = 0;
+};
