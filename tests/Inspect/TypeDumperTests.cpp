@@ -1,0 +1,149 @@
+#include "Inspect/TypeDumper.h"
+#include "Inspect/TypeKind.h"
+#include "Inspect/TypeText.h"
+#include "RTTI/CTType.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace RTTI;
+using namespace Inspect;
+
+char* copyOf(const std::string& text) {
+    char* copy = new char[text.size() + 1];
+    std::copy_n(text.c_str(), text.size() + 1, copy);
+    return copy;
+}
+
+std::string dump(unsigned int id, const RTBaseType& type, const RTBaseType* others = nullptr) {
+    std::ostringstream out;
+    dumpType(out, id, type, [=](unsigned int) { return others; });
+    return out.str();
+}
+
+TEST(TypeDumper, ShowsARealWithBoundsThatReadBack) {
+    RTFloatType type;
+    type.m_floatKind = 3;
+    type.m_left = 0.1;
+    type.m_right = 1e300;
+    type.m_direction = 1;
+    EXPECT_EQ(dump(4, type), "type 4: real (no name)\n"
+                             "  flags: 0x0\n"
+                             "  real kind: 3\n"
+                             "  left: 0.1\n"
+                             "  right: 1e+300\n"
+                             "  direction: 1\n"
+                             "\n");
+}
+
+TEST(TypeDumper, ShowsUnitsWithTheirValues) {
+    RTPhysicalType type;
+    type.m_flags = 0x10;
+    type.m_units = {{"fs", 1}, {"ps", 1000}};
+    EXPECT_EQ(dump(0, type), "type 0: physical type (no name)\n"
+                             "  flags: 0x10\n"
+                             "  units: 2\n"
+                             "    [0] \"fs\" = 1\n"
+                             "    [1] \"ps\" = 1000\n"
+                             "\n");
+}
+
+TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
+    const CTEventType index;
+    CTArrayType type("mem", VHDL_ARRAY, 8, 9);
+    type.m_constraints = {{7, 0, 0}, {0, 0, -2}};
+    type.m_svTypeId = 6;
+    EXPECT_EQ(dump(1, type, &index), "type 1: VHDL array \"mem\"\n"
+                                     "  flags: 0x0\n"
+                                     "  array kind: VHDL_ARRAY\n"
+                                     "  element type: 8 (no type)\n"
+                                     "  dimensions: 1\n"
+                                     "    [0] index type 9 (no name)\n"
+                                     "  constraints: (7 downto 0), (open)\n"
+                                     "  SV type id: 6\n"
+                                     "\n");
+}
+
+TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
+    const CTQueueType queue("q", 3);
+    RTClassType type("pkt");
+    auto* member = new RTClassType::t_ClassMember;
+    member->m_memberName = copyOf("items");
+    member->m_typeId = 12;
+    member->m_memberFlag = true;
+    member->m_constraints = {{0, 3, 1}};
+    type.m_members.push_back(member);
+    type.m_memberTypes.push_back(&queue);
+    EXPECT_EQ(dump(2, type), "type 2: class \"pkt\"\n"
+                             "  flags: 0x0\n"
+                             "  base class: none\n"
+                             "  members: 1\n"
+                             "    [0] \"items\": 12 \"q\", constraints: (0 to 3), flag: true\n"
+                             "  SV type id: none\n"
+                             "\n");
+}
+
+TEST(TypeDumper, ShowsKindsOutsideTheirTablesAsNumbers) {
+    CTRecordType type;
+    type.m_recordKind = static_cast<RecordKind>(0xB0009);
+    EXPECT_EQ(dump(0, type), "type 0: record of unknown kind (no name)\n"
+                             "  flags: 0x0\n"
+                             "  record kind: 0xb0009\n"
+                             "  members: 0\n"
+                             "  SV type id: none\n"
+                             "\n");
+}
+
+TEST(TypeText, EscapesWhatATerminalWouldAct) {
+    EXPECT_EQ(quoted("a\"b\\c\n\x1B[0m\xFF"), "\"a\\\"b\\\\c\\n\\x1B[0m\\xFF\"");
+    EXPECT_EQ(quotedName(nullptr), "(no name)");
+}
+
+TEST(TypeText, WritesRangesAsTheLanguagesDo) {
+    EXPECT_EQ(rangeText({0, 15, 1}), "0 to 15");
+    EXPECT_EQ(rangeText({-1, -4, 0}), "-1 downto -4");
+    EXPECT_EQ(rangeText({0, 0, -2}), "open");
+    EXPECT_EQ(rangeText({1, 2, -2}), "open (1, 2)");
+    EXPECT_EQ(rangeText({1, 2, 7}), "1, 2, direction 7");
+}
+
+TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {
+    EXPECT_EQ(encodingText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
+    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(4)), "4");
+    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(-1)), "-1");
+}
+
+TEST(TypeKind, MatchesAllItsWordsOrTheLast) {
+    EXPECT_TRUE(matchesKind("packed struct", "packed struct"));
+    EXPECT_TRUE(matchesKind("packed struct", "struct"));
+    EXPECT_TRUE(matchesKind("packed struct", "Packed_Struct"));
+    EXPECT_TRUE(matchesKind("discrete enumeration", "enum"));
+    EXPECT_TRUE(matchesKind("physical type", "physical"));
+    EXPECT_FALSE(matchesKind("packed struct", "packed"));
+    EXPECT_FALSE(matchesKind("unpacked struct", "packed struct"));
+    EXPECT_FALSE(matchesKind("queue", ""));
+}
+
+TEST(TypeKind, NamesEachKindOfStructAndUnion) {
+    CTRecordType type;
+    const auto kind = [&](unsigned int number) {
+        type.m_recordKind = static_cast<RecordKind>(number);
+        return kindOf(type);
+    };
+    EXPECT_EQ(kind(0xB0001), "record");
+    EXPECT_EQ(kind(0xB0002), "unpacked struct");
+    EXPECT_EQ(kind(0xB0003), "packed struct");
+    EXPECT_EQ(kind(0xB0004), "packed tagged union");
+    EXPECT_EQ(kind(0xB0005), "unpacked tagged union");
+    EXPECT_EQ(kind(0xB0006), "packed union");
+    EXPECT_EQ(kind(0xB0007), "unpacked union");
+    EXPECT_EQ(kind(0xB0008), "unpadded byte struct");
+}
+
+} // namespace

@@ -1,0 +1,235 @@
+// Flattened ranges: one for each array dimension, each from the nearest level that gives it.
+
+#include "RTTI/ConstraintStack.h"
+#include "support/TypeGraph.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace {
+
+using namespace RTTI;
+using namespace RTTITest;
+using Stack = Brakel_tolv::ConstraintStack<FullConstraints>;
+
+/// Throws when it is walked, until it is told not to.
+class ThrowingType : public RTStringType {
+public:
+    unsigned int GetClassId() const override { return ClassId::BASE_TYPE; }
+    void populateTypeConstraints(Stack&, Ranges&) const override {
+        if (m_throws)
+            throw std::runtime_error("walked");
+    }
+
+    bool m_throws = true;
+};
+
+class ConstraintPopulation : public testing::Test {
+protected:
+    static std::vector<std::vector<int>> rangesOf(const RTBaseType& type) {
+        Stack stack;
+        Ranges out;
+        type.populateTypeConstraints(stack, out);
+        EXPECT_EQ(triples({stack.getConstraint()}), triples({{0, 0, 0}}));
+        return triples(out);
+    }
+
+    /// An array whose dimension tells it from other ones.
+    const RTBaseType* numbered(int number) { return &types.array(scalar, {{number, 0, 0}}); }
+
+    TypeGraph types;
+    const RTBaseType* scalar = &types.add<RTIntType>();
+};
+
+TEST_F(ConstraintPopulation, IntegerLeavesOutputAndStackAlone) {
+    Stack stack;
+    stack.push({{4, 5, 1}});
+    Ranges out{{1, 2, 1}};
+    scalar->populateTypeConstraints(stack, out);
+    EXPECT_EQ(triples(out), triples({{1, 2, 1}}));
+    EXPECT_EQ(triples({stack.getConstraint()}), triples({{4, 5, 1}}));
+}
+
+TEST_F(ConstraintPopulation, ArrayGivesItsDimensionsInOrder) {
+    EXPECT_EQ(rangesOf(types.array(scalar, {{0, 7, 1}, {3, 0, 0}})),
+              triples({{0, 7, 1}, {3, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, TypedefFillsTheOpenDimensionOfItsArray) {
+    EXPECT_EQ(rangesOf(types.alias(&types.array(scalar, {OPEN}), {{0, 15, 1}})),
+              triples({{0, 15, 1}}));
+}
+
+TEST_F(ConstraintPopulation, DiscreteEnumFillsTheOpenDimensionOfItsBaseType) {
+    EXPECT_EQ(rangesOf(types.discreteEnum(&types.array(scalar, {OPEN}), {{0, 15, 1}})),
+              triples({{0, 15, 1}}));
+}
+
+TEST_F(ConstraintPopulation, MemberFillsTheOpenDimensionOfItsType) {
+    const auto& open = types.array(scalar, {OPEN});
+    auto& record = types.record(VHDL_RECORD);
+    addMember(record, &open, {{1, 2, 1}});
+    addMember(record, &open, {{3, 4, 1}});
+    EXPECT_EQ(rangesOf(record), triples({{1, 2, 1}, {3, 4, 1}}));
+    auto& classType = types.classType();
+    addMember(classType, &open, {{5, 6, 1}});
+    EXPECT_EQ(rangesOf(classType), triples({{5, 6, 1}}));
+}
+
+TEST_F(ConstraintPopulation, TypedefOfAScalarGivesNothing) {
+    EXPECT_TRUE(rangesOf(types.alias(scalar, {{0, 15, 1}})).empty());
+}
+
+TEST_F(ConstraintPopulation, RecordWithAnArrayAndAnIntegerGivesOneRange) {
+    EXPECT_EQ(rangesOf(types.record(VHDL_RECORD, {numbered(4), scalar})), triples({{4, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, EveryRecordKindIsWalked) {
+    for (unsigned int kind = RECORD_KIND_INVALID; kind <= BYTE_UNPADDED_STRUCT; ++kind) {
+        const auto& record = types.record(static_cast<RecordKind>(kind), {numbered(4)});
+        EXPECT_EQ(rangesOf(record), triples({{4, 0, 0}})) << std::hex << kind;
+    }
+}
+
+TEST_F(ConstraintPopulation, ClassWithAHandleOfItselfEndsAndCanBeWalkedAgain) {
+    auto& type = types.classType();
+    addMember(type, &type);
+    addMember(type, numbered(1));
+    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, BaseClassComesBeforeTheMembers) {
+    auto& root = types.classType({numbered(1)});
+    auto& middle = types.classType({numbered(2)}, &root);
+    EXPECT_EQ(rangesOf(types.classType({numbered(3), numbered(4)}, &middle)),
+              triples({{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, ClassMetTwiceSideBySideIsWalkedBothTimes) {
+    auto& part = types.classType({numbered(1), numbered(2)});
+    EXPECT_EQ(rangesOf(types.classType({&part, &part})),
+              triples({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}, {2, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, MarksDoNotOutliveTheWalk) {
+    // The walk of `second` meets `first` again, whose walk came before.
+    auto& first = types.classType({numbered(1)});
+    auto& second = types.classType({&first, numbered(2)});
+    addMember(first, &second);
+    EXPECT_EQ(rangesOf(first), triples({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(rangesOf(second), triples({{1, 0, 0}, {2, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, ContainersOfVariableSizeAreNotWalked) {
+    EXPECT_TRUE(rangesOf(types.container<RTDynamicArrayType>(numbered(1))).empty());
+    EXPECT_TRUE(rangesOf(types.container<RTQueueType>(numbered(1))).empty());
+    EXPECT_TRUE(rangesOf(types.container<RTAssocArrayType>(numbered(1))).empty());
+}
+
+TEST_F(ConstraintPopulation, AccessAndFileTypesAreNotWalked) {
+    auto& access = types.add<RTAccessType>();
+    access.m_refType = numbered(1);
+    auto& file = types.add<RTFileType>();
+    file.m_refType = numbered(1);
+    EXPECT_TRUE(rangesOf(access).empty());
+    EXPECT_TRUE(rangesOf(file).empty());
+}
+
+TEST_F(ConstraintPopulation, OpenDimensionThatNobodyFillsIsZeros) {
+    EXPECT_EQ(rangesOf(types.array(scalar, {OPEN})), triples({{0, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, OuterArraysNextEntryFillsTheInnerDimension) {
+    const auto& inner = types.array(scalar, {OPEN});
+    const auto& outer = types.array(VHDL_ARRAY, &inner, 1, {{0, 3, 1}, {0, 7, 1}});
+    EXPECT_EQ(rangesOf(outer), triples({{0, 3, 1}, {0, 7, 1}}));
+}
+
+TEST_F(ConstraintPopulation, NearestLevelWithBoundsAnswers) {
+    const auto& open = types.array(scalar, {OPEN});
+    auto& near = types.alias(&open, {{1, 1, 1}});
+    EXPECT_EQ(rangesOf(types.alias(&near, {{2, 2, 1}})), triples({{1, 1, 1}}));
+    auto& passing = types.alias(&open, {OPEN});
+    EXPECT_EQ(rangesOf(types.alias(&passing, {{2, 2, 1}})), triples({{2, 2, 1}}));
+}
+
+TEST_F(ConstraintPopulation, MergedFrameOfAnArrayTakesBoundsByPosition) {
+    // Without the merge, the open dimension would take the typedef's first entry.
+    const auto& array = types.array(scalar, {{1, 4, 1}, OPEN});
+    EXPECT_EQ(rangesOf(types.alias(&array, {{1, 4, 1}, {0, 9, 1}})),
+              triples({{1, 4, 1}, {0, 9, 1}}));
+}
+
+TEST_F(ConstraintPopulation, DimensionsBeyondTheFrameAreMissingEntries) {
+    const auto& array = types.array(VHDL_ARRAY, scalar, 3, {{1, 4, 1}});
+    EXPECT_EQ(rangesOf(array), triples({{1, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.alias(&array, {{5, 6, 1}})),
+              triples({{1, 4, 1}, {5, 6, 1}, {0, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, ArrayWithoutDimensionsStillWalksItsElement) {
+    EXPECT_EQ(rangesOf(types.array(VLOG_FIXED_PACKED_ARRAY, numbered(1), 0, {})),
+              triples({{1, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, OutputIsAppendedAndTheStackIsLeftAsItWas) {
+    Stack stack;
+    stack.push({{5, 6, 1}, {7, 8, 1}});
+    Ranges out{{1, 2, 1}};
+    types.array(scalar, {OPEN}).populateTypeConstraints(stack, out);
+    EXPECT_EQ(triples(out), triples({{1, 2, 1}, {5, 6, 1}}));
+    EXPECT_EQ(triples({stack.getConstraint(), stack.getConstraint()}),
+              triples({{7, 8, 1}, {0, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, MissingTypesAreSkipped) {
+    EXPECT_TRUE(rangesOf(types.alias(nullptr, {{0, 1, 1}})).empty());
+    EXPECT_TRUE(rangesOf(types.discreteEnum(nullptr, {{0, 1, 1}})).empty());
+    EXPECT_EQ(rangesOf(types.array(nullptr, {{0, 1, 1}})), triples({{0, 1, 1}}));
+    EXPECT_EQ(rangesOf(types.structure({nullptr, numbered(1)})), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.classType({nullptr, numbered(1)})), triples({{1, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, MissingMemberRecordIsSkipped) {
+    auto& record = types.structure({numbered(1), numbered(2)});
+    delete record.m_members[0];
+    record.m_members[0] = nullptr;
+    EXPECT_EQ(rangesOf(record), triples({{2, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, StructThatComesBackToItselfIsSkippedThere) {
+    auto& record = types.structure({numbered(1)});
+    addMember(record, &record);
+    addMember(record, numbered(2));
+    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {
+    // record: 1, class; class: 2, record. Behind the class the record gives 1 and ends at the
+    // class, which is on the path.
+    auto& record = types.structure({numbered(1)});
+    auto& holder = types.classType({numbered(2), &record});
+    addMember(record, &holder);
+    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {
+    auto& throwing = types.add<ThrowingType>();
+    auto& base = types.classType();
+    addMember(base, &throwing, {{8, 8, 1}});
+    auto& type = types.classType({numbered(1)}, &base);
+    auto& record = types.structure({&types.alias(&type, {{9, 9, 1}})});
+    Stack stack;
+    stack.push({{5, 6, 1}});
+    Ranges out;
+    EXPECT_THROW(record.populateTypeConstraints(stack, out), std::runtime_error);
+    EXPECT_EQ(triples({stack.getConstraint(), stack.getConstraint()}),
+              triples({{5, 6, 1}, {0, 0, 0}}));
+    throwing.m_throws = false;
+    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}}));
+}
+
+} // namespace

@@ -1,0 +1,366 @@
+#include "RTTI/RTType.h"
+#include "RTTI/RTTypeManager.h"
+#include "tests/support/ModelStorage.h"
+#include "tests/support/ReferenceLoader.h"
+#include "tests/support/TypeTableModel.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <map>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+// Random type files are loaded twice: by the library from the bytes, and by a reference loader from
+// the fields that the bytes were made from. Both have to agree on everything that can be seen.
+
+namespace {
+
+using namespace RTTITest;
+
+constexpr std::uint64_t FILES = 3000;
+constexpr unsigned int LARGEST_FILE = 40;
+
+/// What is written to the standard output while this lives.
+class CapturedOutput {
+public:
+    CapturedOutput() : m_saved(std::cout.rdbuf(m_text.rdbuf())) {}
+    ~CapturedOutput() { std::cout.rdbuf(m_saved); }
+    std::string text() const { return m_text.str(); }
+
+private:
+    std::ostringstream m_text;
+    std::streambuf* m_saved;
+};
+
+using SlotOf = std::map<const RTTI::RTBaseType*, std::uint32_t>;
+
+/// Puts the fields of a loaded type into the words that the reference loader uses.
+class Describer {
+public:
+    Describer(const RTTI::RTBaseType& type, const SlotOf& slots) : m_type(type), m_slots(slots) {}
+
+    Description describe() {
+        add("kind", m_type.GetClassId());
+        add("m_name", m_type.m_name == nullptr ? "(null)" : m_type.m_name);
+        add("m_flags", m_type.m_flags);
+        body();
+        return m_out;
+    }
+
+private:
+    template <typename Type> const Type& as() const { return dynamic_cast<const Type&>(m_type); }
+
+    template <typename T> void add(const char* field, const T& value) {
+        std::ostringstream text;
+        text << field << '=' << value;
+        m_out.push_back(text.str());
+    }
+
+    void link(const char* field, const RTTI::RTBaseType* target) {
+        const auto slot = m_slots.find(target);
+        if (target != nullptr && slot == m_slots.end())
+            add(field, "an object that is in no slot");
+        else
+            add(field, linkText(target == nullptr ? Link() : Link(slot->second)));
+    }
+
+    void constraint(const RTTI::FullConstraints& c) {
+        std::ostringstream text;
+        text << c.si << ' ' << c.ei << ' ' << c.dir;
+        add("constraint", text.str());
+    }
+
+    void constraints(const std::vector<RTTI::FullConstraints>& all) {
+        add("constraints", all.size());
+        for (const RTTI::FullConstraints& c : all)
+            constraint(c);
+    }
+
+    void seqEnum(const RTTI::RTSeqEnumType& type) {
+        add("m_valueEncoding", static_cast<int>(type.m_valueEncoding));
+        add("m_enumKind", static_cast<int>(type.m_enumKind));
+        for (const char* name : type.m_enumeratorNames)
+            add("enumerator", name);
+        add("m_valueSize", type.m_valueSize);
+    }
+
+    void discreteEnum(const RTTI::RTDiscreteEnumType& type) {
+        add("m_baseTypeId", type.m_baseTypeId);
+        link("m_baseType", type.m_baseType);
+        add("m_valueSize", type.m_valueSize);
+        for (const RTTI::t_enumNameAndValuePair& pair : type.m_enumerators)
+            add("enumerator", pair.enumName + " " + hexText({pair.value, type.m_valueSize}));
+        constraints(type.m_constraints);
+    }
+
+    void real(const RTTI::RTFloatType& type) {
+        add("m_floatKind", type.m_floatKind);
+        add("m_left", bitsText(type.m_left));
+        add("m_right", bitsText(type.m_right));
+        add("m_direction", type.m_direction);
+    }
+
+    void physical(const RTTI::RTPhysicalType& type) {
+        for (const RTTI::t_unitNameAndValuePair& pair : type.m_units)
+            add("unit", pair.unitName + " " + std::to_string(pair.value));
+    }
+
+    void typedefType(const RTTI::RTTypedefType& type) {
+        add("m_dataTypeId", type.m_dataTypeId);
+        link("m_dataType", type.m_dataType);
+        constraints(type.m_constraints);
+    }
+
+    template <typename Type> void reference(const Type& type) {
+        add("m_refTypeId", type.m_refTypeId);
+        add("m_alignment", type.m_alignment);
+        add("m_valueSize", type.m_valueSize);
+        link("m_refType", type.m_refType);
+    }
+
+    void array(const RTTI::RTArrayType& type) {
+        add("m_arrayKind", static_cast<unsigned int>(type.m_arrayKind));
+        add("m_elementTypeId", type.m_elementTypeId);
+        link("m_elementType", type.m_elementType);
+        for (const unsigned int id : type.m_indexTypeIds)
+            add("indexId", id);
+        constraints(type.m_constraints);
+        add("m_svTypeId", type.m_svTypeId);
+    }
+
+    void container(const RTTI::RTAbstractArrayType& type) {
+        add("m_elementTypeId", type.m_elementTypeId);
+        link("m_elementType", type.m_elementType);
+        add("m_svTypeId", type.m_svTypeId);
+    }
+
+    void assocArray(const RTTI::RTAssocArrayType& type) {
+        container(type);
+        add("m_indexTypeId", type.m_indexTypeId);
+        link("m_indexType", type.m_indexType);
+    }
+
+    void members(const RTTI::RTAggregateType& type) {
+        for (const RTTI::RTAggregateType::t_Member* member : type.m_members) {
+            add("member",
+                std::string(member->m_memberName) + " " + std::to_string(member->m_typeId));
+            constraints(member->m_constraints);
+            if (const auto* own = dynamic_cast<const RTTI::RTClassType::t_ClassMember*>(member))
+                add("m_memberFlag", own->m_memberFlag);
+        }
+    }
+
+    void memberTypes(const RTTI::RTAggregateType& type) {
+        for (const RTTI::RTBaseType* target : type.m_memberTypes)
+            link("memberType", target);
+    }
+
+    void record(const RTTI::RTRecordType& type) {
+        add("m_recordKind", static_cast<unsigned int>(type.m_recordKind));
+        members(type);
+        add("m_svTypeId", type.m_svTypeId);
+        memberTypes(type);
+    }
+
+    void classType(const RTTI::RTClassType& type) {
+        add("m_baseClassTypeId", type.m_baseClassTypeId);
+        link("m_baseClass", type.m_baseClass);
+        add("m_svTypeId", type.m_svTypeId);
+        members(type);
+        memberTypes(type);
+    }
+
+    void body() {
+        switch (m_type.GetClassId()) {
+        case SEQ_ENUM_KIND: return seqEnum(as<RTTI::RTSeqEnumType>());
+        case DISCRETE_ENUM_KIND: return discreteEnum(as<RTTI::RTDiscreteEnumType>());
+        case INT_KIND: return constraint(as<RTTI::RTIntType>().m_constraint);
+        case FLOAT_KIND: return real(as<RTTI::RTFloatType>());
+        case TYPEDEF_KIND: return typedefType(as<RTTI::RTTypedefType>());
+        case ACCESS_KIND: return reference(as<RTTI::RTAccessType>());
+        case CHANDLE_KIND: return static_cast<void>(as<RTTI::RTCHandle>());
+        case EVENT_KIND: return add("m_eventKind", as<RTTI::RTEventType>().m_eventKind);
+        case FILE_KIND: return reference(as<RTTI::RTFileType>());
+        case PHYSICAL_KIND: return physical(as<RTTI::RTPhysicalType>());
+        case ARRAY_KIND: return array(as<RTTI::RTArrayType>());
+        case RECORD_KIND: return record(as<RTTI::RTRecordType>());
+        case DYNAMIC_ARRAY_KIND: return container(as<RTTI::RTDynamicArrayType>());
+        case QUEUE_KIND: return container(as<RTTI::RTQueueType>());
+        case ASSOC_ARRAY_KIND: return assocArray(as<RTTI::RTAssocArrayType>());
+        case CLASS_KIND: return classType(as<RTTI::RTClassType>());
+        case STRING_KIND: return static_cast<void>(as<RTTI::RTStringType>());
+        case WILDCARD_KIND: return static_cast<void>(as<RTTI::RTWildCardType>());
+        default: return add("class", "unknown");
+        }
+    }
+
+    const RTTI::RTBaseType& m_type;
+    const SlotOf& m_slots;
+    Description m_out;
+};
+
+/// A random file in the hands of the library and of the reference loader.
+class Comparison {
+public:
+    Comparison(std::uint64_t seed, unsigned int maxTypes)
+        : m_file(randomFile(seed, maxTypes)), m_reference(m_file), m_storage(m_file.bytes) {}
+
+    std::uint32_t count() const { return static_cast<std::uint32_t>(m_file.records.size()); }
+    const ReferenceLoader& reference() const { return m_reference; }
+    ModelStorage& storage() { return m_storage; }
+    RTTI::RTTypeManager& manager() { return m_manager; }
+
+    void setup() {
+        m_reference.setup();
+        attempt([this] { m_manager.setupDeserializer(m_storage, m_file.baseOffset); });
+    }
+
+    void readAll() {
+        const Link expected = m_reference.readAll();
+        const RTTI::RTBaseType* last = nullptr;
+        attempt([&] { last = m_manager.readAllRTTypes(); });
+        EXPECT_EQ(last != nullptr, expected.has_value());
+        if (last != nullptr && expected) {
+            EXPECT_EQ(last, m_manager.getRTType(*expected));
+        }
+        EXPECT_TRUE(m_storage.takeReads().empty()) << "a slot that readAllRTTypes left empty";
+    }
+
+    void get(std::uint32_t id) {
+        const Link expected = m_reference.get(id);
+        const RTTI::RTBaseType* type = nullptr;
+        attempt([&] { type = m_manager.getRTType(id); });
+        EXPECT_EQ(type != nullptr, expected.has_value()) << "type " << id;
+    }
+
+    void getEvery() {
+        for (std::uint32_t id = 0; id < count(); ++id)
+            get(id);
+    }
+
+    /// Compares every field and every link; all types have to be loaded.
+    void compareTypes() {
+        SlotOf slots;
+        for (std::uint32_t id = 0; id < count(); ++id) {
+            if (const RTTI::RTBaseType* type = m_manager.getRTType(id)) {
+                EXPECT_TRUE(slots.emplace(type, id).second)
+                    << "type " << id << " is another's object";
+            }
+        }
+        for (const auto& [type, id] : slots) {
+            ASSERT_NE(m_reference.type(id), nullptr) << "type " << id;
+            EXPECT_EQ(Describer(*type, slots).describe(), *m_reference.type(id)) << "type " << id;
+        }
+        m_storage.takeReads();
+    }
+
+    std::string takeExpectedTrace() { return m_reference.takeTrace(); }
+    unsigned int failures() const { return m_failures; }
+
+private:
+    /// Makes the call, a second time where the storage fails, and compares the reads of the call
+    /// that came through. A call that fails has to leave the class list as it was.
+    template <typename Call> void attempt(const Call& call) {
+        const std::vector<unsigned int> classIds = m_manager.getRTClassTypeIds();
+        try {
+            call();
+        } catch (const PlannedFailure&) {
+            ++m_failures;
+            m_storage.takeReads();
+            EXPECT_EQ(m_manager.getRTClassTypeIds(), classIds) << "after the exception";
+            call();
+        }
+        EXPECT_EQ(m_storage.takeReads(), m_reference.takeReads());
+        EXPECT_EQ(m_manager.getRTClassTypeIds(), m_reference.classIds());
+    }
+
+    ModelFile m_file;
+    ReferenceLoader m_reference;
+    ModelStorage m_storage;
+    RTTI::RTTypeManager m_manager;
+    unsigned int m_failures = 0;
+};
+
+/// Loads a whole file, tracing; the answer is the trace.
+std::string loadWhole(Comparison& files) {
+    CapturedOutput output;
+    files.setup();
+    files.manager().setDebugMode();
+    files.readAll();
+    files.getEvery();
+    files.manager().unsetDebugMode();
+    return output.text();
+}
+
+TEST(RandomTypeFiles, WholeTablesAgreeWithTheReference) {
+    std::size_t types = 0;
+    std::size_t lostReads = 0;
+    std::size_t endlessReferences = 0;
+    for (std::uint64_t seed = 0; seed < FILES && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Comparison files(seed, LARGEST_FILE);
+        EXPECT_EQ(loadWhole(files), files.takeExpectedTrace());
+        files.compareTypes();
+        types += files.count();
+        lostReads += files.reference().lostReads();
+        endlessReferences += files.reference().endlessReferences();
+    }
+    // The generator must not lose the cases that it is there for.
+    EXPECT_TRUE(HasFailure() || types > 10 * FILES) << types;
+    EXPECT_TRUE(HasFailure() || lostReads > FILES / 10) << lostReads;
+    EXPECT_TRUE(HasFailure() || endlessReferences > FILES / 10) << endlessReferences;
+    RecordProperty("types", std::to_string(types));
+    RecordProperty("lostReads", std::to_string(lostReads));
+    RecordProperty("endlessReferences", std::to_string(endlessReferences));
+}
+
+TEST(RandomTypeFiles, SingleTypesAgreeInAnyOrder) {
+    for (std::uint64_t seed = 0; seed < FILES && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937_64 random(seed);
+        Comparison files(seed, LARGEST_FILE);
+        CapturedOutput output;
+        files.setup();
+        for (std::uint32_t i = 0; i < 2 * files.count(); ++i)
+            files.get(static_cast<std::uint32_t>(random() % (files.count() + 1)));
+        files.getEvery();
+        files.compareTypes();
+        EXPECT_EQ(output.text(), "");
+    }
+}
+
+/// Loads a file whose read `failAt` fails, one type of it alone first; false where no read failed.
+bool loadWithFailure(std::uint64_t seed, std::size_t failAt) {
+    Comparison files(seed, 8);
+    files.storage().failAt(failAt);
+    files.setup();
+    files.get(static_cast<std::uint32_t>(seed % files.count()));
+    files.readAll();
+    files.getEvery();
+    const unsigned int failures = files.failures();
+    files.compareTypes();
+    EXPECT_LE(failures, 1U);
+    return failures == 1;
+}
+
+TEST(RandomTypeFiles, LoadMadeAgainAfterAnyFailedReadIsComplete) {
+    std::size_t loads = 0;
+    for (std::uint64_t seed = 0; seed < 100; ++seed) {
+        for (std::size_t failAt = 0;; ++failAt) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", failing read " +
+                         std::to_string(failAt));
+            if (!loadWithFailure(seed, failAt) || HasFailure())
+                break;
+            ++loads;
+        }
+        ASSERT_FALSE(HasFailure());
+    }
+    EXPECT_GT(loads, 1000U);
+    RecordProperty("loads", std::to_string(loads));
+}
+
+} // namespace
