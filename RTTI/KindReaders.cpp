@@ -131,7 +131,7 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTSeqEnumType(const char* reco
           nullptr, true);
     readEnumeratorNames(*type);
     const int valueSize = readField<int>(1);
-    type->m_valueSize = static_cast<unsigned int>(countOrNone(valueSize));
+    type->m_valueSize = static_cast<unsigned int>(valueSize);
     trace("**  Size: ", valueSize, nullptr, true);
     return type;
 }
