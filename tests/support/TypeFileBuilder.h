@@ -1,0 +1,114 @@
+#pragma once
+
+#include "OVAT/IBlockManager.h"
+#include "RTTI/RTType.h"
+#include "RTTI/RTTypeManager.h"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// A type file, made record by record: fields are appended to the record begun last.
+class TypeFileBuilder {
+public:
+    TypeFileBuilder& record(unsigned int kind, const std::string& name, unsigned int flags = 0);
+
+    TypeFileBuilder& u32(unsigned int value);
+    TypeFileBuilder& i32(int value) { return u32(static_cast<unsigned int>(value)); }
+    TypeFileBuilder& i64(long long value);
+    TypeFileBuilder& f64(double value);
+    TypeFileBuilder& str(const std::string& text); ///< With its zero byte.
+    TypeFileBuilder& bytes(const std::string& raw);
+    TypeFileBuilder& range(int si, int ei, int dir) { return i32(si).i32(ei).i32(dir); }
+
+    /// Cuts the last record to its first `size` bytes; its size field says so.
+    TypeFileBuilder& cut(std::size_t size);
+
+    /// What the last record's size field says, whatever its bytes.
+    TypeFileBuilder& claim(int size);
+
+    TypeFileBuilder& version(const std::string& text);
+    TypeFileBuilder& count(unsigned int typeCount);
+    TypeFileBuilder& base(unsigned long long offset);
+
+    TypeFileBuilder& integer(const std::string& name);
+    TypeFileBuilder& string(const std::string& name);
+
+    unsigned long long baseOffset() const { return m_base; }
+    unsigned long long address(unsigned int id) const;
+    unsigned long long tableOffset() const;
+    std::string image() const;
+
+private:
+    struct Record {
+        std::string bytes;
+        int claimed;
+        bool isClaimed;
+    };
+    std::vector<Record> m_records;
+    std::string m_version = "Brakel Ovat TYPE FILE 001";
+    unsigned int m_count = 0;
+    bool m_hasCount = false;
+    unsigned long long m_base = 0;
+};
+
+/// A storage over an image that writes its reads down and can be told to fail.
+class RecordingBlockManager : public OVAT::IBlockManager {
+public:
+    using Read = std::pair<unsigned long long, long long>;
+
+    explicit RecordingBlockManager(std::string image) : m_image(std::move(image)) {}
+    bool read(unsigned long long offset, void* buffer, long long count) override;
+
+    /// The reads since the last call.
+    std::vector<Read> takeReads() { return std::exchange(m_reads, {}); }
+    void failAtRead(std::size_t number) { m_failAt = number; }
+
+private:
+    std::string m_image;
+    std::vector<Read> m_reads;
+    std::size_t m_done = 0;
+    std::size_t m_failAt = static_cast<std::size_t>(-1);
+};
+
+/// A manager that has been set up over a built file; types are read when they are asked for.
+class LoadedTypes {
+public:
+    explicit LoadedTypes(const TypeFileBuilder& file, bool readAll = true);
+
+    RTTI::RTBaseType* operator[](unsigned int id) { return m_manager.getRTType(id); }
+    template <typename Type> const Type& as(unsigned int id) {
+        const auto* type = dynamic_cast<const Type*>(m_manager.getRTType(id));
+        if (type == nullptr)
+            throw std::logic_error("type " + std::to_string(id) + " has another class");
+        return *type;
+    }
+
+    RTTI::RTTypeManager& manager() { return m_manager; }
+    RecordingBlockManager& storage() { return m_storage; }
+
+    /// The trace of everything that a whole load reads.
+    std::string trace();
+
+private:
+    RecordingBlockManager m_storage;
+    RTTI::RTTypeManager m_manager;
+};
+
+/// What goes to the standard output while the object lives.
+class CapturedOutput {
+public:
+    CapturedOutput();
+    CapturedOutput(const CapturedOutput&) = delete;
+    CapturedOutput& operator=(const CapturedOutput&) = delete;
+    ~CapturedOutput();
+    std::string text() const;
+
+private:
+    struct State;
+    State* m_state;
+};
+
+std::vector<std::vector<int>> numbersOf(const std::vector<RTTI::FullConstraints>& constraints);
