@@ -53,15 +53,16 @@ TEST(Manager, ReadsOneAddressATypeWhateverTheBaseOffset) {
     RecordingBlockManager storage(image);
     RTTypeManager manager;
     EXPECT_TRUE(manager.setupDeserializer(storage, 16));
-    EXPECT_THAT(storage.takeReads(), ElementsAre(Pair(16u, 40), Pair(0x100u, 8), Pair(0x108u, 8),
-                                                 Pair(0x110u, 8)));
+    EXPECT_THAT(storage.takeReads(),
+                ElementsAre(Pair(16u, 40), Pair(0x100u, 8), Pair(0x108u, 8), Pair(0x110u, 8)));
 }
 
 TEST(Manager, ReadsSizeThenKindThenTheWholeRecord) {
     TypeFileBuilder file;
     file.string("text");
     LoadedTypes types(file);
-    EXPECT_THAT(types.storage().takeReads(), ElementsAre(Pair(40u, 4), Pair(44u, 4), Pair(40u, 17)));
+    EXPECT_THAT(types.storage().takeReads(),
+                ElementsAre(Pair(40u, 4), Pair(44u, 4), Pair(40u, 17)));
 }
 
 TEST(Manager, IgnoresDebugModeBeforeSetup) {

@@ -42,8 +42,14 @@ TEST(Trace, NarratesEnumerations) {
     TypeFileBuilder file;
     file.record(0xA0000003, "bit").i32(1).i32(2).i32(2).str("'0'").str("'1'").i32(1);
     file.record(0xA0000003, "odd").i32(4).i32(6).i32(0).i32(-1);
-    file.record(0xA0000004, "e").u32(0).i32(1).i32(2).str("A").bytes("\x01\xFF").u32(1).range(3, 0,
-                                                                                              0);
+    file.record(0xA0000004, "e")
+        .u32(0)
+        .i32(1)
+        .i32(2)
+        .str("A")
+        .bytes("\x01\xFF")
+        .u32(1)
+        .range(3, 0, 0);
     const std::string expected =
         block(0, " ** Sequential Enum   Type name =  bit  , flags =  0  **  \n"
                  "  Encoding:  2-State  \n"

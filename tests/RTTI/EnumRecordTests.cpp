@@ -1,0 +1,155 @@
+// Sequential and discrete enumerations, and physical types.
+
+#include "support/TypeFileBuilder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace RTTI;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StrEq;
+
+TEST(SeqEnumRecords, EmptyBodyGivesDefaultsAndSizeOne) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000003, "e"));
+    const auto& type = types.as<RTSeqEnumType>(0);
+    EXPECT_EQ(type.m_valueEncoding, ENCODING_4_STATE);
+    EXPECT_EQ(type.m_enumKind, INVALID_ENUM);
+    EXPECT_THAT(type.m_enumeratorNames, IsEmpty());
+    EXPECT_EQ(type.getValueSize(), 1u);
+}
+
+TEST(SeqEnumRecords, CountOfZeroOrLessStillReadsTheSize) {
+    for (const int count : {0, -1, -2147483647}) {
+        LoadedTypes types(
+            TypeFileBuilder{}.record(0xA0000003, "e").i32(2).i32(5).i32(count).i32(4));
+        EXPECT_THAT(types.as<RTSeqEnumType>(0).m_enumeratorNames, IsEmpty());
+        EXPECT_EQ(types.as<RTSeqEnumType>(0).m_valueSize, 4u);
+    }
+}
+
+TEST(SeqEnumRecords, EncodingAndKindOutsideTheTablesAreKept) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000003, "e").i32(4).i32(6).i32(0).i32(1));
+    EXPECT_EQ(static_cast<int>(types.as<RTSeqEnumType>(0).m_valueEncoding), 4);
+    EXPECT_EQ(static_cast<int>(types.as<RTSeqEnumType>(0).m_enumKind), 6);
+}
+
+TEST(SeqEnumRecords, EncodingIsTheRecordsWhateverTheFlags) {
+    TypeFileBuilder file;
+    file.record(0xA0000003, "e", 0x10).i32(1).i32(1).i32(0).i32(1);
+    EXPECT_EQ(LoadedTypes(file)[0]->getValueEncoding(), ENCODING_2_STATE);
+}
+
+TEST(SeqEnumRecords, NamesAreInTheOrderOfTheirDeclaration) {
+    TypeFileBuilder file;
+    file.record(0xA0000003, "e").i32(2).i32(5).i32(3).str("idle").str("").str("busy").i32(1);
+    EXPECT_THAT(LoadedTypes(file).as<RTSeqEnumType>(0).m_enumeratorNames,
+                ElementsAre(StrEq("idle"), StrEq(""), StrEq("busy")));
+}
+
+TEST(DiscreteEnumRecords, EmptyBodyHasTypeZeroAsItsBase) {
+    LoadedTypes types(TypeFileBuilder{}.string("s").record(0xA0000004, "e"));
+    const auto& type = types.as<RTDiscreteEnumType>(1);
+    EXPECT_EQ(type.m_baseTypeId, 0u);
+    EXPECT_EQ(type.m_baseType, types[0]);
+    EXPECT_THAT(type.m_enumerators, IsEmpty());
+    EXPECT_EQ(type.getValueSize(), 0u);
+    EXPECT_THAT(type.m_constraints, IsEmpty());
+}
+
+TEST(DiscreteEnumRecords, ValueBytesAreKeptInTheirOrder) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(1).i32(2).str("A").bytes("\x01\xFF");
+    file.u32(1).range(3, 0, 0);
+    LoadedTypes types(file);
+    const auto& type = types.as<RTDiscreteEnumType>(1);
+    EXPECT_EQ(type.m_enumerators[0].enumName, "A");
+    EXPECT_EQ(std::string(type.m_enumerators[0].value, 2), "\x01\xFF");
+    EXPECT_THAT(numbersOf(type.m_constraints), ElementsAre(ElementsAre(3, 0, 0)));
+}
+
+TEST(DiscreteEnumRecords, BaseTypeIsReadBeforeTheCountAndDoesNotDisturbTheRecord) {
+    TypeFileBuilder file;
+    file.record(0xA0000004, "e").u32(1).i32(2).i32(1).str("A").bytes("a").str("B").bytes("b");
+    file.u32(0).integer("base");
+    LoadedTypes types(file, false);
+    const std::string trace = types.trace();
+    EXPECT_LT(trace.find("Built in Int Type"), trace.find("Number of enumerators"));
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(0).m_baseType, types[1]);
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(0).m_enumerators[1].enumName, "B");
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(0).m_enumerators[1].value[0], 'b');
+}
+
+TEST(DiscreteEnumRecords, EncodingIsThatOfTheBaseType) {
+    TypeFileBuilder file;
+    file.record(0xA0000003, "logic").i32(0).i32(1).i32(0).i32(1);
+    file.record(0xA0000003, "bit").i32(1).i32(1).i32(0).i32(1);
+    file.record(0xA0000004, "l", 0x10).u32(0).record(0xA0000004, "b", 0x10).u32(1);
+    LoadedTypes types(file);
+    EXPECT_EQ(types[2]->getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(types[3]->getValueEncoding(), ENCODING_2_STATE);
+}
+
+TEST(DiscreteEnumRecords, MissingValueBytesAreZero) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(2).i32(4).str("A").bytes("xy");
+    LoadedTypes types(file);
+    const auto& type = types.as<RTDiscreteEnumType>(1);
+    ASSERT_EQ(type.m_enumerators.size(), 2u);
+    EXPECT_EQ(std::string(type.m_enumerators[0].value, 4), std::string("xy\0\0", 4));
+    EXPECT_EQ(type.m_enumerators[1].enumName, "");
+    EXPECT_EQ(std::string(type.m_enumerators[1].value, 4), std::string(4, '\0'));
+}
+
+TEST(DiscreteEnumRecords, NegativeSizeIsStoredAsZeroAndTracedAsRead) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(1).i32(-3).str("A").u32(1).range(1, 2, 3);
+    LoadedTypes types(file, false);
+    EXPECT_NE(types.trace().find("** Size of enumerators =  -3  **  \n"), std::string::npos);
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(1).getValueSize(), 0u);
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(1).m_enumerators[0].enumName, "A");
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(1).m_constraints.size(), 1u);
+}
+
+TEST(DiscreteEnumRecords, NegativeCountIsTracedWithoutASign) {
+    LoadedTypes types(TypeFileBuilder{}.string("s").record(0xA0000004, "e").u32(0).i32(-1), false);
+    EXPECT_NE(types.trace().find("** Number of enumerators =  4294967295  **  \n"),
+              std::string::npos);
+    EXPECT_THAT(types.as<RTDiscreteEnumType>(1).m_enumerators, IsEmpty());
+}
+
+TEST(PhysicalRecords, EmptyBodyHasNoUnits) {
+    EXPECT_THAT(
+        LoadedTypes(TypeFileBuilder{}.record(0xA000000D, "t")).as<RTPhysicalType>(0).m_units,
+        IsEmpty());
+}
+
+TEST(PhysicalRecords, NegativeCountHasNoUnits) {
+    TypeFileBuilder file;
+    file.record(0xA000000D, "t").i32(-2).str("fs").i64(1);
+    EXPECT_THAT(LoadedTypes(file).as<RTPhysicalType>(0).m_units, IsEmpty());
+}
+
+TEST(PhysicalRecords, UnitWithoutAWholeValueHasZeroAndTheNextBeginsEightBytesOn) {
+    TypeFileBuilder file;
+    file.record(0xA000000D, "t").i32(2).str("fs").i32(7);
+    LoadedTypes types(file);
+    const auto& units = types.as<RTPhysicalType>(0).m_units;
+    ASSERT_EQ(units.size(), 2u);
+    EXPECT_EQ(units[0].unitName, "fs");
+    EXPECT_EQ(units[0].value, 0);
+    EXPECT_EQ(units[1].unitName, "");
+    EXPECT_EQ(units[1].value, 0);
+}
+
+TEST(PhysicalRecords, ValuesMayBeNegativeAndLarge) {
+    TypeFileBuilder file;
+    file.record(0xA000000D, "t").i32(2).str("a").i64(-5).str("b").i64(0x123456789ABCDEF0);
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTPhysicalType>(0).m_units[0].value, -5);
+    EXPECT_EQ(types.as<RTPhysicalType>(0).m_units[1].value, 0x123456789ABCDEF0);
+}
+
+} // namespace

@@ -1,0 +1,186 @@
+// What every record has in common, and the kinds without a reader of their own.
+
+#include "support/TypeFileBuilder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using namespace RTTI;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+TEST(RecordFraming, KindThatBuildsNothingIsReadAtEveryRequest) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA000000E, "logic"), false);
+    EXPECT_EQ(types[0], nullptr);
+    EXPECT_EQ(types.storage().takeReads().size(), 3u);
+    EXPECT_EQ(types[0], nullptr);
+    EXPECT_EQ(types.storage().takeReads().size(), 3u);
+}
+
+TEST(RecordFraming, KindsWithoutAReaderBuildNothing) {
+    for (const unsigned int kind :
+         {0u, 0xA0000001u, 0xA0000002u, 0xA000000Au, 0xA000000Eu, 0xA000000Fu, 0xA0000012u,
+          0xA0000016u, 0xA000001Au, 0xFFFFFFFFu}) {
+        LoadedTypes types(TypeFileBuilder{}.record(kind, "x"));
+        EXPECT_EQ(types[0], nullptr) << std::hex << kind;
+    }
+}
+
+TEST(RecordFraming, RealThatStopsAfterItsFlavourHasZeroBounds) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000006, "r").i32(2));
+    EXPECT_EQ(types.as<RTFloatType>(0).m_floatKind, 2);
+    EXPECT_EQ(types.as<RTFloatType>(0).m_left, 0.0);
+    EXPECT_EQ(types.as<RTFloatType>(0).m_right, 0.0);
+    EXPECT_EQ(types.as<RTFloatType>(0).m_direction, 0);
+}
+
+TEST(RecordFraming, RealFlavourAboveThreeIsDroppedAndANegativeOneKept) {
+    TypeFileBuilder file;
+    file.record(0xA0000006, "7").i32(7).record(0xA0000006, "-1").i32(-1);
+    file.record(0xA0000006, "3").i32(3);
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTFloatType>(0).m_floatKind, 0);
+    EXPECT_EQ(types.as<RTFloatType>(1).m_floatKind, -1);
+    EXPECT_EQ(types.as<RTFloatType>(2).m_floatKind, 3);
+    EXPECT_EQ(types[0]->getValueEncoding(), ENCODING_BYTE);
+    EXPECT_EQ(types[1]->getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(types[2]->getValueEncoding(), ENCODING_4_STATE);
+}
+
+int directionOf(double direction) {
+    TypeFileBuilder file;
+    file.record(0xA0000006, "r").i32(0).f64(0).f64(0).f64(direction);
+    return LoadedTypes(file).as<RTFloatType>(0).m_direction;
+}
+
+TEST(RecordFraming, RealDirectionIsTruncatedTowardZero) {
+    EXPECT_EQ(directionOf(1.9), 1);
+    EXPECT_EQ(directionOf(-0.5), 0);
+    EXPECT_EQ(directionOf(2147483647.9), 2147483647);
+    EXPECT_EQ(directionOf(-2147483648.9), std::numeric_limits<int>::min());
+}
+
+TEST(RecordFraming, RealDirectionThatDoesNotFitIsTheSmallestNumber) {
+    const int lowest = std::numeric_limits<int>::min();
+    EXPECT_EQ(directionOf(std::numeric_limits<double>::quiet_NaN()), lowest);
+    EXPECT_EQ(directionOf(std::numeric_limits<double>::infinity()), lowest);
+    EXPECT_EQ(directionOf(-std::numeric_limits<double>::infinity()), lowest);
+    EXPECT_EQ(directionOf(2147483648.0), lowest);
+}
+
+TEST(RecordFraming, RealBoundsAreKeptBitForBit) {
+    TypeFileBuilder file;
+    file.record(0xA0000006, "r").i32(0).f64(-0.0).f64(5e-324).f64(0);
+    LoadedTypes types(file);
+    EXPECT_TRUE(std::signbit(types.as<RTFloatType>(0).m_left));
+    EXPECT_EQ(types.as<RTFloatType>(0).m_right, 5e-324);
+}
+
+TEST(RecordFraming, EventFlavourAboveOneIsDropped) {
+    TypeFileBuilder file;
+    file.record(0xA000000B, "2").i32(2).record(0xA000000B, "1").i32(1);
+    file.record(0xA000000B, "-1").i32(-1).record(0xA000000B, "short");
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTEventType>(0).m_eventKind, 0);
+    EXPECT_EQ(types.as<RTEventType>(1).m_eventKind, 1);
+    EXPECT_EQ(types.as<RTEventType>(2).m_eventKind, -1);
+    EXPECT_EQ(types.as<RTEventType>(3).m_eventKind, 0);
+}
+
+TEST(RecordFraming, ChandleHasTheNameOfItsRecordEvenAnEmptyOne) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000009, "handle_t").record(0xA0000009, ""));
+    EXPECT_STREQ(types.as<RTCHandle>(0).m_name, "handle_t");
+    EXPECT_STREQ(types.as<RTCHandle>(1).m_name, "");
+}
+
+TEST(RecordFraming, FlagsAreKeptWhole) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000018, "s", 0xFFFFFFEF));
+    EXPECT_EQ(types[0]->m_flags, 0xFFFFFFEFu);
+}
+
+TEST(RecordFraming, ShortFlagsAreZero) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000018, "s", 0xFFFFFFFF).cut(13));
+    EXPECT_EQ(types[0]->m_flags, 0u);
+}
+
+TEST(RecordFraming, NameWithoutItsZeroByteEndsWithTheRecord) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000018, "string", 1).cut(8 + 3));
+    EXPECT_STREQ(types[0]->m_name, "str");
+    EXPECT_EQ(types[0]->m_flags, 0u);
+}
+
+TEST(RecordFraming, SizeBelowEightIsARecordWithoutABody) {
+    for (int size = 1; size < 8; ++size) {
+        TypeFileBuilder file;
+        file.record(0xA0000005, "int").range(1, 2, 3).claim(size);
+        LoadedTypes types(file);
+        EXPECT_STREQ(types.as<RTIntType>(0).m_name, "");
+        EXPECT_EQ(types.as<RTIntType>(0).m_constraint.dir, 0);
+        EXPECT_THAT(types.storage().takeReads(),
+                    ElementsAre(Pair(40u, 4), Pair(44u, 4), Pair(40u, size)));
+    }
+}
+
+TEST(RecordFraming, SizeOfZeroOrLessMakesNoThirdRead) {
+    for (const int size : {0, -1, std::numeric_limits<int>::min()}) {
+        LoadedTypes types(TypeFileBuilder{}.record(0xA0000005, "int").range(1, 2, 3).claim(size));
+        EXPECT_STREQ(types.as<RTIntType>(0).m_name, "");
+        EXPECT_EQ(types.as<RTIntType>(0).m_constraint.si, 0);
+        EXPECT_THAT(types.storage().takeReads(), ElementsAre(Pair(40u, 4), Pair(44u, 4)));
+    }
+}
+
+TEST(RecordFraming, RecordsAreFoundAtAnyBaseOffset) {
+    LoadedTypes types(TypeFileBuilder{}.base(1000).integer("a").string("b"));
+    EXPECT_STREQ(types[1]->m_name, "b");
+}
+
+TEST(ConstraintRecords, ShortCountGivesAnEmptyListAndGoesOnFourBytes) {
+    TypeFileBuilder file;
+    file.record(0xA0000007, "t").u32(1).u32(1).cut(8 + 2 + 4 + 4 + 2).string("s");
+    EXPECT_THAT(LoadedTypes(file).as<RTTypedefType>(0).m_constraints, IsEmpty());
+}
+
+TEST(ConstraintRecords, EntriesPastTheEndAreZero) {
+    TypeFileBuilder file;
+    file.record(0xA0000007, "t").u32(1).u32(2).range(4, 5, 6).string("s");
+    LoadedTypes types(file);
+    EXPECT_THAT(numbersOf(types.as<RTTypedefType>(0).m_constraints),
+                ElementsAre(ElementsAre(4, 5, 6), ElementsAre(0, 0, 0)));
+}
+
+TEST(ConstraintRecords, CountOfZeroGivesAnEmptyList) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000007, "t").u32(1).u32(0).string("s"));
+    EXPECT_THAT(types.as<RTTypedefType>(0).m_constraints, IsEmpty());
+}
+
+TEST(ConstraintRecords, WholeIndexRangeReadsBackUnchanged) {
+    const int lowest = std::numeric_limits<int>::min();
+    const int highest = std::numeric_limits<int>::max();
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000005, "i").range(lowest, highest, 1));
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.si, lowest);
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.ei, highest);
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.dir, 1);
+}
+
+TEST(ConstraintRecords, EachMemberHasItsOwnList) {
+    TypeFileBuilder file;
+    file.record(0xA0000011, "r").u32(0xB0001).i32(2);
+    file.str("five").u32(1).u32(5);
+    for (int i = 0; i < 5; ++i)
+        file.range(i, i, 0);
+    file.str("three").u32(1).u32(3).range(7, 6, 0).range(5, 4, 0).range(3, 2, 0).i32(-99);
+    file.string("s");
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTRecordType>(0).m_members[0]->m_constraints.size(), 5u);
+    EXPECT_THAT(numbersOf(types.as<RTRecordType>(0).m_members[1]->m_constraints),
+                ElementsAre(ElementsAre(7, 6, 0), ElementsAre(5, 4, 0), ElementsAre(3, 2, 0)));
+}
+
+} // namespace
