@@ -72,7 +72,7 @@ RTClassType& TypeGraph::classType(const Links& members, const RTBaseType* base) 
 namespace {
 
 void appendMember(RTAggregateType& aggregate, std::unique_ptr<RTAggregateType::t_Member> member,
-               const RTBaseType* type, Ranges ranges) {
+                  const RTBaseType* type, Ranges ranges) {
     member->m_constraints = std::move(ranges);
     aggregate.m_members.push_back(member.get());
     static_cast<void>(member.release()); // The aggregate deletes it.
@@ -86,7 +86,8 @@ void addMember(RTRecordType& record, const RTBaseType* type, Ranges ranges) {
 }
 
 void addMember(RTClassType& type, const RTBaseType* memberType, Ranges ranges) {
-    appendMember(type, std::make_unique<RTClassType::t_ClassMember>(), memberType, std::move(ranges));
+    appendMember(type, std::make_unique<RTClassType::t_ClassMember>(), memberType,
+                 std::move(ranges));
 }
 
 namespace {
