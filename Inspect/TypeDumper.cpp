@@ -2,6 +2,7 @@
 
 #include "Inspect/TypeKind.h"
 #include "Inspect/TypeText.h"
+#include "RTTI/ConstraintStack.h"
 #include "RTTI/RTTypeVisitor.h"
 
 #include <fmt/format.h>
@@ -36,7 +37,6 @@ public:
         line("literals", std::to_string(type.m_enumeratorNames.size()));
         for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i)
             item(i, quotedName(type.m_enumeratorNames[i]));
-        line("value size", std::to_string(type.m_valueSize));
         return true;
     }
 
@@ -47,7 +47,6 @@ public:
             const t_enumNameAndValuePair& literal = type.m_enumerators[i];
             item(i, quoted(literal.enumName) + " = " + bytes(literal.value, type.m_valueSize));
         }
-        line("value size", std::to_string(type.m_valueSize));
         line("constraints", ranges(type.m_constraints));
         return true;
     }
@@ -130,6 +129,21 @@ public:
         return visit(static_cast<const RTAggregateType&>(type));
     }
 
+    /// What the type answers when it is asked, whatever its class.
+    void writeAnswers(const RTBaseType& type) {
+        line("value encoding", encodingText(type.getValueEncoding()));
+        const unsigned int size = type.getValueSize();
+        line("value size", size != 0 ? fmt::format("{} bytes", size) : "not recorded");
+        if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
+            line("type behind", behind(*alias));
+        if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))
+            line("total dimensions", std::to_string(container->getTotalNumDimensions(false)));
+        Brakel_tolv::ConstraintStack<FullConstraints> stack;
+        std::vector<FullConstraints> flattened;
+        type.populateTypeConstraints(stack, flattened);
+        line("flattened constraints", ranges(flattened));
+    }
+
 private:
     void line(std::string_view label, std::string_view value) {
         m_out << "  " << label << ": " << value << '\n';
@@ -147,7 +161,6 @@ private:
     template <typename Type> bool designated(const Type& type, std::string_view label) {
         line(label, reference(type.m_refTypeId, type.m_refType));
         line("alignment", std::to_string(type.m_alignment));
-        line("value size", std::to_string(type.m_valueSize));
         return true;
     }
 
@@ -177,6 +190,14 @@ private:
 
     std::string reference(unsigned int id) const { return reference(id, m_types(id)); }
 
+    /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
+    static std::string behind(const RTTypedefType& type) {
+        const RTTypedefType* last = &type;
+        while (const auto* next = dynamic_cast<const RTTypedefType*>(last->m_dataType))
+            last = next;
+        return reference(last->m_dataTypeId, type.getSelf(false));
+    }
+
     static std::string ranges(const std::vector<FullConstraints>& constraints) {
         std::string text;
         for (const FullConstraints& range : constraints)
@@ -198,11 +219,16 @@ private:
 
 } // namespace
 
-void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types) {
+void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type) {
     out << fmt::format("type {}: {} {}\n", id, kindOf(type), quotedName(type.m_name));
+}
+
+void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types) {
+    dumpHeading(out, id, type);
     out << fmt::format("  flags: {:#x}\n", type.m_flags);
     FieldWriter fields(out, types);
     type.accept(fields);
+    fields.writeAnswers(type);
     out << '\n';
 }
 

@@ -10,8 +10,12 @@ namespace Inspect {
 /// Gives the type of an id, or null where there is none.
 using TypeLookup = std::function<const RTTI::RTBaseType*(unsigned int)>;
 
-/// Writes a type as one block of lines: id, kind, name and every field, with other types shown as
-/// id and name, and an empty line at the end. `types` names the types that a field holds by id.
+/// Writes a type's first line: id, kind and name.
+void dumpHeading(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type);
+
+/// Writes a type as one block of lines: id, kind, name, every field and what the type
+/// answers to its queries, with other types shown as id and name, and an empty line at the end.
+/// `types` names the types that a field holds by id.
 void dumpType(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type,
               const TypeLookup& types);
 

@@ -1,5 +1,6 @@
 #include "Inspect/TypeDumper.h"
 #include "Inspect/TypeKind.h"
+#include "Inspect/TypeReferences.h"
 #include "Inspect/TypeText.h"
 #include "RTTI/CTType.h"
 
@@ -39,6 +40,9 @@ TEST(TypeDumper, ShowsARealWithBoundsThatReadBack) {
                              "  left: 0.1\n"
                              "  right: 1e+300\n"
                              "  direction: 1\n"
+                             "  value encoding: 4-State\n"
+                             "  value size: not recorded\n"
+                             "  flattened constraints: none\n"
                              "\n");
 }
 
@@ -51,6 +55,9 @@ TEST(TypeDumper, ShowsUnitsWithTheirValues) {
                              "  units: 2\n"
                              "    [0] \"fs\" = 1\n"
                              "    [1] \"ps\" = 1000\n"
+                             "  value encoding: Unpadded-Byte\n"
+                             "  value size: not recorded\n"
+                             "  flattened constraints: none\n"
                              "\n");
 }
 
@@ -67,6 +74,9 @@ TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
                                      "    [0] index type 9 (no name)\n"
                                      "  constraints: (7 downto 0), (open)\n"
                                      "  SV type id: 6\n"
+                                     "  value encoding: Byte\n"
+                                     "  value size: not recorded\n"
+                                     "  flattened constraints: (7 downto 0)\n"
                                      "\n");
 }
 
@@ -86,6 +96,9 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
                              "  members: 1\n"
                              "    [0] \"items\": 12 \"q\", constraints: (0 to 3), flag: true\n"
                              "  SV type id: none\n"
+                             "  value encoding: 4-State\n"
+                             "  value size: not recorded\n"
+                             "  flattened constraints: none\n"
                              "\n");
 }
 
@@ -97,7 +110,59 @@ TEST(TypeDumper, ShowsKindsOutsideTheirTablesAsNumbers) {
                              "  record kind: 0xb0009\n"
                              "  members: 0\n"
                              "  SV type id: none\n"
+                             "  value encoding: Byte\n"
+                             "  value size: not recorded\n"
+                             "  flattened constraints: none\n"
                              "\n");
+}
+
+TEST(TypeDumper, ShowsTheTypeBehindTypedefs) {
+    CTArrayType array("a", VLOG_FIXED_PACKED_ARRAY, 8, 9);
+    array.m_constraints = {{0, 0, -2}};
+    CTTypedefType inner("inner", 3);
+    inner.m_dataType = &array;
+    CTTypedefType outer("outer", 2);
+    outer.m_dataType = &inner;
+    outer.m_constraints = {{0, 15, 1}};
+    EXPECT_EQ(dump(1, outer), "type 1: typedef \"outer\"\n"
+                              "  flags: 0x0\n"
+                              "  data type: 2 \"inner\"\n"
+                              "  constraints: (0 to 15)\n"
+                              "  value encoding: Byte\n"
+                              "  value size: not recorded\n"
+                              "  type behind: 3 \"a\"\n"
+                              "  flattened constraints: (0 to 15)\n"
+                              "\n");
+}
+
+TEST(TypeDumper, CountsTheDimensionsBelowAContainer) {
+    RTStringType text;
+    CTQueueType inner("inner", 4);
+    inner.m_elementType = &text;
+    CTDynamicArrayType outer("outer", 5);
+    outer.m_elementType = &inner;
+    EXPECT_EQ(dump(6, outer), "type 6: dynamic array \"outer\"\n"
+                              "  flags: 0x0\n"
+                              "  element type: 5 \"inner\"\n"
+                              "  SV type id: none\n"
+                              "  value encoding: Byte\n"
+                              "  value size: not recorded\n"
+                              "  total dimensions: 2\n"
+                              "  flattened constraints: none\n"
+                              "\n");
+}
+
+TEST(TypeReferences, AreTheIdsOfAllFieldsEachOnce) {
+    CTArrayType array("a", VHDL_ARRAY, 8, 9);
+    array.m_indexTypeIds = {9, 8, 9};
+    EXPECT_THAT(referencesOf(array), testing::ElementsAre(8u, 9u));
+    RTClassType derived;
+    EXPECT_THAT(referencesOf(derived), testing::IsEmpty());
+    derived.m_baseClassTypeId = 3;
+    EXPECT_THAT(referencesOf(derived), testing::ElementsAre(3u));
+    EXPECT_THAT(referencesOf(CTAssocArrayType("m", 1, 2)), testing::ElementsAre(1u, 2u));
+    EXPECT_THAT(referencesOf(CTTypedefType("t", 5)), testing::ElementsAre(5u));
+    EXPECT_THAT(referencesOf(RTStringType()), testing::IsEmpty());
 }
 
 TEST(TypeText, EscapesWhatATerminalWouldAct) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <locale>
+
 namespace {
 
 const std::string LINE = " ===============================================  \n";
@@ -180,6 +182,25 @@ TEST(Trace, NarratesARecordThatBuildsNothingEachTime) {
     const std::string once = types.trace();
     EXPECT_EQ(once, begin(0) + end(0));
     EXPECT_EQ(types.trace(), once);
+}
+
+/// Puts a point after every digit.
+class Grouped : public std::numpunct<char> {
+protected:
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\1"; }
+};
+
+TEST(Trace, IsTheSameInEveryLocale) {
+    TypeFileBuilder file;
+    file.record(0xA0000005, "int").range(1000, 2000, 1);
+    const std::string expected = LoadedTypes(file, false).trace();
+    const std::locale before =
+        std::locale::global(std::locale(std::locale::classic(), new Grouped));
+    const std::string trace = LoadedTypes(file, false).trace();
+    std::locale::global(before);
+    EXPECT_EQ(trace, expected);
+    EXPECT_NE(trace.find("si= 1000  "), std::string::npos);
 }
 
 TEST(Trace, IsSilentWhenOff) {

@@ -15,7 +15,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 struct Result {
@@ -98,8 +97,10 @@ TEST(RttiDump, PrintsAllFieldsOfAType) {
                           "    [1] \"L_1\" = 01 00\n"
                           "    [2] \"L_X\" = 03 01\n"
                           "    [3] \"L_Z\" = 00 03\n"
-                          "  value size: 2\n"
                           "  constraints: none\n"
+                          "  value encoding: 4-State\n"
+                          "  value size: 2 bytes\n"
+                          "  flattened constraints: (1 downto 0)\n"
                           "\n");
 }
 
@@ -148,7 +149,12 @@ TEST(RttiDump, FindsATypeFileAtAnOffset) {
     bytes += bytes.substr(0, 40);
     const Result result = rtti("dump --offset 64 " + fileOf(bytes));
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.out, "type 0: string \"abc\"\n  flags: 0x0\n\n");
+    EXPECT_EQ(result.out, "type 0: string \"abc\"\n"
+                          "  flags: 0x0\n"
+                          "  value encoding: 2-State\n"
+                          "  value size: not recorded\n"
+                          "  flattened constraints: none\n"
+                          "\n");
 }
 
 TEST(RttiDump, ShowsATypeIdThatBuildsNoType) {
@@ -249,6 +255,28 @@ TEST(RttiDump, SaysWhenItsOutputCannotBeWritten) {
     const int status = std::system(command.c_str());
     EXPECT_EQ(WEXITSTATUS(status), 2);
     expectOneLine(contentOf(scratch("err")));
+}
+
+TEST(RttiShow, PrintsATypeWhatItRefersToAndWhatRefersToIt) {
+    const Result result = rtti("show " + example("svkinds_slang") + " 5");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, StartsWith("type 5: discrete enumeration"));
+    EXPECT_THAT(result.out, HasSubstr("\nrefers to:\n\ntype 4: packed array \"\"\n  flags: 0x0\n"));
+    EXPECT_THAT(result.out, EndsWith("\nreferred to by:\n\ntype 6: typedef "
+                                     "\"kinds_pkg::enum_logic_e\"\n"));
+}
+
+TEST(RttiShow, RefusesAnIdThatTheFileDoesNotHave) {
+    const Result result = rtti("show " + example("svkinds_slang") + " 104");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    expectOneLine(result.err);
+}
+
+TEST(RttiShow, RefusesAFileThatIsNotThere) {
+    const Result result = rtti("show /not/there.typ 0");
+    EXPECT_EQ(result.status, 2);
+    expectOneLine(result.err);
 }
 
 TEST(Rtti, ShowsHelpWithAnExample) {

@@ -1,5 +1,6 @@
 #include "DumpCommand.h"
 #include "OpenedFile.h"
+#include "ShowCommand.h"
 
 #include <CLI/CLI.hpp>
 
@@ -42,24 +43,35 @@ void addDump(CLI::App& program, DumpOptions& options) {
                  "examples/typefiles/ibex_slang.typ");
 }
 
-int run(CLI::App& program, const DumpOptions& options, int argc, char** argv) {
+CLI::App* addShow(CLI::App& program, ShowOptions& options) {
+    CLI::App* show = program.add_subcommand("show", "Print one type with its neighbours");
+    show->add_option("FILE", options.file, "Storage file")->required();
+    show->add_option("ID", options.id, "The type's id")->required();
+    show->add_option("--offset", options.offset, "Where in FILE the type file begins (0)");
+    show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ 4");
+    return show;
+}
+
+/// Calls a subcommand; whatever it throws becomes one line and an exit status.
+template <typename Command>
+int run(CLI::App& program, const std::string& file, const Command& command, int argc, char** argv) {
     try {
         program.parse(argc, argv);
-        return runDump(options);
+        return command();
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return program.exit(error); // --help
         return fail(std::string(error.what()) + " (see rtti --help)", WRONG_CALL);
     } catch (const UnusableFile& error) {
-        return fail(options.file + ": " + error.what(), error.exitStatus());
+        return fail(file + ": " + error.what(), error.exitStatus());
     } catch (const std::bad_alloc&) {
-        return fail(options.file + ": there is not enough memory for what it asks for", WRONG_CALL);
+        return fail(file + ": there is not enough memory for what it asks for", WRONG_CALL);
     } catch (const std::out_of_range& error) {
-        return fail(options.file + ": too short: " + error.what(), WRONG_CALL);
+        return fail(file + ": too short: " + error.what(), WRONG_CALL);
     } catch (const std::exception& error) {
         const std::string text = error.what();
-        const bool namesFile = text.rfind(options.file, 0) == 0;
-        return fail(namesFile ? text : options.file + ": " + text, WRONG_CALL);
+        const bool namesFile = text.rfind(file, 0) == 0;
+        return fail(namesFile ? text : file + ": " + text, WRONG_CALL);
     }
 }
 
@@ -73,9 +85,17 @@ int main(int argc, char** argv) {
         "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ\n\n"
         "Exit status: 0 done, 1 the file has faults, 2 the call is wrong or the file "
         "cannot be read.");
-    DumpOptions options;
-    addDump(program, options);
-    const int status = run(program, options, argc, argv);
+    DumpOptions dump;
+    ShowOptions show;
+    addDump(program, dump);
+    const CLI::App* showCommand = addShow(program, show);
+    std::string file;
+    const auto command = [&] {
+        const bool isShow = showCommand->parsed();
+        file = isShow ? show.file : dump.file;
+        return isShow ? runShow(show) : runDump(dump);
+    };
+    const int status = run(program, file, command, argc, argv);
     if (!std::cout.flush())
         return fail("standard output: the text could not be written", WRONG_CALL);
     return status;
