@@ -1,170 +1,180 @@
-// Which overload of a visitor each class calls, and the compile-time classes.
+// Which overload of a visitor each class calls, and what becomes of its result.
 
 #include "RTTI/CTType.h"
 #include "RTTI/RTTypeVisitor.h"
+#include "support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
+#include <type_traits>
 
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 
-/// Remembers the overload that was called.
-class Recorder : public RTTypeDumperVisitor {
+/// Records the calls: the overload's name and the object that it was given.
+template <typename Visitor> class Recorder : public Visitor {
 public:
-    using RTTypeDumperVisitor::visit;
+    using Visitor::visit;
 
-    bool visit(const RTBaseType&) override { return saw("RTBaseType"); }
-    bool visit(const RTEnumType&) override { return saw("RTEnumType"); }
-    bool visit(const RTSeqEnumType&) override { return saw("RTSeqEnumType"); }
-    bool visit(const RTDiscreteEnumType&) override { return saw("RTDiscreteEnumType"); }
-    bool visit(const RTIntType&) override { return saw("RTIntType"); }
-    bool visit(const RTFloatType&) override { return saw("RTFloatType"); }
-    bool visit(const RTTypedefType&) override { return saw("RTTypedefType"); }
-    bool visit(const RTAccessType&) override { return saw("RTAccessType"); }
-    bool visit(const RTCHandle&) override { return saw("RTCHandle"); }
-    bool visit(const RTClassHandle&) override { return saw("RTClassHandle"); }
-    bool visit(const RTEventType&) override { return saw("RTEventType"); }
-    bool visit(const RTFileType&) override { return saw("RTFileType"); }
-    bool visit(const RTPhysicalType&) override { return saw("RTPhysicalType"); }
-    bool visit(const RTLogicType&) override { return saw("RTLogicType"); }
-    bool visit(const RTBitType&) override { return saw("RTBitType"); }
-    bool visit(const RTArrayType&) override { return saw("RTArrayType"); }
-    bool visit(const RTAbstractArrayType&) override { return saw("RTAbstractArrayType"); }
-    bool visit(const RTDynamicArrayType&) override { return saw("RTDynamicArrayType"); }
-    bool visit(const RTQueueType&) override { return saw("RTQueueType"); }
-    bool visit(const RTAssocArrayType&) override { return saw("RTAssocArrayType"); }
-    bool visit(const RTAggregateType&) override { return saw("RTAggregateType"); }
-    bool visit(const RTRecordType&) override { return saw("RTRecordType"); }
-    bool visit(const RTClassType&) override { return saw("RTClassType"); }
-    bool visit(const RTStringType&) override { return saw("RTStringType"); }
+    bool visit(const RTBaseType& type) override { return record("RTBaseType", &type); }
+    bool visit(const RTEnumType& type) override { return record("RTEnumType", &type); }
+    bool visit(const RTSeqEnumType& type) override { return record("RTSeqEnumType", &type); }
+    bool visit(const RTDiscreteEnumType& type) override {
+        return record("RTDiscreteEnumType", &type);
+    }
+    bool visit(const RTIntType& type) override { return record("RTIntType", &type); }
+    bool visit(const RTFloatType& type) override { return record("RTFloatType", &type); }
+    bool visit(const RTTypedefType& type) override { return record("RTTypedefType", &type); }
+    bool visit(const RTAccessType& type) override { return record("RTAccessType", &type); }
+    bool visit(const RTCHandle& type) override { return record("RTCHandle", &type); }
+    bool visit(const RTClassHandle&) override { return record("RTClassHandle", nullptr); }
+    bool visit(const RTEventType& type) override { return record("RTEventType", &type); }
+    bool visit(const RTFileType& type) override { return record("RTFileType", &type); }
+    bool visit(const RTPhysicalType& type) override { return record("RTPhysicalType", &type); }
+    bool visit(const RTLogicType&) override { return record("RTLogicType", nullptr); }
+    bool visit(const RTBitType&) override { return record("RTBitType", nullptr); }
+    bool visit(const RTArrayType& type) override { return record("RTArrayType", &type); }
+    bool visit(const RTAbstractArrayType& type) override {
+        return record("RTAbstractArrayType", &type);
+    }
+    bool visit(const RTDynamicArrayType& type) override {
+        return record("RTDynamicArrayType", &type);
+    }
+    bool visit(const RTQueueType& type) override { return record("RTQueueType", &type); }
+    bool visit(const RTAssocArrayType& type) override { return record("RTAssocArrayType", &type); }
+    bool visit(const RTAggregateType& type) override { return record("RTAggregateType", &type); }
+    bool visit(const RTRecordType& type) override { return record("RTRecordType", &type); }
+    bool visit(const RTClassType& type) override { return record("RTClassType", &type); }
+    bool visit(const RTStringType& type) override { return record("RTStringType", &type); }
 
-    std::string m_seen;
-    bool m_answer = true;
+    std::string m_overloads; ///< Every overload called, a space after each.
+    const RTBaseType* m_visited = nullptr;
+    bool m_result = true;
 
 private:
-    bool saw(const char* overload) {
-        m_seen += m_seen.empty() ? overload : std::string(" ") + overload;
-        return m_answer;
+    bool record(const char* overload, const RTBaseType* type) {
+        m_overloads += std::string(overload) + ' ';
+        m_visited = type;
+        return m_result;
     }
 };
 
-template <typename Type, typename... Arguments> std::string seenBy(const Arguments&... arguments) {
-    const Type type(arguments...);
-    Recorder recorder;
-    EXPECT_TRUE(type.accept(recorder));
-    return recorder.m_seen;
+/// An aggregate that does not say how it is visited.
+class OtherAggregate : public RTAggregateType {
+public:
+    ValueEncoding getValueEncoding() const override { return ENCODING_BYTE; }
+};
+
+std::string overloadsCalled(const RTBaseType& type) {
+    Recorder<RTTypeVisitor> visitor;
+    type.accept(visitor);
+    EXPECT_EQ(visitor.m_visited, &type);
+    return visitor.m_overloads;
 }
 
-TEST(Visitor, SeesEveryClassAsItself) {
-    EXPECT_EQ(seenBy<RTEnumType>(), "RTEnumType");
-    EXPECT_EQ(seenBy<RTSeqEnumType>(), "RTSeqEnumType");
-    EXPECT_EQ(seenBy<RTDiscreteEnumType>(), "RTDiscreteEnumType");
-    EXPECT_EQ(seenBy<RTIntType>(), "RTIntType");
-    EXPECT_EQ(seenBy<RTFloatType>(), "RTFloatType");
-    EXPECT_EQ(seenBy<RTAccessType>(), "RTAccessType");
-    EXPECT_EQ(seenBy<RTCHandle>(), "RTCHandle");
-    EXPECT_EQ(seenBy<RTEventType>(), "RTEventType");
-    EXPECT_EQ(seenBy<RTFileType>(), "RTFileType");
-    EXPECT_EQ(seenBy<RTPhysicalType>(), "RTPhysicalType");
-    EXPECT_EQ(seenBy<RTArrayType>(), "RTArrayType");
-    EXPECT_EQ(seenBy<RTAbstractArrayType>(), "RTAbstractArrayType");
-    EXPECT_EQ(seenBy<RTDynamicArrayType>(), "RTDynamicArrayType");
-    EXPECT_EQ(seenBy<RTQueueType>(), "RTQueueType");
-    EXPECT_EQ(seenBy<RTAssocArrayType>(), "RTAssocArrayType");
-    EXPECT_EQ(seenBy<RTRecordType>(), "RTRecordType");
-    EXPECT_EQ(seenBy<RTClassType>(), "RTClassType");
-    EXPECT_EQ(seenBy<RTStringType>(), "RTStringType");
+TEST(Visitors, EveryScalarClassCallsItsOwnOverloadOnce) {
+    EXPECT_EQ(overloadsCalled(RTEnumType()), "RTEnumType ");
+    EXPECT_EQ(overloadsCalled(RTSeqEnumType()), "RTSeqEnumType ");
+    EXPECT_EQ(overloadsCalled(RTDiscreteEnumType()), "RTDiscreteEnumType ");
+    EXPECT_EQ(overloadsCalled(RTIntType()), "RTIntType ");
+    EXPECT_EQ(overloadsCalled(RTFloatType()), "RTFloatType ");
+    EXPECT_EQ(overloadsCalled(RTCHandle()), "RTCHandle ");
+    EXPECT_EQ(overloadsCalled(RTEventType()), "RTEventType ");
+    EXPECT_EQ(overloadsCalled(RTPhysicalType()), "RTPhysicalType ");
+    EXPECT_EQ(overloadsCalled(RTStringType()), "RTStringType ");
 }
 
-TEST(Visitor, SeesAWildcardAsABaseType) { EXPECT_EQ(seenBy<RTWildCardType>(), "RTBaseType"); }
-
-TEST(Visitor, SeesACompileTimeTypeAsItsRunTimeClass) {
-    EXPECT_EQ((seenBy<CTQueueType>("q", 1u)), "RTQueueType");
-    EXPECT_EQ(seenBy<CTRecordType>(), "RTRecordType");
+TEST(Visitors, EveryClassThatRefersToOthersCallsItsOwnOverloadOnce) {
+    EXPECT_EQ(overloadsCalled(RTTypedefType()), "RTTypedefType ");
+    EXPECT_EQ(overloadsCalled(RTAccessType()), "RTAccessType ");
+    EXPECT_EQ(overloadsCalled(RTFileType()), "RTFileType ");
+    EXPECT_EQ(overloadsCalled(RTArrayType()), "RTArrayType ");
+    EXPECT_EQ(overloadsCalled(RTAbstractArrayType()), "RTAbstractArrayType ");
+    EXPECT_EQ(overloadsCalled(RTDynamicArrayType()), "RTDynamicArrayType ");
+    EXPECT_EQ(overloadsCalled(RTQueueType()), "RTQueueType ");
+    EXPECT_EQ(overloadsCalled(RTAssocArrayType()), "RTAssocArrayType ");
+    EXPECT_EQ(overloadsCalled(OtherAggregate()), "RTAggregateType ");
+    EXPECT_EQ(overloadsCalled(RTRecordType()), "RTRecordType ");
+    EXPECT_EQ(overloadsCalled(RTClassType()), "RTClassType ");
 }
 
-TEST(Visitor, DoesNotLookThroughTypedefs) {
-    const RTIntType aliased;
-    RTTypedefType type;
-    type.m_dataType = &aliased;
-    Recorder recorder;
-    type.accept(recorder);
-    EXPECT_EQ(recorder.m_seen, "RTTypedefType");
+TEST(Visitors, WildcardCallsTheOverloadOfTheBaseType) {
+    EXPECT_EQ(overloadsCalled(RTWildCardType()), "RTBaseType ");
 }
 
-TEST(Visitor, HandsOnTheResultOfItsOverload) {
-    Recorder recorder;
-    recorder.m_answer = false;
-    EXPECT_FALSE(RTIntType().accept(recorder));
-    recorder.m_answer = true;
-    EXPECT_TRUE(RTIntType().accept(recorder));
+TEST(Visitors, CompileTimeQueueIsVisitedAsAQueue) {
+    EXPECT_EQ(overloadsCalled(CTQueueType("q", 1)), "RTQueueType ");
 }
 
-TEST(DumperVisitor, AnswersTrueForPointersAndDoesNothing) {
-    Recorder recorder;
+TEST(Visitors, CompileTimeTypesAreVisitedAsTheirRunTimeClass) {
+    EXPECT_EQ(overloadsCalled(CTSeqEnumType()), "RTSeqEnumType ");
+    EXPECT_EQ(overloadsCalled(CTDiscreteEnumType()), "RTDiscreteEnumType ");
+    EXPECT_EQ(overloadsCalled(CTIntType()), "RTIntType ");
+    EXPECT_EQ(overloadsCalled(CTFloatType()), "RTFloatType ");
+    EXPECT_EQ(overloadsCalled(CTTypedefType()), "RTTypedefType ");
+    EXPECT_EQ(overloadsCalled(CTAccessType()), "RTAccessType ");
+    EXPECT_EQ(overloadsCalled(CTEventType()), "RTEventType ");
+    EXPECT_EQ(overloadsCalled(CTFileType()), "RTFileType ");
+    EXPECT_EQ(overloadsCalled(CTPhysicalType()), "RTPhysicalType ");
+    EXPECT_EQ(overloadsCalled(CTArrayType()), "RTArrayType ");
+    EXPECT_EQ(overloadsCalled(CTRecordType()), "RTRecordType ");
+    EXPECT_EQ(overloadsCalled(CTDynamicArrayType("d", 1)), "RTDynamicArrayType ");
+    EXPECT_EQ(overloadsCalled(CTAssocArrayType("a", 1, 2)), "RTAssocArrayType ");
+}
+
+TEST(Visitors, AcceptReturnsWhatTheOverloadReturns) {
+    TypeGraph types;
+    types.add<RTIntType>();
+    types.add<RTWildCardType>();
+    types.structure();
+    types.classType();
+    types.add<CTQueueType>(nullptr, 1U);
+    Recorder<RTTypeVisitor> visitor;
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        for (const bool result : {true, false}) {
+            visitor.m_result = result;
+            EXPECT_EQ(types[i].accept(visitor), result) << i;
+        }
+    }
+}
+
+TEST(Visitors, TypedefIsVisitedAsATypedefNotAsWhatItNames) {
+    TypeGraph types;
+    EXPECT_EQ(overloadsCalled(types.alias(&types.add<RTIntType>())), "RTTypedefType ");
+}
+
+static_assert(std::is_abstract_v<RTTypeVisitor>);
+static_assert(std::is_abstract_v<RTTypeDumperVisitor>);
+
+/// Whether the dumper's overload for pointers to `Type` returns true and calls no other overload.
+template <typename Type> bool dumperDoesNothing(Type* type) {
+    Recorder<RTTypeDumperVisitor> visitor;
+    visitor.m_result = false;
+    return visitor.visit(type) && visitor.m_overloads.empty();
+}
+
+template <typename... Types> void expectDumperDoesNothing() {
+    EXPECT_TRUE((dumperDoesNothing(static_cast<Types*>(nullptr)) && ...));
+}
+
+TEST(Visitors, DumperDoesNothingForPointersAndReturnsTrue) {
+    expectDumperDoesNothing<RTBaseType, RTEnumType, RTSeqEnumType, RTDiscreteEnumType, RTIntType,
+                            RTFloatType, RTTypedefType, RTAccessType>();
+    expectDumperDoesNothing<RTCHandle, RTClassHandle, RTEventType, RTFileType, RTPhysicalType,
+                            RTLogicType, RTBitType, RTArrayType>();
+    expectDumperDoesNothing<RTAbstractArrayType, RTDynamicArrayType, RTQueueType, RTAssocArrayType,
+                            RTRecordType, RTClassType, RTStringType>();
+}
+
+TEST(Visitors, AcceptCallsTheOverloadForConstantTypesOfADumper) {
+    Recorder<RTTypeDumperVisitor> visitor;
+    visitor.m_result = false;
     RTQueueType queue;
-    RTClassType type;
-    EXPECT_TRUE(recorder.visit(&queue));
-    EXPECT_TRUE(recorder.visit(&type));
-    EXPECT_TRUE(recorder.visit(static_cast<RTBitType*>(nullptr)));
-    EXPECT_EQ(recorder.m_seen, "");
-}
-
-template <typename Type> unsigned int throughMixIn(const Type& type) {
-    return static_cast<const CTBaseType&>(type).GetClassId();
-}
-
-TEST(CompileTimeTypes, ArrayHoldsOneIndexType) {
-    const CTArrayType type("a", VHDL_ARRAY, 5, 9);
-    EXPECT_STREQ(type.m_name, "a");
-    EXPECT_EQ(type.m_arrayKind, 0xA00001u);
-    EXPECT_EQ(type.m_elementTypeId, 5u);
-    EXPECT_EQ(type.m_indexTypeIds, std::vector<unsigned int>{9});
-    EXPECT_EQ(type.getSVTypeId(), -99);
-    EXPECT_EQ(static_cast<const RTBaseType&>(type).GetClassId(), 0xA0000010u);
-    EXPECT_EQ(throughMixIn(type), 0xA0000010u);
-}
-
-TEST(CompileTimeTypes, AssociativeArrayKeepsANullName) {
-    CTAssocArrayType type(nullptr, 3, 4);
-    EXPECT_EQ(type.m_name, nullptr);
-    EXPECT_EQ(type.m_elementTypeId, 3u);
-    EXPECT_EQ(type.getIndexTypeId(), 4u);
-    EXPECT_EQ(type.getArrayKind(), 0xA00005u);
-    EXPECT_EQ(type.m_indexType, nullptr);
-    EXPECT_EQ(type.GetClassId(), 0xA0000015u);
-}
-
-TEST(CompileTimeTypes, TypedefKeepsANullLink) {
-    const CTTypedefType type("t", 7);
-    EXPECT_EQ(throughMixIn(type), 0xA0000007u);
-    EXPECT_EQ(type.m_dataTypeId, 7u);
-    EXPECT_EQ(type.m_dataType, nullptr);
-}
-
-TEST(CompileTimeTypes, CopyTheirNames) {
-    char name[] = "first";
-    const CTQueueType type(name, 1);
-    std::strcpy(name, "other");
-    EXPECT_STREQ(type.m_name, "first");
-}
-
-TEST(CompileTimeTypes, AnswerTheClassOfTheirRunTimeTypeThroughBothBases) {
-    EXPECT_EQ(throughMixIn(CTSeqEnumType()), 0xA0000003u);
-    EXPECT_EQ(throughMixIn(CTDiscreteEnumType()), 0xA0000004u);
-    EXPECT_EQ(throughMixIn(CTIntType()), 0xA0000005u);
-    EXPECT_EQ(throughMixIn(CTFloatType()), 0xA0000006u);
-    EXPECT_EQ(throughMixIn(CTAccessType("p", 1)), 0xA0000008u);
-    EXPECT_EQ(throughMixIn(CTEventType()), 0xA000000Bu);
-    EXPECT_EQ(throughMixIn(CTFileType("f", 1)), 0xA000000Cu);
-    EXPECT_EQ(throughMixIn(CTPhysicalType()), 0xA000000Du);
-    EXPECT_EQ(throughMixIn(CTRecordType()), 0xA0000011u);
-    EXPECT_EQ(CTDynamicArrayType("d", 1).GetClassId(), 0xA0000013u);
-    EXPECT_EQ(CTQueueType("q", 1).GetClassId(), 0xA0000014u);
+    EXPECT_FALSE(queue.accept(visitor));
+    EXPECT_EQ(visitor.m_overloads, "RTQueueType ");
 }
 
 } // namespace
