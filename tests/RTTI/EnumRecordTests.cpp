@@ -152,4 +152,56 @@ TEST(PhysicalRecords, ValuesMayBeNegativeAndLarge) {
     EXPECT_EQ(types.as<RTPhysicalType>(0).m_units[1].value, 0x123456789ABCDEF0);
 }
 
+TEST(SeqEnumRecords, EmptyBodyIsTracedWithItsDefaults) {
+    const std::string trace = LoadedTypes(TypeFileBuilder{}.record(0xA0000003, "e"), false).trace();
+    EXPECT_NE(trace.find("  Encoding:  4-State  \n  Kind:  INVALID_ENUM  \n**  Size:  1  \n"),
+              std::string::npos)
+        << trace;
+}
+
+TEST(SeqEnumRecords, EncodingsAndKindsAreTracedByName) {
+    const char* encodings[] = {"4-State", "2-State", "Byte", "Unpadded-Byte", "<Bad Encoding>"};
+    const char* kinds[] = {"INVALID_ENUM",        "VLOG_BUILTIN_ENUM", "VHDL_BIT_ENUM",
+                           "VHDL_STD_LOGIC_ENUM", "VHDL_CHAR_ENUM",    "VHDL_OTHER_ENUM",
+                           "<Bad Kind>"};
+    for (int kind = 0; kind < 7; ++kind) {
+        const int encoding = kind < 5 ? kind : 4;
+        TypeFileBuilder file;
+        file.record(0xA0000003, "e").i32(encoding).i32(kind).i32(0).i32(1);
+        const std::string trace = LoadedTypes(file, false).trace();
+        EXPECT_NE(trace.find(std::string("  Encoding:  ") + encodings[encoding] +
+                             "  \n  Kind:  " + kinds[kind] + "  \n"),
+                  std::string::npos)
+            << trace;
+    }
+}
+
+TEST(DiscreteEnumRecords, EnumeratorsWithoutValueBytesFollowEachOther) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(2).i32(0).str("A").str("B");
+    file.u32(1).range(1, 0, 0);
+    LoadedTypes types(file, false);
+    EXPECT_NE(types.trace().find("** Enumerator[ 1 ] =   B  (value, byte by byte =   )  \n"),
+              std::string::npos);
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(1).m_enumerators[1].enumName, "B");
+    EXPECT_EQ(types.as<RTDiscreteEnumType>(1).m_constraints.size(), 1u);
+}
+
+TEST(DiscreteEnumRecords, ValueBytesAreTracedWithTheirSign) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(1).i32(3).str("A").bytes("\x80\x7F");
+    const std::string trace = LoadedTypes(file, false).trace();
+    EXPECT_NE(trace.find("(value, byte by byte =   -128    127    0    )  \n"), std::string::npos)
+        << trace;
+}
+
+TEST(DiscreteEnumRecords, ConstraintsFollowTheSizeWhereThereAreNoEnumerators) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(0).i32(4).u32(1).range(5, 6, 1);
+    LoadedTypes types(file);
+    EXPECT_EQ(types[1]->getValueSize(), 4u);
+    EXPECT_THAT(numbersOf(types.as<RTDiscreteEnumType>(1).m_constraints),
+                ElementsAre(ElementsAre(5, 6, 1)));
+}
+
 } // namespace

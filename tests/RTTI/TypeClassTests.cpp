@@ -185,4 +185,43 @@ TEST(TypeClasses, ReleaseTheirNamesAndLiterals) {
     EXPECT_STREQ(type.m_enumeratorNames[0], "A");
 }
 
+TEST(Dimensions, ChainOfDiscreteEnumerationsIsLookedThrough) {
+    const RTIntType element;
+    RTQueueType base;
+    base.m_elementType = &element;
+    RTDiscreteEnumType inner;
+    inner.m_baseType = &base;
+    RTTypedefType alias;
+    alias.m_dataType = &inner;
+    RTDiscreteEnumType enumeration;
+    enumeration.m_baseType = &alias;
+    RTDynamicArrayType outer;
+    outer.m_elementType = &enumeration;
+    EXPECT_EQ(outer.getTotalNumDimensions(false), 2u);
+    EXPECT_EQ(outer.getTotalNumDimensions(true), 1u);
+}
+
+TEST(Dimensions, EnumerationInsideANestedArrayIsALeafOrItsBaseType) {
+    const RTIntType element;
+    RTArrayType matrix;
+    matrix.m_elementType = &element;
+    matrix.m_indexTypeIds = {1, 2};
+    RTDiscreteEnumType enumeration;
+    enumeration.m_baseType = &matrix;
+    RTArrayType array;
+    array.m_elementType = &enumeration;
+    array.m_indexTypeIds = {1};
+    RTQueueType outer;
+    outer.m_elementType = &array;
+    EXPECT_EQ(outer.getTotalNumDimensions(false), 4u);
+    EXPECT_EQ(outer.getTotalNumDimensions(true), 2u);
+}
+
+TEST(Dimensions, SequentialEnumerationIsALeaf) {
+    const RTSeqEnumType enumeration;
+    RTAssocArrayType map;
+    map.m_elementType = &enumeration;
+    EXPECT_EQ(map.getTotalNumDimensions(false), 1u);
+}
+
 } // namespace
