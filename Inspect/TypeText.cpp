@@ -1,8 +1,8 @@
 #include "Inspect/TypeText.h"
 
-#include <fmt/format.h>
+#include "Inspect/NamedValues.h"
 
-#include <cstddef>
+#include <fmt/format.h>
 
 namespace Inspect {
 
@@ -10,39 +10,20 @@ using namespace RTTI;
 
 namespace {
 
-constexpr const char* encodings[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
-constexpr const char* arrayKinds[] = {"ARRAY_KIND_INVALID",
-                                      "VHDL_ARRAY",
-                                      "VLOG_FIXED_UNPACKED_ARRAY",
-                                      "VLOG_FIXED_PACKED_ARRAY",
-                                      "VLOG_DYNAMIC_ARRAY",
-                                      "VLOG_ASSOCIATIVE_ARRAY",
-                                      "VLOG_QUEUE",
-                                      "BYTE_UNPADDED_ARRAY"};
-constexpr const char* recordKinds[] = {"RECORD_KIND_INVALID",        "VHDL_RECORD",
-                                       "VLOG_UNPACKED_STRUCT",       "VLOG_PACKED_STRUCT",
-                                       "VLOG_PACKED_TAGGED_UNION",   "VLOG_UNPACKED_TAGGED_UNION",
-                                       "VLOG_PACKED_UNTAGGED_UNION", "VLOG_UNPACKED_UNTAGGED_UNION",
-                                       "BYTE_UNPADDED_STRUCT"};
-constexpr const char* enumKinds[] = {"INVALID_ENUM",        "VLOG_BUILTIN_ENUM", "VHDL_BIT_ENUM",
-                                     "VHDL_STD_LOGIC_ENUM", "VHDL_CHAR_ENUM",    "VHDL_OTHER_ENUM"};
-
-/// `names[value - first]`, or the value itself in the given format.
-template <std::size_t N, typename Value>
-std::string nameOr(const char* const (&names)[N], Value value, Value first, const char* format) {
-    const unsigned int index = static_cast<unsigned int>(value) - static_cast<unsigned int>(first);
-    return index < N ? names[index] : fmt::format(fmt::runtime(format), value);
+/// The name of a value, or the value itself in the given format.
+template <typename Value>
+std::string nameOr(const NamedValues& names, Value value, const char* format) {
+    const char* name = names.nameOf(static_cast<unsigned int>(value));
+    return name != nullptr ? name : fmt::format(fmt::runtime(format), value);
 }
 
 } // namespace
 
-std::string quoted(std::string_view text) {
-    std::string result = "\"";
+std::string escaped(std::string_view text) {
+    std::string result;
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\')
-            result += {'\\', c};
-        else if (c == '\n')
+        if (c == '\n')
             result += "\\n";
         else if (c == '\t')
             result += "\\t";
@@ -51,6 +32,13 @@ std::string quoted(std::string_view text) {
         else
             result += c;
     }
+    return result;
+}
+
+std::string quoted(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : text)
+        result += c == '"' || c == '\\' ? std::string{'\\', c} : escaped({&c, 1});
     return result + '"';
 }
 
@@ -69,21 +57,17 @@ std::string rangeText(const FullConstraints& range) {
 }
 
 std::string encodingText(ValueEncoding encoding) {
-    return nameOr(encodings, static_cast<int>(encoding), 0, "{}");
+    return nameOr(valueEncodings, static_cast<int>(encoding), "{}");
 }
 
 std::string arrayKindText(ArrayKind kind) {
-    return nameOr(arrayKinds, static_cast<unsigned int>(kind),
-                  static_cast<unsigned int>(ARRAY_KIND_INVALID), "{:#x}");
+    return nameOr(arrayKinds, static_cast<unsigned int>(kind), "{:#x}");
 }
 
 std::string recordKindText(RecordKind kind) {
-    return nameOr(recordKinds, static_cast<unsigned int>(kind),
-                  static_cast<unsigned int>(RECORD_KIND_INVALID), "{:#x}");
+    return nameOr(recordKinds, static_cast<unsigned int>(kind), "{:#x}");
 }
 
-std::string enumKindText(EnumKind kind) {
-    return nameOr(enumKinds, static_cast<int>(kind), 0, "{}");
-}
+std::string enumKindText(EnumKind kind) { return nameOr(enumKinds, static_cast<int>(kind), "{}"); }
 
 } // namespace Inspect

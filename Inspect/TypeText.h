@@ -7,8 +7,11 @@
 
 namespace Inspect {
 
-/// `text` in double quotes. Quotes, backslashes and all bytes but printable ASCII are escaped, so
-/// that a terminal shows what is there and does nothing else.
+/// `text` with all bytes but printable ASCII escaped, so that a terminal shows what is there and
+/// does nothing else.
+std::string escaped(std::string_view text);
+
+/// `text` escaped, quotes and backslashes as well, in double quotes.
 std::string quoted(std::string_view text);
 
 /// A type's name, quoted, or "(no name)".

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstring>
 #include <type_traits>
 
@@ -19,6 +20,15 @@ template <typename T> T littleEndianAt(const char* bytes) {
     T value;
     std::memcpy(&value, copy, sizeof(T));
     return value;
+}
+
+/// Writes `value` as a little-endian number of `sizeof(T)` bytes.
+template <typename T> void putLittleEndian(char* bytes, T value) {
+    static_assert(std::is_arithmetic_v<T>);
+    char copy[sizeof(T)];
+    std::memcpy(copy, &value, sizeof(T));
+    for (std::size_t i = 0; i < sizeof(T); ++i)
+        bytes[i] = copy[std::endian::native == std::endian::little ? i : sizeof(T) - 1 - i];
 }
 
 } // namespace RTTI

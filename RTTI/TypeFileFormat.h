@@ -65,7 +65,9 @@ inline constexpr int TO_DIRECTION = 1;
 /// The one flag bit that the library reads: a value of the type is stored in unpadded bytes.
 inline constexpr unsigned int UNPADDED_BYTE_FLAG = 0x10;
 
-/// Header: version text, type count, storage offset of the address table.
+/// Header: version text, type count, storage offset of the address table. The version text that
+/// writers give; readers take any but the one of an invalid file.
+inline constexpr char TYPE_FILE_VERSION[] = "Brakel Ovat TYPE FILE 001";
 inline constexpr std::size_t VERSION_SIZE = 32;
 inline constexpr std::size_t TYPE_COUNT_OFFSET = 32;
 inline constexpr std::size_t ADDRESS_TABLE_OFFSET = 36;
@@ -81,6 +83,12 @@ inline constexpr std::size_t RECORD_KIND_OFFSET = 4;
 inline constexpr std::size_t RECORD_KIND_SIZE = 4;
 inline constexpr std::size_t RECORD_HEADER_SIZE = 8;
 static_assert(RECORD_HEADER_SIZE == RECORD_KIND_OFFSET + RECORD_KIND_SIZE);
+
+/// The record size is a signed 32-bit number.
+inline constexpr std::size_t LARGEST_RECORD_SIZE = 0x7FFFFFFF;
+
+/// The address table's storage offset is an unsigned 32-bit number.
+inline constexpr unsigned long long LARGEST_ADDRESS_TABLE_OFFSET = 0xFFFFFFFF;
 
 /// Constraint record: start index, end index, direction.
 inline constexpr std::size_t CONSTRAINT_SIZE = 12;

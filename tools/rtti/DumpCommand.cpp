@@ -1,6 +1,7 @@
 #include "DumpCommand.h"
 
 #include "Inspect/TypeDumper.h"
+#include "Inspect/TypeJsonWriter.h"
 #include "Inspect/TypeKind.h"
 #include "OpenedFile.h"
 
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <optional>
 #include <sstream>
 
 #include <fnmatch.h>
@@ -47,6 +49,10 @@ public:
     int run() {
         if (m_options.trace)
             m_file.manager().setDebugMode();
+        if (m_options.json || m_options.ndjson)
+            m_json.emplace(std::cout,
+                           m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
+                           m_file.version());
         if (m_options.ids.empty()) {
             for (unsigned int id = 0; id < m_file.typeCount() && std::cout; ++id)
                 dump(id);
@@ -54,6 +60,8 @@ public:
             for (const unsigned int id : m_options.ids)
                 dump(id);
         }
+        if (m_json)
+            m_json->end();
         return m_faults ? 1 : 0;
     }
 
@@ -71,7 +79,11 @@ private:
         const RTBaseType* type = m_file.manager().getRTType(id);
         if (type == nullptr)
             dumpHole(id);
-        else if (!m_options.trace && isWanted(*type))
+        else if (m_options.trace || !isWanted(*type))
+            return;
+        else if (m_json)
+            m_json->type(id, *type);
+        else
             Inspect::dumpType(std::cout, id, *type, [this](unsigned int other) {
                 return m_file.manager().getRTType(other);
             });
@@ -86,7 +98,10 @@ private:
 
     void dumpHole(unsigned int id) {
         const unsigned int kind = m_file.kindOf(id);
-        if (!m_options.trace && m_options.kind.empty() && m_options.name.empty())
+        const bool isShown = !m_options.trace && m_options.kind.empty() && m_options.name.empty();
+        if (isShown && m_json)
+            m_json->noType(id, kind);
+        else if (isShown)
             std::cout << "type " << id << ": builds no type (kind " << hex(kind) << ")\n\n";
         if (std::find(std::begin(kindsWithoutType), std::end(kindsWithoutType), kind) !=
             std::end(kindsWithoutType))
@@ -98,6 +113,7 @@ private:
 
     const DumpOptions& m_options;
     OpenedFile m_file;
+    std::optional<Inspect::TypeJsonWriter> m_json;
     bool m_faults = false;
 };
 
@@ -107,6 +123,8 @@ int runDump(const DumpOptions& options) {
     checkKind(options.kind);
     if (options.trace && !(options.kind.empty() && options.name.empty()))
         throw CLI::ValidationError("--trace shows whole loads: use it with --id or alone");
+    if (options.json + options.ndjson + options.trace > 1)
+        throw CLI::ValidationError("--json, --ndjson and --trace exclude one another");
     Dump dump(options);
     dump.checkIds();
     return dump.run();

@@ -11,6 +11,8 @@ struct DumpOptions {
     std::string kind;              ///< Empty for all.
     std::string name;              ///< A glob; empty for all.
     bool trace = false;
+    bool json = false;
+    bool ndjson = false;
 };
 
 /// Prints the types of a file to standard output. The exit status: 0, or 1 if the file has faults,

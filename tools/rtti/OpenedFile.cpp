@@ -34,6 +34,7 @@ void OpenedFile::checkHeader(unsigned long long offset) {
     char header[HEADER_SIZE];
     m_storage.read(offset, header, HEADER_SIZE);
     const std::string_view version(header, std::find(header, header + VERSION_SIZE, '\0') - header);
+    m_version = version;
     m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
     m_tableOffset = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
     const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });

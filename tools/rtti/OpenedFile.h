@@ -25,6 +25,9 @@ public:
     OpenedFile(const std::string& path, unsigned long long offset);
 
     unsigned int typeCount() const { return m_typeCount; }
+
+    /// The version text in the file's header.
+    const std::string& version() const { return m_version; }
     RTTI::RTTypeManager& manager() { return m_manager; }
 
     /// The kind code of a type's record, as the storage has it.
@@ -35,6 +38,7 @@ private:
 
     OVAT::FileBlockManager m_storage;
     RTTI::RTTypeManager m_manager; ///< Reads from the storage.
+    std::string m_version;
     unsigned int m_typeCount = 0;
     unsigned int m_tableOffset = 0;
 };

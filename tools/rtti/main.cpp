@@ -1,4 +1,7 @@
+#include "BuildCommand.h"
 #include "DumpCommand.h"
+#include "Inspect/JsonError.h"
+#include "Inspect/TypeText.h"
 #include "OpenedFile.h"
 #include "ShowCommand.h"
 
@@ -12,17 +15,14 @@
 
 namespace {
 
+constexpr int FAULTY_FILE = 1;
 constexpr int WRONG_CALL = 2;
 
-/// One line on standard error, whatever the text holds.
+/// One line on standard error. What a file's bytes or a call's words brought along is escaped, so
+/// that it does nothing to a terminal.
 int fail(const std::string& what, int exitStatus) {
-    std::string line = "rtti: " + what;
-    for (char& c : line) {
-        if (c == '\n')
-            c = ' ';
-    }
     std::cout.flush();
-    std::cerr << line << '\n';
+    std::cerr << "rtti: " << Inspect::escaped(what) << '\n';
     return exitStatus;
 }
 
@@ -39,6 +39,8 @@ void addDump(CLI::App& program, DumpOptions& options) {
     dump->add_option("--name", options.name, "Only types whose name matches this shell pattern")
         ->type_name("GLOB");
     dump->add_flag("--trace", options.trace, "Print the debug trace of the load instead");
+    dump->add_flag("--json", options.json, "Print a JSON document that rtti build reads");
+    dump->add_flag("--ndjson", options.ndjson, "The same with a JSON object a line");
     dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
                  "examples/typefiles/ibex_slang.typ");
 }
@@ -50,6 +52,23 @@ CLI::App* addShow(CLI::App& program, ShowOptions& options) {
     show->add_option("--offset", options.offset, "Where in FILE the type file begins (0)");
     show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ 4");
     return show;
+}
+
+CLI::App* addBuild(CLI::App& program, BuildOptions& options) {
+    CLI::App* build = program.add_subcommand("build", "Write a type file from its JSON form");
+    build
+        ->add_option("TYPES", options.file, "JSON text, as rtti dump --json prints it; - for input")
+        ->required();
+    build->add_option("-o,--output", options.output, "Storage file to write")->required();
+    build->add_option("--offset", options.offset, "Where in it the type file begins (0)");
+    build
+        ->add_option("--image", options.image,
+                     "Storage file to take the bytes around the type file from")
+        ->type_name("FILE");
+    build->add_flag("--ndjson", options.ndjson, "TYPES has a JSON object a line");
+    build->footer("Example:\n  rtti dump --json examples/typefiles/ibex_slang.typ > types.json\n"
+                  "  rtti build types.json -o types.typ");
+    return build;
 }
 
 /// Calls a subcommand; whatever it throws becomes one line and an exit status.
@@ -64,13 +83,15 @@ int run(CLI::App& program, const std::string& file, const Command& command, int 
         return fail(std::string(error.what()) + " (see rtti --help)", WRONG_CALL);
     } catch (const UnusableFile& error) {
         return fail(file + ": " + error.what(), error.exitStatus());
+    } catch (const Inspect::JsonError& error) {
+        return fail(file + ": " + error.what(), FAULTY_FILE);
     } catch (const std::bad_alloc&) {
         return fail(file + ": there is not enough memory for what it asks for", WRONG_CALL);
     } catch (const std::out_of_range& error) {
         return fail(file + ": too short: " + error.what(), WRONG_CALL);
     } catch (const std::exception& error) {
         const std::string text = error.what();
-        const bool namesFile = text.rfind(file, 0) == 0;
+        const bool namesFile = text.rfind(file, 0) == 0 || text.find(": ") != std::string::npos;
         return fail(namesFile ? text : file + ": " + text, WRONG_CALL);
     }
 }
@@ -79,7 +100,7 @@ int run(CLI::App& program, const std::string& file, const Command& command, int 
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN); // A reader that has gone shows as an output that fails.
-    CLI::App program("Shows the types in the type files of an HDL simulator.", "rtti");
+    CLI::App program("Shows and makes the type files of an HDL simulator.", "rtti");
     program.require_subcommand(1);
     program.footer(
         "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ\n\n"
@@ -88,9 +109,15 @@ int main(int argc, char** argv) {
     DumpOptions dump;
     ShowOptions show;
     addDump(program, dump);
+    BuildOptions build;
     const CLI::App* showCommand = addShow(program, show);
+    const CLI::App* buildCommand = addBuild(program, build);
     std::string file;
     const auto command = [&] {
+        if (buildCommand->parsed()) {
+            file = build.file;
+            return runBuild(build);
+        }
         const bool isShow = showCommand->parsed();
         file = isShow ? show.file : dump.file;
         return isShow ? runShow(show) : runDump(dump);

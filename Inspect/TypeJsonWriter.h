@@ -1,0 +1,40 @@
+#pragma once
+
+#include "RTTI/RTType.h"
+
+#include <ostream>
+#include <string_view>
+
+namespace Inspect {
+
+/// How the JSON form is cut into lines.
+enum class JsonForm {
+    DOCUMENT, ///< One object, with one type a line in its list "types".
+    LINES     ///< An object a line: the file's properties, then the types.
+};
+
+/// Writes types in the JSON form, one after the other: one object a type, every field of its
+/// record, other types by id. The text is ASCII and is the same on every run. Nothing is held back:
+/// memory does not grow with the number of types.
+class TypeJsonWriter {
+public:
+    /// `version` is the file's version text.
+    TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version);
+
+    void type(unsigned int id, const RTTI::RTBaseType& type);
+
+    /// An id whose record builds no type, with the kind code of that record.
+    void noType(unsigned int id, unsigned int kindCode);
+
+    /// Closes the document. Called once, last.
+    void end();
+
+private:
+    void line(const std::string& object);
+
+    std::ostream& m_out;
+    JsonForm m_form;
+    bool m_isFirst = true;
+};
+
+} // namespace Inspect

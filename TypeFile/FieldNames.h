@@ -1,0 +1,49 @@
+#pragma once
+
+namespace TypeFile {
+
+/// The fields of a record by name: in errors, and as keys of the JSON form.
+namespace Field {
+
+inline constexpr char ID[] = "id";
+inline constexpr char KIND[] = "kind";
+inline constexpr char NAME[] = "name";
+inline constexpr char FLAGS[] = "flags";
+inline constexpr char SV_TYPE_ID[] = "svTypeId";
+inline constexpr char VALUE_SIZE[] = "valueSize";
+inline constexpr char ALIGNMENT[] = "alignment";
+inline constexpr char FLAVOUR[] = "flavour";
+inline constexpr char CONSTRAINTS[] = "constraints";
+
+inline constexpr char ENCODING[] = "encoding";
+inline constexpr char ENUM_KIND[] = "enumKind";
+inline constexpr char LITERALS[] = "literals";
+inline constexpr char BASE_TYPE[] = "baseType";
+inline constexpr char VALUE[] = "value";
+inline constexpr char RANGE[] = "range";
+inline constexpr char LEFT[] = "left";
+inline constexpr char RIGHT[] = "right";
+inline constexpr char DIRECTION[] = "direction";
+inline constexpr char DATA_TYPE[] = "dataType";
+inline constexpr char REF_TYPE[] = "refType";
+inline constexpr char UNITS[] = "units";
+inline constexpr char ARRAY_KIND[] = "arrayKind";
+inline constexpr char ELEMENT_TYPE[] = "elementType";
+inline constexpr char INDEX_TYPES[] = "indexTypes";
+inline constexpr char INDEX_TYPE[] = "indexType";
+inline constexpr char RECORD_KIND[] = "recordKind";
+inline constexpr char BASE_CLASS[] = "baseClass";
+inline constexpr char MEMBERS[] = "members";
+inline constexpr char TYPE[] = "type";
+inline constexpr char FLAG[] = "flag";
+
+/// What a file as a whole has.
+inline constexpr char VERSION[] = "version";
+inline constexpr char ADDRESS_TABLE_OFFSET[] = "addressTableOffset";
+
+/// What the classes keep in reserve; no record holds it.
+inline constexpr char RESERVED[] = "reserved";
+
+} // namespace Field
+
+} // namespace TypeFile
