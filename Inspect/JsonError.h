@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace Inspect {
 
@@ -14,19 +16,19 @@ public:
         : std::runtime_error(place + ": " + reason) {}
 };
 
-/// Where a value stands in a text: the steps to it, outermost last. It is made on the way down and
+/// Where a value stands in a text: a step, and the steps to it. It is made on the way down and
 /// becomes text only for an error.
 class JsonPlace {
 public:
-    /// The root of the text; `prefix` stands in front of every pointer.
-    explicit JsonPlace(std::string prefix) : m_prefix(std::move(prefix)) {}
+    /// A place whose text is known.
+    explicit JsonPlace(std::string text) : m_text(std::move(text)) {}
     JsonPlace(const JsonPlace& outer, const char* key) : m_outer(&outer), m_key(key) {}
     JsonPlace(const JsonPlace& outer, std::size_t index) : m_outer(&outer), m_index(index) {}
 
     /// Such as "/types/3/members/0/name".
     std::string text() const {
         if (m_outer == nullptr)
-            return m_prefix;
+            return m_text;
         return m_outer->text() + '/' + (m_key != nullptr ? m_key : std::to_string(m_index));
     }
 
@@ -34,7 +36,7 @@ private:
     const JsonPlace* m_outer = nullptr;
     const char* m_key = nullptr;
     std::size_t m_index = 0;
-    std::string m_prefix;
+    std::string m_text;
 };
 
 } // namespace Inspect

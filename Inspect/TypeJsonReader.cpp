@@ -263,7 +263,7 @@ void TypeJsonReader::readLines(std::istream& in) {
         if (line.find_first_not_of(" \t\r") == std::string::npos)
             continue;
         const std::size_t typesBefore = m_typeIds.size();
-        Scan(*this, "line " + std::to_string(number) + ' ').readLine(line, number);
+        Scan(*this, "line " + std::to_string(number) + ", type").readLine(line, number);
         if (m_typeIds.size() != typesBefore)
             m_lines.push_back(number);
     }
@@ -276,7 +276,7 @@ std::string TypeJsonReader::placeOf(unsigned int typeId, const std::string& fiel
     const auto index = static_cast<std::size_t>(m_typeIds.rend() - last) - 1;
     const std::string type = m_lines.empty()
                                  ? std::string("/") + JsonKey::TYPES + '/' + std::to_string(index)
-                                 : "line " + std::to_string(m_lines[index]) + ' ';
+                                 : "line " + std::to_string(m_lines[index]) + ", type";
     return type + pointerOf(field);
 }
 
