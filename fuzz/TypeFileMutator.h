@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace Fuzz {
+
+/// A type file taken apart: what mutations work on, so that they reach the bodies of the records
+/// instead of breaking table and sizes every time.
+struct Parts {
+    std::string version; ///< 32 bytes.
+    std::vector<std::string> records;
+};
+
+/// As much of a type file as can be made out; no records where there is none.
+Parts takeApart(const std::uint8_t* data, std::size_t size);
+
+/// A type file of these parts, its sizes, addresses and count right.
+std::string putTogether(const Parts& parts);
+
+/// One random change to records: numbers, names, sizes, kinds, whole records.
+void mutate(Parts& parts, std::mt19937& random);
+
+/// The number of types that a target asks for: what the header says, but no more than there are
+/// bytes for.
+unsigned int typeCountOf(const void* data, std::size_t size);
+
+} // namespace Fuzz
