@@ -145,13 +145,12 @@ void ConstraintWalk::enterClass(const RTClassType& type) {
     if (!classesOnPath().insert(&type).second)
         return;
     try {
-        m_segments.reserve(m_segments.size() + 1);
+        m_segments.push_back(++m_classesEntered); // One too many does not matter: the walk ends.
         m_path.push_back({nullptr, &type, true, false, 0, m_out.size(), NO_SEGMENT});
     } catch (...) {
         classesOnPath().erase(&type);
         throw;
     }
-    m_segments.push_back(++m_classesEntered);
     for (const RTAggregateType* ended : m_endedAt) // From here they may be walked again.
         revive(*ended);
     m_endedAt.clear();
