@@ -263,7 +263,7 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTPhysicalType(const char* rec
         unit.unitName = readName();
         unit.value = readField<long long>();
         trace("** Unit[", i, "] = ", false);
-        trace(nullptr, unit.unitName, " value = ", false);
+        trace(nullptr, std::string_view(unit.unitName), " value = ", false);
         trace(nullptr, unit.value, " ", false); // All units stand on one line.
     }
     return type;

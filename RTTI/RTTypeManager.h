@@ -18,6 +18,15 @@ class TypeDeserializer;
 /// One thread uses a manager at a time; managers of different threads do not disturb each other.
 /// Exceptions come from the storage and the allocator alone. One that leaves `getRTType` or
 /// `readAllRTTypes` takes back all that the call had read, so that the call can be made again.
+///
+/// However deep types nest, a stack of 1 MiB is enough. Types are read depth first. Where 1000
+/// records (`TypeFileFormat::NESTING_LIMIT`) nest, the members of the innermost class or struct,
+/// and the type that an access type designates, are read later in the same call: the answer is
+/// whole however long a chain of classes is, but the trace then shows the end of a record before
+/// the records of its members. References that a type cannot do without (aliased, element, index,
+/// enumeration base, file element and base class types) are followed through 1000 records in a row
+/// (`TypeFileFormat::CHAIN_LIMIT`), counted from the class, struct or access type that leads there,
+/// or from the type asked for; the last of these has a null link.
 class RTTI_EXPORT RTTypeManager {
 public:
     RTTypeManager();

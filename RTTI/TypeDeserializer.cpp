@@ -11,10 +11,13 @@ using namespace TypeFileFormat;
 
 namespace {
 
-constexpr char SEPARATOR[] = "===============================================";
+/// Lists longer than this are given back when a call from outside ends.
+constexpr std::size_t KEPT_LIST_CAPACITY = 1024;
 
-/// Journals longer than this are given back when a call from outside ends.
-constexpr std::size_t KEPT_JOURNAL_CAPACITY = 1024;
+template <typename T> void giveBack(std::vector<T>& list) {
+    if (list.empty() && list.capacity() > KEPT_LIST_CAPACITY)
+        std::vector<T>().swap(list);
+}
 
 struct FreeBuffer {
     void operator()(char* buffer) const { std::free(buffer); }
@@ -26,6 +29,12 @@ RecordBuffer allocateRecord(int size) {
     if (!buffer)
         throw std::bad_alloc();
     return buffer;
+}
+
+/// Whether types of a kind refer to others that may lead back to them: those are resolved once the
+/// object is in its slot.
+bool isResolvedInItsSlot(unsigned int kind) {
+    return kind == ClassId::CLASS || kind == ClassId::RECORD || kind == ClassId::ACCESS;
 }
 
 } // namespace
@@ -48,6 +57,7 @@ class TypeDeserializer::LoadScope {
 public:
     explicit LoadScope(TypeDeserializer& deserializer)
         : m_deserializer(deserializer), m_firstFilled(deserializer.m_filledSlots.size()),
+          m_firstDeferred(deserializer.m_deferred.size()),
           m_classCount(deserializer.m_classTypeIds.size()) {}
     LoadScope(const LoadScope&) = delete;
     LoadScope& operator=(const LoadScope&) = delete;
@@ -57,8 +67,9 @@ public:
             takeBack();
         std::vector<unsigned int>& filled = m_deserializer.m_filledSlots;
         filled.resize(m_complete && m_firstFilled != 0 ? filled.size() : m_firstFilled);
-        if (filled.empty() && filled.capacity() > KEPT_JOURNAL_CAPACITY)
-            std::vector<unsigned int>().swap(filled);
+        giveBack(filled);
+        m_deserializer.m_deferred.resize(m_firstDeferred);
+        giveBack(m_deserializer.m_deferred);
     }
 
     RTBaseType* complete(RTBaseType* result) {
@@ -76,29 +87,40 @@ private:
 
     TypeDeserializer& m_deserializer;
     std::size_t m_firstFilled;
+    std::size_t m_firstDeferred;
     std::size_t m_classCount;
     bool m_complete = false;
 };
 
-/// Marks a record as being read; at the end cursor and limit are those of the outer record again.
+/// Keeps a record open; at the end cursor and limit are those of the outer record again.
 class TypeDeserializer::RecordScope {
 public:
     RecordScope(TypeDeserializer& deserializer, unsigned int typeId)
         : m_deserializer(deserializer), m_cursor(deserializer.m_cursor),
-          m_limit(deserializer.m_limit), m_record{typeId, deserializer.m_filledSlots.size(),
+          m_limit(deserializer.m_limit), m_record{typeId, chainBefore(deserializer) + 1,
+                                                  deserializer.m_filledSlots.size(),
                                                   deserializer.m_openRecord} {
         deserializer.m_openRecord = &m_record;
+        ++deserializer.m_depth;
     }
     RecordScope(const RecordScope&) = delete;
     RecordScope& operator=(const RecordScope&) = delete;
 
     ~RecordScope() {
+        --m_deserializer.m_depth;
         m_deserializer.m_openRecord = m_record.outer;
         m_deserializer.m_cursor = m_cursor;
         m_deserializer.m_limit = m_limit;
     }
 
+    /// What is read from here on is read for an object that is in its slot.
+    void endChain() { m_record.chain = 0; }
+
 private:
+    static unsigned int chainBefore(const TypeDeserializer& deserializer) {
+        return deserializer.m_openRecord != nullptr ? deserializer.m_openRecord->chain : 0;
+    }
+
     TypeDeserializer& m_deserializer;
     const char* m_cursor;
     const char* m_limit;
@@ -143,14 +165,14 @@ RTBaseType* TypeDeserializer::loadType(unsigned int typeId) {
     if (RTBaseType* known = m_types[typeId])
         return known;
     LoadScope scope(*this);
-    return scope.complete(readRTType(typeId));
+    return scope.complete(readCompletely(typeId));
 }
 
 RTBaseType* TypeDeserializer::loadAllTypes() {
     LoadScope scope(*this);
     RTBaseType* type = nullptr;
     for (std::size_t id = 0; id < m_types.size(); ++id) {
-        type = readRTType(static_cast<unsigned int>(id));
+        type = readCompletely(static_cast<unsigned int>(id));
         if (type == nullptr)
             break;
     }
@@ -165,12 +187,27 @@ void TypeDeserializer::keepAlive(std::unique_ptr<TypeDeserializer> previous) {
     m_previous = std::move(previous);
 }
 
+/// Reads a type and all that it refers to, however deep.
+RTBaseType* TypeDeserializer::readCompletely(unsigned int typeId) {
+    const std::size_t first = m_deferred.size();
+    RTBaseType* const type = readRTType(typeId);
+    if (m_deferred.size() != first)
+        resolveDeferred(first);
+    return type;
+}
+
 RTBaseType* TypeDeserializer::readRTType(unsigned int typeId) {
     if (typeId >= m_types.size())
         return nullptr;
-    if (m_types[typeId] == nullptr && !comesBackWithoutEnd(typeId))
-        readRecord(typeId);
-    return m_types[typeId];
+    if (RTBaseType* known = m_types[typeId])
+        return known;
+    return canBeReached(typeId) ? readRecord(typeId) : nullptr;
+}
+
+bool TypeDeserializer::canBeReached(unsigned int typeId) const {
+    if (m_openRecord == nullptr)
+        return true;
+    return m_openRecord->chain < CHAIN_LIMIT && !comesBackWithoutEnd(typeId);
 }
 
 /// A record that is being read is read once more only if a slot was filled in between: only then
@@ -184,16 +221,25 @@ bool TypeDeserializer::comesBackWithoutEnd(unsigned int typeId) const {
     return false;
 }
 
-void TypeDeserializer::readRecord(unsigned int typeId) {
-    const RecordScope scope(*this, typeId);
+RTBaseType* TypeDeserializer::readRecord(unsigned int typeId) {
+    RecordScope scope(*this, typeId);
+    RTBaseType* const type = buildType(typeId);
+    if (type != nullptr && !isTooDeep()) {
+        scope.endChain();
+        resolveReferences(*type);
+    }
+    traceRecordEnd(typeId);
+    return m_types[typeId];
+}
+
+/// Fills the slot. The answer is the object if it refers to types that are resolved from now on,
+/// else null. Not part of `readRecord`, whose frame stays on the stack while they are read.
+[[gnu::noinline]] RTBaseType* TypeDeserializer::buildType(unsigned int typeId) {
     const unsigned long long address = m_typeAddresses[typeId];
     char word[RECORD_SIZE_SIZE] = {};
     m_blockManager.read(address, word, RECORD_SIZE_SIZE);
     const int size = littleEndianAt<int>(word);
-
-    trace(nullptr, SEPARATOR, nullptr, true);
-    trace("**** Type Id  = ", typeId, "  begin **** ", true);
-
+    traceRecordBegin(typeId);
     std::fill(std::begin(word), std::end(word), '\0');
     m_blockManager.read(address + RECORD_KIND_OFFSET, word, RECORD_KIND_SIZE);
     const auto kind = littleEndianAt<unsigned int>(word);
@@ -208,21 +254,7 @@ void TypeDeserializer::readRecord(unsigned int typeId) {
         record = buffer.get();
         m_limit = record + size - 1;
     }
-
-    std::unique_ptr<RTBaseType> type = readKind(kind, record);
-    buffer.reset();
-    RTBaseType* const read = type.get();
-    if (enterType(typeId, std::move(type))) {
-        if (kind == ClassId::CLASS)
-            m_classTypeIds.push_back(typeId);
-        if (kind == ClassId::CLASS || kind == ClassId::RECORD)
-            resolveMembers(static_cast<RTAggregateType&>(*read));
-        else if (kind == ClassId::ACCESS)
-            resolveAccess(static_cast<RTAccessType&>(*read));
-    }
-
-    trace("**** Type Id  = ", typeId, "  end **** ", true);
-    trace(nullptr, SEPARATOR, nullptr, true);
+    return enterType(typeId, kind, readKind(kind, record));
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind, const char* record) {
@@ -249,14 +281,39 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind, const 
     }
 }
 
-/// Whether the slot is now this object's. An inner reading of the same record may have been first;
-/// then this object is released, since other types may already point at the one in the slot.
-bool TypeDeserializer::enterType(unsigned int typeId, std::unique_ptr<RTBaseType> type) {
+/// An inner reading of the same record may have filled the slot first; then this object is
+/// released, since other types may already point at the one in the slot.
+RTBaseType* TypeDeserializer::enterType(unsigned int typeId, unsigned int kind,
+                                        std::unique_ptr<RTBaseType> type) {
     if (!type || m_types[typeId] != nullptr)
-        return false;
+        return nullptr;
     m_filledSlots.push_back(typeId);
-    m_types[typeId] = type.release();
-    return true;
+    RTBaseType* const entered = m_types[typeId] = type.release();
+    if (kind == ClassId::CLASS)
+        m_classTypeIds.push_back(typeId);
+    if (!isResolvedInItsSlot(kind))
+        return nullptr;
+    if (isTooDeep())
+        m_deferred.push_back(entered);
+    return entered;
+}
+
+/// Whether what a type refers to has to wait until fewer records are open.
+bool TypeDeserializer::isTooDeep() const { return m_depth >= NESTING_LIMIT; }
+
+/// Works the list off from its front, so that types are completed in the order in which they were
+/// read. Each has the whole depth to itself; what it leaves for later joins the list.
+void TypeDeserializer::resolveDeferred(std::size_t first) {
+    for (std::size_t next = first; next < m_deferred.size(); ++next)
+        resolveReferences(*m_deferred[next]);
+    m_deferred.resize(first);
+}
+
+void TypeDeserializer::resolveReferences(RTBaseType& type) {
+    if (type.GetClassId() == ClassId::ACCESS)
+        resolveAccess(static_cast<RTAccessType&>(type));
+    else
+        resolveMembers(static_cast<RTAggregateType&>(type));
 }
 
 void TypeDeserializer::resolveAccess(RTAccessType& access) {

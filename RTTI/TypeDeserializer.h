@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace RTTI {
@@ -29,6 +30,12 @@ static_assert(sizeof(TypeFileHeader) == TypeFileFormat::HEADER_SIZE);
 /// Reading recurs: a record that refers to another type has it read at once. Each record is read
 /// into a buffer of its own; cursor and limit point into the innermost one. A field that does not
 /// lie wholly inside the record has its default, and nothing outside a buffer is ever touched.
+///
+/// A reference is followed either by the record's reader, before there is an object, or once the
+/// object is in its slot: members and designated types. The latter wait in a list where records
+/// nest too deep (`NESTING_LIMIT`); the former are null there (`CHAIN_LIMIT`). A reader's link
+/// always leads to an object that was in its slot before the reader was done, so that no cycle of
+/// links is without a member or an access type.
 class TypeDeserializer {
 public:
     TypeDeserializer(OVAT::IBlockManager& blockManager, unsigned long long baseOffset);
@@ -63,19 +70,28 @@ private:
     class LoadScope;
     class RecordScope;
 
-    /// A record that is being read, and how many slots were filled when its reading began.
+    /// A record that is open: it is being read, or what its object refers to is.
     struct OpenRecord {
         unsigned int typeId;
-        std::size_t filledBefore;
+        unsigned int chain;       ///< Readers that wait for one another; 0 when this one is done.
+        std::size_t filledBefore; ///< How many slots were filled when its reading began.
         const OpenRecord* outer;
     };
 
     // Record framing.
+    RTBaseType* readCompletely(unsigned int typeId);
     RTBaseType* readRTType(unsigned int typeId);
-    void readRecord(unsigned int typeId);
+    RTBaseType* readRecord(unsigned int typeId);
+    RTBaseType* buildType(unsigned int typeId);
     std::unique_ptr<RTBaseType> readKind(unsigned int kind, const char* record);
+    bool canBeReached(unsigned int typeId) const;
     bool comesBackWithoutEnd(unsigned int typeId) const;
-    bool enterType(unsigned int typeId, std::unique_ptr<RTBaseType> type);
+    RTBaseType* enterType(unsigned int typeId, unsigned int kind, std::unique_ptr<RTBaseType> type);
+
+    // References that are followed once the object is in its slot.
+    bool isTooDeep() const;
+    void resolveDeferred(std::size_t first);
+    void resolveReferences(RTBaseType& type);
     void resolveAccess(RTAccessType& access);
     void resolveMembers(RTAggregateType& aggregate);
 
@@ -118,10 +134,15 @@ private:
     void readEnumeratorNames(RTSeqEnumType& type);
     void readEnumerator(RTDiscreteEnumType& type, unsigned int index, std::size_t valueSize);
 
-    // Trace items; each makes its text only while the trace is on.
+    // Trace items; each makes its text only while the trace is on, and in another function's frame:
+    // readers nest, and have no room for texts.
+    template <typename T> void trace(const char* label, T value, const char* tail, bool newline);
     template <typename T>
-    void trace(const char* label, const T& value, const char* tail, bool newline);
+    void printNumber(const char* label, T number, const char* tail, bool newline);
+    void printText(const char* label, std::string_view text, const char* tail, bool newline);
     void traceConstraint(const FullConstraints& constraint);
+    void traceRecordBegin(unsigned int typeId);
+    void traceRecordEnd(unsigned int typeId);
 
     OVAT::IBlockManager& m_blockManager;
     unsigned long long m_baseOffset;
@@ -133,8 +154,12 @@ private:
     const char* m_cursor = nullptr; ///< At most one past the limit.
     const char* m_limit = nullptr;  ///< Last byte of the record.
 
-    const OpenRecord* m_openRecord = nullptr; ///< Innermost record being read.
+    const OpenRecord* m_openRecord = nullptr; ///< The innermost one.
+    unsigned int m_depth = 0;                 ///< How many records are open.
     std::vector<unsigned int> m_filledSlots;  ///< Filled by the call from outside that goes on.
+
+    /// Types whose references are followed later, in the order of their reading.
+    std::vector<RTBaseType*> m_deferred;
     std::unique_ptr<TypeDeserializer> m_previous;
 };
 
@@ -145,13 +170,14 @@ template <typename T> T TypeDeserializer::readField(T shortValue) {
 }
 
 template <typename T>
-void TypeDeserializer::trace(const char* label, const T& value, const char* tail, bool newline) {
+void TypeDeserializer::trace(const char* label, T value, const char* tail, bool newline) {
+    static_assert(std::is_trivially_copyable_v<T>, "nothing is copied while the trace is off");
     if (!m_debug) [[likely]]
         return;
     if constexpr (std::is_arithmetic_v<T>)
-        printDebugInfo(label, NumberToString(value), tail, newline);
+        printNumber(label, value, tail, newline);
     else
-        printDebugInfo(label, std::string(value), tail, newline);
+        printText(label, value, tail, newline);
 }
 
 } // namespace RTTI

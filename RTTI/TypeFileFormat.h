@@ -97,6 +97,19 @@ inline constexpr std::size_t CONSTRAINT_SIZE = 12;
 inline constexpr int LAST_FLOAT_KIND = 3;
 inline constexpr int LAST_EVENT_KIND = 1;
 
+/// How far the loader follows references at once. Records nest on the call stack, so both limits
+/// together have to fit the smallest stack that it is called on, 1 MiB: an optimised build takes up
+/// to 300 bytes a record.
+///
+/// Where this many records nest, the members of the innermost, or the type that it designates, are
+/// read later in the same call; in the end nothing is missing.
+inline constexpr unsigned int NESTING_LIMIT = 1000;
+
+/// This many records in a row may wait, each for the next, to be read: for an aliased, element,
+/// index, enumeration base, file element or base class type. The last one's link is null. The row
+/// begins behind a class, struct or access type that is already built.
+inline constexpr unsigned int CHAIN_LIMIT = 1000;
+
 } // namespace TypeFileFormat
 
 } // namespace RTTI

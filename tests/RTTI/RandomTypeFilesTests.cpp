@@ -1,7 +1,9 @@
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
+#include "tests/support/BuildKind.h"
 #include "tests/support/ModelStorage.h"
 #include "tests/support/ReferenceLoader.h"
+#include "tests/support/RunOnStack.h"
 #include "tests/support/TypeDescription.h"
 #include "tests/support/TypeTableModel.h"
 
@@ -24,6 +26,7 @@ using namespace RTTITest;
 
 constexpr std::uint64_t FILES = 3000;
 constexpr unsigned int LARGEST_FILE = 40;
+constexpr std::uint64_t DEEP_FILES = HAS_SANITIZERS ? 12 : 30; // Sanitizers make them slow.
 
 /// What is written to the standard output while this lives.
 class CapturedOutput {
@@ -41,7 +44,9 @@ private:
 class Comparison {
 public:
     Comparison(std::uint64_t seed, unsigned int maxTypes)
-        : m_file(randomFile(seed, maxTypes)), m_reference(m_file), m_storage(m_file.bytes) {}
+        : Comparison(randomFile(seed, maxTypes)) {}
+    explicit Comparison(ModelFile file)
+        : m_file(std::move(file)), m_reference(m_file), m_storage(m_file.bytes) {}
 
     std::uint32_t count() const { return static_cast<std::uint32_t>(m_file.records.size()); }
     const ReferenceLoader& reference() const { return m_reference; }
@@ -197,6 +202,55 @@ TEST(RandomTypeFiles, LoadMadeAgainAfterAnyFailedReadIsComplete) {
     }
     EXPECT_GT(loads, 1000U);
     RecordProperty("loads", std::to_string(loads));
+}
+
+/// Records nest deeper than the loader's two limits together.
+constexpr unsigned int DEEP_FILE = 3500;
+
+ModelFile deepFileOf(std::uint64_t seed) {
+    return deepFile(seed, DEEP_FILE, static_cast<DeepKinds>(seed % 3));
+}
+
+/// Up to the limits: the reads, the trace and the types of plain recursion. Behind them: what waits
+/// is completed in the order of its reading, and a reference that too many readers wait for is
+/// null.
+TEST(DeepTypeFiles, AgreeWithTheReference) {
+    std::size_t deferrals = 0;
+    std::size_t cutChains = 0;
+    runOnStack(LARGE_STACK, [&] {
+        for (std::uint64_t seed = 0; seed < DEEP_FILES && !HasFailure(); ++seed) {
+            SCOPED_TRACE("seed " + std::to_string(seed));
+            Comparison files(deepFileOf(seed));
+            const std::string trace = loadWhole(files);
+            EXPECT_TRUE(trace == files.takeExpectedTrace()) << "the traces differ";
+            files.compareTypes();
+            deferrals += files.reference().deferrals();
+            cutChains += files.reference().cutChains();
+        }
+    });
+    EXPECT_TRUE(HasFailure() || deferrals > DEEP_FILES) << deferrals;
+    EXPECT_TRUE(HasFailure() || cutChains > DEEP_FILES / 10) << cutChains;
+    RecordProperty("deferrals", std::to_string(deferrals));
+    RecordProperty("cutChains", std::to_string(cutChains));
+}
+
+TEST(DeepTypeFiles, LoadMadeAgainAfterAFailedReadIsComplete) {
+    std::size_t failures = 0;
+    runOnStack(LARGE_STACK, [&] {
+        for (std::uint64_t seed = 0; seed < DEEP_FILES && !HasFailure(); ++seed) {
+            SCOPED_TRACE("seed " + std::to_string(seed));
+            Comparison files(deepFileOf(seed));
+            files.setup();
+            files.storage().failAt(DEEP_FILE + 1 + (seed * 977 + 500) % (2 * DEEP_FILE));
+            files.get(0);
+            files.storage().failAt(ModelStorage::NEVER);
+            files.getEvery();
+            failures += files.failures();
+            files.compareTypes();
+        }
+    });
+    EXPECT_TRUE(HasFailure() || failures > DEEP_FILES / 4) << failures;
+    RecordProperty("failures", std::to_string(failures));
 }
 
 } // namespace

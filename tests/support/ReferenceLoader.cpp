@@ -13,6 +13,10 @@ constexpr std::size_t RECORD_HEAD = 8;
 constexpr long long FILE_HEAD = 40;
 constexpr std::uint32_t NO_ID = 0xFFFFFFFF;
 
+/// The loader's limits, stated a second time, so that a wrong number in the library shows.
+constexpr std::size_t DEEPEST_NESTING = 1000;
+constexpr std::size_t LONGEST_CHAIN = 1000;
+
 constexpr const char* ENCODING_NAMES[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
 constexpr const char* ENUM_KIND_NAMES[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
                                            "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
@@ -155,17 +159,32 @@ Link ReferenceLoader::readAll() {
 }
 
 Link ReferenceLoader::get(std::uint32_t id) {
+    const Link answer = follow(id);
+    while (!m_deferred.empty()) {
+        const Deferred next = m_deferred.front();
+        m_deferred.pop_front();
+        resolve(next);
+    }
+    return answer;
+}
+
+Link ReferenceLoader::follow(std::uint32_t id) {
     if (id >= m_types.size())
         return {};
     if (m_types[id])
         return id;
+    const std::size_t chain = m_open.empty() ? 0 : m_open.back().chain;
+    if (chain == LONGEST_CHAIN) {
+        ++m_cutChains;
+        return {};
+    }
     for (const OpenRecord& open : m_open) {
         if (open.id == id && open.filledBefore == m_filled) {
             ++m_endlessReferences;
             return {};
         }
     }
-    m_open.push_back({id, m_filled});
+    m_open.push_back({id, m_filled, chain + 1});
     readRecord(id);
     m_open.pop_back();
     return m_types[id] ? Link(id) : Link();
@@ -291,7 +310,7 @@ void ReferenceLoader::discreteEnum(Fields& fields, Description& out) {
     common("** Discrete Enum Type ", fields, out);
     const std::uint32_t baseId = fields.u32();
     out.push_back(line("m_baseTypeId", baseId));
-    out.push_back("m_baseType=" + linkText(get(baseId)));
+    out.push_back("m_baseType=" + linkText(follow(baseId)));
     const std::int32_t count = fields.i32();
     const std::int32_t size = fields.i32();
     const std::size_t stored = size > 0 ? static_cast<std::size_t>(size) : 0;
@@ -357,7 +376,7 @@ void ReferenceLoader::typedefType(Fields& fields, Description& out) {
     const std::uint32_t dataId = fields.u32();
     number("** Data Type Id = ", dataId, " ** ", true);
     out.push_back(line("m_dataTypeId", dataId));
-    out.push_back("m_dataType=" + linkText(get(dataId)));
+    out.push_back("m_dataType=" + linkText(follow(dataId)));
     constraintVector(fields, out);
 }
 
@@ -377,14 +396,14 @@ std::uint32_t ReferenceLoader::reference(const char* heading, Fields& fields, De
 
 void ReferenceLoader::file(Fields& fields, Description& out) {
     const std::uint32_t refId = reference("** File Type ", fields, out);
-    out.push_back("m_refType=" + linkText(get(refId)));
+    out.push_back("m_refType=" + linkText(follow(refId)));
 }
 
 void ReferenceLoader::access(std::uint32_t id, Fields& fields) {
     Description out{line("kind", m_file.records[id].kind)};
     const std::uint32_t refId = reference("** Access Type ", fields, out);
     if (enter(id, std::move(out)))
-        m_types[id]->push_back("m_refType=" + linkText(get(refId)));
+        resolveOrDefer({id, "m_refType=", {refId}});
 }
 
 void ReferenceLoader::array(Fields& fields, Description& out) {
@@ -396,7 +415,7 @@ void ReferenceLoader::array(Fields& fields, Description& out) {
     number("** Element Type Id = ", elementId, " ** ", true);
     out.push_back(line("m_arrayKind", kind));
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(get(elementId)));
+    out.push_back("m_elementType=" + linkText(follow(elementId)));
     const std::int32_t dimensions = fields.i32();
     for (std::int32_t i = 0; i < dimensions; ++i) {
         const std::uint32_t indexId = fields.u32();
@@ -416,7 +435,7 @@ void ReferenceLoader::dynamicArray(Fields& fields, Description& out) {
     const std::uint32_t elementId = fields.u32();
     number("** Element Type Id = ", elementId, "**", true);
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(get(elementId)));
+    out.push_back("m_elementType=" + linkText(follow(elementId)));
     const std::int32_t svTypeId = fields.i32();
     number("** Dynamic Array SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
@@ -427,7 +446,7 @@ void ReferenceLoader::queue(Fields& fields, Description& out) {
     const std::uint32_t elementId = fields.u32();
     const std::int32_t svTypeId = fields.i32();
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(get(elementId)));
+    out.push_back("m_elementType=" + linkText(follow(elementId)));
     number("** Queue SV Type Id = ", svTypeId, " ** ", true);
     number("** Element Type Id = ", elementId, "**", true);
     out.push_back(line("m_svTypeId", svTypeId));
@@ -437,14 +456,14 @@ void ReferenceLoader::assocArray(Fields& fields, Description& out) {
     common("** SV Associative Array Type ", fields, out);
     const std::uint32_t elementId = fields.u32();
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(get(elementId)));
+    out.push_back("m_elementType=" + linkText(follow(elementId)));
     number("** Element Type Id = ", elementId, "**", true);
     const std::int32_t svTypeId = fields.i32();
     number("** Associative Array SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
     const std::uint32_t indexId = fields.u32();
     out.push_back(line("m_indexTypeId", indexId));
-    out.push_back("m_indexType=" + linkText(get(indexId)));
+    out.push_back("m_indexType=" + linkText(follow(indexId)));
     number("** Index Type Id = ", indexId, "**", true);
 }
 
@@ -460,10 +479,20 @@ std::uint32_t ReferenceLoader::member(Fields& fields, Description& out) {
     return typeId;
 }
 
-void ReferenceLoader::resolveMembers(std::uint32_t id,
-                                     const std::vector<std::uint32_t>& memberTypes) {
-    for (const std::uint32_t typeId : memberTypes)
-        m_types[id]->push_back("memberType=" + linkText(get(typeId)));
+/// Follows what an object in its slot refers to, unless too many records are open already.
+void ReferenceLoader::resolveOrDefer(const Deferred& references) {
+    if (m_open.size() >= DEEPEST_NESTING) {
+        ++m_deferrals;
+        m_deferred.push_back(references);
+        return;
+    }
+    m_open.back().chain = 0;
+    resolve(references);
+}
+
+void ReferenceLoader::resolve(const Deferred& references) {
+    for (const std::uint32_t typeId : references.typeIds)
+        m_types[references.id]->push_back(references.field + linkText(follow(typeId)));
 }
 
 void ReferenceLoader::record(std::uint32_t id, Fields& fields) {
@@ -482,7 +511,7 @@ void ReferenceLoader::record(std::uint32_t id, Fields& fields) {
         number("** Struct with SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
     if (enter(id, std::move(out)))
-        resolveMembers(id, memberTypes);
+        resolveOrDefer({id, "memberType=", memberTypes});
 }
 
 void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
@@ -490,7 +519,7 @@ void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
     common("** Class Type ", fields, out);
     const std::uint32_t baseId = fields.u32();
     out.push_back(line("m_baseClassTypeId", baseId));
-    out.push_back("m_baseClass=" + linkText(baseId == NO_ID ? Link() : get(baseId)));
+    out.push_back("m_baseClass=" + linkText(baseId == NO_ID ? Link() : follow(baseId)));
     const std::int32_t svTypeId = fields.i32();
     number("** Class with SV Type Id = ", svTypeId, " ** ", true);
     number("** Class derived from ", baseId, " ** ", true);
@@ -504,7 +533,7 @@ void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
     if (!enter(id, std::move(out)))
         return;
     m_classIds.push_back(id);
-    resolveMembers(id, memberTypes);
+    resolveOrDefer({id, "memberType=", memberTypes});
 }
 
 } // namespace RTTITest

@@ -99,8 +99,11 @@ std::string TypeFileBuilder::image() const {
         bytes.replace(0, 4, littleEndian(static_cast<unsigned int>(size), 4));
         image += bytes;
     }
-    for (unsigned int id = 0; id < records; ++id)
-        image += littleEndian(address(id), 8);
+    unsigned long long offset = address(0);
+    for (const Record& record : m_records) {
+        image += littleEndian(offset, 8);
+        offset += record.bytes.size();
+    }
     return image;
 }
 

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <random>
 #include <string_view>
+#include <utility>
 
 namespace RTTITest {
 
@@ -22,6 +23,10 @@ constexpr std::uint32_t BUILDING_KINDS[] = {
     STRING_KIND,   DYNAMIC_ARRAY_KIND, WILDCARD_KIND};
 constexpr std::uint32_t LINKING_KINDS[] = {TYPEDEF_KIND, ACCESS_KIND, RECORD_KIND,     CLASS_KIND,
                                            CLASS_KIND,   ARRAY_KIND,  ASSOC_ARRAY_KIND};
+constexpr std::uint32_t SLOT_KINDS[] = {ACCESS_KIND, RECORD_KIND, CLASS_KIND};
+constexpr std::uint32_t READER_KINDS[] = {TYPEDEF_KIND,       FILE_KIND,  ARRAY_KIND,
+                                          DYNAMIC_ARRAY_KIND, QUEUE_KIND, ASSOC_ARRAY_KIND,
+                                          DISCRETE_ENUM_KIND};
 constexpr std::uint32_t EMPTY_KINDS[] = {0xA000000A, 0xA000000E, 0xA000000F, 0xA0000012,
                                          0xA0000016, 0xA0000001, 0xA0000002, 0xA000001A,
                                          0,          0xFFFFFFFF};
@@ -48,7 +53,7 @@ std::string encoded(const ModelRecord& record) {
 }
 
 /// How a file's references are drawn.
-enum class Links { ANYWHERE, BACKWARD, FORWARD, NEAR };
+enum class Links { ANYWHERE, BACKWARD, FORWARD, NEAR, NEXT };
 
 class FileMaker {
 public:
@@ -58,6 +63,10 @@ public:
         m_emptyKinds = oneIn(3);
         m_mostlyLinks = oneIn(3);
     }
+
+    FileMaker(std::uint64_t seed, unsigned int types, DeepKinds kinds)
+        : m_random(seed), m_count(types), m_links(Links::NEXT), m_emptyKinds(false),
+          m_mostlyLinks(true), m_deepKinds(kinds) {}
 
     ModelFile make();
 
@@ -71,6 +80,8 @@ private:
         return list[below(N)];
     }
     std::uint32_t typeId();
+    std::uint32_t nextTypeId();
+    std::uint32_t kind();
     std::uint32_t number();
     std::uint32_t svTypeId() { return oneIn(2) ? static_cast<std::uint32_t>(-99) : number(); }
     double real();
@@ -107,11 +118,24 @@ private:
     Links m_links;
     bool m_emptyKinds;
     bool m_mostlyLinks;
+    DeepKinds m_deepKinds = DeepKinds::ANY_THAT_LINK;
+    bool m_isFirstLink = true;
     std::uint32_t m_id = 0;
     std::vector<Token> m_tokens;
 };
 
+/// The first reference of a record leads to the next one, but for a few that part the chain.
+std::uint32_t FileMaker::nextTypeId() {
+    if (std::exchange(m_isFirstLink, false))
+        return oneIn(m_count / 2) ? below(m_count) : m_id + 1;
+    if (oneIn(3))
+        return below(m_count + 2);
+    return oneIn(2) ? m_id + 1 + below(3) : m_id - std::min(m_id, below(40));
+}
+
 std::uint32_t FileMaker::typeId() {
+    if (m_links == Links::NEXT)
+        return nextTypeId();
     if (oneIn(40))
         return oneIn(2) ? NO_ID : m_count + below(3);
     if (oneIn(8))
@@ -168,11 +192,11 @@ void FileMaker::raw(std::size_t count) {
 
 /// A count field; the answer says how many entries have to follow it.
 std::uint32_t FileMaker::count() {
-    if (oneIn(12)) {
+    if (m_links != Links::NEXT && oneIn(12)) {
         i32(static_cast<std::uint32_t>(-1) - below(5));
         return 0;
     }
-    const std::uint32_t entries = below(4);
+    const std::uint32_t entries = m_links == Links::NEXT ? 1 + below(2) : below(4);
     i32(entries);
     return entries;
 }
@@ -288,13 +312,24 @@ void FileMaker::body(std::uint32_t kind) {
     }
 }
 
+std::uint32_t FileMaker::kind() {
+    if (m_links != Links::NEXT)
+        return m_emptyKinds && oneIn(12)   ? oneOf(EMPTY_KINDS)
+               : m_mostlyLinks && oneIn(2) ? oneOf(LINKING_KINDS)
+                                           : oneOf(BUILDING_KINDS);
+    switch (m_deepKinds) {
+    case DeepKinds::RESOLVED_IN_THE_SLOT: return oneOf(SLOT_KINDS);
+    case DeepKinds::RESOLVED_BY_THE_READER: return oneOf(READER_KINDS);
+    default: return oneOf(LINKING_KINDS);
+    }
+}
+
 ModelRecord FileMaker::oneRecord(unsigned int id) {
     m_id = id;
+    m_isFirstLink = true;
     m_tokens.clear();
     ModelRecord made;
-    made.kind = m_emptyKinds && oneIn(12)   ? oneOf(EMPTY_KINDS)
-                : m_mostlyLinks && oneIn(2) ? oneOf(LINKING_KINDS)
-                                            : oneOf(BUILDING_KINDS);
+    made.kind = kind();
     name();
     u32(number());
     body(made.kind);
@@ -304,7 +339,7 @@ ModelRecord FileMaker::oneRecord(unsigned int id) {
     made.size = RECORD_HEAD;
     for (const Token& token : made.tokens)
         made.size += token.width();
-    if (oneIn(4))
+    if (m_links != Links::NEXT && oneIn(4))
         made.size = RECORD_HEAD + m_random() % (made.size - RECORD_HEAD + 1);
     return made;
 }
@@ -356,6 +391,10 @@ std::size_t Token::width() const {
 
 ModelFile randomFile(std::uint64_t seed, unsigned int maxTypes) {
     return FileMaker(seed, maxTypes).make();
+}
+
+ModelFile deepFile(std::uint64_t seed, unsigned int types, DeepKinds kinds) {
+    return FileMaker(seed, types, kinds).make();
 }
 
 } // namespace RTTITest

@@ -60,4 +60,10 @@ struct ModelFile {
 /// go anywhere, also forward, in cycles and now and then past the table; some records are cut.
 ModelFile randomFile(std::uint64_t seed, unsigned int maxTypes);
 
+/// Which kinds the records of a deep file have.
+enum class DeepKinds { ANY_THAT_LINK, RESOLVED_IN_THE_SLOT, RESOLVED_BY_THE_READER };
+
+/// A well-formed file of `types` types, most of which refer to the next one, so that records nest.
+ModelFile deepFile(std::uint64_t seed, unsigned int types, DeepKinds kinds);
+
 } // namespace RTTITest
