@@ -134,12 +134,13 @@ private:
     void readEnumeratorNames(RTSeqEnumType& type);
     void readEnumerator(RTDiscreteEnumType& type, unsigned int index, std::size_t valueSize);
 
-    // Trace items; each makes its text only while the trace is on, and in another function's frame:
-    // readers nest, and have no room for texts.
+    // Trace items; each makes its text only while the trace is on, and never in the frame of a
+    // reader, which nests with others.
     template <typename T> void trace(const char* label, T value, const char* tail, bool newline);
     template <typename T>
-    void printNumber(const char* label, T number, const char* tail, bool newline);
-    void printText(const char* label, std::string_view text, const char* tail, bool newline);
+    [[gnu::noinline]] void printNumber(const char* label, T number, const char* tail, bool newline);
+    [[gnu::noinline]] void printText(const char* label, std::string_view text, const char* tail,
+                                     bool newline);
     void traceConstraint(const FullConstraints& constraint);
     void traceRecordBegin(unsigned int typeId);
     void traceRecordEnd(unsigned int typeId);

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -69,6 +70,7 @@ void addDerivedClass(TypeFileBuilder& file, unsigned int next) {
 /// What a record of a chain refers to.
 const RTBaseType* behind(const RTBaseType& type) {
     if (const auto* aggregate = dynamic_cast<const RTAggregateType*>(&type)) {
+        EXPECT_EQ(aggregate->m_memberTypes.size(), aggregate->m_members.size());
         if (!aggregate->m_memberTypes.empty())
             return aggregate->m_memberTypes[0];
         const auto* derived = dynamic_cast<const RTClassType*>(aggregate);
@@ -332,6 +334,50 @@ TEST(DeepFailures, KeepTheTypesOfEarlierCalls) {
     EXPECT_EQ(types.manager().getRTClassTypeIds(), std::vector<unsigned int>{count - 1});
     EXPECT_EQ(lengthOf(types[0]), count);
     EXPECT_EQ(types[count - 1], last);
+}
+
+/// A storage that is asked by its manager and, once, asks the manager in turn for another type,
+/// whose load then fails far down.
+class AskingStorage : public OVAT::IBlockManager {
+public:
+    AskingStorage(std::string image, RTTypeManager& manager)
+        : m_storage(std::move(image)), m_manager(manager) {}
+
+    void askFor(unsigned int id, std::size_t failingRead) {
+        m_id = id;
+        m_storage.failAtRead(failingRead);
+        m_asks = true;
+    }
+    bool read(unsigned long long offset, void* buffer, long long count) override {
+        if (std::exchange(m_asks, false)) {
+            EXPECT_THROW(m_manager.getRTType(m_id), std::runtime_error);
+        }
+        return m_storage.read(offset, buffer, count);
+    }
+
+private:
+    RecordingBlockManager m_storage;
+    RTTypeManager& m_manager;
+    unsigned int m_id = 0;
+    bool m_asks = false;
+};
+
+TEST(DeepFailures, OfACallFromWithinTheStorageLeaveNothingToTheOuterCall) {
+    const unsigned int count = 2 * NESTING_LIMIT;
+    TypeFileBuilder file;
+    for (unsigned int id = 1; id <= 2 * count; ++id) { // Two chains.
+        if (id % count == 0)
+            file.integer("end");
+        else
+            addClass(file, id);
+    }
+    RTTypeManager manager;
+    AskingStorage storage(file.image(), manager);
+    manager.setupDeserializer(storage, 0);
+    storage.askFor(count, 1 + 2 * count + 3 * (NESTING_LIMIT + 10));
+    EXPECT_EQ(lengthOf(manager.getRTType(0)), count);
+    EXPECT_EQ(manager.getRTClassTypeIds().size(), count - 1);
+    EXPECT_EQ(lengthOf(manager.getRTType(count)), count);
 }
 
 // ---- Hostile files.

@@ -1,0 +1,113 @@
+// Loads whose memory runs out. The program's allocation functions are replaced by counting ones.
+
+#include "support/TypeFileBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+#include <string>
+
+namespace {
+
+std::size_t allocations = 0;
+std::size_t failAt = 0; ///< Counted from 1; 0 for never.
+
+void* allocate(std::size_t size) {
+    if (++allocations == failAt)
+        throw std::bad_alloc();
+    if (void* memory = std::malloc(size != 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+using namespace RTTI;
+using TypeFileFormat::NESTING_LIMIT;
+using TypeFileFormat::NO_TYPE_ID;
+
+constexpr unsigned int FAN = 20;
+
+/// Classes down to the deepest that are read at once; the last has members of more classes, all of
+/// which have to wait, and each of those has a member of its own.
+TypeFileBuilder deepFan() {
+    TypeFileBuilder file;
+    for (unsigned int id = 1; id < NESTING_LIMIT - 1; ++id)
+        file.record(0xA0000017, "c").u32(NO_TYPE_ID).i32(0).i32(1).str("m").u32(id).u32(0).u32(1);
+    const unsigned int first = NESTING_LIMIT - 1;
+    file.record(0xA0000017, "fan").u32(NO_TYPE_ID).i32(0).i32(FAN);
+    for (unsigned int i = 0; i < FAN; ++i)
+        file.str("m").u32(first + i).u32(0).u32(0);
+    for (unsigned int i = 0; i < FAN; ++i) {
+        file.record(0xA0000017, "c").u32(NO_TYPE_ID).i32(0).i32(1);
+        file.str("m").u32(first + FAN + i).u32(0).u32(1);
+    }
+    for (unsigned int i = 0; i < FAN; ++i)
+        file.integer("int");
+    return file;
+}
+
+/// Whether every class has the type of every member.
+bool isWhole(LoadedTypes& types) {
+    for (const unsigned int id : types.manager().getRTClassTypeIds()) {
+        const auto& type = types.as<RTClassType>(id);
+        if (type.m_memberTypes.size() != type.m_members.size())
+            return false;
+        for (const RTBaseType* member : type.m_memberTypes) {
+            if (member == nullptr)
+                return false;
+        }
+    }
+    return types.manager().getRTClassTypeIds().size() == NESTING_LIMIT - 1 + FAN;
+}
+
+/// How many allocations a load of the whole file makes.
+std::size_t allocationsOf(const TypeFileBuilder& file) {
+    LoadedTypes types(file, false);
+    const std::size_t before = allocations;
+    types[0];
+    return allocations - before;
+}
+
+/// Fails one allocation of a load and makes the load again.
+void loadWithFailureAt(const TypeFileBuilder& file, std::size_t number) {
+    LoadedTypes types(file, false);
+    failAt = allocations + number;
+    bool failed = false;
+    try {
+        types[0];
+    } catch (const std::bad_alloc&) {
+        failed = true;
+    }
+    failAt = 0;
+    EXPECT_TRUE(failed);
+    EXPECT_TRUE(types.manager().getRTClassTypeIds().empty());
+    types.storage().takeReads();
+    types[0];
+    EXPECT_EQ(types.storage().takeReads().size(), 3 * (NESTING_LIMIT - 1 + 2 * FAN));
+    EXPECT_TRUE(isWhole(types));
+}
+
+TEST(AllocationFailures, AtTheDeepEndOfALoadLeaveNothingBehind) {
+    const TypeFileBuilder file = deepFan();
+    const std::size_t all = allocationsOf(file);
+    const std::size_t end = 400; // The fan and what waits; before it one class is like the next.
+    ASSERT_GT(all, end);
+    for (std::size_t number = 1; number <= all; number += number + end < all ? 311 : 1) {
+        SCOPED_TRACE("allocation " + std::to_string(number) + " of " + std::to_string(all));
+        loadWithFailureAt(file, number);
+        ASSERT_FALSE(HasFailure());
+    }
+}
+
+} // namespace
