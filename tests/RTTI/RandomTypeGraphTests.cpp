@@ -206,6 +206,18 @@ TEST(Ladders, ArraysOnEveryLevelComeInTheOrderOfTheMembers) {
     EXPECT_EQ(triples(rangesOf(*type)), triples(expected));
 }
 
+TEST(Wide, EncodingOfAStructToWhichAllItsClassesLeadBackEndsAtOnce) {
+    TypeGraph types;
+    auto& structure = types.structure();
+    addMember(structure, &types.seqEnum(ENCODING_2_STATE));
+    for (int i = 0; i < 30000; ++i)
+        addMember(structure, &types.classType({&structure}));
+    const EndsAtOnce clock;
+    EXPECT_EQ(structure.getValueEncoding(), ENCODING_2_STATE);
+    addMember(structure, &types.seqEnum(ENCODING_4_STATE));
+    EXPECT_EQ(structure.getValueEncoding(), ENCODING_4_STATE);
+}
+
 constexpr int chainLength = 100000;
 
 const RTBaseType& classChain(TypeGraph& types, const RTBaseType* end) {
@@ -219,6 +231,16 @@ const RTTypedefType& typedefChain(TypeGraph& types, const RTBaseType* end, const
     for (int i = 1; i < chainLength; ++i)
         type = &types.alias(type, ranges);
     return *type;
+}
+
+TEST(Wide, EncodingOfAStructWhoseMembersShareOneTypedefChainEndsAtOnce) {
+    TypeGraph types;
+    const auto& head = typedefChain(types, &types.seqEnum(ENCODING_2_STATE), {}); // From type 1 on.
+    auto& structure = types.structure({&head});
+    for (std::size_t i = 1; i <= chainLength; ++i) // Each into the chain at another place.
+        addMember(structure, &types[i]);
+    const EndsAtOnce clock;
+    EXPECT_EQ(structure.getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Chains, EncodingOfClassesDoesNotUseUpTheCallStack) {
