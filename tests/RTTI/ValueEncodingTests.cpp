@@ -280,6 +280,18 @@ TEST_F(ValueEncodings, EveryClassDerivedFromAFourStateBaseClassKeepsItsMark) {
     EXPECT_EQ(root.getValueEncoding(), ENCODING_4_STATE);
 }
 
+TEST_F(ValueEncodings, ClassIsMarkedForAPartOfTheStructsAroundItThatItsBaseClassLeadsTo) {
+    // The base class comes back to the outer struct, and through it to the inner struct's last
+    // member, while the derived class waits for its answer.
+    auto& outer = types.structure();
+    auto& base = types.classType({&outer});
+    auto& derived = types.classType({}, &base);
+    addMember(outer, &types.structure({bit, &derived, logic}));
+    EXPECT_EQ(outer.getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(derived.getValueEncoding(), ENCODING_2_STATE);
+    EXPECT_EQ(base.getValueEncoding(), ENCODING_4_STATE);
+}
+
 TEST_F(ValueEncodings, TypedefOfAClassLeavesAndSeesTheMark) {
     auto& base = types.classType({byte});
     auto& type = types.classType({}, &base);
