@@ -42,12 +42,14 @@ bool modeOf(const std::string& path, mode_t& mode) {
     return true;
 }
 
-/// A rename lasts once its directory is on the disk; a directory that cannot be synced is let be.
-void syncDirectoryOf(const std::string& path) {
+std::string directoryOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
-    const std::string directory =
-        slash == std::string::npos ? "." : path.substr(0, slash == 0 ? 1 : slash);
-    const int descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return slash == std::string::npos ? "." : path.substr(0, slash == 0 ? 1 : slash);
+}
+
+/// A rename lasts once its directory is on the disk; a directory that cannot be synced is let be.
+void syncDirectory(const std::string& path) noexcept {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
         return;
     ::fsync(descriptor);
@@ -56,7 +58,8 @@ void syncDirectoryOf(const std::string& path) {
 
 } // namespace
 
-WholeFile::WholeFile(const std::string& path) : m_path(resolved(path)) {
+WholeFile::WholeFile(const std::string& path)
+    : m_path(resolved(path)), m_directory(directoryOf(m_path)) {
     mode_t mode = 0;
     const bool replaces = modeOf(m_path, mode);
     const std::string stem = m_path + ".new" + std::to_string(::getpid()) + '-';
@@ -118,8 +121,9 @@ void WholeFile::commit() {
         fail(m_path, "could not be written");
     if (::rename(m_temporaryPath.c_str(), m_path.c_str()) != 0)
         fail(m_path, "could not be put in place");
+    // From here on nothing fails: the file is there.
     ::close(std::exchange(m_descriptor, -1));
-    syncDirectoryOf(m_path);
+    syncDirectory(m_directory);
 }
 
 } // namespace OVAT

@@ -36,6 +36,7 @@ private:
     void discard() noexcept;
 
     std::string m_path;
+    std::string m_directory;
     std::string m_temporaryPath;
     int m_descriptor = -1;
 };

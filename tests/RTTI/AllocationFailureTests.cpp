@@ -1,34 +1,15 @@
-// Loads whose memory runs out. The program's allocation functions are replaced by counting ones.
+// Loads whose memory runs out: nothing is left half done, and the call made again is complete.
 
-#include "support/TypeFileBuilder.h"
+#include "OVAT/FileBlockManager.h"
+#include "tests/support/FailingAllocations.h"
+#include "tests/support/TypeDescription.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 #include <string>
-
-namespace {
-
-std::size_t allocations = 0;
-std::size_t failAt = 0; ///< Counted from 1; 0 for never.
-
-void* allocate(std::size_t size) {
-    if (++allocations == failAt)
-        throw std::bad_alloc();
-    if (void* memory = std::malloc(size != 0 ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+#include <vector>
 
 namespace {
 
@@ -74,23 +55,18 @@ bool isWhole(LoadedTypes& types) {
 /// How many allocations a load of the whole file makes.
 std::size_t allocationsOf(const TypeFileBuilder& file) {
     LoadedTypes types(file, false);
-    const std::size_t before = allocations;
+    const std::size_t before = allocationCount();
     types[0];
-    return allocations - before;
+    return allocationCount() - before;
 }
 
 /// Fails one allocation of a load and makes the load again.
 void loadWithFailureAt(const TypeFileBuilder& file, std::size_t number) {
     LoadedTypes types(file, false);
-    failAt = allocations + number;
-    bool failed = false;
-    try {
-        types[0];
-    } catch (const std::bad_alloc&) {
-        failed = true;
+    {
+        const FailingAllocation failing(number);
+        EXPECT_THROW(types[0], std::bad_alloc);
     }
-    failAt = 0;
-    EXPECT_TRUE(failed);
     EXPECT_TRUE(types.manager().getRTClassTypeIds().empty());
     types.storage().takeReads();
     types[0];
@@ -108,6 +84,41 @@ TEST(AllocationFailures, AtTheDeepEndOfALoadLeaveNothingBehind) {
         loadWithFailureAt(file, number);
         ASSERT_FALSE(HasFailure());
     }
+}
+
+/// The fields of all types of a manager, one after the other.
+std::vector<RTTITest::Description> allTypesOf(RTTypeManager& manager) {
+    std::vector<RTTITest::Description> types;
+    for (unsigned int id = 0; const RTBaseType* type = manager.getRTType(id); ++id)
+        types.push_back(RTTITest::describeFields(*type));
+    return types;
+}
+
+TEST(AllocationFailures, AtAnyPlaceOfALoadOfEveryKindLeaveNothingBehind) {
+    OVAT::FileBlockManager storage(EVERY_KIND_TYPEFILE);
+    RTTypeManager sound;
+    sound.setupDeserializer(storage, 0);
+    const auto expected = allTypesOf(sound);
+    ASSERT_GE(expected.size(), 25U);
+
+    RTTypeManager manager;
+    manager.setupDeserializer(storage, 0);
+    const std::size_t failures =
+        failEachAllocation([&] { manager.readAllRTTypes(); },
+                           [&](std::size_t) { EXPECT_TRUE(manager.getRTClassTypeIds().empty()); });
+    EXPECT_GE(failures, 4 * expected.size());
+    EXPECT_EQ(allTypesOf(manager), expected);
+    EXPECT_EQ(manager.getRTClassTypeIds(), sound.getRTClassTypeIds());
+}
+
+TEST(AllocationFailures, WhileAManagerIsSetUpLeaveItAsItWas) {
+    OVAT::FileBlockManager storage(EVERY_KIND_TYPEFILE);
+    RTTypeManager manager;
+    const std::size_t failures =
+        failEachAllocation([&] { manager.setupDeserializer(storage, 0); },
+                           [&](std::size_t) { EXPECT_EQ(manager.getRTType(0), nullptr); });
+    EXPECT_GE(failures, 3U);
+    EXPECT_NE(manager.getRTType(0), nullptr);
 }
 
 } // namespace

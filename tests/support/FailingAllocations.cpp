@@ -1,0 +1,36 @@
+#include "tests/support/FailingAllocations.h"
+
+#include <cstdlib>
+
+namespace {
+
+std::size_t allocations = 0;
+std::size_t failAt = 0; ///< Counted from 1; 0 for never.
+
+bool isToFail() { return ++allocations == failAt; }
+
+} // namespace
+
+extern "C" {
+void* __real_malloc(std::size_t size);
+
+/// The linker puts this in the place of `malloc`.
+void* __wrap_malloc(std::size_t size) { return isToFail() ? nullptr : __real_malloc(size); }
+}
+
+void* operator new(std::size_t size) {
+    if (void* memory = std::malloc(size != 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+
+std::size_t allocationCount() { return allocations; }
+
+FailingAllocation::FailingAllocation(std::size_t number) { failAt = allocations + number; }
+FailingAllocation::~FailingAllocation() { failAt = 0; }
