@@ -1,0 +1,51 @@
+#include "TypeFile/FindingList.h"
+
+#include "RTTI/TypeFileFormat.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace TypeFile {
+
+using RTTI::TypeFileFormat::NO_TYPE_ID;
+
+namespace {
+
+bool comesBefore(const Finding& left, const Finding& right) {
+    // One past NO_TYPE_ID is 0: the file comes first.
+    return std::make_pair(left.typeId + 1, left.offset) <
+           std::make_pair(right.typeId + 1, right.offset);
+}
+
+} // namespace
+
+void FindingList::add(FindingCode code, unsigned int typeId, std::string field,
+                      unsigned long long offset, std::string text) {
+    const Severity severity = severityOf(code);
+    Kept& kept = severity == Severity::ERROR ? m_errors : m_warnings;
+    ++kept.count;
+    if (kept.findings.size() < m_maxKept)
+        kept.findings.push_back(
+            {code, severity, typeId, std::move(field), offset, std::move(text)});
+}
+
+std::vector<Finding> FindingList::take() {
+    std::vector<Finding> findings = std::move(m_errors.findings);
+    const std::size_t room = std::min(m_maxKept - findings.size(), m_warnings.findings.size());
+    const unsigned long long lostErrors = m_errors.count - findings.size();
+    const unsigned long long lostWarnings = m_warnings.count - room;
+    std::move(m_warnings.findings.begin(),
+              m_warnings.findings.begin() + static_cast<std::ptrdiff_t>(room),
+              std::back_inserter(findings));
+    std::stable_sort(findings.begin(), findings.end(), comesBefore);
+    if (lostErrors + lostWarnings != 0)
+        findings.push_back({FindingCode::MORE_FINDINGS,
+                            lostErrors != 0 ? Severity::ERROR : Severity::WARNING, NO_TYPE_ID,
+                            "findings", 0,
+                            std::to_string(lostErrors) + " more errors and " +
+                                std::to_string(lostWarnings) + " more warnings are not listed."});
+    return findings;
+}
+
+} // namespace TypeFile

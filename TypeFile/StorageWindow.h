@@ -1,0 +1,38 @@
+#pragma once
+
+#include "OVAT/IBlockManager.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace TypeFile {
+
+/// The part of a storage that was read last, so that neighbouring fields take one read together.
+class StorageWindow {
+public:
+    StorageWindow(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                  std::size_t blockSize);
+
+    /// The bytes from `offset` on, at least `count` of them, which must lie inside the storage;
+    /// `count` is at most the block size. Stays valid until the next call.
+    const char* at(unsigned long long offset, std::size_t count) {
+        if (offset < m_begin || offset + count > m_end)
+            move(offset);
+        return m_block.data() + (offset - m_begin);
+    }
+
+    /// End of the bytes that the last call of `at` can reach.
+    unsigned long long end() const { return m_end; }
+    unsigned long long storageSize() const { return m_storageSize; }
+
+private:
+    void move(unsigned long long offset);
+
+    OVAT::IBlockManager& m_storage;
+    unsigned long long m_storageSize;
+    std::vector<char> m_block;
+    unsigned long long m_begin = 0;
+    unsigned long long m_end = 0;
+};
+
+} // namespace TypeFile

@@ -1,0 +1,269 @@
+#include "TypeFile/TypeFileVerifier.h"
+
+#include "RTTI/LittleEndian.h"
+#include "TypeFile/FindingList.h"
+#include "TypeFile/RecordVerifier.h"
+#include "TypeFile/ReferenceVerifier.h"
+#include "TypeFile/StorageWindow.h"
+#include "TypeFile/TypeParts.h"
+#include "TypeFile/WalkVerifier.h"
+#include "TypeFile/WalksThroughClasses.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace TypeFile {
+
+using namespace RTTI;
+using namespace RTTI::TypeFileFormat;
+
+namespace {
+
+/// Table and records are read once, in the order of the storage: the larger the blocks the better.
+constexpr std::size_t SWEEP_BLOCK = 256 * 1024;
+
+/// Members are read again in the order in which types lead to one another, a block a jump.
+constexpr std::size_t JUMP_BLOCK = 2 * 1024;
+
+bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+
+std::string hex(unsigned long long number) {
+    std::string digits;
+    do
+        digits.insert(digits.begin(), "0123456789abcdef"[number % 16]);
+    while ((number /= 16) != 0);
+    return "0x" + digits;
+}
+
+/// One verification. The steps come in the order of the file, each relying on those before.
+class Verification {
+public:
+    Verification(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                 unsigned long long baseOffset, const VerifyLimits& limits)
+        : m_sweep(storage, storageSize, SWEEP_BLOCK), m_jumps(storage, storageSize, JUMP_BLOCK),
+          m_size(storageSize), m_base(baseOffset), m_limits(limits),
+          m_findings(limits.maxFindings) {}
+
+    std::vector<Finding> run() {
+        if (readHeader() && readTable()) {
+            readRecords();
+            verifyReferences();
+        }
+        return m_findings.take();
+    }
+
+private:
+    bool readHeader();
+    void checkVersion(const char* header);
+    bool readTable();
+    void readRecords();
+    void readRecord(unsigned int typeId, unsigned long long end);
+    bool readFrame(unsigned int typeId, unsigned int& size);
+    bool overlaps(unsigned int typeId, unsigned int size, unsigned long long end);
+    bool checkKind(unsigned int typeId);
+    void share(unsigned int typeId, unsigned int other);
+    void verifyReferences();
+    void addForFile(FindingCode code, const char* field, unsigned long long offset,
+                    std::string text) {
+        m_findings.add(code, NO_TYPE_ID, field, offset, std::move(text));
+    }
+    unsigned long long entryOf(unsigned int typeId) const {
+        return m_table + typeId * static_cast<unsigned long long>(ADDRESS_SIZE);
+    }
+
+    StorageWindow m_sweep;
+    StorageWindow m_jumps;
+    unsigned long long m_size;
+    unsigned long long m_base;
+    const VerifyLimits& m_limits;
+    FindingList m_findings;
+    unsigned int m_typeCount = 0;
+    unsigned long long m_table = 0;
+    TypeTable m_types;
+    unsigned long long m_recordBytes = 0;
+    unsigned long long m_lastSize = 0; ///< Of the record that was read last.
+};
+
+bool Verification::readHeader() {
+    if (m_base > m_size || m_size - m_base < HEADER_SIZE) {
+        addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, "header", m_base,
+                   "The header takes 40 bytes, and the storage ends at " + hex(m_size) + ".");
+        return false;
+    }
+    const char* header = m_sweep.at(m_base, HEADER_SIZE);
+    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
+    m_table = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
+    checkVersion(header);
+    constexpr std::string_view INVALID(RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID,
+                                       sizeof RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID);
+    if (std::string_view(header, INVALID.size()) != INVALID)
+        return true;
+    addForFile(FindingCode::MARKED_UNUSABLE, "version", m_base,
+               "The writer marked the file as one that holds no usable types.");
+    return false;
+}
+
+/// Any text will do, since the loader takes any; but a file of zeros has none.
+void Verification::checkVersion(const char* header) {
+    const char* end = std::find(header, header + VERSION_SIZE, '\0');
+    const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
+    if (isBlank || end == header + VERSION_SIZE || !std::all_of(header, end, isPrintable))
+        addForFile(FindingCode::VERSION_NOT_TEXT, "version", m_base,
+                   "There is no printable text that ends within 32 bytes.");
+}
+
+bool Verification::readTable() {
+    if (m_typeCount == 0)
+        return true;
+    const unsigned long long tableSize = entryOf(m_typeCount) - m_table;
+    if (m_table > m_size || m_size - m_table < tableSize) {
+        addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, "address table offset",
+                   m_base + ADDRESS_TABLE_OFFSET,
+                   "The table of " + std::to_string(m_typeCount) + " types takes " +
+                       std::to_string(tableSize) + " bytes at " + hex(m_table) +
+                       ", and the storage ends at " + hex(m_size) + ".");
+        return false;
+    }
+    if (m_table < m_base + HEADER_SIZE && m_base < m_table + tableSize)
+        addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
+                   m_base + ADDRESS_TABLE_OFFSET,
+                   "The table at " + hex(m_table) + " shares bytes with the header.");
+    m_types.resize(m_typeCount);
+    for (unsigned int id = 0; id < m_typeCount; ++id)
+        m_types[id].address =
+            littleEndianAt<unsigned long long>(m_sweep.at(entryOf(id), ADDRESS_SIZE));
+    return true;
+}
+
+/// In the order of their addresses, so that overlaps are those of neighbours, and each byte of the
+/// storage is looked at once.
+void Verification::readRecords() {
+    std::vector<unsigned int> order(m_typeCount);
+    for (unsigned int id = 0; id < m_typeCount; ++id)
+        order[id] = id;
+    const auto isBefore = [this](unsigned int left, unsigned int right) {
+        return m_types[left].address < m_types[right].address;
+    };
+    if (!std::is_sorted(order.begin(), order.end(), isBefore))
+        std::stable_sort(order.begin(), order.end(), isBefore);
+    for (std::size_t first = 0; first < order.size();) {
+        std::size_t next = first + 1;
+        while (next < order.size() && !isBefore(order[first], order[next]))
+            ++next;
+        readRecord(order[first], next < order.size() ? m_types[order[next]].address : m_size);
+        for (std::size_t i = first + 1; i < next; ++i)
+            share(order[i], order[first]);
+        first = next;
+    }
+    if (m_recordBytes > m_limits.maxRecordBytes)
+        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_table,
+                   "The records take " + std::to_string(m_recordBytes) +
+                       " bytes, each counted once a type, and the limit is " +
+                       std::to_string(m_limits.maxRecordBytes) + ".");
+}
+
+void Verification::readRecord(unsigned int typeId, unsigned long long end) {
+    unsigned int size = 0;
+    m_lastSize = 0;
+    if (!readFrame(typeId, size))
+        return;
+    m_lastSize = size;
+    m_recordBytes += size;
+    const bool isOfKind = checkKind(typeId);
+    if (!overlaps(typeId, size, end) && isOfKind)
+        RecordVerifier(m_sweep, m_findings, m_typeCount).verify(typeId, m_types[typeId], size);
+}
+
+/// Size and kind. A record that is not all there leaves its kind 0.
+bool Verification::readFrame(unsigned int typeId, unsigned int& size) {
+    TypeFacts& type = m_types[typeId];
+    if (type.address > m_size || m_size - type.address < RECORD_HEADER_SIZE) {
+        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address", entryOf(typeId),
+                       "The record begins at " + hex(type.address) + ", and the storage ends at " +
+                           hex(m_size) + ".");
+        return false;
+    }
+    const char* frame = m_sweep.at(type.address, RECORD_HEADER_SIZE);
+    const int found = littleEndianAt<int>(frame);
+    if (found < static_cast<int>(RECORD_HEADER_SIZE)) {
+        m_findings.add(FindingCode::RECORD_SIZE_INVALID, typeId, "record size", type.address,
+                       "Found " + std::to_string(found) +
+                           ", and a record has at least 8 bytes for size and kind.");
+        return false;
+    }
+    size = static_cast<unsigned int>(found);
+    if (m_size - type.address < size) {
+        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "record size", type.address,
+                       "The record takes " + std::to_string(size) +
+                           " bytes, and the storage ends after " +
+                           std::to_string(m_size - type.address) + ".");
+        return false;
+    }
+    type.kind = littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET);
+    return true;
+}
+
+/// Whether the record shares bytes with the next one, which begins at `end`, with the header or
+/// with the table. Its body is then passed over, so that nothing is looked at twice.
+bool Verification::overlaps(unsigned int typeId, unsigned int size, unsigned long long end) {
+    const unsigned long long begin = m_types[typeId].address;
+    const auto meets = [&](unsigned long long from, unsigned long long to) {
+        return begin < to && from < begin + size;
+    };
+    const char* other = meets(m_base, m_base + HEADER_SIZE)    ? "the header"
+                        : meets(m_table, entryOf(m_typeCount)) ? "the address table"
+                        : begin + size > end                   ? "the record that follows"
+                                                               : nullptr;
+    if (other != nullptr)
+        m_findings.add(FindingCode::RECORD_OVERLAP, typeId, "record size", begin,
+                       "The record of " + std::to_string(size) + " bytes shares some with " +
+                           other + ".");
+    return other != nullptr;
+}
+
+bool Verification::checkKind(unsigned int typeId) {
+    const TypeFacts& type = m_types[typeId];
+    if (buildsType(type.kind))
+        return true;
+    if (isKind(type.kind))
+        m_findings.add(FindingCode::KIND_WITHOUT_TYPE, typeId, "kind",
+                       type.address + RECORD_KIND_OFFSET,
+                       "No type is built from a record of kind " + hex(type.kind) + ".");
+    else
+        m_findings.add(FindingCode::KIND_UNKNOWN, typeId, "kind", type.address + RECORD_KIND_OFFSET,
+                       "Found " + hex(type.kind) +
+                           ", expected a kind from 0xa0000003 to 0xa0000019.");
+    return false;
+}
+
+void Verification::share(unsigned int typeId, unsigned int other) {
+    m_types[typeId] = m_types[other];
+    m_recordBytes += m_lastSize;
+    m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", entryOf(typeId),
+                   "Type " + std::to_string(other) + " has its record at the same address.");
+}
+
+/// The walks through classes are counted only where every way down has an end.
+void Verification::verifyReferences() {
+    const bool allEnd = ReferenceVerifier(m_types, m_findings, m_limits).verify();
+    TypeParts parts(m_jumps, m_types);
+    WalkVerifier walks(m_types, parts, m_findings, m_limits);
+    const bool isFinite = walks.verify();
+    const auto isClass = [](const TypeFacts& type) { return type.kind == ClassId::CLASS; };
+    if (allEnd && isFinite && std::any_of(m_types.begin(), m_types.end(), isClass))
+        WalksThroughClasses(m_types, parts, walks.costs(), m_findings, m_limits).verify();
+}
+
+} // namespace
+
+std::vector<Finding> verify(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                            unsigned long long baseOffset, const VerifyLimits& limits) {
+    return Verification(storage, storageSize, baseOffset, limits).run();
+}
+
+bool hasErrors(const std::vector<Finding>& findings) {
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding& finding) { return finding.severity == Severity::ERROR; });
+}
+
+} // namespace TypeFile

@@ -1,0 +1,153 @@
+#include "TypeFile/WalkVerifier.h"
+
+#include "TypeFile/ReferenceVerifier.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace TypeFile {
+
+using namespace RTTI;
+
+namespace {
+
+constexpr unsigned int MOST_RANGES = std::numeric_limits<unsigned int>::max() - 1;
+
+unsigned int dimensionsOf(const TypeFacts& type) {
+    return type.isWhole && type.kind == ClassId::ARRAY ? type.second : 0;
+}
+
+} // namespace
+
+unsigned int ownSteps(const TypeFacts& type) { return dimensionsOf(type); }
+
+unsigned long long partSteps(const Part& part, const WalkCost& cost) {
+    return 1ULL + part.rangeCount + cost.steps;
+}
+
+void closeCost(const TypeFacts& type, WalkCost& cost) {
+    cost.givesRanges = cost.givesRanges || dimensionsOf(type) != 0;
+    if (isAggregate(type.kind) && !cost.givesRanges)
+        cost.steps = 0;
+}
+
+void addWalkTooLarge(const TypeFacts& type, unsigned int typeId, FindingList& findings,
+                     unsigned long long steps) {
+    findings.add(FindingCode::WALK_TOO_LARGE, typeId, "record", type.address,
+                 "To flatten the constraints of this type takes more than " +
+                     std::to_string(steps) + " steps.");
+}
+
+bool WalkVerifier::verify() {
+    m_states.assign(m_types.size(), State::NEW);
+    m_costs.assign(m_types.size(), {});
+    m_open.assign(m_types.size(), 0);
+    m_places.assign(m_types.size(), 0);
+    for (unsigned int id = 0; id < m_types.size(); ++id) {
+        if (m_states[id] == State::NEW)
+            enter(id);
+        while (!m_path.empty())
+            advance();
+    }
+    return m_isFinite;
+}
+
+void WalkVerifier::enter(unsigned int typeId) {
+    const auto place = static_cast<unsigned int>(m_path.size());
+    const bool isRecord = m_types[typeId].kind == ClassId::RECORD;
+    const unsigned int lastRecord = isRecord         ? place + 1
+                                    : m_path.empty() ? 0
+                                                     : m_path.back().lastRecord;
+    m_path.push_back({typeId, lastRecord, m_parts.begin(typeId), {}, false, false});
+    m_states[typeId] = State::OPEN;
+    m_costs[typeId].steps = ownSteps(m_types[typeId]);
+    m_places[typeId] = place;
+}
+
+void WalkVerifier::advance() {
+    Step& step = m_path.back();
+    if (step.isBelow) {
+        step.isBelow = false;
+        account(step);
+    } else if (m_parts.read(step.typeId, step.position, step.part)) {
+        meet(step);
+    } else {
+        finish();
+    }
+}
+
+/// A link that is not a member's was checked with the other references.
+void WalkVerifier::meet(Step& step) {
+    const unsigned int next = step.part.typeId;
+    if (!isLinked(m_types, next)) {
+        if (isAggregate(m_types[step.typeId].kind) && step.part.index != BASE_CLASS)
+            addBrokenLink(m_types, m_findings, step.typeId, next,
+                          m_parts.fieldOf(step.typeId, step.part), step.part.idAt);
+        return;
+    }
+    const unsigned int kind = m_types[next].kind;
+    if (kind == ClassId::CLASS || m_states[next] == State::DONE) {
+        account(step);
+    } else if (m_states[next] == State::OPEN) {
+        addSelfContained(step);
+    } else if (kind == ClassId::RECORD || isPassage(kind)) {
+        step.isBelow = true;
+        enter(next);
+    } else {
+        account(step);
+    }
+}
+
+void WalkVerifier::addSelfContained(const Step& step) {
+    m_isFinite = false;
+    const unsigned int next = step.part.typeId;
+    if (step.lastRecord <= m_places[next])
+        return; // No record takes part: the references themselves never end.
+    m_findings.add(FindingCode::STRUCT_CONTAINS_ITSELF, step.typeId,
+                   m_parts.fieldOf(step.typeId, step.part), step.part.idAt,
+                   "Type " + std::to_string(next) +
+                       " contains this one by value, so that neither has a finite size.");
+}
+
+void WalkVerifier::account(Step& step) {
+    const bool isClass = m_types[step.part.typeId].kind == ClassId::CLASS;
+    const WalkCost below = isClass ? WalkCost{0, false, true} : m_costs[step.part.typeId];
+    WalkCost& cost = m_costs[step.typeId];
+    step.passedBelow = step.passedBelow || below.steps > m_limits.maxWalkSteps;
+    cost.steps = addSteps(cost.steps, partSteps(step.part, below), m_limits.maxWalkSteps);
+    cost.givesRanges = cost.givesRanges || below.givesRanges;
+    cost.entersClasses = cost.entersClasses || below.entersClasses;
+    accountRanges(step.typeId, step.part, isClass ? 0 : m_open[step.part.typeId]);
+}
+
+/// The list of a part answers, entry by entry, what is asked below; entries that stand open and
+/// those that are missing are asked of the level further out. An array asks for its own dimensions
+/// first, and its element may have what the list holds beyond them.
+void WalkVerifier::accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow) {
+    const unsigned int dimensions = dimensionsOf(m_types[typeId]);
+    const unsigned int asked = static_cast<unsigned int>(std::min<unsigned long long>(
+        MOST_RANGES, static_cast<unsigned long long>(dimensions) + askedBelow));
+    const bool isShort =
+        part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
+    if (isShort)
+        m_findings.add(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId,
+                       m_parts.rangesFieldOf(typeId, part), part.rangesAt - sizeof part.rangeCount,
+                       "Found " + std::to_string(part.rangeCount) + " constraints, and " +
+                           std::to_string(asked) + " dimensions consume them.");
+    const unsigned int open = asked == 0 ? 0 : asked - m_parts.rangesWithBounds(part, asked);
+    m_open[typeId] = static_cast<unsigned int>(std::min<unsigned long long>(
+        MOST_RANGES, static_cast<unsigned long long>(m_open[typeId]) + open));
+}
+
+/// Reported where the limit is first passed, not at everything above.
+void WalkVerifier::finish() {
+    const Step step = m_path.back();
+    WalkCost& cost = m_costs[step.typeId];
+    closeCost(m_types[step.typeId], cost);
+    if (cost.steps > m_limits.maxWalkSteps && !step.passedBelow && !cost.entersClasses)
+        addWalkTooLarge(m_types[step.typeId], step.typeId, m_findings, m_limits.maxWalkSteps);
+    m_states[step.typeId] = State::DONE;
+    m_path.pop_back();
+}
+
+} // namespace TypeFile

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "TypeFile/FindingList.h"
+#include "TypeFile/TypeFileVerifier.h"
+#include "TypeFile/TypeParts.h"
+
+#include <vector>
+
+namespace TypeFile {
+
+/// What the constraint walk costs at a type. Steps: types entered, ranges pushed and given.
+struct WalkCost {
+    unsigned int steps = 0;     ///< At most one more than the limit.
+    bool givesRanges = false;   ///< Else an aggregate is passed by from the second time on.
+    bool entersClasses = false; ///< Then the steps depend on the path to the type.
+};
+
+/// Adds without going past one more than the limit.
+inline unsigned int addSteps(unsigned int steps, unsigned long long more, unsigned int limit) {
+    const unsigned long long sum = steps + more;
+    return sum > limit ? limit + 1 : static_cast<unsigned int>(sum);
+}
+
+/// The steps at a type itself, without those of its parts.
+unsigned int ownSteps(const TypeFacts& type);
+
+/// The steps of one part: what its type costs, and what lies in between.
+unsigned long long partSteps(const Part& part, const WalkCost& cost);
+
+/// Once all parts are in: an aggregate that gives nothing is passed by.
+void closeCost(const TypeFacts& type, WalkCost& cost);
+
+void addWalkTooLarge(const TypeFacts& type, unsigned int typeId, FindingList& findings,
+                     unsigned long long steps);
+
+/// Checks what types hold by value, which is what the constraint walk goes through: that members
+/// lead to objects, that no struct contains itself, that constraint lists are long enough for the
+/// dimensions that will consume them, and that the walk stays within its limit.
+///
+/// A class is held by reference and ends the way down here; WalksThroughClasses goes on. It is
+/// taken to ask no range of the levels around it.
+class WalkVerifier {
+public:
+    WalkVerifier(const TypeTable& types, TypeParts& parts, FindingList& findings,
+                 const VerifyLimits& limits)
+        : m_types(types), m_parts(parts), m_findings(findings), m_limits(limits) {}
+
+    /// Whether no type contains itself by value.
+    bool verify();
+
+    /// The cost of every type's walk as far as it enters no class.
+    std::vector<WalkCost>& costs() { return m_costs; }
+
+private:
+    enum class State : unsigned char { NEW, OPEN, DONE };
+
+    /// A type on the way down, with the part that the way goes on through.
+    struct Step {
+        unsigned int typeId;
+        unsigned int lastRecord; ///< Place of the last record on the path, itself included, + 1.
+        PartPosition position;
+        Part part;
+        bool isBelow;
+        bool passedBelow; ///< A part alone passes the limit of the walk.
+    };
+
+    void enter(unsigned int typeId);
+    void advance();
+    void meet(Step& step);
+    void account(Step& step);
+    void accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow);
+    void finish();
+    void addSelfContained(const Step& step);
+
+    const TypeTable& m_types;
+    TypeParts& m_parts;
+    FindingList& m_findings;
+    const VerifyLimits& m_limits;
+    std::vector<State> m_states;
+    std::vector<WalkCost> m_costs;      ///< While a type is open: of the parts so far.
+    std::vector<unsigned int> m_open;   ///< Ranges a type asks of the levels around it.
+    std::vector<unsigned int> m_places; ///< On the path, while a type is open.
+    std::vector<Step> m_path;
+    bool m_isFinite = true;
+};
+
+} // namespace TypeFile
