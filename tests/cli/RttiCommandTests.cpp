@@ -161,14 +161,14 @@ TEST(RttiDump, FindsATypeFileAtAnOffset) {
 }
 
 TEST(RttiDump, ShowsATypeIdThatBuildsNoType) {
-    const Result result = rtti("dump " + fileOf(oneRecord(0xA000000E)));
+    const Result result = rtti("dump --force " + fileOf(oneRecord(0xA000000E)));
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "type 0: builds no type (kind 0xA000000E)\n\n");
     EXPECT_EQ(result.err, "");
 }
 
 TEST(RttiDump, ReportsAKindThatThereIsNot) {
-    const Result result = rtti("dump " + fileOf(oneRecord(0xA0000020)));
+    const Result result = rtti("dump --force " + fileOf(oneRecord(0xA0000020)));
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "type 0: builds no type (kind 0xA0000020)\n\n");
     expectOneLine(result.err);
@@ -205,10 +205,24 @@ TEST(RttiDump, RefusesAFileThatEndsInItsAddressTable) {
 TEST(RttiDump, RefusesAFileWhoseRecordLiesOutside) {
     std::string bytes = oneRecord(0xA0000018);
     bytes[56] = 62; // The record's address, two bytes before the end of the file.
-    const Result result = rtti("dump " + fileOf(bytes));
+    const Result result = rtti("dump --force " + fileOf(bytes));
     EXPECT_EQ(result.status, 2);
     expectOneLine(result.err);
     EXPECT_THAT(result.err, HasSubstr("read of 4 bytes at offset 62"));
+}
+
+TEST(RttiDump, RefusesAFileWithErrorsAndNamesTheFirst) {
+    std::string bytes = oneRecord(0xA0000018);
+    bytes[56] = 62; // The record's address, two bytes before the end of the file.
+    const std::string file = fileOf(bytes);
+    const Result result = rtti("dump " + file);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "rtti: " + file +
+                  ": error record-outside-storage type 0 field \"address\" at 0x38: The record "
+                  "begins at 0x3e, and the storage ends at 0x40. (see `rtti verify " +
+                  file + "`; --force loads it all the same)\n");
 }
 
 TEST(RttiDump, RefusesAText) {
@@ -280,6 +294,90 @@ TEST(RttiShow, RefusesAFileThatIsNotThere) {
     const Result result = rtti("show /not/there.typ 0");
     EXPECT_EQ(result.status, 2);
     expectOneLine(result.err);
+}
+
+TEST(RttiShow, RefusesAFileWithErrorsUnlessForced) {
+    const std::string file = fileOf(oneRecord(0xA0000020));
+    const Result result = rtti("show " + file + " 0");
+    EXPECT_EQ(result.status, 1);
+    expectOneLine(result.err);
+    EXPECT_THAT(result.err, HasSubstr("kind-unknown type 0"));
+    EXPECT_EQ(rtti("show --force " + file + " 0").status, 0);
+}
+
+TEST(RttiVerify, PrintsASummaryForAFileWithoutFindings) {
+    const std::string file = example("svkinds_slang");
+    const Result result = rtti("verify " + file);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, file + ": 0 errors, 0 warnings\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(RttiVerify, PrintsALineForEveryFinding) {
+    const std::string file = fileOf(oneRecord(0xA0000020));
+    const Result result = rtti("verify " + file);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "error kind-unknown type 0 field \"kind\" at 0x2c: Found 0xa0000020, "
+                          "expected a kind from 0xa0000003 to 0xa0000019.\n" +
+                              file + ": 1 error, 0 warnings\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(RttiVerify, FindsAWarningWithoutFailing) {
+    // An event record: its last word, the event kind, is 7.
+    std::string bytes = std::string("TYPES 1") + std::string(25, '\0') + word(1) + word(57);
+    bytes += word(17) + word(0xA000000B) + '\0' + word(0) + word(7);
+    const std::string file = fileOf(bytes + word(40) + word(0));
+    const Result result = rtti("verify " + file);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "warning flavour-unknown type 0 field \"event kind\" at 0x35: Found 7, "
+                          "expected 0 or 1.\n" +
+                              file + ": 0 errors, 1 warning\n");
+}
+
+TEST(RttiVerify, PrintsJson) {
+    const std::string file = fileOf(oneRecord(0xA0000020).substr(0, 63));
+    const Result result = rtti("verify --json " + file);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "{\n"
+                          "  \"file\": \"" +
+                              file +
+                              "\",\n"
+                              "  \"errors\": 1,\n"
+                              "  \"warnings\": 0,\n"
+                              "  \"findings\": [\n"
+                              "    {\n"
+                              "      \"severity\": \"error\",\n"
+                              "      \"code\": \"table-outside-storage\",\n"
+                              "      \"type\": null,\n"
+                              "      \"field\": \"address table offset\",\n"
+                              "      \"offset\": 36,\n"
+                              "      \"text\": \"The table of 1 types takes 8 bytes at 0x38, and "
+                              "the storage ends at 0x3f.\"\n"
+                              "    }\n"
+                              "  ]\n"
+                              "}\n");
+}
+
+TEST(RttiVerify, FindsATypeFileAtAnOffset) {
+    std::string bytes = oneRecord(0xA0000018);
+    bytes += bytes.substr(0, 40);
+    EXPECT_EQ(rtti("verify --offset 64 " + fileOf(bytes)).status, 0);
+    EXPECT_EQ(rtti("verify --offset 65 " + fileOf(bytes)).status, 1);
+}
+
+TEST(RttiVerify, RefusesAFileThatIsNotThere) {
+    const Result result = rtti("verify /not/there.typ");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    expectOneLine(result.err);
+}
+
+TEST(RttiVerify, ShowsHelpWithAnExample) {
+    const Result result = rtti("verify --help");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("Example:"));
+    EXPECT_THAT(result.out, HasSubstr("--json"));
 }
 
 TEST(Rtti, ShowsHelpWithAnExample) {

@@ -44,7 +44,7 @@ void checkKind(const std::string& kind) {
 class Dump {
 public:
     explicit Dump(const DumpOptions& options)
-        : m_options(options), m_file(options.file, options.offset) {}
+        : m_options(options), m_file(options.file, options.offset, options.force) {}
 
     int run() {
         if (m_options.trace)

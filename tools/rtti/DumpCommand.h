@@ -7,6 +7,7 @@
 struct DumpOptions {
     std::string file;
     unsigned long long offset = 0;
+    bool force = false;            ///< Load a file with errors, too.
     std::vector<unsigned int> ids; ///< None for all.
     std::string kind;              ///< Empty for all.
     std::string name;              ///< A glob; empty for all.

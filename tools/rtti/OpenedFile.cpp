@@ -2,6 +2,7 @@
 
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/TypeFileVerifier.h"
 
 #include <algorithm>
 #include <string_view>
@@ -20,8 +21,11 @@ bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
 
-OpenedFile::OpenedFile(const std::string& path, unsigned long long offset) : m_storage(path) {
+OpenedFile::OpenedFile(const std::string& path, unsigned long long offset, bool force)
+    : m_storage(path) {
     checkHeader(offset);
+    if (!force)
+        verify(path, offset);
     m_manager.setupDeserializer(m_storage, offset);
 }
 
@@ -51,6 +55,19 @@ void OpenedFile::checkHeader(unsigned long long offset) {
         refuse("too short for its " + std::to_string(m_typeCount) +
                " types: the address table at " + std::to_string(m_tableOffset) + " takes " +
                std::to_string(tableSize) + " bytes, and the file has " + std::to_string(size));
+}
+
+void OpenedFile::verify(const std::string& path, unsigned long long offset) {
+    const auto findings = TypeFile::verify(m_storage, m_storage.size(), offset);
+    const auto error = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
+        return finding.severity == TypeFile::Severity::ERROR;
+    });
+    if (error == findings.end())
+        return;
+    const std::string place = offset == 0 ? "" : " --offset " + std::to_string(offset);
+    throw UnusableFile(TypeFile::lineOf(*error) + " (see `rtti verify " + path + place +
+                           "`; --force loads it all the same)",
+                       FAULTY_FILE);
 }
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) {

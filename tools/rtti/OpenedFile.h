@@ -17,12 +17,13 @@ private:
     int m_exitStatus;
 };
 
-/// A type file in a storage file, checked as far as a load relies on it and ready to be asked.
+/// A type file in a storage file, verified and ready to be asked.
 class OpenedFile {
 public:
-    /// Throws UnusableFile for what is no type file, is too short or holds no usable types, and
-    /// what the storage throws.
-    OpenedFile(const std::string& path, unsigned long long offset);
+    /// Throws UnusableFile for what is no type file, is too short or holds no usable types, for
+    /// what the verifier finds an error in unless it is to be loaded by force, and what the storage
+    /// throws.
+    OpenedFile(const std::string& path, unsigned long long offset, bool force);
 
     unsigned int typeCount() const { return m_typeCount; }
 
@@ -35,6 +36,7 @@ public:
 
 private:
     void checkHeader(unsigned long long offset);
+    void verify(const std::string& path, unsigned long long offset);
 
     OVAT::FileBlockManager m_storage;
     RTTI::RTTypeManager m_manager; ///< Reads from the storage.

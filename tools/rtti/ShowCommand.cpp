@@ -12,7 +12,7 @@
 using RTTI::RTBaseType;
 
 int runShow(const ShowOptions& options) {
-    OpenedFile file(options.file, options.offset);
+    OpenedFile file(options.file, options.offset, options.force);
     if (options.id >= file.typeCount())
         throw CLI::ValidationError("ID " + std::to_string(options.id) + ": the file has " +
                                    std::to_string(file.typeCount()) + " types");

@@ -6,6 +6,7 @@
 struct ShowOptions {
     std::string file;
     unsigned long long offset = 0;
+    bool force = false; ///< Load a file with errors, too.
     unsigned int id = 0;
 };
 

@@ -4,13 +4,17 @@
 #include "Inspect/TypeText.h"
 #include "OpenedFile.h"
 #include "ShowCommand.h"
+#include "VerifyCommand.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <iostream>
+#include <iterator>
 #include <new>
 
 namespace {
@@ -26,7 +30,9 @@ int fail(const std::string& what, int exitStatus) {
     return exitStatus;
 }
 
-void addDump(CLI::App& program, DumpOptions& options) {
+constexpr char FORCE_HELP[] = "Load the file even if it has errors";
+
+CLI::App* addDump(CLI::App& program, DumpOptions& options) {
     CLI::App* dump = program.add_subcommand("dump", "Print the types of a type file");
     dump->add_option("FILE", options.file, "Storage file")->required();
     dump->add_option("--offset", options.offset, "Where in FILE the type file begins (0)");
@@ -38,11 +44,13 @@ void addDump(CLI::App& program, DumpOptions& options) {
                      "Only types of this kind, such as \"packed struct\", struct or queue");
     dump->add_option("--name", options.name, "Only types whose name matches this shell pattern")
         ->type_name("GLOB");
+    dump->add_flag("--force", options.force, FORCE_HELP);
     dump->add_flag("--trace", options.trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options.json, "Print a JSON document that rtti build reads");
     dump->add_flag("--ndjson", options.ndjson, "The same with a JSON object a line");
     dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
                  "examples/typefiles/ibex_slang.typ");
+    return dump;
 }
 
 CLI::App* addShow(CLI::App& program, ShowOptions& options) {
@@ -50,6 +58,7 @@ CLI::App* addShow(CLI::App& program, ShowOptions& options) {
     show->add_option("FILE", options.file, "Storage file")->required();
     show->add_option("ID", options.id, "The type's id")->required();
     show->add_option("--offset", options.offset, "Where in FILE the type file begins (0)");
+    show->add_flag("--force", options.force, FORCE_HELP);
     show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ 4");
     return show;
 }
@@ -70,6 +79,24 @@ CLI::App* addBuild(CLI::App& program, BuildOptions& options) {
                   "  rtti build types.json -o types.typ");
     return build;
 }
+
+CLI::App* addVerify(CLI::App& program, VerifyOptions& options) {
+    CLI::App* verify = program.add_subcommand("verify", "Say what is wrong with a type file");
+    verify->add_option("FILE", options.file, "Storage file")->required();
+    verify->add_option("--offset", options.offset, "Where in FILE the type file begins (0)");
+    verify->add_flag("--json", options.json, "Print the findings as JSON");
+    verify->footer("Example:\n  rtti verify examples/typefiles/ibex_slang.typ\n\n"
+                   "Exit status: 0 no errors, 1 errors found, 2 the call is wrong or the file "
+                   "cannot be read.");
+    return verify;
+}
+
+/// What the program can do, and the file that its messages name.
+struct Subcommand {
+    const CLI::App* parser;
+    const std::string& file;
+    std::function<int()> run;
+};
 
 /// Calls a subcommand; whatever it throws becomes one line and an exit status.
 template <typename Command>
@@ -100,7 +127,7 @@ int run(CLI::App& program, const std::string& file, const Command& command, int 
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN); // A reader that has gone shows as an output that fails.
-    CLI::App program("Shows and makes the type files of an HDL simulator.", "rtti");
+    CLI::App program("Shows, makes and verifies the type files of an HDL simulator.", "rtti");
     program.require_subcommand(1);
     program.footer(
         "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ\n\n"
@@ -108,19 +135,20 @@ int main(int argc, char** argv) {
         "cannot be read.");
     DumpOptions dump;
     ShowOptions show;
-    addDump(program, dump);
     BuildOptions build;
-    const CLI::App* showCommand = addShow(program, show);
-    const CLI::App* buildCommand = addBuild(program, build);
+    VerifyOptions verify;
+    const Subcommand subcommands[] = {
+        {addDump(program, dump), dump.file, [&] { return runDump(dump); }},
+        {addShow(program, show), show.file, [&] { return runShow(show); }},
+        {addBuild(program, build), build.file, [&] { return runBuild(build); }},
+        {addVerify(program, verify), verify.file, [&] { return runVerify(verify); }},
+    };
     std::string file;
     const auto command = [&] {
-        if (buildCommand->parsed()) {
-            file = build.file;
-            return runBuild(build);
-        }
-        const bool isShow = showCommand->parsed();
-        file = isShow ? show.file : dump.file;
-        return isShow ? runShow(show) : runDump(dump);
+        const auto* chosen = std::find_if(std::begin(subcommands), std::end(subcommands),
+                                          [](const Subcommand& s) { return s.parser->parsed(); });
+        file = chosen->file;
+        return chosen->run();
     };
     const int status = run(program, file, command, argc, argv);
     if (!std::cout.flush())
