@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OVAT/IBlockManager.h"
+#include "RTTI/TypeFileFormat.h"
 #include "TypeFile/Finding.h"
 
 #include <cstddef>
@@ -14,9 +15,9 @@ struct VerifyLimits {
     /// Nobody reads more, and memory must not grow with the number of faults.
     std::size_t maxFindings = 1000;
 
-    /// Records that one load may hold open at once by references that are followed while the
-    /// referring record is read. Each costs stack; real files nest 26 deep.
-    unsigned int maxNesting = 1000;
+    /// Records that may wait in a row, each for the next to be read. The loader follows no more: the
+    /// link behind them would be null. Real files nest 26 deep.
+    unsigned int maxNesting = RTTI::TypeFileFormat::CHAIN_LIMIT;
 
     /// Bytes of all records, each counted once a type id: the objects of a load take a small
     /// multiple. Records that many ids share could ask for much more than the file is long.

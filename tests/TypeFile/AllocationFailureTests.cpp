@@ -1,7 +1,9 @@
-// Writing while memory runs out: nothing is left half done, and the call made again is complete.
+// Writing and verifying while memory runs out: nothing is left half done, and the call made again
+// is complete.
 
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
+#include "TypeFile/TypeFileVerifier.h"
 #include "TypeFile/TypeFileWriter.h"
 #include "tests/support/FailingAllocations.h"
 
@@ -97,6 +99,17 @@ TEST(WriterWithoutMemory, LeavesNoFileBehind) {
     EXPECT_GE(failures, 4U);
     EXPECT_EQ(fileContent(path), fileContent(EVERY_KIND_TYPEFILE));
     fs::remove_all(folder);
+}
+
+TEST(VerifierWithoutMemory, CanBeAskedAgain) {
+    OVAT::FileBlockManager storage(EVERY_KIND_TYPEFILE);
+    const std::size_t findings = TypeFile::verify(storage, storage.size(), 0).size();
+    ASSERT_GE(findings, 10U);
+    std::size_t found = 0;
+    const std::size_t failures = failEachAllocation(
+        [&] { found = TypeFile::verify(storage, storage.size(), 0).size(); }, [](std::size_t) {});
+    EXPECT_GE(failures, findings);
+    EXPECT_EQ(found, findings);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileVerifier.h"
+#include "tests/support/TypeFileBuilder.h"
 #include "tests/support/TypeTableModel.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -142,5 +144,74 @@ INSTANTIATE_TEST_SUITE_P(VerifierPromise, Example,
                                          "svkinds_vltree", "uvm_slang", "vhkinds_ghw",
                                          "vhkinds_rti"),
                          [](const auto& example) { return std::string(example.param); });
+
+/// A chain of `length` records that each wait for the next while they are read.
+std::vector<char> chainOf(unsigned int kind, unsigned int length) {
+    TypeFileBuilder file;
+    for (unsigned int id = 1; id < length; ++id) {
+        file.record(kind, "t").u32(id);
+        if (kind == ClassId::CLASS)
+            file.i32(0).i32(0); // SV type id, no members
+        else
+            file.u32(0); // no constraints
+    }
+    if (kind == ClassId::CLASS)
+        file.record(kind, "base").u32(TypeFileFormat::NO_TYPE_ID).i32(0).i32(0);
+    else
+        file.integer("int");
+    const std::string image = file.image();
+    return {image.begin(), image.end()};
+}
+
+/// Whether each link of a chain leads on.
+bool isWhole(const std::vector<char>& bytes, unsigned int length) {
+    OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
+    RTTypeManager manager;
+    manager.setupDeserializer(storage, 0);
+    manager.readAllRTTypes();
+    for (unsigned int id = 0; id + 1 < length; ++id) {
+        const RTBaseType* type = manager.getRTType(id);
+        const auto* alias = dynamic_cast<const RTTypedefType*>(type);
+        const RTBaseType* link = alias != nullptr
+                                     ? alias->m_dataType
+                                     : dynamic_cast<const RTClassType&>(*type).m_baseClass;
+        if (link == nullptr)
+            return false;
+    }
+    return true;
+}
+
+TEST(VerifierPromise, EndsWhereTheLoaderStopsFollowing) {
+    constexpr unsigned int LONGEST = TypeFileFormat::CHAIN_LIMIT;
+    for (const unsigned int kind : {ClassId::TYPEDEF, ClassId::CLASS}) {
+        for (const unsigned int length : {LONGEST, LONGEST + 1}) {
+            const std::vector<char> bytes = chainOf(kind, length);
+            OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
+            const bool isSound = !TypeFile::hasErrors(TypeFile::verify(storage, bytes.size(), 0));
+            EXPECT_EQ(isSound, length == LONGEST) << kind;
+            EXPECT_EQ(isWhole(bytes, length), length == LONGEST) << kind;
+        }
+    }
+}
+
+TEST(VerifierPromise, HandsOnWhatTheStorageThrowsAndCanBeAskedAgain) {
+    TypeFileBuilder file;
+    for (int i = 0; i < 10000; ++i) // More than is read at once.
+        file.record(ClassId::STRING, "a string type");
+    const std::string image = file.image();
+    std::size_t failures = 0;
+    for (;; ++failures) {
+        RecordingBlockManager storage(image);
+        storage.failAtRead(failures);
+        try {
+            TypeFile::verify(storage, image.size(), 0);
+            break;
+        } catch (const std::runtime_error& error) {
+            EXPECT_STREQ(error.what(), "the storage fails");
+        }
+        EXPECT_TRUE(TypeFile::verify(storage, image.size(), 0).empty());
+    }
+    EXPECT_GE(failures, 3U);
+}
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <string>
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -33,7 +34,7 @@ std::string scratch(const std::string& name) {
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     std::string file = test->name();
     std::replace(file.begin(), file.end(), '/', '-'); // Names of tests with a parameter.
-    return testing::TempDir() + file + '.' + name;
+    return testing::TempDir() + file + '.' + std::to_string(::getpid()) + '.' + name;
 }
 
 Result rtti(const std::string& arguments) {
@@ -416,14 +417,14 @@ std::string textFileOf(const std::string& text) {
 TEST(RttiBuild, MakesAFileWhoseDumpIsTheSameText) {
     const std::string text = EVERY_KIND_JSON;
     ASSERT_EQ(rtti("build " + text + " -o " + scratch("typ")).status, 0);
-    const Result dump = rtti("dump --json " + scratch("typ"));
+    const Result dump = rtti("dump --force --json " + scratch("typ"));
     EXPECT_EQ(dump.status, 0);
     EXPECT_EQ(dump.out, contentOf(text));
 }
 
 TEST(RttiBuild, MakesTheSameFileFromLines) {
     ASSERT_EQ(rtti("build " EVERY_KIND_JSON " -o " + scratch("typ")).status, 0);
-    const Result lines = rtti("dump --ndjson " + scratch("typ"));
+    const Result lines = rtti("dump --force --ndjson " + scratch("typ"));
     EXPECT_EQ(count(lines.out, "\n"), 28U); // 27 types and the head
     ASSERT_EQ(
         rtti("build --ndjson " + textFileOf(lines.out) + " -o " + scratch("again.typ")).status, 0);
