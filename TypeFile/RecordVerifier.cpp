@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t WORD_SIZE = 4;
 constexpr std::size_t UNIT_VALUE_SIZE = 8;
 constexpr std::size_t BOUND_SIZE = 8;
+constexpr std::size_t DIRECTION_OFFSET = 8; ///< In a constraint.
 
 /// The least that an entry of a list takes: an empty name and the fields after it.
 constexpr std::size_t SMALLEST_NAME = 1;
@@ -37,7 +38,6 @@ void RecordVerifier::verify(unsigned int typeId, TypeFacts& facts, unsigned int 
     endOfItems();
     name("name");
     word("flags");
-    facts.bodyAt = relative(m_at);
     body(facts.kind);
     if (m_isWhole && m_at != m_end)
         add(FindingCode::LEFTOVER_BYTES, "record size", facts.address,
@@ -264,8 +264,18 @@ void RecordVerifier::constraints() {
     if (m_list == nullptr) { // Not those of a member: they are found again behind its name.
         m_facts->listAt = relative(m_at);
         m_facts->listCount = ranges;
+        lookForOpenRanges(ranges);
     }
     m_at += ranges * static_cast<unsigned long long>(CONSTRAINT_SIZE);
+}
+
+void RecordVerifier::lookForOpenRanges(unsigned int ranges) {
+    bool isOpen = false;
+    for (unsigned long long i = 0; i < ranges; ++i) {
+        const char* range = m_window.at(m_at + i * CONSTRAINT_SIZE, CONSTRAINT_SIZE);
+        isOpen = isOpen || littleEndianAt<int>(range + DIRECTION_OFFSET) == UNCONSTRAINED_DIRECTION;
+    }
+    m_facts->hasOpenRange = isOpen;
 }
 
 void RecordVerifier::reference(const char* field) {

@@ -30,6 +30,7 @@ private:
     void skip(const char* field, std::size_t width);
     unsigned int count(const char* field, std::size_t smallestItem);
     void constraints();
+    void lookForOpenRanges(unsigned int ranges);
     void reference(const char* field);
     void flavour(const char* field, int last);
 

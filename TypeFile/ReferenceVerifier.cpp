@@ -50,8 +50,9 @@ bool ReferenceVerifier::verify() {
     m_depths.assign(m_types.size(), 0);
     m_isOpen.assign(m_types.size(), false);
     for (unsigned int id = 0; id < m_types.size(); ++id) {
-        checkLinks(id);
-        if (m_depths[id] == 0)
+        if (hasReference(m_types[id].kind))
+            checkLinks(id);
+        if (m_depths[id] == 0 && followedAtOnce(m_types[id]) != 0)
             measureFrom(id);
     }
     return m_allEnd;
@@ -59,15 +60,14 @@ bool ReferenceVerifier::verify() {
 
 void ReferenceVerifier::checkLinks(unsigned int typeId) {
     const TypeFacts& type = m_types[typeId];
-    if (!type.isWhole || !hasReference(type.kind) ||
-        (type.kind == ClassId::CLASS && type.reference == NO_TYPE_ID))
+    if (!type.isWhole || (type.kind == ClassId::CLASS && type.reference == NO_TYPE_ID))
         return;
     const unsigned long long offset = type.address + type.referenceAt;
     if (!isLinked(m_types, type.reference))
         addBrokenLink(m_types, m_findings, typeId, type.reference, referenceField(type.kind),
                       offset);
-    else if (type.kind == ClassId::CLASS && m_types[type.reference].kind != 0 &&
-             m_types[type.reference].kind != ClassId::CLASS)
+    else if (type.kind == ClassId::CLASS && m_types.roles[type.reference] != Role::CLASS &&
+             m_types[type.reference].kind != 0)
         m_findings.add(FindingCode::BASE_IS_NO_CLASS, typeId, referenceField(type.kind), offset,
                        "Type " + std::to_string(type.reference) + " is no class.");
     if (type.kind == ClassId::ASSOC_ARRAY && !isLinked(m_types, type.second))

@@ -9,10 +9,9 @@
 
 namespace TypeFile {
 
-/// Whether a link to this type id leads to an object. A record that could not be read passes: it
-/// has a finding of its own.
+/// Whether a link to this type id leads to an object.
 inline bool isLinked(const TypeTable& types, unsigned int target) {
-    return target < types.size() && (types[target].kind == 0 || buildsType(types[target].kind));
+    return target < types.size() && types.roles[target] != Role::NO_TYPE;
 }
 
 /// Reports a link that `isLinked` turns down. `field` and `offset` are those of the type id.

@@ -2,6 +2,7 @@
 
 #include "RTTI/TypeFileFormat.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace TypeFile {
@@ -9,17 +10,30 @@ namespace TypeFile {
 /// What is kept of a record once its bytes are verified. Offsets are relative to its address.
 struct TypeFacts {
     unsigned long long address = 0;
-    unsigned int kind = 0;   ///< 0 where no record can be read.
-    unsigned int bodyAt = 0; ///< Of the first field that belongs to the kind.
+    unsigned int kind = 0;                                     ///< 0 where no record can be read.
     unsigned int reference = RTTI::TypeFileFormat::NO_TYPE_ID; ///< Base type, element and so on.
     unsigned int second = 0;      ///< Associative array: index type id. Array: dimension count.
     unsigned int listAt = 0;      ///< Of the first constraint, or of an aggregate's first member.
-    unsigned int listCount = 0;   ///< Constraints, or members.
     unsigned int referenceAt = 0; ///< Of the field that holds `reference`.
-    bool isWhole = false;         ///< Every field was there; else the fields above say nothing.
-};
 
-using TypeTable = std::vector<TypeFacts>;
+    /// Constraints, or members; the smallest takes 9 bytes of the at most 2^31 that a record has.
+    unsigned int listCount : 30 = 0;
+    unsigned int hasOpenRange : 1 = 0; ///< One of the constraints stands open.
+    unsigned int isWhole : 1 = 0;      ///< Every field was there; else those above say nothing.
+};
+static_assert(sizeof(TypeFacts) == 32, "memory counts: a file can have many millions of types");
+
+/// What a type is to those that refer to it.
+enum class Role : unsigned char { NO_TYPE, LEAF, PASSAGE, RECORD, CLASS };
+
+/// All types of a file. The roles stand apart, since they alone are looked up in any order.
+struct TypeTable {
+    std::vector<TypeFacts> facts;
+    std::vector<Role> roles;
+
+    unsigned int size() const { return static_cast<unsigned int>(facts.size()); }
+    const TypeFacts& operator[](std::size_t id) const { return facts[id]; }
+};
 
 /// Whether a kind code is one that records can have.
 constexpr bool isKind(unsigned int kind) {
@@ -41,6 +55,17 @@ constexpr bool isAggregate(unsigned int kind) {
 constexpr bool isPassage(unsigned int kind) {
     return kind == RTTI::ClassId::TYPEDEF || kind == RTTI::ClassId::DISCRETE_ENUM ||
            kind == RTTI::ClassId::ARRAY;
+}
+
+/// A record that could not be read has a finding of its own, and is no fault of others.
+constexpr Role roleOf(unsigned int kind) {
+    if (kind == RTTI::ClassId::RECORD)
+        return Role::RECORD;
+    if (kind == RTTI::ClassId::CLASS)
+        return Role::CLASS;
+    if (isPassage(kind))
+        return Role::PASSAGE;
+    return kind == 0 || buildsType(kind) ? Role::LEAF : Role::NO_TYPE;
 }
 
 } // namespace TypeFile

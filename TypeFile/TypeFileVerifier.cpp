@@ -128,9 +128,9 @@ bool Verification::readTable() {
         addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
                    m_base + ADDRESS_TABLE_OFFSET,
                    "The table at " + hex(m_table) + " shares bytes with the header.");
-    m_types.resize(m_typeCount);
+    m_types.facts.resize(m_typeCount);
     for (unsigned int id = 0; id < m_typeCount; ++id)
-        m_types[id].address =
+        m_types.facts[id].address =
             littleEndianAt<unsigned long long>(m_sweep.at(entryOf(id), ADDRESS_SIZE));
     return true;
 }
@@ -171,12 +171,13 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
     m_recordBytes += size;
     const bool isOfKind = checkKind(typeId);
     if (!overlaps(typeId, size, end) && isOfKind)
-        RecordVerifier(m_sweep, m_findings, m_typeCount).verify(typeId, m_types[typeId], size);
+        RecordVerifier(m_sweep, m_findings, m_typeCount)
+            .verify(typeId, m_types.facts[typeId], size);
 }
 
 /// Size and kind. A record that is not all there leaves its kind 0.
 bool Verification::readFrame(unsigned int typeId, unsigned int& size) {
-    TypeFacts& type = m_types[typeId];
+    TypeFacts& type = m_types.facts[typeId];
     if (type.address > m_size || m_size - type.address < RECORD_HEADER_SIZE) {
         m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address", entryOf(typeId),
                        "The record begins at " + hex(type.address) + ", and the storage ends at " +
@@ -237,7 +238,7 @@ bool Verification::checkKind(unsigned int typeId) {
 }
 
 void Verification::share(unsigned int typeId, unsigned int other) {
-    m_types[typeId] = m_types[other];
+    m_types.facts[typeId] = m_types.facts[other];
     m_recordBytes += m_lastSize;
     m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", entryOf(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
@@ -245,12 +246,15 @@ void Verification::share(unsigned int typeId, unsigned int other) {
 
 /// The walks through classes are counted only where every way down has an end.
 void Verification::verifyReferences() {
+    m_types.roles.reserve(m_typeCount);
+    for (const TypeFacts& type : m_types.facts)
+        m_types.roles.push_back(roleOf(type.kind));
     const bool allEnd = ReferenceVerifier(m_types, m_findings, m_limits).verify();
     TypeParts parts(m_jumps, m_types);
     WalkVerifier walks(m_types, parts, m_findings, m_limits);
     const bool isFinite = walks.verify();
-    const auto isClass = [](const TypeFacts& type) { return type.kind == ClassId::CLASS; };
-    if (allEnd && isFinite && std::any_of(m_types.begin(), m_types.end(), isClass))
+    if (allEnd && isFinite &&
+        std::count(m_types.roles.begin(), m_types.roles.end(), Role::CLASS) != 0)
         WalksThroughClasses(m_types, parts, walks.costs(), m_findings, m_limits).verify();
 }
 

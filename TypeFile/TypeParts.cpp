@@ -32,7 +32,7 @@ bool TypeParts::read(unsigned int typeId, PartPosition& position, Part& part) {
     const TypeFacts& type = m_types[typeId];
     if (position.hasBaseClass) {
         position.hasBaseClass = false;
-        part = {type.reference, BASE_CLASS, type.address + type.referenceAt, 0, 0};
+        part = {type.reference, BASE_CLASS, type.address + type.referenceAt, 0, 0, false};
         return true;
     }
     if (isAggregate(type.kind)) {
@@ -44,7 +44,8 @@ bool TypeParts::read(unsigned int typeId, PartPosition& position, Part& part) {
     if (position.next != 0 || !isPassage(type.kind))
         return false;
     position.next = type.listCount + 1;
-    part = {type.reference, 0, type.address + type.referenceAt, position.at, type.listCount};
+    part = {type.reference,        0, type.address + type.referenceAt, position.at, type.listCount,
+            type.hasOpenRange != 0};
     return true;
 }
 
@@ -61,12 +62,15 @@ void TypeParts::readMember(bool isClass, PartPosition& position, Part& part) {
     part.typeId = word(position.at);
     part.rangeCount = word(position.at + WORD_SIZE);
     part.rangesAt = position.at + 2 * WORD_SIZE;
+    part.mayBeOpen = true;
     position.at = part.rangesAt +
                   part.rangeCount * static_cast<unsigned long long>(CONSTRAINT_SIZE) +
                   (isClass ? WORD_SIZE : 0);
 }
 
 unsigned int TypeParts::rangesWithBounds(const Part& part, unsigned int count) {
+    if (!part.mayBeOpen)
+        return std::min(count, part.rangeCount);
     unsigned int found = 0;
     for (unsigned long long i = 0; i < std::min(count, part.rangeCount); ++i) {
         const unsigned int direction = word(part.rangesAt + i * CONSTRAINT_SIZE + DIRECTION_OFFSET);

@@ -14,6 +14,7 @@ struct Part {
     unsigned long long idAt; ///< Offset of the type id in the storage.
     unsigned long long rangesAt;
     unsigned int rangeCount;
+    bool mayBeOpen; ///< Else every range is known to have bounds.
 };
 
 inline constexpr unsigned int BASE_CLASS = 0xFFFFFFFF;

@@ -39,12 +39,10 @@ void addWalkTooLarge(const TypeFacts& type, unsigned int typeId, FindingList& fi
 }
 
 bool WalkVerifier::verify() {
-    m_states.assign(m_types.size(), State::NEW);
     m_costs.assign(m_types.size(), {});
-    m_open.assign(m_types.size(), 0);
-    m_places.assign(m_types.size(), 0);
+    m_states.assign(m_types.size(), {});
     for (unsigned int id = 0; id < m_types.size(); ++id) {
-        if (m_states[id] == State::NEW)
+        if (m_types.roles[id] >= Role::PASSAGE && m_states[id].progress == Progress::NEW)
             enter(id);
         while (!m_path.empty())
             advance();
@@ -54,14 +52,13 @@ bool WalkVerifier::verify() {
 
 void WalkVerifier::enter(unsigned int typeId) {
     const auto place = static_cast<unsigned int>(m_path.size());
-    const bool isRecord = m_types[typeId].kind == ClassId::RECORD;
+    const bool isRecord = m_types.roles[typeId] == Role::RECORD;
     const unsigned int lastRecord = isRecord         ? place + 1
                                     : m_path.empty() ? 0
                                                      : m_path.back().lastRecord;
     m_path.push_back({typeId, lastRecord, m_parts.begin(typeId), {}, false, false});
-    m_states[typeId] = State::OPEN;
+    m_states[typeId] = {0, place, Progress::OPEN};
     m_costs[typeId].steps = ownSteps(m_types[typeId]);
-    m_places[typeId] = place;
 }
 
 void WalkVerifier::advance() {
@@ -80,19 +77,18 @@ void WalkVerifier::advance() {
 void WalkVerifier::meet(Step& step) {
     const unsigned int next = step.part.typeId;
     if (!isLinked(m_types, next)) {
-        if (isAggregate(m_types[step.typeId].kind) && step.part.index != BASE_CLASS)
+        if (m_types.roles[step.typeId] != Role::PASSAGE && step.part.index != BASE_CLASS)
             addBrokenLink(m_types, m_findings, step.typeId, next,
                           m_parts.fieldOf(step.typeId, step.part), step.part.idAt);
         return;
     }
-    const unsigned int kind = m_types[next].kind;
-    if (kind == ClassId::CLASS || m_states[next] == State::DONE) {
-        account(step);
-    } else if (m_states[next] == State::OPEN) {
-        addSelfContained(step);
-    } else if (kind == ClassId::RECORD || isPassage(kind)) {
+    const Role role = m_types.roles[next];
+    const bool isEntered = role == Role::RECORD || role == Role::PASSAGE;
+    if (isEntered && m_states[next].progress == Progress::NEW) {
         step.isBelow = true;
         enter(next);
+    } else if (isEntered && m_states[next].progress == Progress::OPEN) {
+        addSelfContained(step);
     } else {
         account(step);
     }
@@ -101,7 +97,7 @@ void WalkVerifier::meet(Step& step) {
 void WalkVerifier::addSelfContained(const Step& step) {
     m_isFinite = false;
     const unsigned int next = step.part.typeId;
-    if (step.lastRecord <= m_places[next])
+    if (step.lastRecord <= m_states[next].place)
         return; // No record takes part: the references themselves never end.
     m_findings.add(FindingCode::STRUCT_CONTAINS_ITSELF, step.typeId,
                    m_parts.fieldOf(step.typeId, step.part), step.part.idAt,
@@ -110,14 +106,16 @@ void WalkVerifier::addSelfContained(const Step& step) {
 }
 
 void WalkVerifier::account(Step& step) {
-    const bool isClass = m_types[step.part.typeId].kind == ClassId::CLASS;
-    const WalkCost below = isClass ? WalkCost{0, false, true} : m_costs[step.part.typeId];
+    const Role role = m_types.roles[step.part.typeId];
+    const bool isClass = role == Role::CLASS;
+    const bool isLeaf = isClass || role == Role::LEAF;
+    const WalkCost below = isLeaf ? WalkCost{0, false, isClass} : m_costs[step.part.typeId];
     WalkCost& cost = m_costs[step.typeId];
     step.passedBelow = step.passedBelow || below.steps > m_limits.maxWalkSteps;
     cost.steps = addSteps(cost.steps, partSteps(step.part, below), m_limits.maxWalkSteps);
     cost.givesRanges = cost.givesRanges || below.givesRanges;
     cost.entersClasses = cost.entersClasses || below.entersClasses;
-    accountRanges(step.typeId, step.part, isClass ? 0 : m_open[step.part.typeId]);
+    accountRanges(step.typeId, step.part, isLeaf ? 0 : m_states[step.part.typeId].open);
 }
 
 /// The list of a part answers, entry by entry, what is asked below; entries that stand open and
@@ -134,9 +132,11 @@ void WalkVerifier::accountRanges(unsigned int typeId, const Part& part, unsigned
                        m_parts.rangesFieldOf(typeId, part), part.rangesAt - sizeof part.rangeCount,
                        "Found " + std::to_string(part.rangeCount) + " constraints, and " +
                            std::to_string(asked) + " dimensions consume them.");
-    const unsigned int open = asked == 0 ? 0 : asked - m_parts.rangesWithBounds(part, asked);
-    m_open[typeId] = static_cast<unsigned int>(std::min<unsigned long long>(
-        MOST_RANGES, static_cast<unsigned long long>(m_open[typeId]) + open));
+    if (asked == 0)
+        return;
+    const unsigned long long open = asked - m_parts.rangesWithBounds(part, asked);
+    unsigned int& sum = m_states[typeId].open;
+    sum = static_cast<unsigned int>(std::min<unsigned long long>(MOST_RANGES, sum + open));
 }
 
 /// Reported where the limit is first passed, not at everything above.
@@ -146,7 +146,7 @@ void WalkVerifier::finish() {
     closeCost(m_types[step.typeId], cost);
     if (cost.steps > m_limits.maxWalkSteps && !step.passedBelow && !cost.entersClasses)
         addWalkTooLarge(m_types[step.typeId], step.typeId, m_findings, m_limits.maxWalkSteps);
-    m_states[step.typeId] = State::DONE;
+    m_states[step.typeId].progress = Progress::DONE;
     m_path.pop_back();
 }
 

@@ -52,7 +52,13 @@ public:
     std::vector<WalkCost>& costs() { return m_costs; }
 
 private:
-    enum class State : unsigned char { NEW, OPEN, DONE };
+    enum class Progress : unsigned char { NEW, OPEN, DONE };
+
+    struct State {
+        unsigned int open = 0;  ///< Ranges that the type asks of the levels around it.
+        unsigned int place = 0; ///< On the path, while the type is open.
+        Progress progress = Progress::NEW;
+    };
 
     /// A type on the way down, with the part that the way goes on through.
     struct Step {
@@ -77,9 +83,7 @@ private:
     FindingList& m_findings;
     const VerifyLimits& m_limits;
     std::vector<State> m_states;
-    std::vector<WalkCost> m_costs;      ///< While a type is open: of the parts so far.
-    std::vector<unsigned int> m_open;   ///< Ranges a type asks of the levels around it.
-    std::vector<unsigned int> m_places; ///< On the path, while a type is open.
+    std::vector<WalkCost> m_costs; ///< While a type is open: of the parts so far.
     std::vector<Step> m_path;
     bool m_isFinite = true;
 };

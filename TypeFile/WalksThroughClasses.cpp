@@ -30,7 +30,7 @@ void WalksThroughClasses::verify() {
 }
 
 bool WalksThroughClasses::isConcerned(unsigned int typeId) const {
-    return m_types[typeId].kind == ClassId::CLASS || m_costs[typeId].entersClasses;
+    return m_costs[typeId].entersClasses; // The others, classes too, are counted already.
 }
 
 void WalksThroughClasses::enter(unsigned int typeId) {
