@@ -3,7 +3,6 @@
 #include "RTTI/TypeFileFormat.h"
 
 #include <cstdio>
-#include <iterator>
 
 namespace TypeFile {
 
@@ -74,12 +73,6 @@ static_assert(isInOrder());
 
 const CodeRow& rowOf(FindingCode code) { return CODES[static_cast<std::size_t>(code)]; }
 
-std::string hex(unsigned long long number) {
-    char text[2 + 16 + 1];
-    std::snprintf(text, sizeof text, "0x%llx", number);
-    return text;
-}
-
 } // namespace
 
 std::string_view codeText(FindingCode code) { return rowOf(code).text; }
@@ -90,13 +83,19 @@ std::string_view severityText(Severity severity) {
     return severity == Severity::ERROR ? "error" : "warning";
 }
 
+std::string hexText(unsigned long long number) {
+    char text[2 + 16 + 1];
+    std::snprintf(text, sizeof text, "0x%llx", number);
+    return text;
+}
+
 std::string lineOf(const Finding& finding) {
     std::string line(severityText(finding.severity));
     line.append(" ").append(codeText(finding.code));
     line += finding.typeId == RTTI::TypeFileFormat::NO_TYPE_ID
                 ? " file"
                 : " type " + std::to_string(finding.typeId);
-    return line + " field \"" + finding.field + "\" at " + hex(finding.offset) + ": " +
+    return line + " field \"" + finding.field + "\" at " + hexText(finding.offset) + ": " +
            finding.text;
 }
 

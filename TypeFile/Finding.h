@@ -66,6 +66,9 @@ struct Finding {
     std::string text;          ///< One sentence: what was found, what was expected.
 };
 
+/// A number as findings show offsets and kinds: "0x1234".
+std::string hexText(unsigned long long number);
+
 /// The finding as one line without its end.
 std::string lineOf(const Finding& finding);
 

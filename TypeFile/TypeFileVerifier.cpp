@@ -27,14 +27,6 @@ constexpr std::size_t JUMP_BLOCK = 2 * 1024;
 
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
-std::string hex(unsigned long long number) {
-    std::string digits;
-    do
-        digits.insert(digits.begin(), "0123456789abcdef"[number % 16]);
-    while ((number /= 16) != 0);
-    return "0x" + digits;
-}
-
 /// One verification. The steps come in the order of the file, each relying on those before.
 class Verification {
 public:
@@ -87,7 +79,7 @@ private:
 bool Verification::readHeader() {
     if (m_base > m_size || m_size - m_base < HEADER_SIZE) {
         addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, "header", m_base,
-                   "The header takes 40 bytes, and the storage ends at " + hex(m_size) + ".");
+                   "The header takes 40 bytes, and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
     const char* header = m_sweep.at(m_base, HEADER_SIZE);
@@ -120,14 +112,14 @@ bool Verification::readTable() {
         addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, "address table offset",
                    m_base + ADDRESS_TABLE_OFFSET,
                    "The table of " + std::to_string(m_typeCount) + " types takes " +
-                       std::to_string(tableSize) + " bytes at " + hex(m_table) +
-                       ", and the storage ends at " + hex(m_size) + ".");
+                       std::to_string(tableSize) + " bytes at " + hexText(m_table) +
+                       ", and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
     if (m_table < m_base + HEADER_SIZE && m_base < m_table + tableSize)
         addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
                    m_base + ADDRESS_TABLE_OFFSET,
-                   "The table at " + hex(m_table) + " shares bytes with the header.");
+                   "The table at " + hexText(m_table) + " shares bytes with the header.");
     m_types.facts.resize(m_typeCount);
     for (unsigned int id = 0; id < m_typeCount; ++id)
         m_types.facts[id].address =
@@ -180,8 +172,8 @@ bool Verification::readFrame(unsigned int typeId, unsigned int& size) {
     TypeFacts& type = m_types.facts[typeId];
     if (type.address > m_size || m_size - type.address < RECORD_HEADER_SIZE) {
         m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address", entryOf(typeId),
-                       "The record begins at " + hex(type.address) + ", and the storage ends at " +
-                           hex(m_size) + ".");
+                       "The record begins at " + hexText(type.address) +
+                           ", and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
     const char* frame = m_sweep.at(type.address, RECORD_HEADER_SIZE);
@@ -229,10 +221,10 @@ bool Verification::checkKind(unsigned int typeId) {
     if (isKind(type.kind))
         m_findings.add(FindingCode::KIND_WITHOUT_TYPE, typeId, "kind",
                        type.address + RECORD_KIND_OFFSET,
-                       "No type is built from a record of kind " + hex(type.kind) + ".");
+                       "No type is built from a record of kind " + hexText(type.kind) + ".");
     else
         m_findings.add(FindingCode::KIND_UNKNOWN, typeId, "kind", type.address + RECORD_KIND_OFFSET,
-                       "Found " + hex(type.kind) +
+                       "Found " + hexText(type.kind) +
                            ", expected a kind from 0xa0000003 to 0xa0000019.");
     return false;
 }

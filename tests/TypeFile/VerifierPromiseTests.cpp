@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -91,7 +92,7 @@ void mutate(std::vector<char>& bytes, std::mt19937_64& random) {
 TEST(VerifierPromise, HoldsForRandomFiles) {
     constexpr std::uint64_t FILES = 6000;
     TypeFile::VerifyLimits small;
-    small.maxWalkSteps = 20;
+    small.maxWalkSteps = 4;
     std::size_t loaded = 0;
     for (std::uint64_t seed = 0; seed < FILES && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
@@ -104,6 +105,58 @@ TEST(VerifierPromise, HoldsForRandomFiles) {
     }
     EXPECT_GT(loaded, FILES / 20); // Else the property says little.
     RecordProperty("loaded", std::to_string(loaded));
+}
+
+/// Arrays, structs and classes over one another: structs in the order of the ids, classes anywhere.
+TypeFileBuilder randomWalks(std::mt19937_64& random) {
+    TypeFileBuilder file;
+    file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
+    file.u32(1).u32(0).u32(1).range(0, 7, 1).i32(-99);
+    const auto types = static_cast<unsigned int>(4 + random() % 7);
+    const auto firstClass = static_cast<unsigned int>(3 + random() % (types - 2));
+    for (unsigned int id = 2; id < types; ++id) {
+        const bool isClass = id >= firstClass;
+        const auto members = static_cast<unsigned int>(1 + random() % 5);
+        file.record(isClass ? ClassId::CLASS : ClassId::RECORD, "x");
+        file.u32(isClass ? TypeFileFormat::NO_TYPE_ID : VHDL_RECORD);
+        if (isClass)
+            file.i32(-99);
+        file.u32(members);
+        for (unsigned int i = 0; i < members; ++i) {
+            const bool isHandle = firstClass < types && random() % 2 == 0;
+            const std::uint64_t part = isHandle ? firstClass + random() % (types - firstClass)
+                                                : random() % std::min(id, firstClass);
+            file.str("m").u32(static_cast<unsigned int>(part)).u32(0);
+            if (isClass)
+                file.u32(0);
+        }
+        if (!isClass)
+            file.i32(-99);
+    }
+    return file;
+}
+
+TEST(VerifierPromise, CountsNoWalkAsShorterThanItIs) {
+    std::size_t longWalks = 0;
+    for (std::uint64_t seed = 0; seed < 3000 && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937_64 random(seed);
+        const TypeFileBuilder file = randomWalks(random);
+        const std::string image = file.image();
+        OVAT::MemoryBlockManager storage(image.data(), image.size());
+        ASSERT_FALSE(TypeFile::hasErrors(TypeFile::verify(storage, image.size(), 0)));
+        LoadedTypes types(file);
+        std::size_t longest = 0;
+        for (unsigned int id = 0; types[id] != nullptr; ++id)
+            longest = std::max(longest, askEverything(*types[id]));
+        TypeFile::VerifyLimits limits;
+        limits.maxWalkSteps =
+            static_cast<unsigned int>(longest) - 1; // The array's own range: >= 1.
+        EXPECT_TRUE(TypeFile::hasErrors(TypeFile::verify(storage, image.size(), 0, limits)))
+            << longest << " ranges";
+        longWalks += longest > 20 ? 1 : 0;
+    }
+    EXPECT_GT(longWalks, 100u);
 }
 
 class DamagedExample : public testing::TestWithParam<const char*> {};

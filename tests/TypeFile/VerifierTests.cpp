@@ -53,16 +53,21 @@ void expectFinding(const std::vector<Finding>& findings, std::size_t place, Find
     EXPECT_NE(finding.text, "");
 }
 
-void expectError(const std::vector<Finding>& findings, FindingCode code, unsigned int typeId,
-                 const std::string& field, unsigned long long offset) {
+/// Exactly this finding; the answer is its sentence.
+std::string expectError(const std::vector<Finding>& findings, FindingCode code, unsigned int typeId,
+                        const std::string& field, unsigned long long offset) {
     EXPECT_EQ(findings.size(), 1u) << linesOf(findings);
     expectFinding(findings, 0, code, Severity::ERROR, typeId, field, offset);
+    return findings.empty() ? "" : findings[0].text;
 }
 
-void expectWarning(const std::vector<Finding>& findings, FindingCode code, unsigned int typeId,
-                   const std::string& field, unsigned long long offset) {
+/// Exactly this finding; the answer is its sentence.
+std::string expectWarning(const std::vector<Finding>& findings, FindingCode code,
+                          unsigned int typeId, const std::string& field,
+                          unsigned long long offset) {
     EXPECT_EQ(findings.size(), 1u) << linesOf(findings);
     expectFinding(findings, 0, code, Severity::WARNING, typeId, field, offset);
+    return findings.empty() ? "" : findings[0].text;
 }
 
 /// A one-dimensional packed array of `element` with one range.
@@ -273,9 +278,9 @@ TEST(InvalidRecord, ReachesIntoTheNext) {
 TEST(InvalidRecord, ReachesIntoTheTable) {
     TypeFileBuilder file;
     file.string("z").string("z").claim(BODY + 1);
-    const auto findings = findingsOf(file);
-    expectError(findings, FindingCode::RECORD_OVERLAP, 1, "record size", 40 + BODY);
-    EXPECT_THAT(findings[0].text, HasSubstr("the address table"));
+    EXPECT_THAT(
+        expectError(findingsOf(file), FindingCode::RECORD_OVERLAP, 1, "record size", 40 + BODY),
+        HasSubstr("the address table"));
 }
 
 TEST(InvalidRecord, LiesInTheHeader) {
@@ -283,9 +288,8 @@ TEST(InvalidRecord, LiesInTheHeader) {
     std::string image = "V" + std::string(11, '\0') + std::string("\x1c\0\0\0\x18\0\0\xa0", 8);
     image += std::string(12, '\0') + std::string("\1\0\0\0\x28\0\0\0", 8);
     image += std::string("\x0c\0\0\0\0\0\0\0", 8);
-    const auto findings = findingsOf(image);
-    expectError(findings, FindingCode::RECORD_OVERLAP, 0, "record size", 12);
-    EXPECT_THAT(findings[0].text, HasSubstr("the header"));
+    EXPECT_THAT(expectError(findingsOf(image), FindingCode::RECORD_OVERLAP, 0, "record size", 12),
+                HasSubstr("the header"));
 }
 
 TEST(SuspiciousRecord, SharedByTwoTypes) {
@@ -427,9 +431,8 @@ TEST(InvalidRecord, NegativeDiscreteEnumeratorSize) {
 TEST(SuspiciousRecord, BytesBehindTheLastField) {
     TypeFileBuilder file;
     file.string("z").bytes("abc");
-    const auto findings = findingsOf(file);
-    expectWarning(findings, FindingCode::LEFTOVER_BYTES, 0, "record size", 40);
-    EXPECT_THAT(findings[0].text, HasSubstr("3 bytes"));
+    EXPECT_THAT(expectWarning(findingsOf(file), FindingCode::LEFTOVER_BYTES, 0, "record size", 40),
+                HasSubstr("3 bytes"));
 }
 
 TEST(SuspiciousRecord, ArrayKindOutsideItsTable) {
@@ -758,6 +761,20 @@ TEST(Verifier, CountsTheWalkThroughTwoClassesExactly) {
     limits.maxWalkSteps = 12;
     EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
     limits.maxWalkSteps = 11;
+    expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 2, "record",
+                file.address(2));
+}
+
+TEST(Verifier, CountsEveryHandleToTheSameClass) {
+    // The array (1 + 3) and two handles to the class itself (1 each).
+    TypeFileBuilder file;
+    file.integer("i");
+    addArray(file, 0);
+    addClass(file, NO_BASE, {1, 2, 2});
+    VerifyLimits limits;
+    limits.maxWalkSteps = 6;
+    EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
+    limits.maxWalkSteps = 5;
     expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 2, "record",
                 file.address(2));
 }
