@@ -25,12 +25,19 @@ void* operator new(std::size_t size) {
 }
 
 void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size != 0 ? size : 1);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 
 std::size_t allocationCount() { return allocations; }
 
-FailingAllocation::FailingAllocation(std::size_t number) { failAt = allocations + number; }
+FailingAllocation::FailingAllocation(std::size_t number) : m_number(allocations + number) {
+    failAt = m_number;
+}
 FailingAllocation::~FailingAllocation() { failAt = 0; }
+bool FailingAllocation::happened() const { return allocations >= m_number; }

@@ -16,6 +16,12 @@ public:
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
     ~FailingAllocation();
+
+    /// Whether that allocation has been tried. What tries it may do without the memory.
+    bool happened() const;
+
+private:
+    std::size_t m_number;
 };
 
 /// Makes `call` with its first allocation failing, then with its second, and so on until it comes
@@ -23,12 +29,13 @@ public:
 template <typename Call, typename Afterwards>
 std::size_t failEachAllocation(Call call, Afterwards afterwards) {
     for (std::size_t number = 1;; ++number) {
+        const FailingAllocation failing(number);
         try {
-            const FailingAllocation failing(number);
             call();
-            return number - 1;
+            if (!failing.happened())
+                return number - 1;
         } catch (const std::bad_alloc&) {
+            afterwards(number);
         }
-        afterwards(number);
     }
 }
