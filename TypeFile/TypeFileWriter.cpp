@@ -4,6 +4,7 @@
 #include "OVAT/WholeFile.h"
 #include "RTTI/LittleEndian.h"
 #include "TypeFile/FieldNames.h"
+#include "TypeFile/RecordEncoder.h"
 
 #include <algorithm>
 #include <array>
@@ -75,7 +76,10 @@ struct TypeFileWriter::Layout {
 };
 
 TypeFileWriter::TypeFileWriter(unsigned long long baseOffset)
-    : m_baseOffset(baseOffset), m_version(TYPE_FILE_VERSION), m_encoder(m_bytes) {}
+    : m_baseOffset(baseOffset), m_version(TYPE_FILE_VERSION),
+      m_encoder(std::make_unique<RecordEncoder>(m_bytes)) {}
+
+TypeFileWriter::~TypeFileWriter() = default;
 
 void TypeFileWriter::setVersion(std::string_view version) {
     const auto refuse = [](const std::string& reason) {
@@ -104,7 +108,7 @@ void TypeFileWriter::add(unsigned int typeId, const RTBaseType& type) {
     const std::size_t begin = m_bytes.size();
     m_records.push_back({typeId, 0, begin});
     try {
-        m_encoder.encode(typeId, type);
+        m_encoder->encode(typeId, type);
     } catch (...) {
         m_records.pop_back();
         throw;
@@ -141,7 +145,7 @@ void TypeFileWriter::checkIds() const {
 }
 
 void TypeFileWriter::checkReferences() const {
-    const Reference& reference = m_encoder.largestReference();
+    const Reference& reference = m_encoder->largestReference();
     if (!reference.exists || reference.to < m_typeCount)
         return;
     throw WriteError(reference.from, nameOf(reference.from), reference.place.text(),

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "RTTI/RTBaseType.h"
-#include "TypeFile/RecordEncoder.h"
 #include "TypeFile/WriteError.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace TypeFile {
+
+class RecordEncoder;
 
 /// Writes type files: header, one record a type in the order of the ids, address table.
 ///
@@ -27,6 +30,7 @@ public:
     explicit TypeFileWriter(unsigned long long baseOffset = 0);
     TypeFileWriter(const TypeFileWriter&) = delete;
     TypeFileWriter& operator=(const TypeFileWriter&) = delete;
+    ~TypeFileWriter();
 
     /// Another version text than "Brakel Ovat TYPE FILE 001": at most 31 bytes, no zero byte among
     /// them, and not the one that marks a file without usable types.
@@ -81,7 +85,7 @@ private:
     unsigned int m_typeCount = 0;
     std::vector<char> m_bytes;     ///< The records, in the order of their adding.
     std::vector<Record> m_records; ///< Likewise, until the finish puts them in order of their ids.
-    RecordEncoder m_encoder;       ///< Appends to the bytes.
+    std::unique_ptr<RecordEncoder> m_encoder; ///< Appends to the bytes.
     bool m_isSorted = true;
     bool m_isFinished = false;
 };

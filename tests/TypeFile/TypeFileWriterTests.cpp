@@ -1,3 +1,4 @@
+#include "TypeFile/RecordEncoder.h"
 #include "TypeFile/TypeFileWriter.h"
 
 #include "OVAT/FileBlockManager.h"
