@@ -1,6 +1,5 @@
 // One reader a kind: each line is a field of the record, in the order of the file.
 
-#include "RTTI/OwnedName.h"
 #include "RTTI/TypeDeserializer.h"
 
 #include <algorithm>
@@ -14,36 +13,6 @@ using namespace TypeFileFormat;
 
 namespace {
 
-constexpr unsigned int FIRST_ARRAY_KIND = ARRAY_KIND_INVALID;
-constexpr const char* arrayKindStrings[] = {"ARRAY_KIND_INVALID",
-                                            "VHDL_ARRAY",
-                                            "VLOG_FIXED_UNPACKED_ARRAY",
-                                            "VLOG_FIXED_PACKED_ARRAY",
-                                            "VLOG_DYNAMIC_ARRAY",
-                                            "VLOG_ASSOCIATIVE_ARRAY",
-                                            "VLOG_QUEUE",
-                                            "BYTE_UNPADDED_ARRAY"};
-
-constexpr unsigned int FIRST_RECORD_KIND = RECORD_KIND_INVALID;
-constexpr const char* recordKindStrings[] = {
-    "RECORD_KIND_INVALID",        "VHDL_RECORD",
-    "VLOG_UNPACKED_STRUCT",       "VLOG_PACKED_STRUCT",
-    "VLOG_PACKED_TAGGED_UNION",   "VLOG_UNPACKED_TAGGED_UNION",
-    "VLOG_PACKED_UNTAGGED_UNION", "VLOG_UNPACKED_UNTAGGED_UNION",
-    "BYTE_UNPADDED_STRUCT"};
-
-constexpr const char* enumKindStrings[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
-                                           "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
-                                           "VHDL_CHAR_ENUM", "VHDL_OTHER_ENUM"};
-
-constexpr const char* ValueEncodingStrings[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
-
-/// The name at `index`, or `unknown` for an index outside the table (a negative one wraps).
-template <std::size_t N>
-const char* nameIn(const char* const (&names)[N], unsigned int index, const char* unknown) {
-    return index < N ? names[index] : unknown;
-}
-
 /// `direction` truncated toward zero; the smallest number for NaN and for what does not fit.
 int truncatedDirection(double direction) {
     const double truncated = std::trunc(direction);
@@ -52,98 +21,94 @@ int truncatedDirection(double direction) {
     return truncated >= LOWEST && truncated <= HIGHEST ? static_cast<int>(truncated) : LOWEST;
 }
 
-std::size_t countOrNone(int count) { return static_cast<std::size_t>(std::max(count, 0)); }
-
 } // namespace
 
-bool TypeDeserializer::fieldFits(std::size_t width) const {
-    return static_cast<std::size_t>(m_limit + 1 - m_cursor) >= width;
-}
-
-void TypeDeserializer::advance(std::size_t width) {
-    m_cursor += std::min(width, static_cast<std::size_t>(m_limit + 1 - m_cursor));
-}
-
-/// A name without its terminating zero byte ends with the record.
-std::string_view TypeDeserializer::readName() {
-    const auto left = static_cast<std::size_t>(m_limit + 1 - m_cursor);
-    const void* end = left != 0 ? std::memchr(m_cursor, '\0', left) : nullptr;
-    const auto length =
-        end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - m_cursor) : left;
-    const std::string_view name(m_cursor, length);
-    advance(length + 1);
+/// A name without its terminating zero byte ends with the record, behind which there is one.
+inline std::string_view TypeDeserializer::readName() {
+    const std::string_view name(m_cursor);
+    m_cursor = std::min(m_cursor + name.size(), m_limit) + 1;
     return name;
 }
 
-void TypeDeserializer::readRTBaseType(RTBaseType& type) {
-    advance(RECORD_HEADER_SIZE);
-    char* const name = copyOfName(readName());
-    delete[] type.m_name;
-    type.m_name = name;
+/// The name as an array that a type owns, its zero byte included.
+inline char* TypeDeserializer::readOwnedName() {
+    const std::string_view name = readName();
+    char* const copy = new char[name.size() + 1];
+    std::memcpy(copy, name.data(), name.size() + 1);
+    return copy;
+}
+
+inline void TypeDeserializer::readRTBaseType(RTBaseType& type) {
+    m_cursor = std::min(m_cursor + RECORD_HEADER_SIZE, m_limit + 1);
+    type.m_name = readOwnedName();
     type.m_flags = readField<unsigned int>();
-    trace("Type name = ", type.m_name, nullptr, false);
-    trace(", flags = ", type.m_flags, " ** ", true);
 }
 
-void TypeDeserializer::readConstraint(FullConstraints* constraint) {
-    constraint->si = readField<int>();
-    constraint->ei = readField<int>();
-    constraint->dir = readField<int>();
-    traceConstraint(*constraint);
+inline void TypeDeserializer::readConstraint(FullConstraints* constraint) {
+    if (bytesLeft() < CONSTRAINT_SIZE) [[unlikely]] {
+        *constraint = {readField<int>(), readField<int>(), readField<int>()};
+        return;
+    }
+    constraint->si = littleEndianAt<int>(m_cursor);
+    constraint->ei = littleEndianAt<int>(m_cursor + 4);
+    constraint->dir = littleEndianAt<int>(m_cursor + 8);
+    m_cursor += CONSTRAINT_SIZE;
 }
 
-void TypeDeserializer::readConstraintVector(std::vector<FullConstraints>& constraints) {
-    const auto count = readField<unsigned int>();
-    constraints.assign(count, FullConstraints());
+/// Most lists are empty.
+inline void TypeDeserializer::readConstraintVector(std::vector<FullConstraints>& constraints) {
+    constraints.clear();
+    if (const auto count = readField<unsigned int>(); count != 0)
+        readConstraints(constraints, count);
+}
+
+/// The list keeps a count that is negative as a signed number, but nothing is read then.
+void TypeDeserializer::readConstraints(std::vector<FullConstraints>& constraints,
+                                       unsigned int count) {
+    constraints = std::vector<FullConstraints>(count);
     if (static_cast<int>(count) < 1)
         return;
-    for (unsigned int i = 0; i < count; ++i) {
-        trace(" ++  constraint[ ", i, "]", false);
-        readConstraint(&constraints[i]);
-    }
-}
-
-int TypeDeserializer::readSVTypeId(const RTBaseType& type, int shortValue) {
-    const int svTypeId = readField<int>(shortValue);
-    type.setSVTypeId(svTypeId);
-    return svTypeId;
+    for (FullConstraints& constraint : constraints)
+        readConstraint(&constraint);
 }
 
 template <typename Type>
 std::unique_ptr<Type> TypeDeserializer::beginType(const char* record, const char* heading) {
-    auto type = std::make_unique<Type>();
+    auto type = std::make_unique_for_overwrite<Type>();
     m_cursor = record;
-    trace(nullptr, heading, nullptr, false);
     readRTBaseType(*type);
+    if (isTracing())
+        traceTypeHead(heading, *type);
     return type;
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTSeqEnumType(const char* record) {
     auto type = beginType<RTSeqEnumType>(record, "** Sequential Enum ");
     type->m_valueEncoding = static_cast<ValueEncoding>(readField<int>());
-    trace("  Encoding: ",
-          nameIn(ValueEncodingStrings, static_cast<unsigned int>(type->m_valueEncoding),
-                 "<Bad Encoding>"),
-          nullptr, true);
     type->m_enumKind = static_cast<EnumKind>(readField<int>());
-    trace("  Kind: ",
-          nameIn(enumKindStrings, static_cast<unsigned int>(type->m_enumKind), "<Bad Kind>"),
-          nullptr, true);
     readEnumeratorNames(*type);
-    const int valueSize = readField<int>(1);
-    type->m_valueSize = static_cast<unsigned int>(valueSize);
-    trace("**  Size: ", valueSize, nullptr, true);
+    type->m_valueSize = static_cast<unsigned int>(readField<int>(1));
+    if (isTracing())
+        traceFields(*type);
     return type;
 }
 
 void TypeDeserializer::readEnumeratorNames(RTSeqEnumType& type) {
-    const std::size_t count = countOrNone(readField<int>());
-    type.m_enumeratorNames.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        type.m_enumeratorNames.push_back(copyOfName(readName()));
-        trace("** Enumerator[", static_cast<unsigned int>(i), "] = ", false);
-        trace(nullptr, type.m_enumeratorNames.back(), nullptr, true);
-    }
+    type.m_enumeratorNames = std::vector<char*>(countOrNone(readField<int>()));
+    for (char*& name : type.m_enumeratorNames)
+        name = readOwnedName();
+}
+
+/// Value bytes behind the record's end are 0.
+inline void TypeDeserializer::readEnumerator(t_enumNameAndValuePair& enumerator,
+                                             std::size_t valueSize) {
+    enumerator.enumName = readName();
+    enumerator.value = new char[valueSize];
+    const std::size_t stored = std::min(valueSize, bytesLeft());
+    std::memcpy(enumerator.value, m_cursor, stored);
+    m_cursor += stored;
+    if (stored != valueSize)
+        std::fill(enumerator.value + stored, enumerator.value + valueSize, '\0');
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTDiscreteEnumType(const char* record) {
@@ -153,38 +118,20 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTDiscreteEnumType(const char*
     const int count = readField<int>();
     const int valueSize = readField<int>();
     type->m_valueSize = static_cast<unsigned int>(countOrNone(valueSize));
-    trace("** Base Type ID = ", type->m_baseTypeId, " ** ", true);
-    trace("** Number of enumerators = ", static_cast<unsigned int>(count), " ** ", true);
-    trace("** Size of enumerators = ", valueSize, " ** ", true);
-    type->m_enumerators.reserve(countOrNone(count));
-    for (int i = 0; i < count; ++i)
-        readEnumerator(*type, static_cast<unsigned int>(i), type->m_valueSize);
+    type->m_enumerators = std::vector<t_enumNameAndValuePair>(countOrNone(count));
+    for (t_enumNameAndValuePair& enumerator : type->m_enumerators)
+        readEnumerator(enumerator, type->m_valueSize);
     readConstraintVector(type->m_constraints);
+    if (isTracing())
+        traceFields(*type, count, valueSize);
     return type;
-}
-
-void TypeDeserializer::readEnumerator(RTDiscreteEnumType& type, unsigned int index,
-                                      std::size_t valueSize) {
-    const std::string_view name = readName();
-    t_enumNameAndValuePair& enumerator = type.m_enumerators.emplace_back();
-    enumerator.enumName = name;
-    enumerator.value = new char[valueSize]();
-    const std::size_t stored =
-        std::min(valueSize, static_cast<std::size_t>(m_limit + 1 - m_cursor));
-    std::copy_n(m_cursor, stored, enumerator.value);
-    advance(valueSize);
-    if (!m_debug) [[likely]]
-        return;
-    trace("** Enumerator[", index, "] = ", false);
-    trace(nullptr, name, " (value, byte by byte = ", false);
-    for (std::size_t i = 0; i < valueSize; ++i)
-        trace("", static_cast<int>(static_cast<signed char>(enumerator.value[i])), " ", false);
-    trace(nullptr, ")", nullptr, true);
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTIntType(const char* record) {
     auto type = beginType<RTIntType>(record, "** Built in Int Type ");
     readConstraint(&type->m_constraint);
+    if (isTracing())
+        traceConstraint(type->m_constraint);
     return type;
 }
 
@@ -195,9 +142,8 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTFloatType(const char* record
     type->m_left = readField<double>();
     type->m_right = readField<double>();
     type->m_direction = truncatedDirection(readField<double>());
-    trace("** constraints : left=", type->m_left, nullptr, false);
-    trace(", right=", type->m_right, nullptr, false);
-    trace(", dir=", type->m_direction, nullptr, true);
+    if (isTracing())
+        traceFields(*type);
     return type;
 }
 
@@ -207,6 +153,8 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTTypedefType(const char* reco
     trace("** Data Type Id = ", type->m_dataTypeId, " ** ", true);
     type->m_dataType = readRTType(type->m_dataTypeId);
     readConstraintVector(type->m_constraints);
+    if (isTracing())
+        traceConstraints(type->m_constraints);
     return type;
 }
 
@@ -214,11 +162,10 @@ template <typename Type>
 std::unique_ptr<Type> TypeDeserializer::readReference(const char* record, const char* heading) {
     auto type = beginType<Type>(record, heading);
     type->m_refTypeId = readField<unsigned int>();
-    trace("** Ref Type Id = ", type->m_refTypeId, " ** ", true);
     type->m_alignment = readField<unsigned int>();
-    trace("** Alignment = ", type->m_alignment, " ** ", true);
     type->m_valueSize = readField<unsigned int>();
-    trace("** Value Size = ", type->m_valueSize, " ** ", true);
+    if (isTracing())
+        traceReference(type->m_refTypeId, type->m_alignment, type->m_valueSize);
     return type;
 }
 
@@ -256,39 +203,30 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTWildCardType(const char* rec
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTPhysicalType(const char* record) {
     auto type = beginType<RTPhysicalType>(record, "** Physical Type ");
     const int count = readField<int>();
-    trace("** Number of units = ", static_cast<unsigned int>(count), " ** ", true);
-    type->m_units.reserve(countOrNone(count));
-    for (int i = 0; i < count; ++i) {
-        t_unitNameAndValuePair& unit = type->m_units.emplace_back();
+    type->m_units = std::vector<t_unitNameAndValuePair>(countOrNone(count));
+    for (t_unitNameAndValuePair& unit : type->m_units) {
         unit.unitName = readName();
         unit.value = readField<long long>();
-        trace("** Unit[", i, "] = ", false);
-        trace(nullptr, std::string_view(unit.unitName), " value = ", false);
-        trace(nullptr, unit.value, " ", false); // All units stand on one line.
     }
+    if (isTracing())
+        traceFields(*type, count);
     return type;
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTArrayType(const char* record) {
     auto type = beginType<RTArrayType>(record, "** Array Type ");
     type->m_arrayKind = static_cast<ArrayKind>(readField<unsigned int>());
-    trace("** Array Kind = ",
-          nameIn(arrayKindStrings, type->m_arrayKind - FIRST_ARRAY_KIND, "ARRAY_KIND_UNKNOWN"),
-          " ** ", true);
     type->m_elementTypeId = readField<unsigned int>();
-    trace("** Element Type Id = ", type->m_elementTypeId, " ** ", true);
+    if (isTracing())
+        traceKindAndElement(*type);
     type->m_elementType = readRTType(type->m_elementTypeId);
-    const int dimensions = readField<int>();
-    type->m_indexTypeIds.reserve(countOrNone(dimensions));
-    for (int i = 0; i < dimensions; ++i) {
-        type->m_indexTypeIds.push_back(readField<unsigned int>());
-        trace("** indexId[", i, "] = ", false);
-        trace(nullptr, type->m_indexTypeIds.back(), " ** ", true);
-    }
+    type->m_indexTypeIds = std::vector<unsigned int>(countOrNone(readField<int>()));
+    for (unsigned int& id : type->m_indexTypeIds)
+        id = readField<unsigned int>();
     readConstraintVector(type->m_constraints);
-    const int svTypeId = readSVTypeId(*type, NO_SV_TYPE_ID);
-    if (svTypeId != NO_SV_TYPE_ID)
-        trace("** Array SV Type Id = ", svTypeId, " ** ", true);
+    type->m_svTypeId = readField<int>(NO_SV_TYPE_ID);
+    if (isTracing())
+        traceDimensions(*type);
     return type;
 }
 
@@ -297,8 +235,8 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTDynamicArrayType(const char*
     type->m_elementTypeId = readField<unsigned int>();
     trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
     type->m_elementType = readRTType(type->m_elementTypeId);
-    const int svTypeId = readSVTypeId(*type, 0);
-    trace("** Dynamic Array SV Type Id = ", svTypeId, " ** ", true);
+    type->m_svTypeId = readField<int>();
+    trace("** Dynamic Array SV Type Id = ", type->m_svTypeId, " ** ", true);
     return type;
 }
 
@@ -306,9 +244,9 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTDynamicArrayType(const char*
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTQueueType(const char* record) {
     auto type = beginType<RTQueueType>(record, "** SV Queue Type ");
     type->m_elementTypeId = readField<unsigned int>();
-    const int svTypeId = readSVTypeId(*type, 0);
+    type->m_svTypeId = readField<int>();
     type->m_elementType = readRTType(type->m_elementTypeId);
-    trace("** Queue SV Type Id = ", svTypeId, " ** ", true);
+    trace("** Queue SV Type Id = ", type->m_svTypeId, " ** ", true);
     trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
     return type;
 }
@@ -318,8 +256,8 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTAssocArrayType(const char* r
     type->m_elementTypeId = readField<unsigned int>();
     type->m_elementType = readRTType(type->m_elementTypeId);
     trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
-    const int svTypeId = readSVTypeId(*type, 0);
-    trace("** Associative Array SV Type Id = ", svTypeId, " ** ", true);
+    type->m_svTypeId = readField<int>();
+    trace("** Associative Array SV Type Id = ", type->m_svTypeId, " ** ", true);
     type->m_indexTypeId = readField<unsigned int>();
     type->m_indexType = readRTType(type->m_indexTypeId);
     trace("** Index Type Id = ", type->m_indexTypeId, "**", true);
@@ -327,31 +265,28 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTAssocArrayType(const char* r
 }
 
 /// Name, type id and constraints: all of a record's member, the beginning of a class's.
-void TypeDeserializer::readMemberHead(RTAggregateType::t_Member& member) {
-    member.m_memberName = copyOfName(readName());
+[[gnu::always_inline]] inline void
+TypeDeserializer::readMemberHead(RTAggregateType::t_Member& member) {
+    member.m_memberName = readOwnedName();
     member.m_typeId = readField<unsigned int>();
-    trace("** Member Name = ", member.m_memberName, "", false);
-    trace("Member Type Id = ", member.m_typeId, "", false);
-    trace(nullptr, "constraints ", " ** ", true);
     readConstraintVector(member.m_constraints);
+    if (isTracing())
+        traceMember(member);
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTRecordType(const char* record) {
     auto type = beginType<RTRecordType>(record, "** Record Type ");
     type->m_recordKind = static_cast<RecordKind>(readField<unsigned int>());
-    trace("** Record Kind = ",
-          nameIn(recordKindStrings, type->m_recordKind - FIRST_RECORD_KIND, "RECORD_KIND_UNKNOWN"),
-          " ** ", true);
-    const int count = readField<int>();
-    type->m_members.reserve(countOrNone(count));
-    for (int i = 0; i < count; ++i) {
-        auto member = std::make_unique<RTAggregateType::t_Member>();
+    if (isTracing())
+        traceKind(*type);
+    type->m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    for (RTAggregateType::t_Member*& member : type->m_members) {
+        member = new RTAggregateType::t_Member;
         readMemberHead(*member);
-        type->m_members.push_back(member.release());
     }
-    const int svTypeId = readSVTypeId(*type, NO_SV_TYPE_ID);
-    if (svTypeId != NO_SV_TYPE_ID)
-        trace("** Struct with SV Type Id = ", svTypeId, " ** ", true);
+    type->m_svTypeId = readField<int>(NO_SV_TYPE_ID);
+    if (type->m_svTypeId != NO_SV_TYPE_ID)
+        trace("** Struct with SV Type Id = ", type->m_svTypeId, " ** ", true);
     return type;
 }
 
@@ -360,16 +295,15 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTClassType(const char* record
     type->m_baseClassTypeId = readField<unsigned int>();
     if (type->m_baseClassTypeId != NO_TYPE_ID)
         type->m_baseClass = readRTType(type->m_baseClassTypeId);
-    const int svTypeId = readSVTypeId(*type, 0);
-    trace("** Class with SV Type Id = ", svTypeId, " ** ", true);
+    type->m_svTypeId = readField<int>();
+    trace("** Class with SV Type Id = ", type->m_svTypeId, " ** ", true);
     trace("** Class derived from ", type->m_baseClassTypeId, " ** ", true);
-    const int count = readField<int>();
-    type->m_members.reserve(countOrNone(count));
-    for (int i = 0; i < count; ++i) {
-        auto member = std::make_unique<RTClassType::t_ClassMember>();
-        readMemberHead(*member);
-        member->m_memberFlag = readField<unsigned int>() != 0;
-        type->m_members.push_back(member.release());
+    type->m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    for (RTAggregateType::t_Member*& member : type->m_members) {
+        auto* const classMember = new RTClassType::t_ClassMember;
+        member = classMember;
+        readMemberHead(*classMember);
+        classMember->m_memberFlag = readField<unsigned int>() != 0;
     }
     return type;
 }

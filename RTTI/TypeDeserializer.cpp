@@ -1,8 +1,6 @@
 #include "RTTI/TypeDeserializer.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <new>
 #include <utility>
 
 namespace RTTI {
@@ -17,18 +15,6 @@ constexpr std::size_t KEPT_LIST_CAPACITY = 1024;
 template <typename T> void giveBack(std::vector<T>& list) {
     if (list.empty() && list.capacity() > KEPT_LIST_CAPACITY)
         std::vector<T>().swap(list);
-}
-
-struct FreeBuffer {
-    void operator()(char* buffer) const { std::free(buffer); }
-};
-using RecordBuffer = std::unique_ptr<char, FreeBuffer>;
-
-RecordBuffer allocateRecord(int size) {
-    RecordBuffer buffer(static_cast<char*>(std::malloc(static_cast<std::size_t>(size))));
-    if (!buffer)
-        throw std::bad_alloc();
-    return buffer;
 }
 
 /// Whether types of a kind refer to others that may lead back to them: those are resolved once the
@@ -144,16 +130,15 @@ void TypeDeserializer::readHeader() {
 }
 
 void TypeDeserializer::readTypeAddressTable() {
-    m_typeAddresses.clear();
-    m_typeAddresses.reserve(m_header.typeCount());
+    m_typeAddresses.assign(m_header.typeCount(), 0);
     trace(nullptr, "** Address table begin **", nullptr, true);
     unsigned long long position = m_header.addressTableOffset();
     for (unsigned int i = 0; i < m_header.typeCount(); ++i) {
-        char entry[ADDRESS_SIZE] = {};
+        char* const entry = reinterpret_cast<char*>(&m_typeAddresses[i]);
         m_blockManager.read(position, entry, ADDRESS_SIZE);
-        m_typeAddresses.push_back(littleEndianAt<unsigned long long>(entry));
-        trace("TypeAddressTable[", i, "] = ", false);
-        trace(nullptr, m_typeAddresses.back(), nullptr, true);
+        m_typeAddresses[i] = littleEndianAt<unsigned long long>(entry);
+        if (isTracing())
+            traceAddress(i);
         position += ADDRESS_SIZE;
     }
     trace(nullptr, "** Address table end **", nullptr, true);
@@ -188,7 +173,7 @@ void TypeDeserializer::keepAlive(std::unique_ptr<TypeDeserializer> previous) {
 }
 
 /// Reads a type and all that it refers to, however deep.
-RTBaseType* TypeDeserializer::readCompletely(unsigned int typeId) {
+inline RTBaseType* TypeDeserializer::readCompletely(unsigned int typeId) {
     const std::size_t first = m_deferred.size();
     RTBaseType* const type = readRTType(typeId);
     if (m_deferred.size() != first)
@@ -204,7 +189,7 @@ RTBaseType* TypeDeserializer::readRTType(unsigned int typeId) {
     return canBeReached(typeId) ? readRecord(typeId) : nullptr;
 }
 
-bool TypeDeserializer::canBeReached(unsigned int typeId) const {
+inline bool TypeDeserializer::canBeReached(unsigned int typeId) const {
     if (m_openRecord == nullptr)
         return true;
     return m_openRecord->chain < CHAIN_LIMIT && !comesBackWithoutEnd(typeId);
@@ -212,7 +197,7 @@ bool TypeDeserializer::canBeReached(unsigned int typeId) const {
 
 /// A record that is being read is read once more only if a slot was filled in between: only then
 /// can the second reading come to an end.
-bool TypeDeserializer::comesBackWithoutEnd(unsigned int typeId) const {
+inline bool TypeDeserializer::comesBackWithoutEnd(unsigned int typeId) const {
     for (const OpenRecord* open = m_openRecord;
          open != nullptr && open->filledBefore == m_filledSlots.size(); open = open->outer) {
         if (open->typeId == typeId)
@@ -228,7 +213,8 @@ RTBaseType* TypeDeserializer::readRecord(unsigned int typeId) {
         scope.endChain();
         resolveReferences(*type);
     }
-    traceRecordEnd(typeId);
+    if (isTracing())
+        traceRecordEnd(typeId);
     return m_types[typeId];
 }
 
@@ -239,25 +225,21 @@ RTBaseType* TypeDeserializer::readRecord(unsigned int typeId) {
     char word[RECORD_SIZE_SIZE] = {};
     m_blockManager.read(address, word, RECORD_SIZE_SIZE);
     const int size = littleEndianAt<int>(word);
-    traceRecordBegin(typeId);
+    if (isTracing())
+        traceRecordBegin(typeId);
     std::fill(std::begin(word), std::end(word), '\0');
     m_blockManager.read(address + RECORD_KIND_OFFSET, word, RECORD_KIND_SIZE);
     const auto kind = littleEndianAt<unsigned int>(word);
 
-    static constexpr char NO_RECORD[1] = {};
-    RecordBuffer buffer;
-    const char* record = NO_RECORD + 1; // One past the limit: every field is short.
-    m_limit = NO_RECORD;
-    if (size > 0) {
-        buffer = allocateRecord(size);
-        m_blockManager.read(address, buffer.get(), size);
-        record = buffer.get();
-        m_limit = record + size - 1;
-    }
-    return enterType(typeId, kind, readKind(kind, record));
+    const RecordBuffers::Buffer record(m_recordBuffers, countOrNone(size));
+    if (size > 0)
+        m_blockManager.read(address, record.bytes(), size);
+    m_limit = record.bytes() + countOrNone(size) - 1;
+    return enterType(typeId, kind, readKind(kind, record.bytes()));
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind, const char* record) {
+inline std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind,
+                                                              const char* record) {
     switch (kind) {
     case ClassId::SEQ_ENUM: return readRTSeqEnumType(record);
     case ClassId::DISCRETE_ENUM: return readRTDiscreteEnumType(record);
@@ -283,8 +265,8 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readKind(unsigned int kind, const 
 
 /// An inner reading of the same record may have filled the slot first; then this object is
 /// released, since other types may already point at the one in the slot.
-RTBaseType* TypeDeserializer::enterType(unsigned int typeId, unsigned int kind,
-                                        std::unique_ptr<RTBaseType> type) {
+inline RTBaseType* TypeDeserializer::enterType(unsigned int typeId, unsigned int kind,
+                                               std::unique_ptr<RTBaseType> type) {
     if (!type || m_types[typeId] != nullptr)
         return nullptr;
     m_filledSlots.push_back(typeId);
@@ -299,7 +281,7 @@ RTBaseType* TypeDeserializer::enterType(unsigned int typeId, unsigned int kind,
 }
 
 /// Whether what a type refers to has to wait until fewer records are open.
-bool TypeDeserializer::isTooDeep() const { return m_depth >= NESTING_LIMIT; }
+inline bool TypeDeserializer::isTooDeep() const { return m_depth >= NESTING_LIMIT; }
 
 /// Works the list off from its front, so that types are completed in the order in which they were
 /// read. Each has the whole depth to itself; what it leaves for later joins the list.
@@ -309,18 +291,18 @@ void TypeDeserializer::resolveDeferred(std::size_t first) {
     m_deferred.resize(first);
 }
 
-void TypeDeserializer::resolveReferences(RTBaseType& type) {
+inline void TypeDeserializer::resolveReferences(RTBaseType& type) {
     if (type.GetClassId() == ClassId::ACCESS)
         resolveAccess(static_cast<RTAccessType&>(type));
     else
         resolveMembers(static_cast<RTAggregateType&>(type));
 }
 
-void TypeDeserializer::resolveAccess(RTAccessType& access) {
+inline void TypeDeserializer::resolveAccess(RTAccessType& access) {
     access.m_refType = readRTType(access.m_refTypeId);
 }
 
-void TypeDeserializer::resolveMembers(RTAggregateType& aggregate) {
+inline void TypeDeserializer::resolveMembers(RTAggregateType& aggregate) {
     aggregate.m_memberTypes.reserve(aggregate.m_members.size());
     for (const RTAggregateType::t_Member* member : aggregate.m_members)
         aggregate.m_memberTypes.push_back(readRTType(member->m_typeId));

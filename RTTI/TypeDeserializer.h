@@ -3,8 +3,10 @@
 #include "OVAT/IBlockManager.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/RTType.h"
+#include "RTTI/RecordBuffers.h"
 #include "RTTI/TypeFileFormat.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -96,14 +98,14 @@ private:
     void resolveMembers(RTAggregateType& aggregate);
 
     // Fields of a record.
-    bool fieldFits(std::size_t width) const;
-    void advance(std::size_t width);
+    std::size_t bytesLeft() const { return static_cast<std::size_t>(m_limit + 1 - m_cursor); }
     template <typename T> T readField(T shortValue = 0);
     std::string_view readName();
+    char* readOwnedName();
     void readRTBaseType(RTBaseType& type);
     void readConstraint(FullConstraints* constraint);
     void readConstraintVector(std::vector<FullConstraints>& constraints);
-    int readSVTypeId(const RTBaseType& type, int shortValue);
+    void readConstraints(std::vector<FullConstraints>& constraints, unsigned int count);
 
     // One reader a kind. `record` is the start of the record, its header included.
     std::unique_ptr<RTBaseType> readRTSeqEnumType(const char* record);
@@ -132,18 +134,33 @@ private:
     std::unique_ptr<Type> readReference(const char* record, const char* heading);
     void readMemberHead(RTAggregateType::t_Member& member);
     void readEnumeratorNames(RTSeqEnumType& type);
-    void readEnumerator(RTDiscreteEnumType& type, unsigned int index, std::size_t valueSize);
+    void readEnumerator(t_enumNameAndValuePair& enumerator, std::size_t valueSize);
 
-    // Trace items; each makes its text only while the trace is on, and never in the frame of a
-    // reader, which nests with others.
+    // The trace. Nothing of it is made while it is off, nor ever in the frame of a reader, which
+    // nests with others; where several items follow one another, one test is enough for them all.
+    bool isTracing() const;
     template <typename T> void trace(const char* label, T value, const char* tail, bool newline);
     template <typename T>
     [[gnu::noinline]] void printNumber(const char* label, T number, const char* tail, bool newline);
     [[gnu::noinline]] void printText(const char* label, std::string_view text, const char* tail,
                                      bool newline);
-    void traceConstraint(const FullConstraints& constraint);
+    void traceAddress(unsigned int typeId);
     void traceRecordBegin(unsigned int typeId);
     void traceRecordEnd(unsigned int typeId);
+    void traceTypeHead(const char* heading, const RTBaseType& type);
+    void traceConstraint(const FullConstraints& constraint);
+    void traceConstraints(const std::vector<FullConstraints>& constraints);
+    void traceFields(const RTSeqEnumType& type);
+    void traceFields(const RTDiscreteEnumType& type, int count, int valueSize);
+    void traceEnumerator(const t_enumNameAndValuePair& enumerator, unsigned int index,
+                         std::size_t valueSize);
+    void traceFields(const RTFloatType& type);
+    void traceFields(const RTPhysicalType& type, int count);
+    void traceReference(unsigned int typeId, unsigned int alignment, unsigned int valueSize);
+    void traceKindAndElement(const RTArrayType& type);
+    void traceDimensions(const RTArrayType& type);
+    void traceKind(const RTRecordType& type);
+    void traceMember(const RTAggregateType::t_Member& member);
 
     OVAT::IBlockManager& m_blockManager;
     unsigned long long m_baseOffset;
@@ -155,6 +172,7 @@ private:
     const char* m_cursor = nullptr; ///< At most one past the limit.
     const char* m_limit = nullptr;  ///< Last byte of the record.
 
+    RecordBuffers m_recordBuffers;
     const OpenRecord* m_openRecord = nullptr; ///< The innermost one.
     unsigned int m_depth = 0;                 ///< How many records are open.
     std::vector<unsigned int> m_filledSlots;  ///< Filled by the call from outside that goes on.
@@ -164,16 +182,31 @@ private:
     std::unique_ptr<TypeDeserializer> m_previous;
 };
 
+/// A number of list entries; none for a negative one.
+inline std::size_t countOrNone(int count) { return static_cast<std::size_t>(std::max(count, 0)); }
+
 template <typename T> T TypeDeserializer::readField(T shortValue) {
-    const T value = fieldFits(sizeof(T)) ? littleEndianAt<T>(m_cursor) : shortValue;
-    advance(sizeof(T));
+    if (m_limit - m_cursor < static_cast<std::ptrdiff_t>(sizeof(T)) - 1) [[unlikely]] {
+        m_cursor = m_limit + 1;
+        return shortValue;
+    }
+    const T value = littleEndianAt<T>(m_cursor);
+    m_cursor += sizeof(T);
     return value;
+}
+
+inline bool TypeDeserializer::isTracing() const {
+#ifdef RTTI_WITHOUT_TRACE // Only to measure what the trace costs while it is off.
+    return false;
+#else
+    return m_debug;
+#endif
 }
 
 template <typename T>
 void TypeDeserializer::trace(const char* label, T value, const char* tail, bool newline) {
     static_assert(std::is_trivially_copyable_v<T>, "nothing is copied while the trace is off");
-    if (!m_debug) [[likely]]
+    if (!isTracing()) [[likely]]
         return;
     if constexpr (std::is_arithmetic_v<T>)
         printNumber(label, value, tail, newline);

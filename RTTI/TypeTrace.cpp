@@ -9,6 +9,36 @@ namespace RTTI {
 
 namespace {
 
+constexpr unsigned int FIRST_ARRAY_KIND = ARRAY_KIND_INVALID;
+constexpr const char* arrayKindStrings[] = {"ARRAY_KIND_INVALID",
+                                            "VHDL_ARRAY",
+                                            "VLOG_FIXED_UNPACKED_ARRAY",
+                                            "VLOG_FIXED_PACKED_ARRAY",
+                                            "VLOG_DYNAMIC_ARRAY",
+                                            "VLOG_ASSOCIATIVE_ARRAY",
+                                            "VLOG_QUEUE",
+                                            "BYTE_UNPADDED_ARRAY"};
+
+constexpr unsigned int FIRST_RECORD_KIND = RECORD_KIND_INVALID;
+constexpr const char* recordKindStrings[] = {
+    "RECORD_KIND_INVALID",        "VHDL_RECORD",
+    "VLOG_UNPACKED_STRUCT",       "VLOG_PACKED_STRUCT",
+    "VLOG_PACKED_TAGGED_UNION",   "VLOG_UNPACKED_TAGGED_UNION",
+    "VLOG_PACKED_UNTAGGED_UNION", "VLOG_UNPACKED_UNTAGGED_UNION",
+    "BYTE_UNPADDED_STRUCT"};
+
+constexpr const char* enumKindStrings[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
+                                           "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
+                                           "VHDL_CHAR_ENUM", "VHDL_OTHER_ENUM"};
+
+constexpr const char* ValueEncodingStrings[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
+
+/// The name at `index`, or `unknown` for an index outside the table (a negative one wraps).
+template <std::size_t N>
+const char* nameIn(const char* const (&names)[N], unsigned int index, const char* unknown) {
+    return index < N ? names[index] : unknown;
+}
+
 constexpr char SEPARATOR[] = "===============================================";
 
 void writeToStandardOutput(const std::string& item, bool flush) {
@@ -64,10 +94,9 @@ void TypeDeserializer::printText(const char* label, std::string_view text, const
     printDebugInfo(label, std::string(text), tail, newline);
 }
 
-void TypeDeserializer::traceConstraint(const FullConstraints& constraint) {
-    trace("** constraints : si=", constraint.si, nullptr, false);
-    trace(", ei=", constraint.ei, nullptr, false);
-    trace(", dir=", constraint.dir, nullptr, true);
+void TypeDeserializer::traceAddress(unsigned int typeId) {
+    trace("TypeAddressTable[", typeId, "] = ", false);
+    trace(nullptr, m_typeAddresses[typeId], nullptr, true);
 }
 
 void TypeDeserializer::traceRecordBegin(unsigned int typeId) {
@@ -78,6 +107,113 @@ void TypeDeserializer::traceRecordBegin(unsigned int typeId) {
 void TypeDeserializer::traceRecordEnd(unsigned int typeId) {
     trace("**** Type Id  = ", typeId, "  end **** ", true);
     trace(nullptr, SEPARATOR, nullptr, true);
+}
+
+void TypeDeserializer::traceTypeHead(const char* heading, const RTBaseType& type) {
+    trace(nullptr, heading, nullptr, false);
+    trace("Type name = ", type.m_name, nullptr, false);
+    trace(", flags = ", type.m_flags, " ** ", true);
+}
+
+void TypeDeserializer::traceConstraint(const FullConstraints& constraint) {
+    trace("** constraints : si=", constraint.si, nullptr, false);
+    trace(", ei=", constraint.ei, nullptr, false);
+    trace(", dir=", constraint.dir, nullptr, true);
+}
+
+/// A count that is negative as a signed number makes a list of which nothing is read.
+void TypeDeserializer::traceConstraints(const std::vector<FullConstraints>& constraints) {
+    const int count = static_cast<int>(constraints.size());
+    for (int i = 0; i < count; ++i) {
+        trace(" ++  constraint[ ", i, "]", false);
+        traceConstraint(constraints[static_cast<std::size_t>(i)]);
+    }
+}
+
+void TypeDeserializer::traceFields(const RTSeqEnumType& type) {
+    trace("  Encoding: ",
+          nameIn(ValueEncodingStrings, static_cast<unsigned int>(type.m_valueEncoding),
+                 "<Bad Encoding>"),
+          nullptr, true);
+    trace("  Kind: ",
+          nameIn(enumKindStrings, static_cast<unsigned int>(type.m_enumKind), "<Bad Kind>"),
+          nullptr, true);
+    for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i) {
+        trace("** Enumerator[", static_cast<unsigned int>(i), "] = ", false);
+        trace(nullptr, type.m_enumeratorNames[i], nullptr, true);
+    }
+    trace("**  Size: ", static_cast<int>(type.m_valueSize), nullptr, true);
+}
+
+void TypeDeserializer::traceFields(const RTDiscreteEnumType& type, int count, int valueSize) {
+    trace("** Base Type ID = ", type.m_baseTypeId, " ** ", true);
+    trace("** Number of enumerators = ", static_cast<unsigned int>(count), " ** ", true);
+    trace("** Size of enumerators = ", valueSize, " ** ", true);
+    for (std::size_t i = 0; i < type.m_enumerators.size(); ++i)
+        traceEnumerator(type.m_enumerators[i], static_cast<unsigned int>(i), type.m_valueSize);
+    traceConstraints(type.m_constraints);
+}
+
+void TypeDeserializer::traceEnumerator(const t_enumNameAndValuePair& enumerator, unsigned int index,
+                                       std::size_t valueSize) {
+    trace("** Enumerator[", index, "] = ", false);
+    trace(nullptr, std::string_view(enumerator.enumName), " (value, byte by byte = ", false);
+    for (std::size_t i = 0; i < valueSize; ++i)
+        trace("", static_cast<int>(static_cast<signed char>(enumerator.value[i])), " ", false);
+    trace(nullptr, ")", nullptr, true);
+}
+
+void TypeDeserializer::traceFields(const RTFloatType& type) {
+    trace("** constraints : left=", type.m_left, nullptr, false);
+    trace(", right=", type.m_right, nullptr, false);
+    trace(", dir=", type.m_direction, nullptr, true);
+}
+
+/// All units stand on one line.
+void TypeDeserializer::traceFields(const RTPhysicalType& type, int count) {
+    trace("** Number of units = ", static_cast<unsigned int>(count), " ** ", true);
+    for (std::size_t i = 0; i < type.m_units.size(); ++i) {
+        trace("** Unit[", static_cast<unsigned int>(i), "] = ", false);
+        trace(nullptr, std::string_view(type.m_units[i].unitName), " value = ", false);
+        trace(nullptr, type.m_units[i].value, " ", false);
+    }
+}
+
+void TypeDeserializer::traceReference(unsigned int typeId, unsigned int alignment,
+                                      unsigned int valueSize) {
+    trace("** Ref Type Id = ", typeId, " ** ", true);
+    trace("** Alignment = ", alignment, " ** ", true);
+    trace("** Value Size = ", valueSize, " ** ", true);
+}
+
+void TypeDeserializer::traceKindAndElement(const RTArrayType& type) {
+    trace("** Array Kind = ",
+          nameIn(arrayKindStrings, type.m_arrayKind - FIRST_ARRAY_KIND, "ARRAY_KIND_UNKNOWN"),
+          " ** ", true);
+    trace("** Element Type Id = ", type.m_elementTypeId, " ** ", true);
+}
+
+void TypeDeserializer::traceDimensions(const RTArrayType& type) {
+    for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i) {
+        trace("** indexId[", static_cast<unsigned int>(i), "] = ", false);
+        trace(nullptr, type.m_indexTypeIds[i], " ** ", true);
+    }
+    traceConstraints(type.m_constraints);
+    if (type.m_svTypeId != TypeFileFormat::NO_SV_TYPE_ID)
+        trace("** Array SV Type Id = ", type.m_svTypeId, " ** ", true);
+}
+
+void TypeDeserializer::traceKind(const RTRecordType& type) {
+    trace("** Record Kind = ",
+          nameIn(recordKindStrings, type.m_recordKind - FIRST_RECORD_KIND, "RECORD_KIND_UNKNOWN"),
+          " ** ", true);
+}
+
+void TypeDeserializer::traceMember(const RTAggregateType::t_Member& member) {
+    trace("** Member Name = ", member.m_memberName, "", false);
+    trace("Member Type Id = ", member.m_typeId, "", false);
+    trace(nullptr, "constraints ", " ** ", true);
+    traceConstraints(member.m_constraints);
 }
 
 } // namespace RTTI

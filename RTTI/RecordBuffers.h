@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+namespace RTTI {
+
+/// The bytes of the records that are open, each with a zero byte behind it.
+///
+/// Records are opened and closed like a stack, and most of them are small: those lie one behind the
+/// other in one block, as long as there is room. Others have memory of their own; under
+/// AddressSanitizer all have, so that it sees each record's end.
+class RecordBuffers {
+public:
+    RecordBuffers() {} // Leaves the block as it is.
+    RecordBuffers(const RecordBuffers&) = delete;
+    RecordBuffers& operator=(const RecordBuffers&) = delete;
+
+    /// The bytes of one record, until the end of the scope.
+    class Buffer {
+    public:
+        Buffer(RecordBuffers& buffers, std::size_t size)
+            : m_buffers(buffers), m_usedBefore(buffers.m_used), m_bytes(buffers.take(size + 1)) {
+            m_bytes[size] = '\0';
+        }
+        Buffer(const Buffer&) = delete;
+        Buffer& operator=(const Buffer&) = delete;
+
+        ~Buffer() {
+            if (m_buffers.m_used == m_usedBefore)
+                std::free(m_bytes);
+            m_buffers.m_used = m_usedBefore;
+        }
+
+        char* bytes() const { return m_bytes; }
+
+    private:
+        RecordBuffers& m_buffers;
+        std::size_t m_usedBefore;
+        char* m_bytes;
+    };
+
+private:
+    char* take(std::size_t size) {
+        if (size <= BLOCK_SIZE - m_used) {
+            char* const bytes = m_block + m_used;
+            m_used += size;
+            return bytes;
+        }
+        if (void* const bytes = std::malloc(size))
+            return static_cast<char*>(bytes);
+        throw std::bad_alloc();
+    }
+
+#if defined(__SANITIZE_ADDRESS__)
+#define RTTI_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define RTTI_ADDRESS_SANITIZER 1
+#endif
+#endif
+#if defined(RTTI_ADDRESS_SANITIZER)
+    static constexpr std::size_t BLOCK_SIZE = 1; // Less than the smallest record and its zero byte.
+#else
+    static constexpr std::size_t BLOCK_SIZE = 8192;
+#endif
+
+    std::size_t m_used = 0;
+    char m_block[BLOCK_SIZE];
+};
+
+} // namespace RTTI
