@@ -26,46 +26,53 @@ bool hasBounds(const FullConstraints& range) {
 
 } // namespace
 
+/// Entries inside go on behind those of the frame below; a frame that finds no room has entries of
+/// its own.
 template <typename Constraint>
-void ConstraintStack<Constraint>::merge(std::vector<Constraint>& own,
-                                        const std::vector<Constraint>& bottom) {
-    if (std::none_of(own.begin(), own.end(), isUnconstrained))
-        return;
-    const auto anchor = std::find_if(own.begin(), own.end(), hasBounds);
-    if (anchor == own.end())
-        return;
-    const auto match = std::find_if(bottom.begin(), bottom.end(), [&](const Constraint& range) {
-        return range.si == anchor->si && range.ei == anchor->ei && range.dir == anchor->dir;
-    });
-    const auto shift = (match - bottom.begin()) - (anchor - own.begin());
-    if (match == bottom.end() || shift < 0 ||
-        bottom.end() - bottom.begin() - shift < own.end() - own.begin())
-        return;
-    for (std::size_t i = 0; i < own.size(); ++i) {
-        if (!hasBounds(own[i]))
-            own[i] = bottom[i + static_cast<std::size_t>(shift)];
-    }
+void ConstraintStack<Constraint>::pushOutside(const Frame& frame,
+                                              const std::vector<Constraint>& own) {
+    auto entries = std::make_unique<Constraint[]>(frame.m_count);
+    std::copy(own.begin(), own.end(), entries.get());
+    const Frame outside{0, true, frame.m_count, entries.get()};
+    if (m_depth < FRAMES_INSIDE)
+        m_frames[m_depth] = outside;
+    else
+        m_moreFrames.push_back(outside);
+    entries.release(); // The frame has it.
+    ++m_depth;
 }
 
-template <typename Constraint>
-void ConstraintStack<Constraint>::push(const std::vector<Constraint>& own) {
-    auto frame = std::make_unique<Frame>();
-    frame->m_constraints = own;
-    if (!m_frames.empty())
-        merge(frame->m_constraints, m_frames.front()->m_constraints);
-    m_frames.push_back(std::move(frame));
+template <typename Constraint> void ConstraintStack<Constraint>::merge(Frame& own) {
+    Constraint* const begin = own.m_constraints;
+    Constraint* const end = begin + own.m_count;
+    if (std::none_of(begin, end, isUnconstrained))
+        return;
+    const Constraint* const anchor = std::find_if(begin, end, hasBounds);
+    if (anchor == end)
+        return;
+    const Constraint* const bottom = m_frames[0].m_constraints;
+    const Constraint* const bottomEnd = bottom + m_frames[0].m_count;
+    const Constraint* const match = std::find_if(bottom, bottomEnd, [&](const Constraint& range) {
+        return range.si == anchor->si && range.ei == anchor->ei && range.dir == anchor->dir;
+    });
+    const auto shift = (match - bottom) - (anchor - begin);
+    if (match == bottomEnd || shift < 0 || bottomEnd - bottom - shift < end - begin)
+        return;
+    for (std::size_t i = 0; i < own.m_count; ++i) {
+        if (!hasBounds(begin[i]))
+            begin[i] = bottom[i + static_cast<std::size_t>(shift)];
+    }
 }
 
 template <typename Constraint> const Constraint& ConstraintStack<Constraint>::getConstraint() {
     static const Constraint dummy{};
-    for (auto frame = m_frames.rbegin(); frame != m_frames.rend(); ++frame) {
-        const std::vector<Constraint>& constraints = (*frame)->m_constraints;
-        const unsigned int next = (*frame)->m_cursor;
-        if (next >= constraints.size())
+    for (std::size_t depth = m_depth; depth > 0; --depth) {
+        Frame& frame = frameAt(depth - 1);
+        if (frame.m_cursor >= frame.m_count)
             continue;
-        (*frame)->m_cursor = next + 1;
-        if (!isUnconstrained(constraints[next]))
-            return constraints[next];
+        const Constraint& next = frame.m_constraints[frame.m_cursor++];
+        if (!isUnconstrained(next))
+            return next;
     }
     return dummy;
 }

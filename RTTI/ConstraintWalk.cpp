@@ -7,6 +7,7 @@
 #include <set>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace RTTI {
@@ -51,8 +52,52 @@ bool isAggregate(const RTBaseType& type) {
     return classId == ClassId::RECORD || classId == ClassId::CLASS;
 }
 
-/// One walk. Its output is that of the walk over every path on which no class comes twice, and no
-/// struct twice without a class in between.
+/// Takes frames off the stack again.
+class FrameScope {
+public:
+    explicit FrameScope(Stack& stack) : m_stack(stack) {}
+    FrameScope(const FrameScope&) = delete;
+    FrameScope& operator=(const FrameScope&) = delete;
+    ~FrameScope() {
+        for (; m_frames != 0; --m_frames)
+            m_stack.pop();
+    }
+
+    void push(const std::vector<FullConstraints>& constraints) {
+        m_stack.push(constraints);
+        ++m_frames;
+    }
+
+    /// Leaves the frames to somebody else.
+    std::size_t release() { return std::exchange(m_frames, 0); }
+
+private:
+    Stack& m_stack;
+    std::size_t m_frames = 0;
+};
+
+/// Goes through a type and what is below it, up to an aggregate, which is the answer, or to the
+/// end. The frames of all that was gone through are then on the stack.
+const RTAggregateType* goThrough(const RTBaseType* type, Stack& stack, FrameScope& frames,
+                                 std::vector<FullConstraints>& out) {
+    while (type != nullptr) {
+        const Passage passage = passageThrough(*type);
+        if (passage.constraints == nullptr) {
+            if (isAggregate(*type))
+                return static_cast<const RTAggregateType*>(type);
+            type->populateTypeConstraints(stack, out);
+            return nullptr;
+        }
+        frames.push(*passage.constraints);
+        for (std::size_t i = 0; i < passage.dimensions; ++i)
+            out.push_back(stack.getConstraint());
+        type = passage.below;
+    }
+    return nullptr;
+}
+
+/// The walk of an aggregate. Its output is that of the walk over every path on which no class comes
+/// twice, and no struct twice without a class in between.
 ///
 /// So that the cost grows with the output and not with the paths, an aggregate below which nothing
 /// was found is barren: it is passed by until something below it changes, that is, until a class
@@ -69,32 +114,30 @@ public:
             leavePath();
     }
 
-    void walk(const RTBaseType& outermost) {
-        enter(&outermost);
+    void walk(const RTAggregateType& outermost) {
+        enter(outermost);
         while (!m_path.empty())
             advance();
     }
 
 private:
-    /// A type on the path.
+    /// An aggregate on the path.
     struct Step {
-        const RTBaseType* below;          ///< Behind a passage, until it is entered.
-        const RTAggregateType* aggregate; ///< Null for a passage.
+        const RTAggregateType* aggregate;
         bool isClass;
-        bool holdsFrame;
         std::size_t nextPart;
+        std::size_t frames; ///< That were pushed on the way to it.
         std::size_t outputBefore;
         std::size_t outerSegment; ///< What a struct's entry in m_structs said before.
     };
 
     static constexpr std::size_t NO_SEGMENT = 0;
 
-    void enter(const RTBaseType* type);
-    void enterPassage(const Passage& passage);
-    void enterClass(const RTClassType& type);
-    void enterStruct(const RTAggregateType& type);
+    bool enter(const RTAggregateType& aggregate);
+    bool enterClass(const RTClassType& type);
+    bool enterStruct(const RTAggregateType& type);
     void advance();
-    void advanceAggregate(Step& step);
+    bool walkPart(const RTAggregateType& aggregate, bool isClass, std::size_t part);
     void leave();
     Step leavePath();
     void waitForParts(const RTAggregateType& barren);
@@ -113,40 +156,21 @@ private:
     std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_waiting;
 };
 
-void ConstraintWalk::enter(const RTBaseType* type) {
-    if (type == nullptr)
-        return;
-    if (!isAggregate(*type)) {
-        const Passage passage = passageThrough(*type);
-        if (passage.constraints != nullptr)
-            enterPassage(passage);
-        else
-            type->populateTypeConstraints(m_stack, m_out);
-        return;
-    }
-    const auto& aggregate = static_cast<const RTAggregateType&>(*type);
+/// Whether the aggregate is on the path now.
+bool ConstraintWalk::enter(const RTAggregateType& aggregate) {
     if (m_barren.count(&aggregate) != 0)
-        return;
-    if (type->GetClassId() == ClassId::CLASS)
-        enterClass(static_cast<const RTClassType&>(aggregate));
-    else
-        enterStruct(aggregate);
+        return false;
+    if (aggregate.GetClassId() == ClassId::CLASS)
+        return enterClass(static_cast<const RTClassType&>(aggregate));
+    return enterStruct(aggregate);
 }
 
-void ConstraintWalk::enterPassage(const Passage& passage) {
-    m_path.push_back({passage.below, nullptr, false, false, 0, m_out.size(), NO_SEGMENT});
-    m_stack.push(*passage.constraints);
-    m_path.back().holdsFrame = true;
-    for (std::size_t i = 0; i < passage.dimensions; ++i)
-        m_out.push_back(m_stack.getConstraint());
-}
-
-void ConstraintWalk::enterClass(const RTClassType& type) {
+bool ConstraintWalk::enterClass(const RTClassType& type) {
     if (!classesOnPath().insert(&type).second)
-        return;
+        return false;
     try {
         m_segments.push_back(++m_classesEntered); // One too many does not matter: the walk ends.
-        m_path.push_back({nullptr, &type, true, false, 0, m_out.size(), NO_SEGMENT});
+        m_path.push_back({&type, true, 0, 0, m_out.size(), NO_SEGMENT});
     } catch (...) {
         classesOnPath().erase(&type);
         throw;
@@ -154,58 +178,59 @@ void ConstraintWalk::enterClass(const RTClassType& type) {
     for (const RTAggregateType* ended : m_endedAt) // From here they may be walked again.
         revive(*ended);
     m_endedAt.clear();
+    return true;
 }
 
-void ConstraintWalk::enterStruct(const RTAggregateType& type) {
+bool ConstraintWalk::enterStruct(const RTAggregateType& type) {
     std::size_t& segment = m_structs[&type];
     if (segment == m_segments.back()) {
         m_endedAt.push_back(&type);
-        return;
+        return false;
     }
-    m_path.push_back({nullptr, &type, false, false, 0, m_out.size(), segment});
+    m_path.push_back({&type, false, 0, 0, m_out.size(), segment});
     segment = m_segments.back();
+    return true;
 }
 
+/// Walks parts of the innermost aggregate until one is an aggregate itself.
 void ConstraintWalk::advance() {
-    Step& step = m_path.back();
-    if (step.aggregate != nullptr) {
-        advanceAggregate(step);
-    } else if (const RTBaseType* below = step.below) {
-        step.below = nullptr;
-        enter(below);
-    } else {
-        leave();
+    const RTAggregateType& aggregate = *m_path.back().aggregate;
+    const bool isClass = m_path.back().isClass;
+    const std::size_t members =
+        std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size());
+    const std::size_t parts = members + (isClass ? 1 : 0);
+    std::size_t part = m_path.back().nextPart;
+    while (part < parts) {
+        m_path.back().nextPart = part + 1;
+        if (walkPart(aggregate, isClass, part++))
+            return;
     }
+    leave();
 }
 
-/// Part 0 of a class is its base class, which gets no frame of its own.
-void ConstraintWalk::advanceAggregate(Step& step) {
-    const RTAggregateType& aggregate = *step.aggregate;
-    if (step.holdsFrame) {
-        m_stack.pop();
-        step.holdsFrame = false;
+/// Part 0 of a class is its base class, which gets no frame of its own. Whether the walk goes on
+/// below the part.
+bool ConstraintWalk::walkPart(const RTAggregateType& aggregate, bool isClass, std::size_t part) {
+    FrameScope frames(m_stack);
+    const RTBaseType* type = nullptr;
+    if (isClass && part == 0) {
+        type = static_cast<const RTClassType&>(aggregate).m_baseClass;
+    } else {
+        const std::size_t member = isClass ? part - 1 : part;
+        if (aggregate.m_members[member] == nullptr)
+            return false;
+        frames.push(aggregate.m_members[member]->m_constraints);
+        type = aggregate.m_memberTypes[member];
     }
-    const std::size_t part = step.nextPart++;
-    if (step.isClass && part == 0) {
-        enter(static_cast<const RTClassType&>(aggregate).m_baseClass);
-        return;
-    }
-    const std::size_t member = step.isClass ? part - 1 : part;
-    if (member >= std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size())) {
-        leave();
-        return;
-    }
-    if (aggregate.m_members[member] == nullptr)
-        return;
-    m_stack.push(aggregate.m_members[member]->m_constraints);
-    step.holdsFrame = true;
-    enter(aggregate.m_memberTypes[member]);
+    const RTAggregateType* const below = goThrough(type, m_stack, frames, m_out);
+    if (below == nullptr || !enter(*below))
+        return false;
+    m_path.back().frames = frames.release();
+    return true;
 }
 
 void ConstraintWalk::leave() {
     const Step step = leavePath();
-    if (step.aggregate == nullptr)
-        return;
     if (m_out.size() != step.outputBefore)
         revive(*step.aggregate);
     else if (m_barren.insert(step.aggregate).second)
@@ -216,12 +241,12 @@ void ConstraintWalk::leave() {
 ConstraintWalk::Step ConstraintWalk::leavePath() {
     const Step step = m_path.back();
     m_path.pop_back();
-    if (step.holdsFrame)
+    for (std::size_t i = 0; i < step.frames; ++i)
         m_stack.pop();
     if (step.isClass) {
         classesOnPath().erase(static_cast<const RTClassType*>(step.aggregate));
         m_segments.pop_back();
-    } else if (step.aggregate != nullptr) {
+    } else {
         m_structs[step.aggregate] = step.outerSegment;
     }
     return step;
@@ -260,7 +285,9 @@ void ConstraintWalk::revive(const RTAggregateType& changed) {
 }
 
 void walkFrom(const RTBaseType& type, Stack& stack, std::vector<FullConstraints>& out) {
-    ConstraintWalk(stack, out).walk(type);
+    FrameScope frames(stack);
+    if (const RTAggregateType* aggregate = goThrough(&type, stack, frames, out))
+        ConstraintWalk(stack, out).walk(*aggregate);
 }
 
 } // namespace
