@@ -140,7 +140,7 @@ void Generator::addSeqEnum() {
     type.m_enumKind = VHDL_OTHER_ENUM;
     type.m_valueEncoding = m_dice.hasLuck(50) ? ENCODING_2_STATE : ENCODING_BYTE;
     type.m_valueSize = 1;
-    for (unsigned int left = 2 + m_dice.roll(13); left > 0; --left)
+    for (unsigned int left = 2 + m_dice.roll(14); left > 0; --left)
         addLiteral(type, name("S_", 10));
     add(type, "state_");
 }
@@ -148,7 +148,7 @@ void Generator::addSeqEnum() {
 void Generator::addDiscreteEnum() {
     RTDiscreteEnumType type;
     type.m_baseTypeId = earlierType();
-    const unsigned int literals = 2 + m_dice.roll(13);
+    const unsigned int literals = 2 + m_dice.roll(14);
     for (unsigned int value = 0; value < literals; ++value)
         addLiteral(type, name("OP_", 10), std::string(4, static_cast<char>(value)));
     type.m_constraints = ranges(50);

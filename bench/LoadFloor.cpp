@@ -211,6 +211,10 @@ void LoadFloor::tearDown() {
         for (; block < m_plan.records()[record].blocksEnd; ++block)
             ::operator delete(m_blocks[block]);
     }
+    releaseTables();
+}
+
+void LoadFloor::releaseTables() {
     for (void* table : m_tables)
         ::operator delete(table);
     m_tables.clear();

@@ -52,9 +52,11 @@ public:
     void load(OVAT::IBlockManager& storage);
     void tearDown();
 
-private:
+    /// Only what setting up a manager reads and keeps.
     void readAddressTable(OVAT::IBlockManager& storage);
+    void releaseTables();
 
+private:
     const LoadPlan& m_plan;
     std::vector<void*> m_blocks;
     std::vector<void*> m_tables; ///< Of types, addresses and class ids.

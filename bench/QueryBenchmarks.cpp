@@ -1,0 +1,64 @@
+// Each query, asked of every type of a table; the floor is a virtual call that answers at once.
+
+#include "RTTI/ConstraintStack.h"
+#include "RTTI/RTType.h"
+#include "RTTI/RTTypeManager.h"
+#include "bench/TypeStorage.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace RTTI;
+
+/// All types of a table, loaded.
+struct LoadedTable {
+    explicit LoadedTable(const benchmark::State& state) {
+        const auto count = static_cast<unsigned int>(state.range(0));
+        manager.setupDeserializer(Bench::TypeStorage::of(count).storage, 0);
+        for (unsigned int id = 0; id < count; ++id)
+            types.push_back(manager.getRTType(id));
+    }
+    RTTypeManager manager;
+    std::vector<RTBaseType*> types;
+};
+
+template <typename Query> void askEach(benchmark::State& state, const Query& query) {
+    const LoadedTable table(state);
+    for (auto _ : state) {
+        for (const RTBaseType* type : table.types)
+            benchmark::DoNotOptimize(query(*type));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+#define QUERY(name, answer)                                                                        \
+    BENCHMARK_CAPTURE(askEach, name, [](const RTBaseType& type) { return answer; })                \
+        ->Name("Query/" #name)                                                                     \
+        ->Arg(100000)                                                                              \
+        ->UseRealTime()
+
+QUERY(floor, type.GetClassId());
+QUERY(getValueEncoding, type.getValueEncoding());
+QUERY(getSelf, type.getSelf(false));
+QUERY(getSVTypeId, type.getSVTypeId());
+QUERY(getValueSize, type.getValueSize());
+
+unsigned int dimensionsOf(const RTBaseType& type) {
+    const unsigned int kind = type.GetClassId();
+    if (kind != ClassId::DYNAMIC_ARRAY && kind != ClassId::QUEUE && kind != ClassId::ASSOC_ARRAY)
+        return 0;
+    return static_cast<const RTAbstractArrayType&>(type).getTotalNumDimensions(true);
+}
+QUERY(getTotalNumDimensions, dimensionsOf(type));
+
+std::size_t rangesOf(const RTBaseType& type) {
+    Brakel_tolv::ConstraintStack<FullConstraints> stack;
+    static thread_local std::vector<FullConstraints> out;
+    out.clear();
+    type.populateTypeConstraints(stack, out);
+    return out.size();
+}
+QUERY(populateTypeConstraints, rangesOf(type));
+
+} // namespace

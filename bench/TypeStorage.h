@@ -1,0 +1,22 @@
+#pragma once
+
+#include "OVAT/MemoryBlockManager.h"
+#include "bench/LoadFloor.h"
+
+#include <memory>
+#include <vector>
+
+namespace Bench {
+
+/// A generated table in memory, and the plan of its load. Made once a type count and program.
+struct TypeStorage {
+    explicit TypeStorage(unsigned int typeCount);
+
+    static TypeStorage& of(unsigned int typeCount);
+
+    std::vector<char> bytes;
+    OVAT::MemoryBlockManager storage;
+    LoadPlan plan;
+};
+
+} // namespace Bench
