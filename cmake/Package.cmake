@@ -1,0 +1,39 @@
+# Debian packages, named by Debian's rules: the library after its soname, what builds against it, and
+# the program. `cpack --preset package` makes them of the build of that preset.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME qd-wavedata-rtti)
+set(CPACK_PACKAGE_VENDOR "The developers of the run-time type information library")
+set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <root@localhost>" CACHE STRING
+    "Name and address of who maintains the Debian packages")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL Runtime Development Tools)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/RTTI)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(runtime libqd-wavedata-rtti-rttype${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+    "The shared library that a simulator loads to read and ask the types of a design.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libqd-wavedata-rtti-rttype-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION}), libfmt-dev")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+    "Headers, the storages, writer and printers as static libraries, the CMake package RTTI and the
+ pkg-config module qd_wavedata_RTTI_RTType.")
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME qd-wavedata-rtti-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION
+    "The program rtti shows what is in a type file and makes one from JSON.")
+
+include(CPack)
