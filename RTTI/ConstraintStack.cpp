@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 
 namespace Brakel_tolv {
 
@@ -26,20 +27,27 @@ bool hasBounds(const FullConstraints& range) {
 
 } // namespace
 
-/// Entries inside go on behind those of the frame below; a frame that finds no room has entries of
-/// its own.
+/// A frame that finds no room has entries of its own, and so has every frame above it.
 template <typename Constraint>
-void ConstraintStack<Constraint>::pushOutside(const Frame& frame,
-                                              const std::vector<Constraint>& own) {
-    auto entries = std::make_unique<Constraint[]>(frame.m_count);
+void ConstraintStack<Constraint>::pushOutside(const std::vector<Constraint>& own) {
+    auto entries = std::make_unique<Constraint[]>(own.size());
     std::copy(own.begin(), own.end(), entries.get());
-    const Frame outside{0, true, frame.m_count, entries.get()};
+    const Frame frame{0, static_cast<unsigned int>(own.size()), entries.get()};
     if (m_depth < FRAMES_INSIDE)
-        m_frames[m_depth] = outside;
+        m_frames[m_depth] = frame;
     else
-        m_moreFrames.push_back(outside);
+        m_moreFrames.push_back(frame);
     entries.release(); // The frame has it.
-    ++m_depth;
+    ++m_outside;
+    if (m_depth++ != 0)
+        merge(frameAt(m_depth - 1));
+}
+
+template <typename Constraint> void ConstraintStack<Constraint>::popOutside() {
+    delete[] frameAt(--m_depth).m_constraints;
+    --m_outside;
+    if (m_depth >= FRAMES_INSIDE)
+        m_moreFrames.pop_back();
 }
 
 template <typename Constraint> void ConstraintStack<Constraint>::merge(Frame& own) {
@@ -64,7 +72,7 @@ template <typename Constraint> void ConstraintStack<Constraint>::merge(Frame& ow
     }
 }
 
-template <typename Constraint> const Constraint& ConstraintStack<Constraint>::getConstraint() {
+template <typename Constraint> const Constraint& ConstraintStack<Constraint>::findConstraint() {
     static const Constraint dummy{};
     for (std::size_t depth = m_depth; depth > 0; --depth) {
         Frame& frame = frameAt(depth - 1);

@@ -2,9 +2,8 @@
 
 #include "RTTI/RTBaseType.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <memory>
+#include <new>
 #include <vector>
 
 namespace Brakel_tolv {
@@ -17,12 +16,11 @@ namespace Brakel_tolv {
 /// itself, so that walks of ordinary types allocate nothing for them.
 template <typename Constraint> class ConstraintStack {
 public:
-    /// The ranges of one level.
+    /// The ranges of one level: a copy, in the stack's own room or in memory of its own.
     struct Frame {
-        unsigned int m_cursor;     ///< The entry that is used next.
-        bool m_isOutside;          ///< Whether its entries lie outside the stack.
-        std::size_t m_count;       ///< How many entries it has.
-        Constraint* m_constraints; ///< Its own copies.
+        unsigned int m_cursor; ///< The entry that is used next.
+        unsigned int m_count;
+        Constraint* m_constraints;
     };
 
     ConstraintStack() {} // Leaves the room for frames as it is.
@@ -45,48 +43,65 @@ private:
     static constexpr std::size_t FRAMES_INSIDE = 12;
     static constexpr std::size_t ENTRIES_INSIDE = 24;
 
+    static bool isOpen(const Constraint& range) {
+        return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
+    }
     Frame& frameAt(std::size_t index) {
         return index < FRAMES_INSIDE ? m_frames[index] : m_moreFrames[index - FRAMES_INSIDE];
     }
-    void pushOutside(const Frame& frame, const std::vector<Constraint>& own);
+    void pushOutside(const std::vector<Constraint>& own);
+    void popOutside();
     void merge(Frame& own);
+    const Constraint& findConstraint();
 
     std::size_t m_depth = 0;
-    std::size_t m_entriesUsed = 0;   ///< Of those inside.
+    std::size_t m_outside = 0;       ///< Frames that are not wholly inside; those on top.
     std::vector<Frame> m_moreFrames; ///< Above those inside.
+    Constraint* m_free = m_entries;  ///< Behind the entries in use.
     Frame m_frames[FRAMES_INSIDE];   ///< Bottom first.
     union {
-        Constraint m_entries[ENTRIES_INSIDE]; ///< Bottom frame's first.
+        Constraint m_entries[ENTRIES_INSIDE]; ///< The bottom frame's first.
     };
 };
 
 template <typename Constraint>
 inline void ConstraintStack<Constraint>::push(const std::vector<Constraint>& own) {
-    const Frame frame{0, false, own.size(), m_entries + m_entriesUsed};
-    if (m_depth >= FRAMES_INSIDE || frame.m_count > ENTRIES_INSIDE - m_entriesUsed) {
-        pushOutside(frame, own);
-    } else {
-        std::uninitialized_copy(own.begin(), own.end(), frame.m_constraints);
-        m_frames[m_depth++] = frame;
-        m_entriesUsed += frame.m_count;
+    if (m_outside != 0 || m_depth == FRAMES_INSIDE ||
+        own.size() > static_cast<std::size_t>(m_entries + ENTRIES_INSIDE - m_free)) {
+        pushOutside(own);
+        return;
     }
-    if (m_depth > 1 && !own.empty())
-        merge(frameAt(m_depth - 1));
+    Frame& frame = m_frames[m_depth];
+    frame = {0, static_cast<unsigned int>(own.size()), m_free};
+    bool hasOpenEntries = false;
+    for (const Constraint& range : own) {
+        new (m_free++) Constraint(range);
+        hasOpenEntries = hasOpenEntries || isOpen(range);
+    }
+    if (m_depth++ != 0 && hasOpenEntries)
+        merge(frame);
 }
 
 template <typename Constraint> inline void ConstraintStack<Constraint>::pop() {
-    const Frame& top = frameAt(--m_depth);
-    if (top.m_isOutside)
-        delete[] top.m_constraints;
+    if (m_outside != 0)
+        popOutside();
     else
-        m_entriesUsed -= top.m_count;
-    if (m_depth >= FRAMES_INSIDE)
-        m_moreFrames.pop_back();
+        m_free = m_frames[--m_depth].m_constraints;
+}
+
+template <typename Constraint>
+inline const Constraint& ConstraintStack<Constraint>::getConstraint() {
+    if (m_depth != 0 && m_outside == 0) {
+        Frame& top = m_frames[m_depth - 1];
+        if (top.m_cursor < top.m_count && !isOpen(top.m_constraints[top.m_cursor]))
+            return top.m_constraints[top.m_cursor++];
+    }
+    return findConstraint();
 }
 
 template <typename Constraint> inline ConstraintStack<Constraint>::~ConstraintStack() {
-    while (m_depth != 0)
-        pop();
+    while (m_outside != 0)
+        popOutside();
 }
 
 extern template class RTTI_EXPORT ConstraintStack<RTTI::FullConstraints>;

@@ -29,8 +29,8 @@ struct Passage {
     std::size_t dimensions;
 };
 
-Passage passageThrough(const RTBaseType& type) {
-    switch (type.GetClassId()) {
+inline Passage passageThrough(const RTBaseType& type, unsigned int classId) {
+    switch (classId) {
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(type);
         return {&array.m_constraints, array.m_elementType, array.m_indexTypeIds.size()};
@@ -76,21 +76,28 @@ private:
     std::size_t m_frames = 0;
 };
 
+/// Pushes what a type on the way adds, and takes the ranges of its dimensions.
+inline void passBy(const Passage& passage, Stack& stack, FrameScope& frames,
+                   std::vector<FullConstraints>& out) {
+    frames.push(*passage.constraints);
+    for (std::size_t i = 0; i < passage.dimensions; ++i)
+        out.push_back(stack.getConstraint());
+}
+
 /// Goes through a type and what is below it, up to an aggregate, which is the answer, or to the
 /// end. The frames of all that was gone through are then on the stack.
-const RTAggregateType* goThrough(const RTBaseType* type, Stack& stack, FrameScope& frames,
-                                 std::vector<FullConstraints>& out) {
+inline const RTAggregateType* goThrough(const RTBaseType* type, Stack& stack, FrameScope& frames,
+                                        std::vector<FullConstraints>& out) {
     while (type != nullptr) {
-        const Passage passage = passageThrough(*type);
+        const unsigned int classId = type->GetClassId();
+        if (classId == ClassId::RECORD || classId == ClassId::CLASS)
+            return static_cast<const RTAggregateType*>(type);
+        const Passage passage = passageThrough(*type, classId);
         if (passage.constraints == nullptr) {
-            if (isAggregate(*type))
-                return static_cast<const RTAggregateType*>(type);
             type->populateTypeConstraints(stack, out);
             return nullptr;
         }
-        frames.push(*passage.constraints);
-        for (std::size_t i = 0; i < passage.dimensions; ++i)
-            out.push_back(stack.getConstraint());
+        passBy(passage, stack, frames, out);
         type = passage.below;
     }
     return nullptr;
@@ -262,7 +269,7 @@ void ConstraintWalk::waitForParts(const RTAggregateType& barren) {
 
 void ConstraintWalk::waitFor(const RTBaseType* part, const RTAggregateType& barren) {
     while (part != nullptr && !isAggregate(*part))
-        part = passageThrough(*part).below;
+        part = passageThrough(*part, part->GetClassId()).below;
     if (part != nullptr)
         m_waiting[static_cast<const RTAggregateType*>(part)].push_back(&barren);
 }

@@ -72,6 +72,8 @@ private:
                                        : std::vector<FullConstraints>{};
     }
     unsigned int earlierType() { return m_package + m_dice.roll(m_id - m_package); }
+    /// Members have one of the package's first types, so that records do not nest without end.
+    unsigned int memberType() { return m_package + m_dice.roll(std::min(m_id - m_package, 20u)); }
     unsigned int anyType() { return m_package + m_dice.roll(m_packageEnd - m_package); }
     template <typename Type> void add(Type& type, const char* stem) {
         setName(type, name(stem, 33));
@@ -206,14 +208,15 @@ void Generator::addRecord() {
     RTRecordType type;
     type.m_recordKind = KINDS[m_dice.roll(3)];
     for (unsigned int left = 2 + m_dice.roll(11); left > 0; --left)
-        addMember(type, name("", 12), earlierType(), ranges(27));
+        addMember(type, name("", 12), memberType(), ranges(27));
     add(type, "bundle_");
 }
 
 void Generator::addClass() {
     RTClassType type;
     for (unsigned int left = 1 + m_dice.roll(13); left > 0; --left)
-        addMember(type, name("m_", 12), anyType(), ranges(27), m_dice.hasLuck(50));
+        addMember(type, name("m_", 12), m_dice.hasLuck(20) ? anyType() : memberType(), ranges(27),
+                  m_dice.hasLuck(50));
     add(type, "work::");
 }
 
