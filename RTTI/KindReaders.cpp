@@ -111,6 +111,14 @@ inline void TypeDeserializer::readEnumerator(t_enumNameAndValuePair& enumerator,
         std::fill(enumerator.value + stored, enumerator.value + valueSize, '\0');
 }
 
+/// By itself, so that the frame of the reader stays small while other types are read.
+[[gnu::noinline]] void TypeDeserializer::readEnumerators(RTDiscreteEnumType& type,
+                                                         std::size_t count) {
+    type.m_enumerators = std::vector<t_enumNameAndValuePair>(count);
+    for (t_enumNameAndValuePair& enumerator : type.m_enumerators)
+        readEnumerator(enumerator, type.m_valueSize);
+}
+
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTDiscreteEnumType(const char* record) {
     auto type = beginType<RTDiscreteEnumType>(record, "** Discrete Enum Type ");
     type->m_baseTypeId = readField<unsigned int>();
@@ -118,9 +126,7 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTDiscreteEnumType(const char*
     const int count = readField<int>();
     const int valueSize = readField<int>();
     type->m_valueSize = static_cast<unsigned int>(countOrNone(valueSize));
-    type->m_enumerators = std::vector<t_enumNameAndValuePair>(countOrNone(count));
-    for (t_enumNameAndValuePair& enumerator : type->m_enumerators)
-        readEnumerator(enumerator, type->m_valueSize);
+    readEnumerators(*type, countOrNone(count));
     readConstraintVector(type->m_constraints);
     if (isTracing())
         traceFields(*type, count, valueSize);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <functional>
 #include <new>
 
 namespace RTTI {
@@ -21,23 +22,18 @@ public:
     class Buffer {
     public:
         Buffer(RecordBuffers& buffers, std::size_t size)
-            : m_buffers(buffers), m_usedBefore(buffers.m_used), m_bytes(buffers.take(size + 1)) {
+            : m_buffers(buffers), m_bytes(buffers.take(size + 1)) {
             m_bytes[size] = '\0';
         }
         Buffer(const Buffer&) = delete;
         Buffer& operator=(const Buffer&) = delete;
 
-        ~Buffer() {
-            if (m_buffers.m_used == m_usedBefore)
-                std::free(m_bytes);
-            m_buffers.m_used = m_usedBefore;
-        }
+        ~Buffer() { m_buffers.giveBack(m_bytes); }
 
         char* bytes() const { return m_bytes; }
 
     private:
         RecordBuffers& m_buffers;
-        std::size_t m_usedBefore;
         char* m_bytes;
     };
 
@@ -51,6 +47,15 @@ private:
         if (void* const bytes = std::malloc(size))
             return static_cast<char*>(bytes);
         throw std::bad_alloc();
+    }
+
+    /// The bytes that were taken last.
+    void giveBack(char* bytes) {
+        const std::less<const char*> isBefore;
+        if (isBefore(bytes, m_block) || !isBefore(bytes, m_block + BLOCK_SIZE))
+            std::free(bytes);
+        else
+            m_used = static_cast<std::size_t>(bytes - m_block);
     }
 
 #if defined(__SANITIZE_ADDRESS__)

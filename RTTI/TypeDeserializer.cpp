@@ -291,7 +291,8 @@ void TypeDeserializer::resolveDeferred(std::size_t first) {
     m_deferred.resize(first);
 }
 
-inline void TypeDeserializer::resolveReferences(RTBaseType& type) {
+/// Not part of `readRecord`, whose frame would be larger for all kinds.
+[[gnu::noinline]] void TypeDeserializer::resolveReferences(RTBaseType& type) {
     if (type.GetClassId() == ClassId::ACCESS)
         resolveAccess(static_cast<RTAccessType&>(type));
     else

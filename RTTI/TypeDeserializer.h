@@ -134,6 +134,7 @@ private:
     std::unique_ptr<Type> readReference(const char* record, const char* heading);
     void readMemberHead(RTAggregateType::t_Member& member);
     void readEnumeratorNames(RTSeqEnumType& type);
+    void readEnumerators(RTDiscreteEnumType& type, std::size_t count);
     void readEnumerator(t_enumNameAndValuePair& enumerator, std::size_t valueSize);
 
     // The trace. Nothing of it is made while it is off, nor ever in the frame of a reader, which
