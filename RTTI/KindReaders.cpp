@@ -226,14 +226,19 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTArrayType(const char* record
     if (isTracing())
         traceKindAndElement(*type);
     type->m_elementType = readRTType(type->m_elementTypeId);
-    type->m_indexTypeIds = std::vector<unsigned int>(countOrNone(readField<int>()));
-    for (unsigned int& id : type->m_indexTypeIds)
-        id = readField<unsigned int>();
-    readConstraintVector(type->m_constraints);
-    type->m_svTypeId = readField<int>(NO_SV_TYPE_ID);
+    readDimensions(*type);
     if (isTracing())
         traceDimensions(*type);
     return type;
+}
+
+/// By itself, so that the frame of the reader stays small while the element type is read.
+[[gnu::noinline]] void TypeDeserializer::readDimensions(RTArrayType& type) {
+    type.m_indexTypeIds = std::vector<unsigned int>(countOrNone(readField<int>()));
+    for (unsigned int& id : type.m_indexTypeIds)
+        id = readField<unsigned int>();
+    readConstraintVector(type.m_constraints);
+    type.m_svTypeId = readField<int>(NO_SV_TYPE_ID);
 }
 
 std::unique_ptr<RTBaseType> TypeDeserializer::readRTDynamicArrayType(const char* record) {
@@ -304,14 +309,19 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTClassType(const char* record
     type->m_svTypeId = readField<int>();
     trace("** Class with SV Type Id = ", type->m_svTypeId, " ** ", true);
     trace("** Class derived from ", type->m_baseClassTypeId, " ** ", true);
-    type->m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
-    for (RTAggregateType::t_Member*& member : type->m_members) {
+    readMembers(*type);
+    return type;
+}
+
+/// By itself, so that the frame of the reader stays small while the base class is read.
+[[gnu::noinline]] void TypeDeserializer::readMembers(RTClassType& type) {
+    type.m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    for (RTAggregateType::t_Member*& member : type.m_members) {
         auto* const classMember = new RTClassType::t_ClassMember;
         member = classMember;
         readMemberHead(*classMember);
         classMember->m_memberFlag = readField<unsigned int>() != 0;
     }
-    return type;
 }
 
 } // namespace RTTI

@@ -134,6 +134,8 @@ private:
     std::unique_ptr<Type> readReference(const char* record, const char* heading);
     void readMemberHead(RTAggregateType::t_Member& member);
     void readEnumeratorNames(RTSeqEnumType& type);
+    void readDimensions(RTArrayType& type);
+    void readMembers(RTClassType& type);
     void readEnumerators(RTDiscreteEnumType& type, std::size_t count);
     void readEnumerator(t_enumNameAndValuePair& enumerator, std::size_t valueSize);
 
