@@ -158,11 +158,15 @@ LoadPlan::LoadPlan(OVAT::IBlockManager& storage) {
         storage.read(m_addressTable + id * sizeof(address), &address, sizeof(address));
         typeAt[address] = id;
     }
+    std::vector<bool> wasRead(typeCount());
     BlockLister lister(m_blockSizes);
     for (std::size_t i = 0; i < reads.size(); i += 3) { // Size, kind, whole record.
         const unsigned int id = typeAt.at(reads[i].offset);
-        lister.list(*manager.getRTType(id));
-        m_recordOfType[id] = static_cast<unsigned int>(m_records.size());
+        if (!wasRead[id]) { // A second reading leaves no object.
+            wasRead[id] = true;
+            lister.list(*manager.getRTType(id));
+            m_recordOfType[id] = static_cast<unsigned int>(m_records.size());
+        }
         m_records.push_back({reads[i].offset, static_cast<unsigned int>(reads[i + 2].count),
                              static_cast<unsigned int>(m_blockSizes.size())});
     }

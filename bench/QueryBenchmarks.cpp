@@ -35,6 +35,7 @@ template <typename Query> void askEach(benchmark::State& state, const Query& que
 #define QUERY(name, answer)                                                                        \
     BENCHMARK_CAPTURE(askEach, name, [](const RTBaseType& type) { return answer; })                \
         ->Name("Query/" #name)                                                                     \
+        ->Arg(1000)                                                                                \
         ->Arg(100000)                                                                              \
         ->UseRealTime()
 

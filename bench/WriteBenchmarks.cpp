@@ -70,8 +70,16 @@ BENCHMARK_DEFINE_F(TableWriting, ReadJson)(benchmark::State& state) {
     }
 }
 
-BENCHMARK_REGISTER_F(TableWriting, Write)->Name("Write")->Arg(100000)->UseRealTime();
-BENCHMARK_REGISTER_F(TableWriting, WriteJson)->Name("WriteJson")->Arg(100000)->UseRealTime();
-BENCHMARK_REGISTER_F(TableWriting, ReadJson)->Name("ReadJson")->Arg(100000)->UseRealTime();
+BENCHMARK_REGISTER_F(TableWriting, Write)->Name("Write")->Arg(1000)->Arg(100000)->UseRealTime();
+BENCHMARK_REGISTER_F(TableWriting, WriteJson)
+    ->Name("WriteJson")
+    ->Arg(1000)
+    ->Arg(100000)
+    ->UseRealTime();
+BENCHMARK_REGISTER_F(TableWriting, ReadJson)
+    ->Name("ReadJson")
+    ->Arg(1000)
+    ->Arg(100000)
+    ->UseRealTime();
 
 } // namespace
