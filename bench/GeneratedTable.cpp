@@ -142,7 +142,7 @@ void Generator::addSeqEnum() {
     type.m_enumKind = VHDL_OTHER_ENUM;
     type.m_valueEncoding = m_dice.hasLuck(50) ? ENCODING_2_STATE : ENCODING_BYTE;
     type.m_valueSize = 1;
-    for (unsigned int left = 2 + m_dice.roll(14); left > 0; --left)
+    for (unsigned int left = 2 + m_dice.roll(13); left > 0; --left)
         addLiteral(type, name("S_", 10));
     add(type, "state_");
 }
@@ -207,16 +207,23 @@ void Generator::addRecord() {
     static constexpr RecordKind KINDS[] = {VHDL_RECORD, VLOG_PACKED_STRUCT, VLOG_UNPACKED_STRUCT};
     RTRecordType type;
     type.m_recordKind = KINDS[m_dice.roll(3)];
-    for (unsigned int left = 2 + m_dice.roll(11); left > 0; --left)
-        addMember(type, name("", 12), memberType(), ranges(27));
+    // Each argument by itself: compilers throw the dice of a call in different orders.
+    for (unsigned int left = 2 + m_dice.roll(11); left > 0; --left) {
+        const std::string member = name("", 12);
+        const unsigned int typeId = memberType();
+        addMember(type, member, typeId, ranges(27));
+    }
     add(type, "bundle_");
 }
 
 void Generator::addClass() {
     RTClassType type;
-    for (unsigned int left = 1 + m_dice.roll(13); left > 0; --left)
-        addMember(type, name("m_", 12), m_dice.hasLuck(20) ? anyType() : memberType(), ranges(27),
-                  m_dice.hasLuck(50));
+    for (unsigned int left = 1 + m_dice.roll(13); left > 0; --left) {
+        const std::string member = name("m_", 12);
+        const unsigned int typeId = m_dice.hasLuck(20) ? anyType() : memberType();
+        const std::vector<FullConstraints> narrowed = ranges(27);
+        addMember(type, member, typeId, narrowed, m_dice.hasLuck(50));
+    }
     add(type, "work::");
 }
 
