@@ -1,14 +1,10 @@
 #pragma once
 
-#include "RTTI/RTType.h"
+#include "Inspect/TypeTable.h"
 
-#include <functional>
 #include <ostream>
 
 namespace Inspect {
-
-/// Gives the type of an id, or null where there is none.
-using TypeLookup = std::function<const RTTI::RTBaseType*(unsigned int)>;
 
 /// Writes a type's first line: id, kind and name.
 void dumpHeading(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type);

@@ -6,6 +6,30 @@
 
 namespace Inspect {
 
+/// What a type refers to another one for.
+enum class LinkRole {
+    ALIASED,      ///< The type behind a typedef.
+    BASE_TYPE,    ///< Of a discrete enumeration.
+    DESIGNATED,   ///< By an access type.
+    FILE_ELEMENT, ///< Of a file type.
+    ELEMENT,      ///< Of an array.
+    INDEX,        ///< Of an array.
+    BASE_CLASS,
+    MEMBER
+};
+
+/// A reference from one type to another.
+struct TypeLink {
+    LinkRole role;
+    unsigned int
+        position; ///< Of the member, or of the dimension that the index belongs to; else 0.
+    unsigned int typeId;
+};
+
+/// Replaces `links` by the references in a type's own fields, in the order of its record; fields
+/// that say "no type" give none. The list is the caller's, so that one serves many types.
+void linksOf(const RTTI::RTBaseType& type, std::vector<TypeLink>& links);
+
 /// The ids of the types that a type's own fields refer to, each once, in the order of the fields;
 /// ids that say "no type" are left out.
 std::vector<unsigned int> referencesOf(const RTTI::RTBaseType& type);

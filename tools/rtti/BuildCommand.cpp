@@ -1,16 +1,28 @@
-#include "BuildCommand.h"
+#include "Subcommand.h"
 
 #include "Inspect/TypeJsonReader.h"
 #include "TypeFile/TypeFileWriter.h"
 
+#include <CLI/CLI.hpp>
+
 #include <cerrno>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include <sys/stat.h>
 
 namespace {
+
+/// `rtti build`: what to make a type file from, and where.
+struct BuildOptions {
+    std::string file; ///< The text; "-" for standard input.
+    std::string output;
+    std::string image; ///< A storage file to take the bytes around the type file from, or empty.
+    unsigned long long offset = 0;
+    bool ndjson = false;
+};
 
 /// The text, opened. Directories open like files and cannot be read.
 class InputText {
@@ -35,8 +47,9 @@ private:
     std::ifstream m_file;
 };
 
-} // namespace
-
+/// Writes the types of a JSON text as a type file. The exit status is 0. Throws Inspect::JsonError
+/// and TypeFile::WriteError for what is wrong with the text, with the place in it; nothing is
+/// written then.
 int runBuild(const BuildOptions& options) {
     InputText text(options.file);
     TypeFile::TypeFileWriter writer(options.offset);
@@ -55,4 +68,25 @@ int runBuild(const BuildOptions& options) {
         throw Inspect::JsonError(reader.placeOf(error.typeId(), error.field()), error.reason());
     }
     return 0;
+}
+
+} // namespace
+
+Subcommand addBuild(CLI::App& program) {
+    const auto options = std::make_shared<BuildOptions>();
+    CLI::App* build = program.add_subcommand("build", "Write a type file from its JSON form");
+    build
+        ->add_option("TYPES", options->file,
+                     "JSON text, as rtti dump --json prints it; - for input")
+        ->required();
+    build->add_option("-o,--output", options->output, "Storage file to write")->required();
+    build->add_option("--offset", options->offset, "Where in it the type file begins (0)");
+    build
+        ->add_option("--image", options->image,
+                     "Storage file to take the bytes around the type file from")
+        ->type_name("FILE");
+    build->add_flag("--ndjson", options->ndjson, "TYPES has a JSON object a line");
+    build->footer("Example:\n  rtti dump --json examples/typefiles/ibex_slang.typ > types.json\n"
+                  "  rtti build types.json -o types.typ");
+    return {build, options->file, [options] { return runBuild(*options); }};
 }

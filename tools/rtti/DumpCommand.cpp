@@ -1,4 +1,4 @@
-#include "DumpCommand.h"
+#include "Subcommand.h"
 
 #include "Inspect/TypeDumper.h"
 #include "Inspect/TypeJsonWriter.h"
@@ -9,12 +9,23 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <sstream>
 
 #include <fnmatch.h>
 
 namespace {
+
+/// `rtti dump`: what to print.
+struct DumpOptions : FileArguments {
+    std::vector<unsigned int> ids; ///< None for all.
+    std::string kind;              ///< Empty for all.
+    std::string name;              ///< A glob; empty for all.
+    bool trace = false;
+    bool json = false;
+    bool ndjson = false;
+};
 
 using namespace RTTI;
 
@@ -43,8 +54,7 @@ void checkKind(const std::string& kind) {
 /// One run over a file. Types are loaded as they are printed, so the first appear at once.
 class Dump {
 public:
-    explicit Dump(const DumpOptions& options)
-        : m_options(options), m_file(options.file, options.offset, options.force) {}
+    explicit Dump(const DumpOptions& options) : m_options(options), m_file(options) {}
 
     int run() {
         if (m_options.trace)
@@ -67,11 +77,8 @@ public:
 
     /// Before anything is printed, so that a wrong call prints nothing.
     void checkIds() const {
-        for (const unsigned int id : m_options.ids) {
-            if (id >= m_file.typeCount())
-                throw CLI::ValidationError("--id " + std::to_string(id) + ": the file has " +
-                                           std::to_string(m_file.typeCount()) + " types");
-        }
+        for (const unsigned int id : m_options.ids)
+            m_file.checkId("--id", id);
     }
 
 private:
@@ -84,9 +91,7 @@ private:
         else if (m_json)
             m_json->type(id, *type);
         else
-            Inspect::dumpType(std::cout, id, *type, [this](unsigned int other) {
-                return m_file.manager().getRTType(other);
-            });
+            Inspect::dumpType(std::cout, id, *type, m_file.types().typeOf);
     }
 
     bool isWanted(const RTBaseType& type) const {
@@ -117,8 +122,8 @@ private:
     bool m_faults = false;
 };
 
-} // namespace
-
+/// Prints the types of a file to standard output. The exit status: 0, or 1 if the file has faults,
+/// each of which is a line on standard error. Throws for a wrong call or an unusable file.
 int runDump(const DumpOptions& options) {
     checkKind(options.kind);
     if (options.trace && !(options.kind.empty() && options.name.empty()))
@@ -128,4 +133,26 @@ int runDump(const DumpOptions& options) {
     Dump dump(options);
     dump.checkIds();
     return dump.run();
+}
+
+} // namespace
+
+Subcommand addDump(CLI::App& program) {
+    const auto options = std::make_shared<DumpOptions>();
+    CLI::App* dump = program.add_subcommand("dump", "Print the types of a type file");
+    addFileArguments(*dump, *options);
+    dump->add_option("--id", options->ids, "Only the type of this id; may be repeated")
+        ->take_all()
+        ->expected(1)
+        ->type_name("N");
+    dump->add_option("--kind", options->kind,
+                     "Only types of this kind, such as \"packed struct\", struct or queue");
+    dump->add_option("--name", options->name, "Only types whose name matches this shell pattern")
+        ->type_name("GLOB");
+    dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
+    dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
+    dump->add_flag("--ndjson", options->ndjson, "The same with a JSON object a line");
+    dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
+                 "examples/typefiles/ibex_slang.typ");
+    return {dump, options->file, [options] { return runDump(*options); }};
 }

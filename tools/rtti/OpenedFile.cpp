@@ -2,7 +2,10 @@
 
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
+#include "Terminal.h"
 #include "TypeFile/TypeFileVerifier.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <string_view>
@@ -15,26 +18,45 @@ namespace {
 constexpr int FAULTY_FILE = 1;
 constexpr int NOT_READABLE = 2;
 
-[[noreturn]] void refuse(const std::string& reason) { throw UnusableFile(reason, NOT_READABLE); }
-
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
 
-OpenedFile::OpenedFile(const std::string& path, unsigned long long offset, bool force)
-    : m_storage(path) {
-    checkHeader(offset);
-    if (!force)
-        verify(path, offset);
-    m_manager.setupDeserializer(m_storage, offset);
+OpenedFile::OpenedFile(const FileArguments& arguments)
+    : m_path(arguments.file), m_storage(arguments.file) {
+    checkHeader(arguments.offset);
+    if (!arguments.force)
+        verify(arguments.offset);
+    m_manager.setupDeserializer(m_storage, arguments.offset);
+}
+
+Inspect::TypeTable OpenedFile::types() {
+    return {m_typeCount, [this](unsigned int id) { return m_manager.getRTType(id); }};
+}
+
+Inspect::TypeTable OpenedFile::loadedTypes() {
+    Progress progress("loading " + m_path, m_typeCount);
+    for (unsigned int id = 0; id < m_typeCount; ++id) {
+        m_manager.getRTType(id);
+        progress.at(id);
+    }
+    return types();
+}
+
+void OpenedFile::checkId(const std::string& what, unsigned int id) const {
+    if (id >= m_typeCount)
+        throw CLI::ValidationError(what + " " + std::to_string(id) + ": the file has " +
+                                   std::to_string(m_typeCount) + " types");
 }
 
 void OpenedFile::checkHeader(unsigned long long offset) {
     const unsigned long long size = m_storage.size();
     if (offset > size || size - offset < HEADER_SIZE)
-        refuse("too short for a type file: " + std::to_string(size) +
-               " bytes, and the header takes " + std::to_string(HEADER_SIZE) + " at offset " +
-               std::to_string(offset));
+        throw UnusableFile(m_path,
+                           "too short for a type file: " + std::to_string(size) +
+                               " bytes, and the header takes " + std::to_string(HEADER_SIZE) +
+                               " at offset " + std::to_string(offset),
+                           NOT_READABLE);
     char header[HEADER_SIZE];
     m_storage.read(offset, header, HEADER_SIZE);
     const std::string_view version(header, std::find(header, header + VERSION_SIZE, '\0') - header);
@@ -44,20 +66,26 @@ void OpenedFile::checkHeader(unsigned long long offset) {
     const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
     if (isBlank || version.size() == VERSION_SIZE ||
         !std::all_of(version.begin(), version.end(), isPrintable))
-        refuse("no type file: there is no version text at offset " + std::to_string(offset));
+        throw UnusableFile(
+            m_path, "no type file: there is no version text at offset " + std::to_string(offset),
+            NOT_READABLE);
     if (version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
-        throw UnusableFile("its writer marked it as holding no usable types (version \"" +
+        throw UnusableFile(m_path,
+                           "its writer marked it as holding no usable types (version \"" +
                                std::string(version) + "\")",
                            FAULTY_FILE);
     const unsigned long long tableSize =
         m_typeCount * static_cast<unsigned long long>(ADDRESS_SIZE);
     if (m_typeCount != 0 && (m_tableOffset > size || size - m_tableOffset < tableSize))
-        refuse("too short for its " + std::to_string(m_typeCount) +
-               " types: the address table at " + std::to_string(m_tableOffset) + " takes " +
-               std::to_string(tableSize) + " bytes, and the file has " + std::to_string(size));
+        throw UnusableFile(m_path,
+                           "too short for its " + std::to_string(m_typeCount) +
+                               " types: the address table at " + std::to_string(m_tableOffset) +
+                               " takes " + std::to_string(tableSize) + " bytes, and the file has " +
+                               std::to_string(size),
+                           NOT_READABLE);
 }
 
-void OpenedFile::verify(const std::string& path, unsigned long long offset) {
+void OpenedFile::verify(unsigned long long offset) {
     const auto findings = TypeFile::verify(m_storage, m_storage.size(), offset);
     const auto error = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == TypeFile::Severity::ERROR;
@@ -65,7 +93,8 @@ void OpenedFile::verify(const std::string& path, unsigned long long offset) {
     if (error == findings.end())
         return;
     const std::string place = offset == 0 ? "" : " --offset " + std::to_string(offset);
-    throw UnusableFile(TypeFile::lineOf(*error) + " (see `rtti verify " + path + place +
+    throw UnusableFile(m_path,
+                       TypeFile::lineOf(*error) + " (see `rtti verify " + m_path + place +
                            "`; --force loads it all the same)",
                        FAULTY_FILE);
 }

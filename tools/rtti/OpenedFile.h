@@ -1,16 +1,18 @@
 #pragma once
 
+#include "FileArguments.h"
+#include "Inspect/TypeTable.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 
 #include <stdexcept>
 #include <string>
 
-/// Why a file cannot be used, in one line, and the exit status that says so.
+/// Why a file cannot be used, in one line that names it, and the exit status that says so.
 class UnusableFile : public std::runtime_error {
 public:
-    UnusableFile(const std::string& text, int exitStatus)
-        : std::runtime_error(text), m_exitStatus(exitStatus) {}
+    UnusableFile(const std::string& file, const std::string& reason, int exitStatus)
+        : std::runtime_error(file + ": " + reason), m_exitStatus(exitStatus) {}
     int exitStatus() const { return m_exitStatus; }
 
 private:
@@ -23,7 +25,7 @@ public:
     /// Throws UnusableFile for what is no type file, is too short or holds no usable types, for
     /// what the verifier finds an error in unless it is to be loaded by force, and what the storage
     /// throws.
-    OpenedFile(const std::string& path, unsigned long long offset, bool force);
+    explicit OpenedFile(const FileArguments& arguments);
 
     unsigned int typeCount() const { return m_typeCount; }
 
@@ -31,13 +33,24 @@ public:
     const std::string& version() const { return m_version; }
     RTTI::RTTypeManager& manager() { return m_manager; }
 
+    /// The types, each loaded when it is asked for.
+    Inspect::TypeTable types();
+
+    /// Loads all types, with progress, and gives them.
+    Inspect::TypeTable loadedTypes();
+
+    /// Throws CLI::ValidationError for an id that the file does not have; `what` is the argument
+    /// that gave it.
+    void checkId(const std::string& what, unsigned int id) const;
+
     /// The kind code of a type's record, as the storage has it.
     unsigned int kindOf(unsigned int typeId);
 
 private:
     void checkHeader(unsigned long long offset);
-    void verify(const std::string& path, unsigned long long offset);
+    void verify(unsigned long long offset);
 
+    std::string m_path;
     OVAT::FileBlockManager m_storage;
     RTTI::RTTypeManager m_manager; ///< Reads from the storage.
     std::string m_version;

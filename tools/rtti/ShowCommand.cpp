@@ -1,4 +1,4 @@
-#include "ShowCommand.h"
+#include "Subcommand.h"
 
 #include "Inspect/TypeDumper.h"
 #include "Inspect/TypeReferences.h"
@@ -8,14 +8,22 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 
 using RTTI::RTBaseType;
 
+namespace {
+
+/// `rtti show`: which type of which file.
+struct ShowOptions : FileArguments {
+    unsigned int id = 0;
+};
+
+/// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
+/// status is 0. Throws for a wrong call or an unusable file.
 int runShow(const ShowOptions& options) {
-    OpenedFile file(options.file, options.offset, options.force);
-    if (options.id >= file.typeCount())
-        throw CLI::ValidationError("ID " + std::to_string(options.id) + ": the file has " +
-                                   std::to_string(file.typeCount()) + " types");
+    OpenedFile file(options);
+    file.checkId("ID", options.id);
     const auto typeOf = [&](unsigned int id) { return file.manager().getRTType(id); };
     const RTBaseType* shown = typeOf(options.id);
     if (shown != nullptr)
@@ -42,4 +50,15 @@ int runShow(const ShowOptions& options) {
             Inspect::dumpHeading(std::cout, id, *type);
     }
     return 0;
+}
+
+} // namespace
+
+Subcommand addShow(CLI::App& program) {
+    const auto options = std::make_shared<ShowOptions>();
+    CLI::App* show = program.add_subcommand("show", "Print one type with its neighbours");
+    addFileArguments(*show, *options);
+    show->add_option("ID", options->id, "The type's id")->required();
+    show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ 4");
+    return {show, options->file, [options] { return runShow(*options); }};
 }

@@ -1,19 +1,28 @@
-#include "VerifyCommand.h"
+#include "Subcommand.h"
 
 #include "Inspect/TypeText.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/TypeFileVerifier.h"
 
+#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 
 using TypeFile::Finding;
 using TypeFile::Severity;
 
 namespace {
+
+/// `rtti verify`: which file, and how to print what is found.
+struct VerifyOptions {
+    std::string file;
+    unsigned long long offset = 0;
+    bool json = false;
+};
 
 std::size_t count(const std::vector<Finding>& findings, Severity severity) {
     return static_cast<std::size_t>(
@@ -28,7 +37,8 @@ std::string counted(std::size_t number, const std::string& what) {
 void printText(const std::string& file, const std::vector<Finding>& findings) {
     for (const Finding& finding : findings)
         std::cout << TypeFile::lineOf(finding) << '\n';
-    std::cout << Inspect::escaped(file) << ": " << counted(count(findings, Severity::ERROR), "error") << ", "
+    std::cout << Inspect::escaped(file) << ": "
+              << counted(count(findings, Severity::ERROR), "error") << ", "
               << counted(count(findings, Severity::WARNING), "warning") << '\n';
 }
 
@@ -59,8 +69,8 @@ void printJson(const std::string& file, const std::vector<Finding>& findings) {
               << '\n';
 }
 
-} // namespace
-
+/// Prints the findings of a file to standard output and a summary after them. The exit status: 0,
+/// or 1 if there are errors. Throws for a file that cannot be read.
 int runVerify(const VerifyOptions& options) {
     OVAT::FileBlockManager storage(options.file);
     const std::vector<Finding> findings = TypeFile::verify(storage, storage.size(), options.offset);
@@ -69,4 +79,18 @@ int runVerify(const VerifyOptions& options) {
     else
         printText(options.file, findings);
     return TypeFile::hasErrors(findings) ? 1 : 0;
+}
+
+} // namespace
+
+Subcommand addVerify(CLI::App& program) {
+    const auto options = std::make_shared<VerifyOptions>();
+    CLI::App* verify = program.add_subcommand("verify", "Say what is wrong with a type file");
+    verify->add_option("FILE", options->file, "Storage file")->required();
+    verify->add_option("--offset", options->offset, "Where in FILE the type file begins (0)");
+    verify->add_flag("--json", options->json, "Print the findings as JSON");
+    verify->footer("Example:\n  rtti verify examples/typefiles/ibex_slang.typ\n\n"
+                   "Exit status: 0 no errors, 1 errors found, 2 the call is wrong or the file "
+                   "cannot be read.");
+    return {verify, options->file, [options] { return runVerify(*options); }};
 }

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Inspect {
+
+/// What a piece of text is, for a reader with colours.
+enum class Ink {
+    HEADING,
+    KEYWORD, ///< Of a language, or the kind of a type.
+    NAME,    ///< That the design gave.
+    NUMBER,
+    COMMENT, ///< Beside the point: explanations, ids.
+    ADDED,
+    REMOVED,
+    CHANGED,
+    ERROR,
+    WARNING
+};
+
+/// How text is set off: with the colours of a terminal, or not at all. Without colours a text
+/// passes through as it is. What is painted must be escaped already.
+class TextStyle {
+public:
+    static TextStyle plain() { return TextStyle(false); }
+    static TextStyle coloured() { return TextStyle(true); }
+
+    bool isPlain() const { return !m_isColoured; }
+    std::string paint(Ink ink, std::string_view text) const;
+
+private:
+    explicit TextStyle(bool isColoured) : m_isColoured(isColoured) {}
+
+    bool m_isColoured;
+};
+
+} // namespace Inspect

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "RTTI/RTType.h"
+
+#include <functional>
+
+namespace Inspect {
+
+/// Gives the type of an id, or null where there is none.
+using TypeLookup = std::function<const RTTI::RTBaseType*(unsigned int)>;
+
+/// The types of one file, as the printers see them: by id, from 0 on. Whoever makes a table decides
+/// whether a type is loaded before or when it is asked for; the types must outlive the table.
+struct TypeTable {
+    unsigned int count = 0;
+    TypeLookup typeOf;
+};
+
+} // namespace Inspect

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Inspect/TextStyle.h"
+
+#include <chrono>
+#include <string>
+
+/// How to print to standard output: coloured on a terminal alone, and not there either where the
+/// environment has NO_COLOR or says that the terminal is a dumb one.
+Inspect::TextStyle outputStyle();
+
+/// Shows on standard error how far work has come that takes longer than a second: on a terminal as
+/// one line that is written again and again and is gone at the end, elsewhere as a line every ten
+/// seconds.
+class Progress {
+public:
+    /// `what` is shown before the share, such as "loading design.typ".
+    Progress(std::string what, unsigned long long total);
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// Takes the line away.
+    ~Progress();
+
+    /// So much is done. Costs a comparison, and now and then a look at the clock.
+    void at(unsigned long long done) {
+        if (done >= m_next)
+            look(done);
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void look(unsigned long long done);
+    void show(unsigned long long done);
+
+    std::string m_what;
+    unsigned long long m_total;
+    unsigned long long m_next = 0; ///< When to look at the clock again.
+    bool m_isTerminal;
+    bool m_isShown = false;
+    Clock::time_point m_showAt;
+};
