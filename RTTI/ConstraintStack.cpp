@@ -2,17 +2,13 @@
 
 #include <algorithm>
 #include <limits>
-#include <memory>
+#include <utility>
 
 namespace Brakel_tolv {
 
 namespace {
 
 using RTTI::FullConstraints;
-
-bool isUnconstrained(const FullConstraints& range) {
-    return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
-}
 
 /// The full range of a 32-bit index: open for the merge, a range like any other for the rest.
 bool isOpenRange(const FullConstraints& range) {
@@ -22,64 +18,73 @@ bool isOpenRange(const FullConstraints& range) {
 }
 
 bool hasBounds(const FullConstraints& range) {
-    return !isUnconstrained(range) && !isOpenRange(range);
+    return range.dir != RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION && !isOpenRange(range);
 }
 
 } // namespace
 
-/// A frame that finds no room has entries of its own, and so has every frame above it.
+template <typename Constraint> void ConstraintStack<Constraint>::makeRoom() {
+    auto outside = std::make_unique<Frame[]>(2 * m_room);
+    std::copy_n(m_frames, m_depth, outside.get());
+    m_outside = std::move(outside);
+    m_frames = m_outside.get();
+    m_room *= 2;
+}
+
 template <typename Constraint>
-void ConstraintStack<Constraint>::pushOutside(const std::vector<Constraint>& own) {
-    auto entries = std::make_unique<Constraint[]>(own.size());
-    std::copy(own.begin(), own.end(), entries.get());
-    const Frame frame{0, static_cast<unsigned int>(own.size()), entries.get()};
-    if (m_depth < FRAMES_INSIDE)
-        m_frames[m_depth] = frame;
-    else
-        m_moreFrames.push_back(frame);
-    entries.release(); // The frame has it.
-    ++m_outside;
-    if (m_depth++ != 0)
-        merge(frameAt(m_depth - 1));
+void ConstraintStack<Constraint>::push(const std::vector<Constraint>& own) {
+    pushFilled(own, true);
 }
 
-template <typename Constraint> void ConstraintStack<Constraint>::popOutside() {
-    delete[] frameAt(--m_depth).m_constraints;
-    --m_outside;
-    if (m_depth >= FRAMES_INSIDE)
-        m_moreFrames.pop_back();
+template <typename Constraint>
+void ConstraintStack<Constraint>::pushFilled(const std::vector<Constraint>& own, bool copies) {
+    if (m_depth == m_room)
+        makeRoom();
+    const Constraint* const filling = findFilling(own);
+    if (filling == nullptr && !copies) {
+        m_frames[m_depth++] = {&own, 0, false};
+        return;
+    }
+    auto copy = std::make_unique<std::vector<Constraint>>(own);
+    if (filling != nullptr) {
+        std::transform(own.begin(), own.end(), filling, copy->begin(),
+                       [](const Constraint& range, const Constraint& bottom) {
+                           return hasBounds(range) ? range : bottom;
+                       });
+    }
+    m_frames[m_depth++] = {copy.release(), 0, true};
+    ++m_copies;
 }
 
-template <typename Constraint> void ConstraintStack<Constraint>::merge(Frame& own) {
-    Constraint* const begin = own.m_constraints;
-    Constraint* const end = begin + own.m_count;
-    if (std::none_of(begin, end, isUnconstrained))
-        return;
-    const Constraint* const anchor = std::find_if(begin, end, hasBounds);
-    if (anchor == end)
-        return;
-    const Constraint* const bottom = m_frames[0].m_constraints;
-    const Constraint* const bottomEnd = bottom + m_frames[0].m_count;
-    const Constraint* const match = std::find_if(bottom, bottomEnd, [&](const Constraint& range) {
+/// What the open entries of `own` are filled from: as many entries of the bottom frame as `own`
+/// has. Null where nothing is filled.
+template <typename Constraint>
+const Constraint*
+ConstraintStack<Constraint>::findFilling(const std::vector<Constraint>& own) const {
+    if (m_depth == 0 || !hasOpenEntries(own))
+        return nullptr;
+    const auto anchor = std::find_if(own.begin(), own.end(), hasBounds);
+    if (anchor == own.end())
+        return nullptr;
+    const std::vector<Constraint>& bottom = *m_frames[0].m_constraints;
+    const auto match = std::find_if(bottom.begin(), bottom.end(), [&](const Constraint& range) {
         return range.si == anchor->si && range.ei == anchor->ei && range.dir == anchor->dir;
     });
-    const auto shift = (match - bottom) - (anchor - begin);
-    if (match == bottomEnd || shift < 0 || bottomEnd - bottom - shift < end - begin)
-        return;
-    for (std::size_t i = 0; i < own.m_count; ++i) {
-        if (!hasBounds(begin[i]))
-            begin[i] = bottom[i + static_cast<std::size_t>(shift)];
-    }
+    const auto shift = (match - bottom.begin()) - (anchor - own.begin());
+    if (match == bottom.end() || shift < 0 ||
+        bottom.end() - bottom.begin() - shift < own.end() - own.begin())
+        return nullptr;
+    return bottom.data() + shift;
 }
 
 template <typename Constraint> const Constraint& ConstraintStack<Constraint>::findConstraint() {
     static const Constraint dummy{};
     for (std::size_t depth = m_depth; depth > 0; --depth) {
-        Frame& frame = frameAt(depth - 1);
-        if (frame.m_cursor >= frame.m_count)
+        Frame& frame = m_frames[depth - 1];
+        if (frame.m_cursor >= frame.m_constraints->size())
             continue;
-        const Constraint& next = frame.m_constraints[frame.m_cursor++];
-        if (!isUnconstrained(next))
+        const Constraint& next = (*frame.m_constraints)[frame.m_cursor++];
+        if (!isOpen(next))
             return next;
     }
     return dummy;

@@ -3,7 +3,7 @@
 #include "RTTI/RTBaseType.h"
 
 #include <cstddef>
-#include <new>
+#include <memory>
 #include <vector>
 
 namespace Brakel_tolv {
@@ -16,24 +16,45 @@ namespace Brakel_tolv {
 /// itself, so that walks of ordinary types allocate nothing for them.
 template <typename Constraint> class ConstraintStack {
 public:
-    /// The ranges of one level: a copy, in the stack's own room or in memory of its own.
+    /// The ranges of one level.
     struct Frame {
+        const std::vector<Constraint>* m_constraints;
         unsigned int m_cursor; ///< The entry that is used next.
-        unsigned int m_count;
-        Constraint* m_constraints;
+        bool m_isCopy;         ///< Then the ranges belong to the frame, else to the level's type.
     };
 
     ConstraintStack() {} // Leaves the room for frames as it is.
     ConstraintStack(const ConstraintStack&) = delete;
     ConstraintStack& operator=(const ConstraintStack&) = delete;
-    ~ConstraintStack();
+    ~ConstraintStack() { popTo(0); }
 
     /// Pushes a frame with a copy of `own`. Entries that stand open are first filled from the
     /// bottom frame, where both agree on the first entry of `own` that has bounds.
     void push(const std::vector<Constraint>& own);
 
+    /// The same without a copy where nothing is filled: `own` must not change until its frame is
+    /// popped.
+    void pushLasting(const std::vector<Constraint>& own);
+
     /// Removes the top frame; the stack must not be empty.
-    void pop();
+    void pop() { popTo(m_depth - 1); }
+
+    /// Removes the frames above the lowest `depth`, of which there must be that many.
+    void popTo(std::size_t depth);
+
+    std::size_t depth() const { return m_depth; }
+
+    static bool isOpen(const Constraint& range) {
+        return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
+    }
+    /// Whether a level with these ranges leaves one to the levels below it.
+    static bool hasOpenEntries(const std::vector<Constraint>& ranges) {
+        for (const Constraint& range : ranges) {
+            if (isOpen(range))
+                return true;
+        }
+        return false;
+    }
 
     /// The next range, valid until the frame that gave it is popped. All zero where every level
     /// leaves it open or has no entry left.
@@ -41,67 +62,50 @@ public:
 
 private:
     static constexpr std::size_t FRAMES_INSIDE = 12;
-    static constexpr std::size_t ENTRIES_INSIDE = 24;
 
-    static bool isOpen(const Constraint& range) {
-        return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
-    }
-    Frame& frameAt(std::size_t index) {
-        return index < FRAMES_INSIDE ? m_frames[index] : m_moreFrames[index - FRAMES_INSIDE];
-    }
-    void pushOutside(const std::vector<Constraint>& own);
-    void popOutside();
-    void merge(Frame& own);
+    void makeRoom();
+    void pushFilled(const std::vector<Constraint>& own, bool copies);
+    const Constraint* findFilling(const std::vector<Constraint>& own) const;
     const Constraint& findConstraint();
 
+    Frame* m_frames = m_inside; ///< Bottom first.
     std::size_t m_depth = 0;
-    std::size_t m_outside = 0;       ///< Frames that are not wholly inside; those on top.
-    std::vector<Frame> m_moreFrames; ///< Above those inside.
-    Constraint* m_free = m_entries;  ///< Behind the entries in use.
-    Frame m_frames[FRAMES_INSIDE];   ///< Bottom first.
-    union {
-        Constraint m_entries[ENTRIES_INSIDE]; ///< The bottom frame's first.
-    };
+    std::size_t m_room = FRAMES_INSIDE;
+    std::size_t m_copies = 0; ///< Frames with ranges of their own.
+    std::unique_ptr<Frame[]> m_outside;
+    Frame m_inside[FRAMES_INSIDE];
 };
 
 template <typename Constraint>
-inline void ConstraintStack<Constraint>::push(const std::vector<Constraint>& own) {
-    if (m_outside != 0 || m_depth == FRAMES_INSIDE ||
-        own.size() > static_cast<std::size_t>(m_entries + ENTRIES_INSIDE - m_free)) {
-        pushOutside(own);
-        return;
-    }
-    Frame& frame = m_frames[m_depth];
-    frame = {0, static_cast<unsigned int>(own.size()), m_free};
-    bool hasOpenEntries = false;
-    for (const Constraint& range : own) {
-        new (m_free++) Constraint(range);
-        hasOpenEntries = hasOpenEntries || isOpen(range);
-    }
-    if (m_depth++ != 0 && hasOpenEntries)
-        merge(frame);
+inline void ConstraintStack<Constraint>::pushLasting(const std::vector<Constraint>& own) {
+    if (m_depth == m_room || (m_depth != 0 && hasOpenEntries(own)))
+        pushFilled(own, false);
+    else
+        m_frames[m_depth++] = {&own, 0, false};
 }
 
-template <typename Constraint> inline void ConstraintStack<Constraint>::pop() {
-    if (m_outside != 0)
-        popOutside();
-    else
-        m_free = m_frames[--m_depth].m_constraints;
+template <typename Constraint> inline void ConstraintStack<Constraint>::popTo(std::size_t depth) {
+    for (; m_copies != 0 && m_depth > depth; --m_depth) {
+        if (m_frames[m_depth - 1].m_isCopy) {
+            delete m_frames[m_depth - 1].m_constraints;
+            --m_copies;
+        }
+    }
+    m_depth = depth;
 }
 
 template <typename Constraint>
 inline const Constraint& ConstraintStack<Constraint>::getConstraint() {
-    if (m_depth != 0 && m_outside == 0) {
+    if (m_depth != 0) {
         Frame& top = m_frames[m_depth - 1];
-        if (top.m_cursor < top.m_count && !isOpen(top.m_constraints[top.m_cursor]))
-            return top.m_constraints[top.m_cursor++];
+        const Constraint* const first = top.m_constraints->data();
+        const Constraint* const next = first + top.m_cursor;
+        if (next != first + top.m_constraints->size() && !isOpen(*next)) {
+            ++top.m_cursor;
+            return *next;
+        }
     }
     return findConstraint();
-}
-
-template <typename Constraint> inline ConstraintStack<Constraint>::~ConstraintStack() {
-    while (m_outside != 0)
-        popOutside();
 }
 
 extern template class RTTI_EXPORT ConstraintStack<RTTI::FullConstraints>;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <typeinfo>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -15,6 +16,7 @@ namespace RTTI {
 namespace {
 
 using Stack = Brakel_tolv::ConstraintStack<FullConstraints>;
+using Ranges = std::vector<FullConstraints>;
 
 /// The classes on the path of the walks that go on in this thread; empty between walks.
 std::set<const RTClassType*>& classesOnPath() {
@@ -22,15 +24,36 @@ std::set<const RTClassType*>& classesOnPath() {
     return visitedRTClassTypeSet;
 }
 
-/// A type that the walk goes through: what it adds to the stack, and what is below it.
+bool isAggregate(unsigned int classId) {
+    return classId == ClassId::RECORD || classId == ClassId::CLASS;
+}
+
+/// In place of a class id: nothing is below the type.
+constexpr unsigned int SCALAR = 0;
+
+/// What GetClassId answers, and SCALAR for the types at which most ways end. Walks meet few other
+/// classes than those that are told without a call; classes derived from them are asked.
+inline unsigned int classIdOf(const RTBaseType& type) {
+    const std::type_info* const exact = &typeid(type);
+    if (exact == &typeid(RTArrayType))
+        return ClassId::ARRAY;
+    if (exact == &typeid(RTTypedefType))
+        return ClassId::TYPEDEF;
+    if (exact == &typeid(RTSeqEnumType) || exact == &typeid(RTIntType) ||
+        exact == &typeid(RTFloatType))
+        return SCALAR;
+    return type.GetClassId();
+}
+
+/// A type that a walk goes through: what it adds to the stack, and what is below it.
 struct Passage {
-    const std::vector<FullConstraints>* constraints; ///< Null where nothing goes through.
+    const Ranges* ranges; ///< Null where nothing goes through.
     const RTBaseType* below;
     std::size_t dimensions;
 };
 
-inline Passage passageThrough(const RTBaseType& type, unsigned int classId) {
-    switch (classId) {
+Passage passageThrough(const RTBaseType& type) {
+    switch (type.GetClassId()) {
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(type);
         return {&array.m_constraints, array.m_elementType, array.m_indexTypeIds.size()};
@@ -47,58 +70,81 @@ inline Passage passageThrough(const RTBaseType& type, unsigned int classId) {
     }
 }
 
-bool isAggregate(const RTBaseType& type) {
-    const unsigned int classId = type.GetClassId();
-    return classId == ClassId::RECORD || classId == ClassId::CLASS;
-}
-
-/// Takes frames off the stack again.
-class FrameScope {
+/// The levels of a way down whose frames are not on the stack. Most never get there: most arrays
+/// give their own ranges, and most ways end at a scalar.
+class UnpushedLevels {
 public:
-    explicit FrameScope(Stack& stack) : m_stack(stack) {}
-    FrameScope(const FrameScope&) = delete;
-    FrameScope& operator=(const FrameScope&) = delete;
-    ~FrameScope() {
-        for (; m_frames != 0; --m_frames)
-            m_stack.pop();
+    /// `memberRanges` are those of the member through which the way goes; null for none.
+    UnpushedLevels(const Ranges* memberRanges, const RTBaseType* first, Stack& stack)
+        : m_memberRanges(memberRanges), m_first(first), m_stack(stack) {}
+
+    // These two stay out of the loop that they are seldom called from.
+
+    /// Pushes the levels before `end`, whose arrays have given their own ranges.
+    [[gnu::noinline]] void pushBefore(const RTBaseType* end) {
+        if (m_memberRanges != nullptr)
+            m_stack.pushLasting(*std::exchange(m_memberRanges, nullptr));
+        while (m_first != end) {
+            const Passage passage = passageThrough(*m_first);
+            m_stack.pushLasting(*passage.ranges);
+            for (std::size_t i = 0; i < passage.dimensions; ++i)
+                m_stack.getConstraint();
+            m_first = passage.below;
+        }
     }
 
-    void push(const std::vector<FullConstraints>& constraints) {
-        m_stack.push(constraints);
-        ++m_frames;
+    /// Pushes an array and the levels before it. The stack gives the array's ranges.
+    [[gnu::noinline]] void pushArray(const RTArrayType& array, Ranges& out) {
+        pushBefore(&array);
+        m_stack.pushLasting(array.m_constraints);
+        for (std::size_t i = 0; i < array.m_indexTypeIds.size(); ++i)
+            out.push_back(m_stack.getConstraint());
+        m_first = array.m_elementType;
     }
-
-    /// Leaves the frames to somebody else.
-    std::size_t release() { return std::exchange(m_frames, 0); }
 
 private:
+    const Ranges* m_memberRanges;
+    const RTBaseType* m_first;
     Stack& m_stack;
-    std::size_t m_frames = 0;
 };
 
-/// Pushes what a type on the way adds, and takes the ranges of its dimensions.
-inline void passBy(const Passage& passage, Stack& stack, FrameScope& frames,
-                   std::vector<FullConstraints>& out) {
-    frames.push(*passage.constraints);
-    for (std::size_t i = 0; i < passage.dimensions; ++i)
-        out.push_back(stack.getConstraint());
+/// Whether an array gives the ranges of all its dimensions, whatever is around it. They are then in
+/// the output.
+inline bool givesOwnRanges(const RTArrayType& array, Ranges& out) {
+    const Ranges& own = array.m_constraints;
+    const std::size_t dimensions = array.m_indexTypeIds.size();
+    if (own.size() < dimensions || Stack::hasOpenEntries(own))
+        return false;
+    for (std::size_t i = 0; i < dimensions; ++i)
+        out.push_back(own[i]);
+    return true;
 }
 
 /// Goes through a type and what is below it, up to an aggregate, which is the answer, or to the
-/// end. The frames of all that was gone through are then on the stack.
-inline const RTAggregateType* goThrough(const RTBaseType* type, Stack& stack, FrameScope& frames,
-                                        std::vector<FullConstraints>& out) {
+/// end. Above an aggregate, the frames of all that was gone through are then on the stack.
+inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBaseType* type,
+                                        Stack& stack, Ranges& out) {
+    UnpushedLevels unpushed(memberRanges, type, stack);
     while (type != nullptr) {
-        const unsigned int classId = type->GetClassId();
-        if (classId == ClassId::RECORD || classId == ClassId::CLASS)
-            return static_cast<const RTAggregateType*>(type);
-        const Passage passage = passageThrough(*type, classId);
-        if (passage.constraints == nullptr) {
+        const unsigned int classId = classIdOf(*type);
+        if (classId == ClassId::ARRAY) {
+            const auto& array = static_cast<const RTArrayType&>(*type);
+            if (!givesOwnRanges(array, out))
+                unpushed.pushArray(array, out);
+            type = array.m_elementType;
+        } else if (classId == ClassId::TYPEDEF) {
+            type = static_cast<const RTTypedefType*>(type)->m_dataType;
+        } else if (classId == SCALAR) {
+            return nullptr;
+        } else if (classId == ClassId::DISCRETE_ENUM) {
+            type = static_cast<const RTDiscreteEnumType*>(type)->m_baseType;
+        } else {
+            unpushed.pushBefore(type);
+            if (isAggregate(classId))
+                return static_cast<const RTAggregateType*>(type);
             type->populateTypeConstraints(stack, out);
             return nullptr;
         }
-        passBy(passage, stack, frames, out);
-        type = passage.below;
     }
     return nullptr;
 }
@@ -109,154 +155,157 @@ inline const RTAggregateType* goThrough(const RTBaseType* type, Stack& stack, Fr
 /// So that the cost grows with the output and not with the paths, an aggregate below which nothing
 /// was found is barren: it is passed by until something below it changes, that is, until a class
 /// that ended a path there has itself left the path and had something to give.
+///
+/// Nothing is allocated for an aggregate that holds no other one. Frames that an exception leaves
+/// on the stack are the caller's.
 class ConstraintWalk {
 public:
-    ConstraintWalk(Stack& stack, std::vector<FullConstraints>& out) : m_stack(stack), m_out(out) {}
+    ConstraintWalk(Stack& stack, Ranges& out) : m_stack(stack), m_out(out) {}
     ConstraintWalk(const ConstraintWalk&) = delete;
     ConstraintWalk& operator=(const ConstraintWalk&) = delete;
 
-    /// Takes the marks and the frames back that an exception left.
+    /// Takes the marks back that an exception left.
     ~ConstraintWalk() {
-        while (!m_path.empty())
-            leavePath();
+        while (m_step.aggregate != nullptr)
+            comeBack();
     }
 
     void walk(const RTAggregateType& outermost) {
-        enter(outermost);
-        while (!m_path.empty())
+        enter(outermost, m_stack.depth());
+        while (m_step.aggregate != nullptr)
             advance();
     }
 
 private:
     /// An aggregate on the path.
     struct Step {
-        const RTAggregateType* aggregate;
-        bool isClass;
-        std::size_t nextPart;
-        std::size_t frames; ///< That were pushed on the way to it.
-        std::size_t outputBefore;
-        std::size_t outerSegment; ///< What a struct's entry in m_structs said before.
+        const RTAggregateType* aggregate = nullptr;
+        bool isClass = false;
+        bool isBaseNext = false; ///< The base class of a class is to be walked, then the members.
+        std::size_t nextMember = 0;
+        std::size_t depthBefore = 0; ///< Of the stack, before the frames on the way to it.
+        std::size_t outputBefore = 0;
+        std::size_t outerSegment = 0; ///< What m_segment, or a struct's entry, said before.
     };
 
-    static constexpr std::size_t NO_SEGMENT = 0;
-
-    bool enter(const RTAggregateType& aggregate);
-    bool enterClass(const RTClassType& type);
-    bool enterStruct(const RTAggregateType& type);
+    bool enter(const RTAggregateType& aggregate, std::size_t depthBefore);
+    bool endsPath(const RTAggregateType& aggregate, bool isClass);
+    void keepStep();
     void advance();
-    bool walkPart(const RTAggregateType& aggregate, bool isClass, std::size_t part);
+    bool walkPart(const Ranges* memberRanges, const RTBaseType* type);
     void leave();
-    Step leavePath();
+    void comeBack();
     void waitForParts(const RTAggregateType& barren);
     void waitFor(const RTBaseType* part, const RTAggregateType& barren);
     void revive(const RTAggregateType& changed);
 
     Stack& m_stack;
-    std::vector<FullConstraints>& m_out;
-    std::vector<Step> m_path;
-    std::size_t m_classesEntered = NO_SEGMENT + 1;
-    std::vector<std::size_t> m_segments{NO_SEGMENT +
-                                        1}; ///< One a class on the path, the last counts.
-    std::unordered_map<const RTAggregateType*, std::size_t> m_structs; ///< Segment it is open in.
+    Ranges& m_out;
+    Step m_step;                      ///< The innermost one; of no aggregate once all is walked.
+    std::vector<Step> m_outerSteps;   ///< Outermost first.
+    std::size_t m_classesEntered = 1; ///< From 1 on: 0 is no segment.
+    std::size_t m_segment = 1;        ///< Of the path, from its last class on.
+    std::unordered_map<const RTAggregateType*, std::size_t> m_structs; ///< Outer ones; segment.
     std::vector<const RTAggregateType*> m_endedAt; ///< Structs that ended a path.
     std::unordered_set<const RTAggregateType*> m_barren;
     std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_waiting;
 };
 
 /// Whether the aggregate is on the path now.
-bool ConstraintWalk::enter(const RTAggregateType& aggregate) {
-    if (m_barren.count(&aggregate) != 0)
+bool ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBefore) {
+    const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
+    if (m_barren.count(&aggregate) != 0 || endsPath(aggregate, isClass))
         return false;
-    if (aggregate.GetClassId() == ClassId::CLASS)
-        return enterClass(static_cast<const RTClassType&>(aggregate));
-    return enterStruct(aggregate);
-}
-
-bool ConstraintWalk::enterClass(const RTClassType& type) {
-    if (!classesOnPath().insert(&type).second)
-        return false;
-    try {
-        m_segments.push_back(++m_classesEntered); // One too many does not matter: the walk ends.
-        m_path.push_back({&type, true, 0, 0, m_out.size(), NO_SEGMENT});
-    } catch (...) {
-        classesOnPath().erase(&type);
-        throw;
+    keepStep();
+    if (isClass)
+        classesOnPath().insert(static_cast<const RTClassType*>(&aggregate));
+    m_step = {&aggregate, isClass, isClass, 0, depthBefore, m_out.size(), m_segment};
+    if (isClass) {
+        m_segment = ++m_classesEntered;
+        for (const RTAggregateType* ended : m_endedAt) // From here they may be walked again.
+            revive(*ended);
+        m_endedAt.clear();
     }
-    for (const RTAggregateType* ended : m_endedAt) // From here they may be walked again.
-        revive(*ended);
-    m_endedAt.clear();
     return true;
 }
 
-bool ConstraintWalk::enterStruct(const RTAggregateType& type) {
-    std::size_t& segment = m_structs[&type];
-    if (segment == m_segments.back()) {
-        m_endedAt.push_back(&type);
+bool ConstraintWalk::endsPath(const RTAggregateType& aggregate, bool isClass) {
+    if (isClass)
+        return classesOnPath().count(static_cast<const RTClassType*>(&aggregate)) != 0;
+    const auto outer = m_structs.find(&aggregate);
+    if (&aggregate != m_step.aggregate && (outer == m_structs.end() || outer->second != m_segment))
         return false;
-    }
-    m_path.push_back({&type, false, 0, 0, m_out.size(), segment});
-    segment = m_segments.back();
+    m_endedAt.push_back(&aggregate);
     return true;
 }
 
-/// Walks parts of the innermost aggregate until one is an aggregate itself.
+/// Before another aggregate takes the place of the innermost one.
+void ConstraintWalk::keepStep() {
+    if (m_step.aggregate == nullptr)
+        return;
+    if (!m_step.isClass) {
+        std::size_t& segment = m_structs[m_step.aggregate];
+        m_step.outerSegment = std::exchange(segment, m_segment);
+    }
+    m_outerSteps.push_back(m_step);
+}
+
+/// Walks parts of the innermost aggregate until one is an aggregate itself. The base class comes
+/// first and gets no frame of its own.
 void ConstraintWalk::advance() {
-    const RTAggregateType& aggregate = *m_path.back().aggregate;
-    const bool isClass = m_path.back().isClass;
+    const RTAggregateType& aggregate = *m_step.aggregate;
+    if (std::exchange(m_step.isBaseNext, false) &&
+        walkPart(nullptr, static_cast<const RTClassType&>(aggregate).m_baseClass))
+        return;
     const std::size_t members =
         std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size());
-    const std::size_t parts = members + (isClass ? 1 : 0);
-    std::size_t part = m_path.back().nextPart;
-    while (part < parts) {
-        m_path.back().nextPart = part + 1;
-        if (walkPart(aggregate, isClass, part++))
+    while (m_step.nextMember < members) {
+        const std::size_t i = m_step.nextMember++;
+        if (aggregate.m_members[i] == nullptr)
+            continue;
+        if (walkPart(&aggregate.m_members[i]->m_constraints, aggregate.m_memberTypes[i]))
             return;
     }
     leave();
 }
 
-/// Part 0 of a class is its base class, which gets no frame of its own. Whether the walk goes on
-/// below the part.
-bool ConstraintWalk::walkPart(const RTAggregateType& aggregate, bool isClass, std::size_t part) {
-    FrameScope frames(m_stack);
-    const RTBaseType* type = nullptr;
-    if (isClass && part == 0) {
-        type = static_cast<const RTClassType&>(aggregate).m_baseClass;
-    } else {
-        const std::size_t member = isClass ? part - 1 : part;
-        if (aggregate.m_members[member] == nullptr)
-            return false;
-        frames.push(aggregate.m_members[member]->m_constraints);
-        type = aggregate.m_memberTypes[member];
-    }
-    const RTAggregateType* const below = goThrough(type, m_stack, frames, m_out);
-    if (below == nullptr || !enter(*below))
-        return false;
-    m_path.back().frames = frames.release();
-    return true;
+/// Whether the walk goes on below the part.
+inline bool ConstraintWalk::walkPart(const Ranges* memberRanges, const RTBaseType* type) {
+    const std::size_t depthBefore = m_stack.depth();
+    const RTAggregateType* const below = goThrough(memberRanges, type, m_stack, m_out);
+    if (below != nullptr && enter(*below, depthBefore))
+        return true;
+    m_stack.popTo(depthBefore);
+    return false;
 }
 
 void ConstraintWalk::leave() {
-    const Step step = leavePath();
-    if (m_out.size() != step.outputBefore)
-        revive(*step.aggregate);
-    else if (m_barren.insert(step.aggregate).second)
-        waitForParts(*step.aggregate);
+    const Step left = m_step;
+    m_stack.popTo(left.depthBefore);
+    comeBack();
+    if (m_step.aggregate == nullptr)
+        return;
+    if (m_out.size() != left.outputBefore)
+        revive(*left.aggregate);
+    else if (m_barren.insert(left.aggregate).second)
+        waitForParts(*left.aggregate);
 }
 
-/// Allocates nothing, so that an exception can be cleaned up after.
-ConstraintWalk::Step ConstraintWalk::leavePath() {
-    const Step step = m_path.back();
-    m_path.pop_back();
-    for (std::size_t i = 0; i < step.frames; ++i)
-        m_stack.pop();
-    if (step.isClass) {
-        classesOnPath().erase(static_cast<const RTClassType*>(step.aggregate));
-        m_segments.pop_back();
-    } else {
-        m_structs[step.aggregate] = step.outerSegment;
+/// Goes back to the aggregate around the innermost one. Allocates nothing, so that an exception can
+/// be cleaned up after.
+void ConstraintWalk::comeBack() {
+    if (m_step.isClass) {
+        classesOnPath().erase(static_cast<const RTClassType*>(m_step.aggregate));
+        m_segment = m_step.outerSegment;
     }
-    return step;
+    if (m_outerSteps.empty()) {
+        m_step.aggregate = nullptr;
+        return;
+    }
+    m_step = m_outerSteps.back();
+    m_outerSteps.pop_back();
+    if (!m_step.isClass)
+        m_structs[m_step.aggregate] = m_step.outerSegment;
 }
 
 /// A barren aggregate is looked at again once one of its parts has something to give.
@@ -268,58 +317,76 @@ void ConstraintWalk::waitForParts(const RTAggregateType& barren) {
 }
 
 void ConstraintWalk::waitFor(const RTBaseType* part, const RTAggregateType& barren) {
-    while (part != nullptr && !isAggregate(*part))
-        part = passageThrough(*part, part->GetClassId()).below;
+    while (part != nullptr && !isAggregate(part->GetClassId()))
+        part = passageThrough(*part).below;
     if (part != nullptr)
         m_waiting[static_cast<const RTAggregateType*>(part)].push_back(&barren);
 }
 
 void ConstraintWalk::revive(const RTAggregateType& changed) {
-    std::vector<const RTAggregateType*> revived{&changed};
-    while (!revived.empty()) {
-        const RTAggregateType* type = revived.back();
-        revived.pop_back();
+    std::vector<const RTAggregateType*> revived;
+    const RTAggregateType* type = &changed;
+    while (type != nullptr) {
         m_barren.erase(type);
         const auto waiting = m_waiting.find(type);
-        if (waiting == m_waiting.end())
-            continue;
-        for (const RTAggregateType* barren : waiting->second) {
-            if (m_barren.count(barren) != 0)
-                revived.push_back(barren);
+        if (waiting != m_waiting.end()) {
+            for (const RTAggregateType* barren : waiting->second) {
+                if (m_barren.count(barren) != 0)
+                    revived.push_back(barren);
+            }
+            m_waiting.erase(waiting);
         }
-        m_waiting.erase(waiting);
+        type = revived.empty() ? nullptr : revived.back();
+        if (!revived.empty())
+            revived.pop_back();
     }
 }
 
-void walkFrom(const RTBaseType& type, Stack& stack, std::vector<FullConstraints>& out) {
-    FrameScope frames(stack);
-    if (const RTAggregateType* aggregate = goThrough(&type, stack, frames, out))
-        ConstraintWalk(stack, out).walk(*aggregate);
+/// Takes the frames of a walk off the stack again.
+class FrameScope {
+public:
+    explicit FrameScope(Stack& stack) : m_stack(stack), m_depth(stack.depth()) {}
+    FrameScope(const FrameScope&) = delete;
+    FrameScope& operator=(const FrameScope&) = delete;
+    ~FrameScope() { m_stack.popTo(m_depth); }
+
+private:
+    Stack& m_stack;
+    std::size_t m_depth;
+};
+
+/// Apart from walkFrom, most calls of which need no room for it.
+[[gnu::noinline]] void walkAggregate(const RTAggregateType& type, Stack& stack, Ranges& out) {
+    ConstraintWalk(stack, out).walk(type);
+}
+
+void walkFrom(const RTBaseType& type, Stack& stack, Ranges& out) {
+    const FrameScope frames(stack);
+    if (const RTAggregateType* aggregate = goThrough(nullptr, &type, stack, out))
+        walkAggregate(*aggregate, stack, out);
 }
 
 } // namespace
 
 void RTBaseType::populateTypeConstraints(Stack&, std::vector<FullConstraints>&) const {}
 
-void RTArrayType::populateTypeConstraints(Stack& stack, std::vector<FullConstraints>& out) const {
+void RTArrayType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
 }
 
-void RTAggregateType::populateTypeConstraints(Stack& stack,
-                                              std::vector<FullConstraints>& out) const {
+void RTAggregateType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
 }
 
-void RTClassType::populateTypeConstraints(Stack& stack, std::vector<FullConstraints>& out) const {
+void RTClassType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
 }
 
-void RTTypedefType::populateTypeConstraints(Stack& stack, std::vector<FullConstraints>& out) const {
+void RTTypedefType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
 }
 
-void RTDiscreteEnumType::populateTypeConstraints(Stack& stack,
-                                                 std::vector<FullConstraints>& out) const {
+void RTDiscreteEnumType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
 }
 

@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -92,8 +93,9 @@ void RecordOfArraysFloor(benchmark::State& state) {
     repeat(state, MEMBERS, [&](Ranges& out) { type->walk(out); });
 }
 
-/// Typedef, array, typedef, array, typedef, and the scalar at the end.
-void Chain(benchmark::State& state) {
+/// Typedef, array, typedef, array, typedef, and the scalar at the end. The ranges are given by the
+/// arrays or, where they leave them open, by the typedefs around them.
+void Chain(benchmark::State& state, bool areOpen) {
     const RTIntType scalar;
     RTTypedefType aliases[DEPTH / 2 + 1];
     RTArrayType arrays[DEPTH / 2];
@@ -101,6 +103,8 @@ void Chain(benchmark::State& state) {
     for (int i = DEPTH / 2 - 1; i >= 0; --i) {
         fill(arrays[i], aliases[i + 1]);
         aliases[i].m_dataType = &arrays[i];
+        if (areOpen)
+            aliases[i].m_constraints = std::exchange(arrays[i].m_constraints, {{0, 0, -2}});
     }
     repeat(state, DEPTH / 2, [&](Ranges& out) { walkFresh(aliases[0], out); });
 }
@@ -121,7 +125,8 @@ void ChainFloor(benchmark::State& state) {
 
 BENCHMARK(RecordOfArrays)->Name("Constraints/record of 100 arrays")->UseRealTime();
 BENCHMARK(RecordOfArraysFloor)->Name("Constraints/record of 100 arrays/floor")->UseRealTime();
-BENCHMARK(Chain)->Name("Constraints/chain of depth 5")->UseRealTime();
+BENCHMARK_CAPTURE(Chain, own, false)->Name("Constraints/chain of depth 5")->UseRealTime();
+BENCHMARK_CAPTURE(Chain, open, true)->Name("Constraints/chain of open arrays")->UseRealTime();
 BENCHMARK(ChainFloor)->Name("Constraints/chain of depth 5/floor")->UseRealTime();
 
 } // namespace

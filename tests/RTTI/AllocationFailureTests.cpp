@@ -1,9 +1,12 @@
-// Loads whose memory runs out: nothing is left half done, and the call made again is complete.
+// Loads and walks whose memory runs out: nothing is left half done, and the call made again is
+// complete.
 
 #include "OVAT/FileBlockManager.h"
+#include "RTTI/ConstraintStack.h"
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/TypeDescription.h"
 #include "tests/support/TypeFileBuilder.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -119,6 +122,41 @@ TEST(AllocationFailures, WhileAManagerIsSetUpLeaveItAsItWas) {
                            [&](std::size_t) { EXPECT_EQ(manager.getRTType(0), nullptr); });
     EXPECT_GE(failures, 3U);
     EXPECT_NE(manager.getRTType(0), nullptr);
+}
+
+/// Structs and classes below each other, barren ones and ones that come back among them, and more
+/// levels with ranges than the stack has room for.
+const RTBaseType& wideAndDeep(RTTITest::TypeGraph& types) {
+    const RTBaseType* open = &types.array(&types.add<RTIntType>(), {RTTITest::OPEN, {1, 4, 1}});
+    for (int level = 0; level < 30; ++level)
+        open = &types.alias(open, {RTTITest::OPEN});
+    auto& barren = types.structure({&types.structure({&types.add<RTIntType>()})});
+    auto& outer = types.structure({&barren});
+    auto& holder = types.classType({&outer, &barren}, &types.classType({&barren, open}));
+    RTTITest::addMember(outer, &types.structure({&outer, &holder}));
+    RTTITest::addMember(outer, open, {{0, 9, 1}, {1, 4, 1}});
+    return outer;
+}
+
+TEST(AllocationFailures, AtAnyPlaceOfAWalkTakeItsFramesAndMarksBack) {
+    RTTITest::TypeGraph types;
+    const RTBaseType& type = wideAndDeep(types);
+    RTTITest::Ranges expected;
+    Brakel_tolv::ConstraintStack<FullConstraints> empty;
+    type.populateTypeConstraints(empty, expected);
+    ASSERT_EQ(expected.size(), 6U); // Two each: base class, outer behind the class, outer.
+
+    RTTITest::Ranges out;
+    const std::size_t failures = failEachAllocation(
+        [&] {
+            out.clear();
+            Brakel_tolv::ConstraintStack<FullConstraints> stack;
+            type.populateTypeConstraints(stack, out);
+            EXPECT_EQ(stack.depth(), 0U);
+        },
+        [](std::size_t) {});
+    EXPECT_GE(failures, 10U);
+    EXPECT_EQ(RTTITest::triples(out), RTTITest::triples(expected));
 }
 
 } // namespace

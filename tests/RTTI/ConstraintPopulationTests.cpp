@@ -25,6 +25,14 @@ public:
     bool m_throws = true;
 };
 
+/// Gives a range although its class id is that of a scalar.
+class IntWithARange : public RTIntType {
+public:
+    void populateTypeConstraints(Stack& stack, Ranges& out) const override {
+        out.push_back(stack.getConstraint());
+    }
+};
+
 class ConstraintPopulation : public testing::Test {
 protected:
     static std::vector<std::vector<int>> rangesOf(const RTBaseType& type) {
@@ -137,6 +145,29 @@ TEST_F(ConstraintPopulation, AccessAndFileTypesAreNotWalked) {
     EXPECT_TRUE(rangesOf(file).empty());
 }
 
+TEST_F(ConstraintPopulation, ClassDerivedFromAScalarIsAskedAboveTheFramesOfTheLevelsAround) {
+    const auto& own = types.add<IntWithARange>();
+    const auto& array = types.array(VHDL_ARRAY, &own, 1, {{1, 2, 1}, {3, 4, 1}});
+    EXPECT_EQ(rangesOf(types.alias(&array, {{5, 6, 1}})), triples({{1, 2, 1}, {3, 4, 1}}));
+    EXPECT_EQ(rangesOf(types.alias(&own, {{5, 6, 1}})), triples({{5, 6, 1}}));
+}
+
+TEST_F(ConstraintPopulation, LevelsAroundAnOpenArrayAnswerAlsoBehindArraysWithRangesOfTheirOwn) {
+    // Record, member (7, 8), typedef (5, 6), array with a range and one to spare, two open ones.
+    const auto& inner = types.array(&types.array(scalar, {OPEN}), {OPEN});
+    const auto& outer = types.array(VHDL_ARRAY, &inner, 1, {{1, 2, 1}, {3, 4, 1}});
+    auto& record = types.record(VHDL_RECORD);
+    addMember(record, &types.alias(&outer, {{5, 6, 1}}), {{7, 8, 1}});
+    EXPECT_EQ(rangesOf(record), triples({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
+}
+
+TEST_F(ConstraintPopulation, FramesAroundAnAggregateAnswerForItsMembers) {
+    auto& record = types.structure({&types.array(scalar, {OPEN}), &types.array(scalar, {OPEN})});
+    const auto& array = types.array(VHDL_ARRAY, &record, 1, {{1, 2, 1}, {3, 4, 1}});
+    EXPECT_EQ(rangesOf(types.structure({&types.alias(&array, {{5, 6, 1}})})),
+              triples({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
+}
+
 TEST_F(ConstraintPopulation, OpenDimensionThatNobodyFillsIsZeros) {
     EXPECT_EQ(rangesOf(types.array(scalar, {OPEN})), triples({{0, 0, 0}}));
 }
@@ -204,6 +235,14 @@ TEST_F(ConstraintPopulation, StructThatComesBackToItselfIsSkippedThere) {
     addMember(record, &record);
     addMember(record, numbered(2));
     EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, StructThatComesBackThroughOtherStructsIsSkippedThere) {
+    auto& record = types.structure({numbered(1)});
+    auto& middle = types.structure({&types.structure({&record}), numbered(2)});
+    addMember(record, &middle);
+    addMember(record, &middle);
+    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}, {2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {

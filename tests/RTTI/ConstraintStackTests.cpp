@@ -170,4 +170,42 @@ TEST_F(ConstraintStacks, MergeCanFillAMarkerWithTheBottomsMarker) {
               triples({{0, 0, 0}, {1, 4, 1}, {3, 3, 0}}));
 }
 
+TEST_F(ConstraintStacks, LastingRangesAnswerAsCopiesDo) {
+    const Ranges bottom{{0, 9, 1}, {1, 4, 1}};
+    const Ranges top{OPEN, {1, 4, 1}};
+    stack.pushLasting(bottom);
+    stack.pushLasting(top);
+    EXPECT_EQ(take(3), triples({{0, 9, 1}, {1, 4, 1}, {0, 9, 1}}));
+}
+
+TEST_F(ConstraintStacks, LastingRangesThatAreFilledStayAsTheyWere) {
+    const Ranges top{OPEN, {1, 4, 1}};
+    stack.push({{0, 9, 1}, {1, 4, 1}});
+    stack.pushLasting(top);
+    EXPECT_EQ(triples(top), triples({OPEN, {1, 4, 1}}));
+}
+
+TEST_F(ConstraintStacks, FramesAboveADepthArePoppedTogether) {
+    const Ranges lasting{{3, 4, 1}, {5, 6, 1}};
+    for (const std::size_t frames : {1U, 11U, 12U, 13U, 100U}) {
+        stack.push({{0, 7, 1}});
+        for (std::size_t i = 0; i < frames; ++i)
+            i % 2 == 0 ? stack.push({{1, 2, 1}}) : stack.pushLasting(lasting);
+        EXPECT_EQ(stack.depth(), frames + 1);
+        stack.popTo(1);
+        EXPECT_EQ(take(1), triples({{0, 7, 1}})) << frames;
+        stack.pop();
+        EXPECT_EQ(stack.depth(), 0U);
+    }
+}
+
+TEST_F(ConstraintStacks, AnyNumberOfFramesKeepTheirOrder) {
+    for (int i = 0; i < 100; ++i)
+        stack.push({{i, 0, 0}});
+    for (int i = 99; i >= 0; --i) {
+        EXPECT_EQ(take(1), triples({{i, 0, 0}}));
+        stack.pop();
+    }
+}
+
 } // namespace
