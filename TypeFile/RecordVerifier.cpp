@@ -29,9 +29,12 @@ constexpr std::size_t SMALLEST_CLASS_MEMBER = SMALLEST_MEMBER + WORD_SIZE;
 
 } // namespace
 
-void RecordVerifier::verify(unsigned int typeId, TypeFacts& facts, unsigned int size) {
+void RecordVerifier::verify(unsigned int typeId, unsigned int size) {
+    TypeFacts& facts = m_types.facts[typeId];
     m_typeId = typeId;
     m_facts = &facts;
+    m_members.typeId = NO_TYPE_ID;
+    m_members.members.clear();
     m_at = facts.address + RECORD_HEADER_SIZE;
     m_end = facts.address + size;
     m_isWhole = true;
@@ -43,6 +46,8 @@ void RecordVerifier::verify(unsigned int typeId, TypeFacts& facts, unsigned int 
         add(FindingCode::LEFTOVER_BYTES, "record size", facts.address,
             "The last field ends " + std::to_string(m_end - m_at) + " bytes before the record.");
     facts.isWhole = m_isWhole;
+    if (m_isWhole && m_members.members.size() == facts.listCount)
+        m_members.typeId = typeId;
 }
 
 void RecordVerifier::body(unsigned int kind) {
@@ -58,7 +63,7 @@ void RecordVerifier::body(unsigned int kind) {
     case ClassId::CLASS: return classBody();
     case ClassId::TYPEDEF:
         reference("data type id");
-        constraints();
+        ownConstraints();
         return;
     case ClassId::ACCESS:
     case ClassId::FILE_TYPE:
@@ -109,7 +114,7 @@ void RecordVerifier::discreteEnum() {
         skip("value", valueSize);
     }
     endOfItems();
-    constraints();
+    ownConstraints();
 }
 
 void RecordVerifier::real() {
@@ -145,13 +150,13 @@ void RecordVerifier::array() {
     for (unsigned int i = 0; i < dimensions && m_isWhole; ++i) {
         item("dimension", i);
         const unsigned int id = word("index type id");
-        if (id >= m_typeCount && id != NO_TYPE_ID)
+        if (id >= m_types.size() && id != NO_TYPE_ID)
             expect(false, FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, "index type id", id,
                    "the id of a type of this file");
     }
     endOfItems();
     m_facts->second = dimensions;
-    constraints();
+    ownConstraints();
     word("SV type id");
 }
 
@@ -185,8 +190,14 @@ void RecordVerifier::classBody() {
 void RecordVerifier::member(unsigned int index) {
     item("member", index);
     name("name");
-    word("type id");
-    constraints();
+    Part part;
+    part.index = index;
+    part.idAt = m_at;
+    part.typeId = word("type id");
+    part.rangesAt = m_at + WORD_SIZE;
+    part.mayBeOpen = constraints(part.rangeCount);
+    if (index < MemberList::MOST_MEMBERS)
+        m_members.members.push_back(part);
 }
 
 unsigned int RecordVerifier::word(const char* field) {
@@ -248,34 +259,32 @@ unsigned int RecordVerifier::count(const char* field, std::size_t smallestItem) 
     return 0;
 }
 
-/// Counted without a sign: the loader makes room for as many ranges as the count says.
-void RecordVerifier::constraints() {
-    const unsigned int ranges = word("constraint count");
-    if (!m_isWhole)
-        return;
+/// Those of the type itself.
+void RecordVerifier::ownConstraints() {
+    unsigned int ranges = 0;
+    m_facts->hasOpenRange = constraints(ranges);
+    m_facts->listAt = relative(m_at - ranges * static_cast<unsigned long long>(CONSTRAINT_SIZE));
+    m_facts->listCount = ranges;
+}
+
+/// Counted without a sign: the loader makes room for as many ranges as the count says. Whether one
+/// of them stands open.
+bool RecordVerifier::constraints(unsigned int& ranges) {
+    ranges = word("constraint count");
     const unsigned long long left = m_end - m_at;
     if (ranges > left / CONSTRAINT_SIZE) {
         m_isWhole = false;
         add(FindingCode::COUNT_TOO_LARGE, "constraint count", m_at - WORD_SIZE,
             "There are " + std::to_string(ranges) + " ranges of 12 bytes to come, and " +
                 std::to_string(left) + " bytes left in the record.");
-        return;
+        ranges = 0;
     }
-    if (m_list == nullptr) { // Not those of a member: they are found again behind its name.
-        m_facts->listAt = relative(m_at);
-        m_facts->listCount = ranges;
-        lookForOpenRanges(ranges);
-    }
-    m_at += ranges * static_cast<unsigned long long>(CONSTRAINT_SIZE);
-}
-
-void RecordVerifier::lookForOpenRanges(unsigned int ranges) {
     bool isOpen = false;
-    for (unsigned long long i = 0; i < ranges; ++i) {
-        const char* range = m_window.at(m_at + i * CONSTRAINT_SIZE, CONSTRAINT_SIZE);
+    for (unsigned int i = 0; i < ranges; ++i, m_at += CONSTRAINT_SIZE) {
+        const char* range = m_window.at(m_at, CONSTRAINT_SIZE);
         isOpen = isOpen || littleEndianAt<int>(range + DIRECTION_OFFSET) == UNCONSTRAINED_DIRECTION;
     }
-    m_facts->hasOpenRange = isOpen;
+    return isOpen;
 }
 
 void RecordVerifier::reference(const char* field) {

@@ -3,6 +3,7 @@
 #include "TypeFile/FindingList.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFacts.h"
+#include "TypeFile/TypeParts.h"
 
 #include <cstddef>
 #include <string>
@@ -15,12 +16,15 @@ namespace TypeFile {
 /// cannot be believed the rest of the record is passed over.
 class RecordVerifier {
 public:
-    RecordVerifier(StorageWindow& window, FindingList& findings, unsigned int typeCount)
-        : m_window(window), m_findings(findings), m_typeCount(typeCount) {}
+    RecordVerifier(StorageWindow& window, TypeTable& types, FindingList& findings)
+        : m_window(window), m_types(types), m_findings(findings) {}
 
-    /// Checks the record of `size` bytes at the address in `facts`, all of them in the storage, and
+    /// Checks the record of `size` bytes at the type's address, all of them in the storage, and
     /// fills in the facts behind its kind.
-    void verify(unsigned int typeId, TypeFacts& facts, unsigned int size);
+    void verify(unsigned int typeId, unsigned int size);
+
+    /// The members of the record that was checked last, if it is an aggregate and whole.
+    const MemberList& members() const { return m_members; }
 
 private:
     // Fields, in the order of the record. Where one is missing the answer is 0.
@@ -29,8 +33,8 @@ private:
     void name(const char* field);
     void skip(const char* field, std::size_t width);
     unsigned int count(const char* field, std::size_t smallestItem);
-    void constraints();
-    void lookForOpenRanges(unsigned int ranges);
+    void ownConstraints();
+    bool constraints(unsigned int& ranges);
     void reference(const char* field);
     void flavour(const char* field, int last);
 
@@ -61,8 +65,9 @@ private:
     void endOfItems() { m_list = nullptr; }
 
     StorageWindow& m_window;
+    TypeTable& m_types;
     FindingList& m_findings;
-    unsigned int m_typeCount;
+    MemberList m_members;
 
     // The record that is being checked.
     unsigned int m_typeId = 0;

@@ -46,12 +46,38 @@ void addBrokenLink(const TypeTable& types, FindingList& findings, unsigned int t
                      "Type " + std::to_string(target) + " has a kind that builds no type.");
 }
 
-bool ReferenceVerifier::verify() {
+void ReferenceVerifier::begin() {
     m_depths.assign(m_types.size(), 0);
     m_isOpen.assign(m_types.size(), false);
+}
+
+void ReferenceVerifier::settle(unsigned int typeId) {
+    const TypeFacts& type = m_types[typeId];
+    if (hasReference(type.kind)) {
+        const bool hasSecond = type.kind == ClassId::ASSOC_ARRAY;
+        if (!isSettled(type.reference) || (hasSecond && !isSettled(type.second)))
+            return;
+        checkLinks(typeId);
+        const unsigned int followed = followedAtOnce(type);
+        if (followed > 0)
+            goBehind(typeId, type.reference);
+        if (followed > 1)
+            goBehind(typeId, type.second);
+    }
+    close(typeId);
+}
+
+void ReferenceVerifier::goBehind(unsigned int typeId, unsigned int target) {
+    if (target < m_types.size())
+        m_depths[typeId] = std::max(m_depths[typeId], m_depths[target]);
+}
+
+bool ReferenceVerifier::verify() {
     for (unsigned int id = 0; id < m_types.size(); ++id) {
-        if (hasReference(m_types[id].kind))
+        if (m_depths[id] == 0 && hasReference(m_types[id].kind))
             checkLinks(id);
+    }
+    for (unsigned int id = 0; id < m_types.size(); ++id) {
         if (m_depths[id] == 0 && followedAtOnce(m_types[id]) != 0)
             measureFrom(id);
     }
@@ -79,10 +105,14 @@ void ReferenceVerifier::measureFrom(unsigned int typeId) {
     m_path.push_back({typeId, 0});
     m_isOpen[typeId] = true;
     while (!m_path.empty()) {
-        if (m_path.back().followed < followedAtOnce(m_types[m_path.back().typeId]))
+        const Step step = m_path.back();
+        if (step.followed < followedAtOnce(m_types[step.typeId])) {
             follow(m_path.back());
-        else
-            finish(m_path.back().typeId);
+        } else {
+            close(step.typeId);
+            m_isOpen[step.typeId] = false;
+            m_path.pop_back();
+        }
     }
 }
 
@@ -106,21 +136,20 @@ void ReferenceVerifier::follow(Step& step) {
         m_path.push_back({next, 0});
         m_isOpen[next] = true;
         return; // Looked at again when its depth is known.
-    } else if (next < m_types.size()) {
-        m_depths[step.typeId] = std::max(m_depths[step.typeId], m_depths[next]);
+    } else {
+        goBehind(step.typeId, next);
     }
     ++step.followed;
 }
 
-void ReferenceVerifier::finish(unsigned int typeId) {
+/// Once the depths behind the type's references are known.
+void ReferenceVerifier::close(unsigned int typeId) {
     const TypeFacts& type = m_types[typeId];
     if (++m_depths[typeId] == m_limits.maxNesting + 1)
         m_findings.add(FindingCode::NESTING_TOO_DEEP, typeId, referenceField(type.kind),
                        type.address + type.referenceAt,
                        "The references from here lead through more than " +
                            std::to_string(m_limits.maxNesting) + " types.");
-    m_isOpen[typeId] = false;
-    m_path.pop_back();
 }
 
 } // namespace TypeFile

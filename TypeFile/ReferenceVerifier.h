@@ -25,7 +25,14 @@ public:
     ReferenceVerifier(const TypeTable& types, FindingList& findings, const VerifyLimits& limits)
         : m_types(types), m_findings(findings), m_limits(limits) {}
 
-    /// Whether every reference comes to an end.
+    /// Makes room once the type count is known.
+    void begin();
+
+    /// Checks the references of a record that was just read, if what they lead to is checked.
+    void settle(unsigned int typeId);
+
+    /// Checks the references that are left, when all records are read. Whether every reference
+    /// comes to an end.
     bool verify();
 
 private:
@@ -35,10 +42,14 @@ private:
         unsigned int followed;
     };
 
+    bool isSettled(unsigned int target) const {
+        return target >= m_types.size() || m_depths[target] != 0;
+    }
     void checkLinks(unsigned int typeId);
     void measureFrom(unsigned int typeId);
     void follow(Step& step);
-    void finish(unsigned int typeId);
+    void goBehind(unsigned int typeId, unsigned int target);
+    void close(unsigned int typeId);
     unsigned int target(const Step& step) const;
 
     const TypeTable& m_types;

@@ -3,7 +3,7 @@
 #include "OVAT/IBlockManager.h"
 
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 namespace TypeFile {
 
@@ -18,7 +18,7 @@ public:
     const char* at(unsigned long long offset, std::size_t count) {
         if (offset < m_begin || offset + count > m_end)
             move(offset);
-        return m_block.data() + (offset - m_begin);
+        return m_block.get() + (offset - m_begin);
     }
 
     /// End of the bytes that the last call of `at` can reach.
@@ -30,7 +30,8 @@ private:
 
     OVAT::IBlockManager& m_storage;
     unsigned long long m_storageSize;
-    std::vector<char> m_block;
+    std::size_t m_blockSize;
+    std::unique_ptr<char[]> m_block;
     unsigned long long m_begin = 0;
     unsigned long long m_end = 0;
 };

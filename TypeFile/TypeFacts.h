@@ -23,8 +23,8 @@ struct TypeFacts {
 };
 static_assert(sizeof(TypeFacts) == 32, "memory counts: a file can have many millions of types");
 
-/// What a type is to those that refer to it.
-enum class Role : unsigned char { NO_TYPE, LEAF, PASSAGE, RECORD, CLASS };
+/// What a type is to those that refer to it; UNREAD until its record has been read.
+enum class Role : unsigned char { UNREAD, NO_TYPE, LEAF, PASSAGE, RECORD, CLASS };
 
 /// All types of a file. The roles stand apart, since they alone are looked up in any order.
 struct TypeTable {

@@ -19,8 +19,8 @@ using namespace RTTI::TypeFileFormat;
 
 namespace {
 
-/// Table and records are read once, in the order of the storage: the larger the blocks the better.
-constexpr std::size_t SWEEP_BLOCK = 256 * 1024;
+/// Table and records are read once, in the order of the storage, in blocks that stay in a cache.
+constexpr std::size_t SWEEP_BLOCK = 32 * 1024;
 
 /// Members are read again in the order in which types lead to one another, a block a jump.
 constexpr std::size_t JUMP_BLOCK = 2 * 1024;
@@ -33,8 +33,10 @@ public:
     Verification(OVAT::IBlockManager& storage, unsigned long long storageSize,
                  unsigned long long baseOffset, const VerifyLimits& limits)
         : m_sweep(storage, storageSize, SWEEP_BLOCK), m_jumps(storage, storageSize, JUMP_BLOCK),
-          m_size(storageSize), m_base(baseOffset), m_limits(limits),
-          m_findings(limits.maxFindings) {}
+          m_size(storageSize), m_base(baseOffset), m_limits(limits), m_findings(limits.maxFindings),
+          m_records(m_sweep, m_types, m_findings), m_parts(m_jumps, m_types, m_records.members()),
+          m_references(m_types, m_findings, m_limits),
+          m_walks(m_types, m_parts, m_findings, m_limits) {}
 
     std::vector<Finding> run() {
         if (readHeader() && readTable()) {
@@ -50,6 +52,7 @@ private:
     bool readTable();
     void readRecords();
     void readRecord(unsigned int typeId, unsigned long long end);
+    void settle(unsigned int typeId);
     bool readFrame(unsigned int typeId, unsigned int& size);
     bool overlaps(unsigned int typeId, unsigned int size, unsigned long long end);
     bool checkKind(unsigned int typeId);
@@ -69,9 +72,13 @@ private:
     unsigned long long m_base;
     const VerifyLimits& m_limits;
     FindingList m_findings;
+    TypeTable m_types;
+    RecordVerifier m_records;
+    TypeParts m_parts;
+    ReferenceVerifier m_references;
+    WalkVerifier m_walks;
     unsigned int m_typeCount = 0;
     unsigned long long m_table = 0;
-    TypeTable m_types;
     unsigned long long m_recordBytes = 0;
     unsigned long long m_lastSize = 0; ///< Of the record that was read last.
 };
@@ -121,6 +128,9 @@ bool Verification::readTable() {
                    m_base + ADDRESS_TABLE_OFFSET,
                    "The table at " + hexText(m_table) + " shares bytes with the header.");
     m_types.facts.resize(m_typeCount);
+    m_types.roles.resize(m_typeCount);
+    m_references.begin();
+    m_walks.begin();
     for (unsigned int id = 0; id < m_typeCount; ++id)
         m_types.facts[id].address =
             littleEndianAt<unsigned long long>(m_sweep.at(entryOf(id), ADDRESS_SIZE));
@@ -143,6 +153,7 @@ void Verification::readRecords() {
         while (next < order.size() && !isBefore(order[first], order[next]))
             ++next;
         readRecord(order[first], next < order.size() ? m_types[order[next]].address : m_size);
+        settle(order[first]);
         for (std::size_t i = first + 1; i < next; ++i)
             share(order[i], order[first]);
         first = next;
@@ -163,8 +174,14 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
     m_recordBytes += size;
     const bool isOfKind = checkKind(typeId);
     if (!overlaps(typeId, size, end) && isOfKind)
-        RecordVerifier(m_sweep, m_findings, m_typeCount)
-            .verify(typeId, m_types.facts[typeId], size);
+        m_records.verify(typeId, size);
+}
+
+/// Checks what the record leads to, as far as that has been read.
+void Verification::settle(unsigned int typeId) {
+    m_types.roles[typeId] = roleOf(m_types[typeId].kind);
+    m_references.settle(typeId);
+    m_walks.settle(typeId);
 }
 
 /// Size and kind. A record that is not all there leaves its kind 0.
@@ -231,6 +248,7 @@ bool Verification::checkKind(unsigned int typeId) {
 
 void Verification::share(unsigned int typeId, unsigned int other) {
     m_types.facts[typeId] = m_types.facts[other];
+    m_types.roles[typeId] = m_types.roles[other];
     m_recordBytes += m_lastSize;
     m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", entryOf(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
@@ -238,16 +256,11 @@ void Verification::share(unsigned int typeId, unsigned int other) {
 
 /// The walks through classes are counted only where every way down has an end.
 void Verification::verifyReferences() {
-    m_types.roles.reserve(m_typeCount);
-    for (const TypeFacts& type : m_types.facts)
-        m_types.roles.push_back(roleOf(type.kind));
-    const bool allEnd = ReferenceVerifier(m_types, m_findings, m_limits).verify();
-    TypeParts parts(m_jumps, m_types);
-    WalkVerifier walks(m_types, parts, m_findings, m_limits);
-    const bool isFinite = walks.verify();
+    const bool allEnd = m_references.verify();
+    const bool isFinite = m_walks.verify();
     if (allEnd && isFinite &&
         std::count(m_types.roles.begin(), m_types.roles.end(), Role::CLASS) != 0)
-        WalksThroughClasses(m_types, parts, walks.costs(), m_findings, m_limits).verify();
+        WalksThroughClasses(m_types, m_parts, m_walks.costs(), m_findings, m_limits).verify();
 }
 
 } // namespace

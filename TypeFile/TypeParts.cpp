@@ -23,8 +23,7 @@ PartPosition TypeParts::begin(unsigned int typeId) const {
     position.at = type.address + type.listAt;
     if (!type.isWhole || (!isAggregate(type.kind) && !isPassage(type.kind)))
         position.next = type.listCount + 1;
-    position.hasBaseClass =
-        type.isWhole && type.kind == ClassId::CLASS && type.reference != NO_TYPE_ID;
+    position.hasBaseClass = type.isWhole && hasBaseClass(type);
     return position;
 }
 
@@ -32,7 +31,7 @@ bool TypeParts::read(unsigned int typeId, PartPosition& position, Part& part) {
     const TypeFacts& type = m_types[typeId];
     if (position.hasBaseClass) {
         position.hasBaseClass = false;
-        part = {type.reference, BASE_CLASS, type.address + type.referenceAt, 0, 0, false};
+        part = baseClass(type);
         return true;
     }
     if (isAggregate(type.kind)) {
@@ -44,8 +43,7 @@ bool TypeParts::read(unsigned int typeId, PartPosition& position, Part& part) {
     if (position.next != 0 || !isPassage(type.kind))
         return false;
     position.next = type.listCount + 1;
-    part = {type.reference,        0, type.address + type.referenceAt, position.at, type.listCount,
-            type.hasOpenRange != 0};
+    part = onlyPart(type);
     return true;
 }
 
@@ -68,9 +66,7 @@ void TypeParts::readMember(bool isClass, PartPosition& position, Part& part) {
                   (isClass ? WORD_SIZE : 0);
 }
 
-unsigned int TypeParts::rangesWithBounds(const Part& part, unsigned int count) {
-    if (!part.mayBeOpen)
-        return std::min(count, part.rangeCount);
+unsigned int TypeParts::lookForBounds(const Part& part, unsigned int count) {
     unsigned int found = 0;
     for (unsigned long long i = 0; i < std::min(count, part.rangeCount); ++i) {
         const unsigned int direction = word(part.rangesAt + i * CONSTRAINT_SIZE + DIRECTION_OFFSET);

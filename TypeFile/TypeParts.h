@@ -3,7 +3,10 @@
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFacts.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace TypeFile {
 
@@ -19,6 +22,15 @@ struct Part {
 
 inline constexpr unsigned int BASE_CLASS = 0xFFFFFFFF;
 
+/// The members of one record.
+struct MemberList {
+    /// Those of longer lists are not kept.
+    static constexpr std::size_t MOST_MEMBERS = 1024;
+
+    unsigned int typeId = RTTI::TypeFileFormat::NO_TYPE_ID; ///< NO_TYPE_ID for no record.
+    std::vector<Part> members;
+};
+
 /// How far the parts of a type have been read.
 struct PartPosition {
     unsigned long long at = 0;
@@ -26,11 +38,34 @@ struct PartPosition {
     bool hasBaseClass = false; ///< To come, before the members.
 };
 
-/// Reads the parts of types again, from records that were found whole. That takes a second look at
-/// the storage, so that no member needs memory: there can be far more members than types.
+/// Gives the parts of types whose records were found whole. The members of the record that was
+/// verified last are at hand; those of others take a second look at the storage, so that no member
+/// needs memory: there can be far more members than types.
 class TypeParts {
 public:
-    TypeParts(StorageWindow& window, const TypeTable& types) : m_window(window), m_types(types) {}
+    TypeParts(StorageWindow& window, const TypeTable& types, const MemberList& lastMembers)
+        : m_window(window), m_types(types), m_lastMembers(lastMembers) {}
+
+    /// Whether the parts are known without a look at the storage.
+    bool areAtHand(unsigned int typeId) const {
+        return !isAggregate(m_types[typeId].kind) || m_lastMembers.typeId == typeId;
+    }
+
+    /// Whether all parts, which must be at hand, are what `is` asks for.
+    template <typename Is> bool allOf(unsigned int typeId, Is is) const {
+        const TypeFacts& type = m_types[typeId];
+        if (!type.isWhole)
+            return true;
+        if (!isAggregate(type.kind))
+            return !isPassage(type.kind) || is(onlyPart(type));
+        if (hasBaseClass(type) && !is(baseClass(type)))
+            return false;
+        for (const Part& member : m_lastMembers.members) {
+            if (!is(member))
+                return false;
+        }
+        return true;
+    }
 
     /// Before the first part of a type; a type that refers to nothing, or was not read, has none.
     PartPosition begin(unsigned int typeId) const;
@@ -39,7 +74,9 @@ public:
     bool read(unsigned int typeId, PartPosition& position, Part& part);
 
     /// How many of the first `count` ranges of a part have bounds of their own.
-    unsigned int rangesWithBounds(const Part& part, unsigned int count);
+    unsigned int rangesWithBounds(const Part& part, unsigned int count) {
+        return part.mayBeOpen ? lookForBounds(part, count) : std::min(count, part.rangeCount);
+    }
 
     /// The field that holds the part's type id, in the words of the format.
     std::string fieldOf(unsigned int typeId, const Part& part) const;
@@ -48,11 +85,28 @@ public:
     std::string rangesFieldOf(unsigned int typeId, const Part& part) const;
 
 private:
+    static bool hasBaseClass(const TypeFacts& type) {
+        return type.kind == RTTI::ClassId::CLASS &&
+               type.reference != RTTI::TypeFileFormat::NO_TYPE_ID;
+    }
+    static Part baseClass(const TypeFacts& type) {
+        return {type.reference, BASE_CLASS, type.address + type.referenceAt, 0, 0, false};
+    }
+    static Part onlyPart(const TypeFacts& type) {
+        return {type.reference,
+                0,
+                type.address + type.referenceAt,
+                type.address + type.listAt,
+                type.listCount,
+                type.hasOpenRange != 0};
+    }
     void readMember(bool isClass, PartPosition& position, Part& part);
+    unsigned int lookForBounds(const Part& part, unsigned int count);
     unsigned int word(unsigned long long offset);
 
     StorageWindow& m_window;
     const TypeTable& m_types;
+    const MemberList& m_lastMembers;
 };
 
 /// The field of a kind that holds the id of the one type it refers to.

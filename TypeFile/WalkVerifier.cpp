@@ -13,20 +13,10 @@ namespace {
 
 constexpr unsigned int MOST_RANGES = std::numeric_limits<unsigned int>::max() - 1;
 
-unsigned int dimensionsOf(const TypeFacts& type) {
-    return type.isWhole && type.kind == ClassId::ARRAY ? type.second : 0;
-}
-
 } // namespace
 
-unsigned int ownSteps(const TypeFacts& type) { return dimensionsOf(type); }
-
-unsigned long long partSteps(const Part& part, const WalkCost& cost) {
-    return 1ULL + part.rangeCount + cost.steps;
-}
-
 void closeCost(const TypeFacts& type, WalkCost& cost) {
-    cost.givesRanges = cost.givesRanges || dimensionsOf(type) != 0;
+    cost.givesRanges = cost.givesRanges || ownSteps(type) != 0;
     if (isAggregate(type.kind) && !cost.givesRanges)
         cost.steps = 0;
 }
@@ -38,16 +28,47 @@ void addWalkTooLarge(const TypeFacts& type, unsigned int typeId, FindingList& fi
                      std::to_string(steps) + " steps.");
 }
 
-bool WalkVerifier::verify() {
+void WalkVerifier::begin() {
     m_costs.assign(m_types.size(), {});
     m_states.assign(m_types.size(), {});
+}
+
+void WalkVerifier::settle(unsigned int typeId) {
+    if (m_types.roles[typeId] < Role::PASSAGE || !m_parts.areAtHand(typeId))
+        return;
+    if (!m_parts.allOf(typeId, [this](const Part& part) { return isSettled(part.typeId); }))
+        return;
+    m_costs[typeId].steps = ownSteps(m_types[typeId]);
+    bool passedBelow = false;
+    m_parts.allOf(typeId, [&](const Part& part) {
+        if (isSound(typeId, part))
+            account(typeId, part, passedBelow);
+        return true;
+    });
+    close(typeId, passedBelow);
+}
+
+bool WalkVerifier::isSettled(unsigned int typeId) const {
+    if (typeId >= m_types.size())
+        return true;
+    const Role role = m_types.roles[typeId];
+    return role == Role::RECORD || role == Role::PASSAGE
+               ? m_states[typeId].progress == Progress::DONE
+               : role != Role::UNREAD;
+}
+
+bool WalkVerifier::verify() {
     for (unsigned int id = 0; id < m_types.size(); ++id) {
         if (m_types.roles[id] >= Role::PASSAGE && m_states[id].progress == Progress::NEW)
-            enter(id);
-        while (!m_path.empty())
-            advance();
+            verifyFrom(id);
     }
     return m_isFinite;
+}
+
+void WalkVerifier::verifyFrom(unsigned int typeId) {
+    enter(typeId);
+    while (!m_path.empty())
+        advance();
 }
 
 void WalkVerifier::enter(unsigned int typeId) {
@@ -65,23 +86,30 @@ void WalkVerifier::advance() {
     Step& step = m_path.back();
     if (step.isBelow) {
         step.isBelow = false;
-        account(step);
+        account(step.typeId, step.part, step.passedBelow);
     } else if (m_parts.read(step.typeId, step.position, step.part)) {
         meet(step);
     } else {
-        finish();
+        close(step.typeId, step.passedBelow);
+        m_path.pop_back();
     }
 }
 
-/// A link that is not a member's was checked with the other references.
+/// Whether the part leads to an object. A link that is not a member's was checked with the other
+/// references.
+bool WalkVerifier::isSound(unsigned int typeId, const Part& part) {
+    if (isLinked(m_types, part.typeId))
+        return true;
+    if (m_types.roles[typeId] != Role::PASSAGE && part.index != BASE_CLASS)
+        addBrokenLink(m_types, m_findings, typeId, part.typeId, m_parts.fieldOf(typeId, part),
+                      part.idAt);
+    return false;
+}
+
 void WalkVerifier::meet(Step& step) {
-    const unsigned int next = step.part.typeId;
-    if (!isLinked(m_types, next)) {
-        if (m_types.roles[step.typeId] != Role::PASSAGE && step.part.index != BASE_CLASS)
-            addBrokenLink(m_types, m_findings, step.typeId, next,
-                          m_parts.fieldOf(step.typeId, step.part), step.part.idAt);
+    if (!isSound(step.typeId, step.part))
         return;
-    }
+    const unsigned int next = step.part.typeId;
     const Role role = m_types.roles[next];
     const bool isEntered = role == Role::RECORD || role == Role::PASSAGE;
     if (isEntered && m_states[next].progress == Progress::NEW) {
@@ -90,7 +118,7 @@ void WalkVerifier::meet(Step& step) {
     } else if (isEntered && m_states[next].progress == Progress::OPEN) {
         addSelfContained(step);
     } else {
-        account(step);
+        account(step.typeId, step.part, step.passedBelow);
     }
 }
 
@@ -105,26 +133,28 @@ void WalkVerifier::addSelfContained(const Step& step) {
                        " contains this one by value, so that neither has a finite size.");
 }
 
-void WalkVerifier::account(Step& step) {
-    const Role role = m_types.roles[step.part.typeId];
+void WalkVerifier::account(unsigned int typeId, const Part& part, bool& passedBelow) {
+    const Role role = m_types.roles[part.typeId];
     const bool isClass = role == Role::CLASS;
     const bool isLeaf = isClass || role == Role::LEAF;
-    const WalkCost below = isLeaf ? WalkCost{0, false, isClass} : m_costs[step.part.typeId];
-    WalkCost& cost = m_costs[step.typeId];
-    step.passedBelow = step.passedBelow || below.steps > m_limits.maxWalkSteps;
-    cost.steps = addSteps(cost.steps, partSteps(step.part, below), m_limits.maxWalkSteps);
+    const WalkCost below = isLeaf ? WalkCost{0, false, isClass} : m_costs[part.typeId];
+    WalkCost& cost = m_costs[typeId];
+    passedBelow = passedBelow || below.steps > m_limits.maxWalkSteps;
+    cost.steps = addSteps(cost.steps, partSteps(part, below), m_limits.maxWalkSteps);
     cost.givesRanges = cost.givesRanges || below.givesRanges;
     cost.entersClasses = cost.entersClasses || below.entersClasses;
-    accountRanges(step.typeId, step.part, isLeaf ? 0 : m_states[step.part.typeId].open);
+    accountRanges(typeId, part, isLeaf ? 0 : m_states[part.typeId].open);
 }
 
 /// The list of a part answers, entry by entry, what is asked below; entries that stand open and
 /// those that are missing are asked of the level further out. An array asks for its own dimensions
 /// first, and its element may have what the list holds beyond them.
 void WalkVerifier::accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow) {
-    const unsigned int dimensions = dimensionsOf(m_types[typeId]);
+    const unsigned int dimensions = ownSteps(m_types[typeId]);
     const unsigned int asked = static_cast<unsigned int>(std::min<unsigned long long>(
         MOST_RANGES, static_cast<unsigned long long>(dimensions) + askedBelow));
+    if (asked == 0)
+        return;
     const bool isShort =
         part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
     if (isShort)
@@ -132,22 +162,18 @@ void WalkVerifier::accountRanges(unsigned int typeId, const Part& part, unsigned
                        m_parts.rangesFieldOf(typeId, part), part.rangesAt - sizeof part.rangeCount,
                        "Found " + std::to_string(part.rangeCount) + " constraints, and " +
                            std::to_string(asked) + " dimensions consume them.");
-    if (asked == 0)
-        return;
     const unsigned long long open = asked - m_parts.rangesWithBounds(part, asked);
     unsigned int& sum = m_states[typeId].open;
     sum = static_cast<unsigned int>(std::min<unsigned long long>(MOST_RANGES, sum + open));
 }
 
 /// Reported where the limit is first passed, not at everything above.
-void WalkVerifier::finish() {
-    const Step step = m_path.back();
-    WalkCost& cost = m_costs[step.typeId];
-    closeCost(m_types[step.typeId], cost);
-    if (cost.steps > m_limits.maxWalkSteps && !step.passedBelow && !cost.entersClasses)
-        addWalkTooLarge(m_types[step.typeId], step.typeId, m_findings, m_limits.maxWalkSteps);
-    m_states[step.typeId].progress = Progress::DONE;
-    m_path.pop_back();
+void WalkVerifier::close(unsigned int typeId, bool passedBelow) {
+    WalkCost& cost = m_costs[typeId];
+    closeCost(m_types[typeId], cost);
+    if (cost.steps > m_limits.maxWalkSteps && !passedBelow && !cost.entersClasses)
+        addWalkTooLarge(m_types[typeId], typeId, m_findings, m_limits.maxWalkSteps);
+    m_states[typeId].progress = Progress::DONE;
 }
 
 } // namespace TypeFile

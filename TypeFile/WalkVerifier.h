@@ -21,11 +21,15 @@ inline unsigned int addSteps(unsigned int steps, unsigned long long more, unsign
     return sum > limit ? limit + 1 : static_cast<unsigned int>(sum);
 }
 
-/// The steps at a type itself, without those of its parts.
-unsigned int ownSteps(const TypeFacts& type);
+/// The steps at a type itself, without those of its parts: one for each dimension of an array.
+inline unsigned int ownSteps(const TypeFacts& type) {
+    return type.isWhole && type.kind == RTTI::ClassId::ARRAY ? type.second : 0;
+}
 
 /// The steps of one part: what its type costs, and what lies in between.
-unsigned long long partSteps(const Part& part, const WalkCost& cost);
+inline unsigned long long partSteps(const Part& part, const WalkCost& cost) {
+    return 1ULL + part.rangeCount + cost.steps;
+}
 
 /// Once all parts are in: an aggregate that gives nothing is passed by.
 void closeCost(const TypeFacts& type, WalkCost& cost);
@@ -45,7 +49,15 @@ public:
                  const VerifyLimits& limits)
         : m_types(types), m_parts(parts), m_findings(findings), m_limits(limits) {}
 
-    /// Whether no type contains itself by value.
+    /// Makes room once the type count is known.
+    void begin();
+
+    /// Checks a type whose record was just read, if all of its parts are checked. Most are: a type
+    /// mostly comes behind those that it is made of, and is not read again then.
+    void settle(unsigned int typeId);
+
+    /// Checks the types that are left, when all records are read. Whether no type contains itself
+    /// by value.
     bool verify();
 
     /// The cost of every type's walk as far as it enters no class.
@@ -70,12 +82,15 @@ private:
         bool passedBelow; ///< A part alone passes the limit of the walk.
     };
 
+    bool isSettled(unsigned int typeId) const;
+    void verifyFrom(unsigned int typeId);
     void enter(unsigned int typeId);
     void advance();
     void meet(Step& step);
-    void account(Step& step);
+    bool isSound(unsigned int typeId, const Part& part);
+    void account(unsigned int typeId, const Part& part, bool& passedBelow);
     void accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow);
-    void finish();
+    void close(unsigned int typeId, bool passedBelow);
     void addSelfContained(const Step& step);
 
     const TypeTable& m_types;
