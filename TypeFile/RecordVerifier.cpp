@@ -33,8 +33,7 @@ void RecordVerifier::verify(unsigned int typeId, unsigned int size) {
     TypeFacts& facts = m_types.facts[typeId];
     m_typeId = typeId;
     m_facts = &facts;
-    m_members.typeId = NO_TYPE_ID;
-    m_members.members.clear();
+    const std::size_t keptBefore = m_types.members.size();
     m_at = facts.address + RECORD_HEADER_SIZE;
     m_end = facts.address + size;
     m_isWhole = true;
@@ -46,8 +45,16 @@ void RecordVerifier::verify(unsigned int typeId, unsigned int size) {
         add(FindingCode::LEFTOVER_BYTES, "record size", facts.address,
             "The last field ends " + std::to_string(m_end - m_at) + " bytes before the record.");
     facts.isWhole = m_isWhole;
-    if (m_isWhole && m_members.members.size() == facts.listCount)
-        m_members.typeId = typeId;
+    if (isAggregate(facts.kind))
+        keepMembers(keptBefore);
+}
+
+/// All of them, or none where the record is not whole or there was no room.
+void RecordVerifier::keepMembers(std::size_t first) {
+    if (m_isWhole && m_types.members.size() - first == m_facts->listCount)
+        m_facts->second = static_cast<unsigned int>(first) + 1;
+    else
+        m_types.members.resize(first);
 }
 
 void RecordVerifier::body(unsigned int kind) {
@@ -196,8 +203,8 @@ void RecordVerifier::member(unsigned int index) {
     part.typeId = word("type id");
     part.rangesAt = m_at + WORD_SIZE;
     part.mayBeOpen = constraints(part.rangeCount);
-    if (index < MemberList::MOST_MEMBERS)
-        m_members.members.push_back(part);
+    if (m_types.hasRoomForMember())
+        m_types.members.push_back(part);
 }
 
 unsigned int RecordVerifier::word(const char* field) {

@@ -3,7 +3,6 @@
 #include "TypeFile/FindingList.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFacts.h"
-#include "TypeFile/TypeParts.h"
 
 #include <cstddef>
 #include <string>
@@ -19,12 +18,9 @@ public:
     RecordVerifier(StorageWindow& window, TypeTable& types, FindingList& findings)
         : m_window(window), m_types(types), m_findings(findings) {}
 
-    /// Checks the record of `size` bytes at the type's address, all of them in the storage, and
-    /// fills in the facts behind its kind.
+    /// Checks the record of `size` bytes at the type's address, all of them in the storage, fills
+    /// in the facts behind its kind and keeps its members if there is room.
     void verify(unsigned int typeId, unsigned int size);
-
-    /// The members of the record that was checked last, if it is an aggregate and whole.
-    const MemberList& members() const { return m_members; }
 
 private:
     // Fields, in the order of the record. Where one is missing the answer is 0.
@@ -48,6 +44,7 @@ private:
     void record();
     void classBody();
     void member(unsigned int index);
+    void keepMembers(std::size_t first);
 
     void expect(bool holds, FindingCode code, const char* field, long long found,
                 const char* expected);
@@ -67,7 +64,6 @@ private:
     StorageWindow& m_window;
     TypeTable& m_types;
     FindingList& m_findings;
-    MemberList m_members;
 
     // The record that is being checked.
     unsigned int m_typeId = 0;

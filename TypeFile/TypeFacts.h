@@ -3,6 +3,7 @@
 #include "RTTI/TypeFileFormat.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace TypeFile {
@@ -13,6 +14,7 @@ struct TypeFacts {
     unsigned int kind = 0;                                     ///< 0 where no record can be read.
     unsigned int reference = RTTI::TypeFileFormat::NO_TYPE_ID; ///< Base type, element and so on.
     unsigned int second = 0;      ///< Associative array: index type id. Array: dimension count.
+                                  ///< Aggregate: place of its kept members, + 1; 0 for none.
     unsigned int listAt = 0;      ///< Of the first constraint, or of an aggregate's first member.
     unsigned int referenceAt = 0; ///< Of the field that holds `reference`.
 
@@ -23,6 +25,18 @@ struct TypeFacts {
 };
 static_assert(sizeof(TypeFacts) == 32, "memory counts: a file can have many millions of types");
 
+/// A type that the constraint walk meets right below another one, with the constraints in between.
+struct Part {
+    unsigned int typeId;
+    unsigned int index;      ///< Of the member; BASE_CLASS, or 0 where there is one part alone.
+    unsigned long long idAt; ///< Offset of the type id in the storage.
+    unsigned long long rangesAt;
+    unsigned int rangeCount;
+    bool mayBeOpen; ///< Else every range is known to have bounds.
+};
+
+inline constexpr unsigned int BASE_CLASS = 0xFFFFFFFF;
+
 /// What a type is to those that refer to it; UNREAD until its record has been read.
 enum class Role : unsigned char { UNREAD, NO_TYPE, LEAF, PASSAGE, RECORD, CLASS };
 
@@ -30,6 +44,18 @@ enum class Role : unsigned char { UNREAD, NO_TYPE, LEAF, PASSAGE, RECORD, CLASS 
 struct TypeTable {
     std::vector<TypeFacts> facts;
     std::vector<Role> roles;
+
+    /// Of types that will be looked at again; no more than memory that grows with the type count
+    /// alone can hold.
+    std::vector<Part> members;
+
+    bool hasRoomForMember() const { return members.size() < 1024 + 2 * facts.size(); }
+
+    /// Gives the members of the type, which were kept last, back.
+    void dropMembers(unsigned int id) {
+        if (facts[id].second != 0)
+            members.resize(std::exchange(facts[id].second, 0) - 1);
+    }
 
     unsigned int size() const { return static_cast<unsigned int>(facts.size()); }
     const TypeFacts& operator[](std::size_t id) const { return facts[id]; }

@@ -20,7 +20,7 @@ using namespace RTTI::TypeFileFormat;
 namespace {
 
 /// Table and records are read once, in the order of the storage, in blocks that stay in a cache.
-constexpr std::size_t SWEEP_BLOCK = 32 * 1024;
+constexpr std::size_t SWEEP_BLOCK = 64 * 1024;
 
 /// Members are read again in the order in which types lead to one another, a block a jump.
 constexpr std::size_t JUMP_BLOCK = 2 * 1024;
@@ -34,7 +34,7 @@ public:
                  unsigned long long baseOffset, const VerifyLimits& limits)
         : m_sweep(storage, storageSize, SWEEP_BLOCK), m_jumps(storage, storageSize, JUMP_BLOCK),
           m_size(storageSize), m_base(baseOffset), m_limits(limits), m_findings(limits.maxFindings),
-          m_records(m_sweep, m_types, m_findings), m_parts(m_jumps, m_types, m_records.members()),
+          m_records(m_sweep, m_types, m_findings), m_parts(m_jumps, m_types),
           m_references(m_types, m_findings, m_limits),
           m_walks(m_types, m_parts, m_findings, m_limits) {}
 
@@ -181,7 +181,8 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
 void Verification::settle(unsigned int typeId) {
     m_types.roles[typeId] = roleOf(m_types[typeId].kind);
     m_references.settle(typeId);
-    m_walks.settle(typeId);
+    if (m_walks.settle(typeId) && isAggregate(m_types[typeId].kind))
+        m_types.dropMembers(typeId);
 }
 
 /// Size and kind. A record that is not all there leaves its kind 0.

@@ -37,7 +37,10 @@ bool TypeParts::read(unsigned int typeId, PartPosition& position, Part& part) {
     if (isAggregate(type.kind)) {
         if (position.next >= type.listCount)
             return false;
-        readMember(type.kind == ClassId::CLASS, position, part);
+        if (const Part* const members = keptMembers(type))
+            part = members[position.next++];
+        else
+            readMember(type.kind == ClassId::CLASS, position, part);
         return true;
     }
     if (position.next != 0 || !isPassage(type.kind))

@@ -4,32 +4,9 @@
 #include "TypeFile/TypeFacts.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
-#include <vector>
 
 namespace TypeFile {
-
-/// A type that the constraint walk meets right below another one, with the constraints in between.
-struct Part {
-    unsigned int typeId;
-    unsigned int index;      ///< Of the member; BASE_CLASS, or 0 where there is one part alone.
-    unsigned long long idAt; ///< Offset of the type id in the storage.
-    unsigned long long rangesAt;
-    unsigned int rangeCount;
-    bool mayBeOpen; ///< Else every range is known to have bounds.
-};
-
-inline constexpr unsigned int BASE_CLASS = 0xFFFFFFFF;
-
-/// The members of one record.
-struct MemberList {
-    /// Those of longer lists are not kept.
-    static constexpr std::size_t MOST_MEMBERS = 1024;
-
-    unsigned int typeId = RTTI::TypeFileFormat::NO_TYPE_ID; ///< NO_TYPE_ID for no record.
-    std::vector<Part> members;
-};
 
 /// How far the parts of a type have been read.
 struct PartPosition {
@@ -38,17 +15,17 @@ struct PartPosition {
     bool hasBaseClass = false; ///< To come, before the members.
 };
 
-/// Gives the parts of types whose records were found whole. The members of the record that was
-/// verified last are at hand; those of others take a second look at the storage, so that no member
-/// needs memory: there can be far more members than types.
+/// Gives the parts of types whose records were found whole. Members that were not kept take a
+/// second look at the storage: there can be far more members than types, and memory must not grow
+/// with them.
 class TypeParts {
 public:
-    TypeParts(StorageWindow& window, const TypeTable& types, const MemberList& lastMembers)
-        : m_window(window), m_types(types), m_lastMembers(lastMembers) {}
+    TypeParts(StorageWindow& window, const TypeTable& types) : m_window(window), m_types(types) {}
 
     /// Whether the parts are known without a look at the storage.
     bool areAtHand(unsigned int typeId) const {
-        return !isAggregate(m_types[typeId].kind) || m_lastMembers.typeId == typeId;
+        const TypeFacts& type = m_types[typeId];
+        return !isAggregate(type.kind) || type.listCount == 0 || type.second != 0;
     }
 
     /// Whether all parts, which must be at hand, are what `is` asks for.
@@ -60,11 +37,8 @@ public:
             return !isPassage(type.kind) || is(onlyPart(type));
         if (hasBaseClass(type) && !is(baseClass(type)))
             return false;
-        for (const Part& member : m_lastMembers.members) {
-            if (!is(member))
-                return false;
-        }
-        return true;
+        const Part* const members = keptMembers(type);
+        return std::all_of(members, members + type.listCount, is);
     }
 
     /// Before the first part of a type; a type that refers to nothing, or was not read, has none.
@@ -100,13 +74,16 @@ private:
                 type.listCount,
                 type.hasOpenRange != 0};
     }
+    /// Null where they are not kept.
+    const Part* keptMembers(const TypeFacts& type) const {
+        return type.second == 0 ? nullptr : &m_types.members[type.second - 1];
+    }
     void readMember(bool isClass, PartPosition& position, Part& part);
     unsigned int lookForBounds(const Part& part, unsigned int count);
     unsigned int word(unsigned long long offset);
 
     StorageWindow& m_window;
     const TypeTable& m_types;
-    const MemberList& m_lastMembers;
 };
 
 /// The field of a kind that holds the id of the one type it refers to.

@@ -33,19 +33,65 @@ void WalkVerifier::begin() {
     m_states.assign(m_types.size(), {});
 }
 
-void WalkVerifier::settle(unsigned int typeId) {
+/// A leaf costs nothing, and a class is held by reference.
+inline void WalkVerifier::account(unsigned int typeId, const Part& part, Sum& sum) {
+    const bool isClass = m_types.roles[part.typeId] == Role::CLASS;
+    const WalkCost below = isClass ? WalkCost{0, false, true} : m_costs[part.typeId];
+    sum.passedBelow = sum.passedBelow || below.steps > m_limits.maxWalkSteps;
+    sum.cost.steps = addSteps(sum.cost.steps, partSteps(part, below), m_limits.maxWalkSteps);
+    sum.cost.givesRanges = sum.cost.givesRanges || below.givesRanges;
+    sum.cost.entersClasses = sum.cost.entersClasses || below.entersClasses;
+    const unsigned int askedBelow = isClass ? 0 : m_states[part.typeId].open;
+    if (askedBelow != 0 || ownSteps(m_types[typeId]) != 0)
+        sum.open = static_cast<unsigned int>(std::min<unsigned long long>(
+            MOST_RANGES, 0ULL + sum.open + openRanges(typeId, part, askedBelow)));
+}
+
+/// How many ranges a part asks of the levels around.
+///
+/// Its list answers, entry by entry, what is asked below; entries that stand open and those that
+/// are missing are asked of the level further out. An array asks for its own dimensions first, and
+/// its element may have what the list holds beyond them.
+unsigned int WalkVerifier::openRanges(unsigned int typeId, const Part& part,
+                                      unsigned int askedBelow) {
+    const unsigned int dimensions = ownSteps(m_types[typeId]);
+    const unsigned int asked = static_cast<unsigned int>(std::min<unsigned long long>(
+        MOST_RANGES, static_cast<unsigned long long>(dimensions) + askedBelow));
+    const bool isShort =
+        part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
+    if (isShort)
+        m_findings.add(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId,
+                       m_parts.rangesFieldOf(typeId, part), part.rangesAt - sizeof part.rangeCount,
+                       "Found " + std::to_string(part.rangeCount) + " constraints, and " +
+                           std::to_string(asked) + " dimensions consume them.");
+    return asked - m_parts.rangesWithBounds(part, asked);
+}
+
+/// Reported where the limit is first passed, not at everything above.
+inline void WalkVerifier::close(unsigned int typeId, const Sum& sum) {
+    WalkCost cost = sum.cost;
+    cost.steps = addSteps(cost.steps, ownSteps(m_types[typeId]), m_limits.maxWalkSteps);
+    closeCost(m_types[typeId], cost);
+    if (cost.steps > m_limits.maxWalkSteps && !sum.passedBelow && !cost.entersClasses)
+        addWalkTooLarge(m_types[typeId], typeId, m_findings, m_limits.maxWalkSteps);
+    m_costs[typeId] = cost;
+    m_states[typeId].open = sum.open;
+    m_states[typeId].progress = Progress::DONE;
+}
+
+bool WalkVerifier::settle(unsigned int typeId) {
     if (m_types.roles[typeId] < Role::PASSAGE || !m_parts.areAtHand(typeId))
-        return;
+        return false;
     if (!m_parts.allOf(typeId, [this](const Part& part) { return isSettled(part.typeId); }))
-        return;
-    m_costs[typeId].steps = ownSteps(m_types[typeId]);
-    bool passedBelow = false;
+        return false;
+    Sum sum;
     m_parts.allOf(typeId, [&](const Part& part) {
         if (isSound(typeId, part))
-            account(typeId, part, passedBelow);
+            account(typeId, part, sum);
         return true;
     });
-    close(typeId, passedBelow);
+    close(typeId, sum);
+    return !sum.cost.entersClasses;
 }
 
 bool WalkVerifier::isSettled(unsigned int typeId) const {
@@ -77,20 +123,19 @@ void WalkVerifier::enter(unsigned int typeId) {
     const unsigned int lastRecord = isRecord         ? place + 1
                                     : m_path.empty() ? 0
                                                      : m_path.back().lastRecord;
-    m_path.push_back({typeId, lastRecord, m_parts.begin(typeId), {}, false, false});
+    m_path.push_back({typeId, lastRecord, m_parts.begin(typeId), {}, false, {}});
     m_states[typeId] = {0, place, Progress::OPEN};
-    m_costs[typeId].steps = ownSteps(m_types[typeId]);
 }
 
 void WalkVerifier::advance() {
     Step& step = m_path.back();
     if (step.isBelow) {
         step.isBelow = false;
-        account(step.typeId, step.part, step.passedBelow);
+        account(step.typeId, step.part, step.sum);
     } else if (m_parts.read(step.typeId, step.position, step.part)) {
         meet(step);
     } else {
-        close(step.typeId, step.passedBelow);
+        close(step.typeId, step.sum);
         m_path.pop_back();
     }
 }
@@ -118,7 +163,7 @@ void WalkVerifier::meet(Step& step) {
     } else if (isEntered && m_states[next].progress == Progress::OPEN) {
         addSelfContained(step);
     } else {
-        account(step.typeId, step.part, step.passedBelow);
+        account(step.typeId, step.part, step.sum);
     }
 }
 
@@ -131,49 +176,6 @@ void WalkVerifier::addSelfContained(const Step& step) {
                    m_parts.fieldOf(step.typeId, step.part), step.part.idAt,
                    "Type " + std::to_string(next) +
                        " contains this one by value, so that neither has a finite size.");
-}
-
-void WalkVerifier::account(unsigned int typeId, const Part& part, bool& passedBelow) {
-    const Role role = m_types.roles[part.typeId];
-    const bool isClass = role == Role::CLASS;
-    const bool isLeaf = isClass || role == Role::LEAF;
-    const WalkCost below = isLeaf ? WalkCost{0, false, isClass} : m_costs[part.typeId];
-    WalkCost& cost = m_costs[typeId];
-    passedBelow = passedBelow || below.steps > m_limits.maxWalkSteps;
-    cost.steps = addSteps(cost.steps, partSteps(part, below), m_limits.maxWalkSteps);
-    cost.givesRanges = cost.givesRanges || below.givesRanges;
-    cost.entersClasses = cost.entersClasses || below.entersClasses;
-    accountRanges(typeId, part, isLeaf ? 0 : m_states[part.typeId].open);
-}
-
-/// The list of a part answers, entry by entry, what is asked below; entries that stand open and
-/// those that are missing are asked of the level further out. An array asks for its own dimensions
-/// first, and its element may have what the list holds beyond them.
-void WalkVerifier::accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow) {
-    const unsigned int dimensions = ownSteps(m_types[typeId]);
-    const unsigned int asked = static_cast<unsigned int>(std::min<unsigned long long>(
-        MOST_RANGES, static_cast<unsigned long long>(dimensions) + askedBelow));
-    if (asked == 0)
-        return;
-    const bool isShort =
-        part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
-    if (isShort)
-        m_findings.add(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId,
-                       m_parts.rangesFieldOf(typeId, part), part.rangesAt - sizeof part.rangeCount,
-                       "Found " + std::to_string(part.rangeCount) + " constraints, and " +
-                           std::to_string(asked) + " dimensions consume them.");
-    const unsigned long long open = asked - m_parts.rangesWithBounds(part, asked);
-    unsigned int& sum = m_states[typeId].open;
-    sum = static_cast<unsigned int>(std::min<unsigned long long>(MOST_RANGES, sum + open));
-}
-
-/// Reported where the limit is first passed, not at everything above.
-void WalkVerifier::close(unsigned int typeId, bool passedBelow) {
-    WalkCost& cost = m_costs[typeId];
-    closeCost(m_types[typeId], cost);
-    if (cost.steps > m_limits.maxWalkSteps && !passedBelow && !cost.entersClasses)
-        addWalkTooLarge(m_types[typeId], typeId, m_findings, m_limits.maxWalkSteps);
-    m_states[typeId].progress = Progress::DONE;
 }
 
 } // namespace TypeFile

@@ -52,9 +52,10 @@ public:
     /// Makes room once the type count is known.
     void begin();
 
-    /// Checks a type whose record was just read, if all of its parts are checked. Most are: a type
-    /// mostly comes behind those that it is made of, and is not read again then.
-    void settle(unsigned int typeId);
+    /// Checks a type whose record was just read, if all of its parts are checked. Most are, since a
+    /// type mostly comes behind those that it is made of. Whether nobody will ask for its parts
+    /// again.
+    bool settle(unsigned int typeId);
 
     /// Checks the types that are left, when all records are read. Whether no type contains itself
     /// by value.
@@ -72,6 +73,13 @@ private:
         Progress progress = Progress::NEW;
     };
 
+    /// What the parts of a type come to, as far as they were accounted.
+    struct Sum {
+        WalkCost cost;
+        unsigned int open = 0;
+        bool passedBelow = false; ///< A part alone passes the limit of the walk.
+    };
+
     /// A type on the way down, with the part that the way goes on through.
     struct Step {
         unsigned int typeId;
@@ -79,7 +87,7 @@ private:
         PartPosition position;
         Part part;
         bool isBelow;
-        bool passedBelow; ///< A part alone passes the limit of the walk.
+        Sum sum;
     };
 
     bool isSettled(unsigned int typeId) const;
@@ -88,9 +96,9 @@ private:
     void advance();
     void meet(Step& step);
     bool isSound(unsigned int typeId, const Part& part);
-    void account(unsigned int typeId, const Part& part, bool& passedBelow);
-    void accountRanges(unsigned int typeId, const Part& part, unsigned int askedBelow);
-    void close(unsigned int typeId, bool passedBelow);
+    void account(unsigned int typeId, const Part& part, Sum& sum);
+    unsigned int openRanges(unsigned int typeId, const Part& part, unsigned int askedBelow);
+    void close(unsigned int typeId, const Sum& sum);
     void addSelfContained(const Step& step);
 
     const TypeTable& m_types;
@@ -98,7 +106,7 @@ private:
     FindingList& m_findings;
     const VerifyLimits& m_limits;
     std::vector<State> m_states;
-    std::vector<WalkCost> m_costs; ///< While a type is open: of the parts so far.
+    std::vector<WalkCost> m_costs;
     std::vector<Step> m_path;
     bool m_isFinite = true;
 };
