@@ -45,11 +45,15 @@ struct TypeTable {
     std::vector<TypeFacts> facts;
     std::vector<Role> roles;
 
-    /// Of types that will be looked at again; no more than memory that grows with the type count
-    /// alone can hold.
+    /// Of types that will be looked at again. A file can have far more members than types, and
+    /// memory must not grow with them: most members of real files find room.
     std::vector<Part> members;
+    static constexpr std::size_t MEMBERS_KEPT = 1024;
+    static constexpr std::size_t MORE_KEPT_PER_TYPE = 2;
 
-    bool hasRoomForMember() const { return members.size() < 1024 + 2 * facts.size(); }
+    bool hasRoomForMember() const {
+        return members.size() < MEMBERS_KEPT + MORE_KEPT_PER_TYPE * facts.size();
+    }
 
     /// Gives the members of the type, which were kept last, back.
     void dropMembers(unsigned int id) {

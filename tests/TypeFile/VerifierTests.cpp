@@ -509,6 +509,17 @@ TEST(InvalidReference, MemberOfAnIdOutsideTheTable) {
                 file.address(1) + BODY + 8 + 10 + 2);
 }
 
+TEST(InvalidReference, LastOfMoreMembersThanAreKept) {
+    constexpr unsigned int MEMBERS = 3000;
+    TypeFileBuilder file;
+    file.record(0xA0000011, "s").u32(VLOG_UNPACKED_STRUCT).i32(MEMBERS);
+    for (unsigned int i = 1; i < MEMBERS; ++i)
+        file.str("m").u32(1).u32(0); // Of the integer, which comes behind the struct.
+    file.str("m").u32(7).u32(0).i32(-99).integer("i");
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "member[2999].type id",
+                file.address(0) + BODY + 8 + (MEMBERS - 1) * 10 + 2);
+}
+
 TEST(InvalidReference, ClassMemberWithoutAType) {
     TypeFileBuilder file;
     addClass(file, NO_BASE, {0, NO_BASE});
