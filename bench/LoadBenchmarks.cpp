@@ -3,11 +3,11 @@
 
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
+#include "bench/EveryCount.h"
 #include "bench/TypeStorage.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <optional>
 
 namespace {
@@ -84,22 +84,13 @@ void LazyFirstTypeFloor(benchmark::State& state) {
     }
 }
 
-/// Small tables are loaded more often, so that a sample is never less than 100,000 types.
-void everyCount(benchmark::internal::Benchmark* benchmark, int count) {
-    benchmark->Arg(count)->Iterations(std::max(100000 / count, 1))->UseRealTime();
-}
-
-#define MEASURE(function, name)                                                                    \
-    BENCHMARK(function)->Name(name)->Apply([](auto* b) { everyCount(b, 1000); });                  \
-    BENCHMARK(function)->Name(name)->Apply([](auto* b) { everyCount(b, 10000); });                 \
-    BENCHMARK(function)->Name(name)->Apply([](auto* b) { everyCount(b, 100000); });                \
-    BENCHMARK(function)->Name(name)->Apply([](auto* b) { everyCount(b, 1000000); })
-
-MEASURE(Load, "Load");
-MEASURE(LoadFloorTime, "Load/floor");
-MEASURE(Teardown, "Teardown");
-MEASURE(TeardownFloor, "Teardown/floor");
-MEASURE(LazyFirstType, "LazyFirstType");
-MEASURE(LazyFirstTypeFloor, "LazyFirstType/floor");
+const int REGISTERED[] = {
+    Bench::measureEveryCount("Load", Load),
+    Bench::measureEveryCount("Load/floor", LoadFloorTime),
+    Bench::measureEveryCount("Teardown", Teardown),
+    Bench::measureEveryCount("Teardown/floor", TeardownFloor),
+    Bench::measureEveryCount("LazyFirstType", LazyFirstType),
+    Bench::measureEveryCount("LazyFirstType/floor", LazyFirstTypeFloor),
+};
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
-#include "RTTI/RTTypeManager.h"
 #include "bench/TypeStorage.h"
 
 #include <benchmark/benchmark.h>
@@ -11,22 +10,10 @@ namespace {
 
 using namespace RTTI;
 
-/// All types of a table, loaded.
-struct LoadedTable {
-    explicit LoadedTable(const benchmark::State& state) {
-        const auto count = static_cast<unsigned int>(state.range(0));
-        manager.setupDeserializer(Bench::TypeStorage::of(count).storage, 0);
-        for (unsigned int id = 0; id < count; ++id)
-            types.push_back(manager.getRTType(id));
-    }
-    RTTypeManager manager;
-    std::vector<RTBaseType*> types;
-};
-
 template <typename Query> void askEach(benchmark::State& state, const Query& query) {
-    const LoadedTable table(state);
+    const auto& types = Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
     for (auto _ : state) {
-        for (const RTBaseType* type : table.types)
+        for (const RTBaseType* type : types)
             benchmark::DoNotOptimize(query(*type));
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -35,8 +22,8 @@ template <typename Query> void askEach(benchmark::State& state, const Query& que
 #define QUERY(name, answer)                                                                        \
     BENCHMARK_CAPTURE(askEach, name, [](const RTBaseType& type) { return answer; })                \
         ->Name("Query/" #name)                                                                     \
-        ->Arg(1000)                                                                                \
-        ->Arg(100000)                                                                              \
+        ->RangeMultiplier(10)                                                                      \
+        ->Range(1000, 1000000)                                                                     \
         ->UseRealTime()
 
 QUERY(floor, type.GetClassId());

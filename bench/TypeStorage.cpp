@@ -17,4 +17,12 @@ TypeStorage& TypeStorage::of(unsigned int typeCount) {
     return *storage;
 }
 
+const TypeList& TypeStorage::types() {
+    if (m_types.empty()) {
+        m_manager.setupDeserializer(storage, 0);
+        m_types = allTypes(m_manager);
+    }
+    return m_types;
+}
+
 } // namespace Bench

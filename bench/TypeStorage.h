@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OVAT/MemoryBlockManager.h"
+#include "bench/AllTypes.h"
 #include "bench/LoadFloor.h"
 
 #include <memory>
@@ -14,9 +15,16 @@ struct TypeStorage {
 
     static TypeStorage& of(unsigned int typeCount);
 
+    /// All types, by id, loaded when they are first asked for.
+    const TypeList& types();
+
     std::vector<char> bytes;
     OVAT::MemoryBlockManager storage;
     LoadPlan plan;
+
+private:
+    RTTI::RTTypeManager m_manager;
+    TypeList m_types;
 };
 
 } // namespace Bench

@@ -3,62 +3,51 @@
 
 #include "Inspect/TypeJsonReader.h"
 #include "Inspect/TypeJsonWriter.h"
-#include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileWriter.h"
 #include "bench/TypeStorage.h"
 
 #include <benchmark/benchmark.h>
 
 #include <sstream>
+#include <string>
 
 namespace {
 
 using namespace RTTI;
 
-class TableWriting : public benchmark::Fixture {
-public:
-    void SetUp(const benchmark::State& state) override {
-        const auto count = static_cast<unsigned int>(state.range(0));
-        m_manager = std::make_unique<RTTypeManager>();
-        m_manager->setupDeserializer(Bench::TypeStorage::of(count).storage, 0);
-        for (unsigned int id = 0; id < count; ++id)
-            m_types.push_back(m_manager->getRTType(id));
-    }
-    void TearDown(const benchmark::State&) override {
-        m_types.clear();
-        m_manager.reset();
-    }
+using Bench::TypeList;
 
-protected:
-    std::string json() const {
-        std::ostringstream text;
-        Inspect::TypeJsonWriter writer(text, Inspect::JsonForm::DOCUMENT, "generated");
-        for (unsigned int id = 0; id < m_types.size(); ++id)
-            writer.type(id, *m_types[id]);
-        writer.end();
-        return text.str();
-    }
+const TypeList& typesOf(const benchmark::State& state) {
+    return Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
+}
 
-    std::unique_ptr<RTTypeManager> m_manager;
-    std::vector<const RTBaseType*> m_types;
-};
+std::string jsonOf(const TypeList& types) {
+    std::ostringstream text;
+    Inspect::TypeJsonWriter writer(text, Inspect::JsonForm::DOCUMENT, "generated");
+    for (unsigned int id = 0; id < types.size(); ++id)
+        writer.type(id, *types[id]);
+    writer.end();
+    return text.str();
+}
 
-BENCHMARK_DEFINE_F(TableWriting, Write)(benchmark::State& state) {
+void Write(benchmark::State& state) {
+    const TypeList& types = typesOf(state);
     for (auto _ : state) {
         TypeFile::TypeFileWriter writer;
-        for (const RTBaseType* type : m_types)
+        for (const RTBaseType* type : types)
             writer.add(*type);
         benchmark::DoNotOptimize(writer.finish().data());
     }
 }
 
-BENCHMARK_DEFINE_F(TableWriting, WriteJson)(benchmark::State& state) {
+void WriteJson(benchmark::State& state) {
+    const TypeList& types = typesOf(state);
     for (auto _ : state)
-        benchmark::DoNotOptimize(json().data());
+        benchmark::DoNotOptimize(jsonOf(types).data());
 }
 
-BENCHMARK_DEFINE_F(TableWriting, ReadJson)(benchmark::State& state) {
-    const std::string text = json();
+void ReadJson(benchmark::State& state) {
+    const std::string text = jsonOf(typesOf(state));
     for (auto _ : state) {
         std::istringstream in(text);
         TypeFile::TypeFileWriter writer;
@@ -70,16 +59,12 @@ BENCHMARK_DEFINE_F(TableWriting, ReadJson)(benchmark::State& state) {
     }
 }
 
-BENCHMARK_REGISTER_F(TableWriting, Write)->Name("Write")->Arg(1000)->Arg(100000)->UseRealTime();
-BENCHMARK_REGISTER_F(TableWriting, WriteJson)
-    ->Name("WriteJson")
-    ->Arg(1000)
-    ->Arg(100000)
-    ->UseRealTime();
-BENCHMARK_REGISTER_F(TableWriting, ReadJson)
-    ->Name("ReadJson")
-    ->Arg(1000)
-    ->Arg(100000)
-    ->UseRealTime();
+BENCHMARK(Write)->RangeMultiplier(10)->Range(1000, 1000000)->UseRealTime();
+
+// JSON of a million types takes seconds: three samples tell as much as eleven.
+BENCHMARK(WriteJson)->RangeMultiplier(10)->Range(1000, 100000)->UseRealTime();
+BENCHMARK(WriteJson)->Arg(1000000)->Repetitions(3)->UseRealTime();
+BENCHMARK(ReadJson)->RangeMultiplier(10)->Range(1000, 100000)->UseRealTime();
+BENCHMARK(ReadJson)->Arg(1000000)->Repetitions(3)->UseRealTime();
 
 } // namespace
