@@ -33,6 +33,7 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME qd-wavedata-rtti-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS graphviz)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
     "The program rtti shows what is in a type file and makes one from JSON.")
 

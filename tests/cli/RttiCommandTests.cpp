@@ -1,72 +1,20 @@
 // The program as its users meet it: what it prints and how it ends.
 
+#include "tests/cli/RttiProgram.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <string>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-struct Result {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string scratch(const std::string& name) {
-    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string file = test->name();
-    std::replace(file.begin(), file.end(), '/', '-'); // Names of tests with a parameter.
-    return testing::TempDir() + file + '.' + std::to_string(::getpid()) + '.' + name;
-}
-
-Result rtti(const std::string& arguments) {
-    const std::string command = std::string(RTTI_PROGRAM " ") + arguments + " >'" + scratch("out") +
-                                "' 2>'" + scratch("err") + "'";
-    const int status = std::system(command.c_str());
-    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(scratch("out")),
-                  contentOf(scratch("err"))};
-    std::remove(scratch("out").c_str());
-    std::remove(scratch("err").c_str());
-    return result;
-}
-
-std::string example(const std::string& name) { return EXAMPLE_TYPEFILES_DIR "/" + name + ".typ"; }
-
-std::string fileOf(const std::string& bytes) {
-    const std::string path = scratch("typ");
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-}
-
-void expectOneLine(const std::string& text) {
-    EXPECT_EQ(text.find('\n'), text.size() - 1) << text;
-    EXPECT_THAT(text, StartsWith("rtti: "));
-}
-
-std::size_t count(const std::string& text, const std::string& part) {
-    std::size_t found = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-        ++found;
-    return found;
-}
 
 std::string word(unsigned int value, int bytes = 4) {
     std::string text;

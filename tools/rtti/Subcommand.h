@@ -17,5 +17,6 @@ struct Subcommand {
 // Each adds a subcommand with its arguments to the program.
 Subcommand addBuild(CLI::App& program);
 Subcommand addDump(CLI::App& program);
+Subcommand addGraph(CLI::App& program);
 Subcommand addShow(CLI::App& program);
 Subcommand addVerify(CLI::App& program);

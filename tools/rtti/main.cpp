@@ -68,7 +68,8 @@ int main(int argc, char** argv) {
         "Exit status: 0 done, 1 the file has faults, 2 the call is wrong or the file "
         "cannot be read.");
     const std::vector<Subcommand> subcommands = {addDump(program), addShow(program),
-                                                 addBuild(program), addVerify(program)};
+                                                 addGraph(program), addBuild(program),
+                                                 addVerify(program)};
     const int status = run(program, subcommands, argc, argv);
     if (!std::cout.flush())
         return fail("standard output: the text could not be written", WRONG_CALL);

@@ -17,11 +17,18 @@ _rtti() {
     help=$("$program" ${subcommand:+"$subcommand"} --help 2>/dev/null)
 
     if [[ $previous == -* ]]; then
-        # What the option takes: the word after its names, such as UINT; nothing for a flag.
+        # What the option takes: the word after its names, such as UINT or LANGUAGE:{vhdl,sv};
+        # nothing for a flag.
         value=$(sed -nE "s/^  (-[^ ]*,)?$previous ([^ ]+).*/\2/p" <<<"$help")
         case $previous:$value in
         --kind:*)
             mapfile -t COMPREPLY < <(compgen -W "$(_rtti_kinds "$program")" -- "$current")
+            return
+            ;;
+        *:*{*})
+            value=${value#*\{}
+            value=${value%\}}
+            mapfile -t COMPREPLY < <(compgen -W "${value//,/ }" -- "$current")
             return
             ;;
         *:UINT | *:N | *:GLOB) return ;;

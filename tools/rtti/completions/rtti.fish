@@ -27,6 +27,15 @@ function __rtti_wants
     contains -- "$value" $argv
 end
 
+# The values that the option before the cursor takes, where --help lists them: LANGUAGE:{vhdl,sv}.
+function __rtti_choices
+    set -l words (commandline -opc)
+    test (count $words) -gt 2; or return 1
+    set -l choices (rtti $words[2] --help 2>/dev/null |
+        string match -r -g -- "^  (?:-[^ ]*,)?$words[-1] [A-Z]+:\{([^}]+)\}")
+    and string split , -- $choices
+end
+
 function __rtti_wants_kind
     test (commandline -opc)[-1] = --kind
 end
@@ -40,6 +49,7 @@ end
 complete -c rtti -n __fish_use_subcommand -f -a '(__rtti_subcommands)'
 complete -c rtti -n __fish_use_subcommand -s h -l help -d 'Print help'
 complete -c rtti -n __rtti_wants_kind -f -a '(__rtti_kinds)'
+complete -c rtti -n '__rtti_choices >/dev/null' -f -a '(__rtti_choices)'
 complete -c rtti -n '__rtti_wants UINT N GLOB' -f
 complete -c rtti -n 'not __fish_use_subcommand; and string match -q -- "-*" (commandline -ct)' \
     -f -a '(__rtti_options)'

@@ -1,0 +1,306 @@
+#include "Inspect/GraphWriter.h"
+#include "RTTI/CTType.h"
+#include "TypeFile/TypeBuilding.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace RTTI;
+using namespace Inspect;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// Types by id, made in the test; null is an id that builds no type.
+class Types {
+public:
+    template <typename Type> Type& add(const char* name, std::unique_ptr<Type> type) {
+        if (name != nullptr)
+            TypeFile::setName(*type, name);
+        Type& added = *type;
+        m_types.push_back(std::move(type));
+        return added;
+    }
+    template <typename Type> Type& add(const char* name) {
+        return add(name, std::make_unique<Type>());
+    }
+    void addHole() { m_types.push_back(nullptr); }
+
+    std::string graph(GraphForm form, GraphRequest request = {}) const {
+        std::ostringstream out;
+        m_size = writeGraph(out, table(), request, form);
+        return out.str();
+    }
+
+    /// The ids and the edges that a graph shows, such as "1 member 0".
+    std::vector<std::string> shown(GraphRequest request = {}) const {
+        const auto json = nlohmann::json::parse(graph(GraphForm::JSON, request));
+        std::vector<std::string> texts;
+        for (const auto& node : json["nodes"])
+            texts.push_back(node["id"].dump());
+        for (const auto& edge : json["edges"])
+            texts.push_back(edge["from"].dump() + ' ' + edge["role"].get<std::string>() + ' ' +
+                            edge["to"].dump());
+        return texts;
+    }
+
+    GraphSize size() const { return m_size; }
+
+private:
+    TypeTable table() const {
+        return {static_cast<unsigned int>(m_types.size()), [this](unsigned int id) {
+                    return id < m_types.size() ? m_types[id].get() : nullptr;
+                }};
+    }
+
+    std::vector<std::unique_ptr<RTBaseType>> m_types;
+    mutable GraphSize m_size;
+};
+
+RTIntType& addInteger(Types& types, const char* name) {
+    auto& type = types.add<RTIntType>(name);
+    type.m_constraint = {0, 255, TypeFileFormat::TO_DIRECTION};
+    return type;
+}
+
+RTRecordType& addRecord(Types& types, const char* name) {
+    auto& type = types.add<RTRecordType>(name);
+    type.m_recordKind = VHDL_RECORD;
+    return type;
+}
+
+RTClassType& addClass(Types& types, const char* name,
+                      unsigned int base = TypeFileFormat::NO_TYPE_ID) {
+    auto& type = types.add<RTClassType>(name);
+    type.m_baseClassTypeId = base;
+    return type;
+}
+
+/// An integer, and typedefs of it that each alias the one before.
+void addChain(Types& types, unsigned int length) {
+    addInteger(types, "end");
+    for (unsigned int id = 0; id < length; ++id)
+        types.add<RTTypedefType>("link").m_dataTypeId = id;
+}
+
+std::string linesWith(const std::string& text, const std::string& part) {
+    std::istringstream in(text);
+    std::string lines;
+    for (std::string line; std::getline(in, line);) {
+        if (line.find(part) != std::string::npos)
+            lines += line + '\n';
+    }
+    return lines;
+}
+
+TEST(GraphWriter, DrawsInheritanceFromTheBaseClassInAGroupOfItsOwn) {
+    Types types;
+    addClass(types, "base");
+    TypeFile::addMember(addClass(types, "derived", 0), "peer", 1);
+    const std::string dot = types.graph(GraphForm::DOT);
+    EXPECT_THAT(dot, HasSubstr("  subgraph cluster_classes {\n"
+                               "    label=\"classes\"; labeljust=l; color=\"#6A3FA0\"; "
+                               "style=rounded;\n"
+                               "    T0;\n"
+                               "    T1;\n"
+                               "    T0 -> T1 [dir=back, arrowtail=empty, arrowsize=1, "
+                               "penwidth=1.6, weight=8, color=\"#6A3FA0\"];\n"
+                               "  }\n"
+                               "  T1 -> T1 [arrowhead=vee, constraint=false, label=<peer>];\n"));
+    const std::string mermaid = types.graph(GraphForm::MERMAID);
+    EXPECT_THAT(mermaid, HasSubstr("  T0 <|-- T1\n  T1 --> T1 : peer\n"));
+}
+
+TEST(GraphWriter, DrawsNoGroupWithoutClasses) {
+    Types types;
+    addInteger(types, "int");
+    EXPECT_THAT(types.graph(GraphForm::DOT), Not(HasSubstr("subgraph")));
+}
+
+TEST(GraphWriter, GivesEachNodeItsIdKindNameAndRange) {
+    Types types;
+    addInteger(types, "byte_t");
+    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
+              "  T0 [label=<0 <i>integer</i><br/><b>byte_t</b><br/>0 to 255>, "
+              "fillcolor=\"#FFFFFF\"];\n");
+    EXPECT_THAT(types.graph(GraphForm::MERMAID), HasSubstr("  class T0[\"0 byte_t\"] {\n"
+                                                           "    <<integer>>\n"
+                                                           "    0 to 255\n"
+                                                           "  }\n"));
+}
+
+TEST(GraphWriter, LeavesOutTheNameOfATypeWithoutOne) {
+    Types types;
+    addInteger(types, nullptr);
+    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
+              "  T0 [label=<0 <i>integer</i><br/>0 to 255>, fillcolor=\"#FFFFFF\"];\n");
+    EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr("\"name\":null"));
+}
+
+TEST(GraphWriter, DrawsEachRoleInItsOwnStyle) {
+    Types types;
+    addInteger(types, "int");
+    types.add("array", std::make_unique<CTArrayType>("", VHDL_ARRAY, 0, 0));
+    types.add("access", std::make_unique<CTAccessType>("", 0));
+    types.add("file", std::make_unique<CTFileType>("", 0));
+    types.add("alias", std::make_unique<CTTypedefType>("", 0));
+    types.add<RTDiscreteEnumType>("enum").m_baseTypeId = 0;
+    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "->"),
+              "  T1 -> T0 [dir=both, arrowtail=odiamond];\n"
+              "  T1 -> T0 [style=dotted, arrowhead=vee, color=\"#888888\"];\n"
+              "  T2 -> T0 [style=dashed, arrowhead=vee, label=<access>];\n"
+              "  T3 -> T0 [style=dashed, arrowhead=vee, label=<file of>];\n"
+              "  T4 -> T0 [style=dashed, arrowhead=vee];\n"
+              "  T5 -> T0 [style=dashed, arrowhead=vee, label=<base type>];\n");
+    EXPECT_EQ(linesWith(types.graph(GraphForm::MERMAID), " T0"), "  class T0[\"0 int\"] {\n"
+                                                                 "  T1 o-- T0\n"
+                                                                 "  T1 ..> T0 : index\n"
+                                                                 "  T2 ..> T0 : access\n"
+                                                                 "  T3 ..> T0 : file of\n"
+                                                                 "  T4 ..> T0\n"
+                                                                 "  T5 ..> T0 : base type\n");
+}
+
+TEST(GraphWriter, MergesMembersOfOneTypeInTheOrderOfTheirDeclaration) {
+    Types types;
+    auto& record = addRecord(types, "rec");
+    addInteger(types, "a");
+    addInteger(types, "b");
+    TypeFile::addMember(record, "x", 2);
+    TypeFile::addMember(record, "y", 1);
+    TypeFile::addMember(record, "z", 2);
+    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "->"),
+              "  T0 -> T2 [arrowhead=vee, label=<x<br/>z>];\n"
+              "  T0 -> T1 [arrowhead=vee, label=<y>];\n");
+    EXPECT_EQ(types.size().types, 3u);
+    EXPECT_EQ(types.size().edges, 2u);
+}
+
+TEST(GraphWriter, CountsTheMembersThatAPictureHasNoRoomFor) {
+    Types types;
+    addInteger(types, "int");
+    auto& five = addRecord(types, "five");
+    auto& six = addRecord(types, "six");
+    for (const char* name : {"a", "b", "c", "d", "e"}) {
+        TypeFile::addMember(five, name, 0);
+        TypeFile::addMember(six, name, 0);
+    }
+    TypeFile::addMember(six, "f", 0);
+    EXPECT_EQ(linesWith(types.graph(GraphForm::MERMAID), " --> T0"),
+              "  T1 --> T0 : a, b, c, d, e\n"
+              "  T2 --> T0 : a, b, c, d, +2 more\n");
+    EXPECT_EQ(linesWith(types.graph(GraphForm::JSON), "\"from\":2"),
+              "{\"from\":2,\"to\":0,\"role\":\"member\","
+              "\"members\":[\"a\",\"b\",\"c\",\"d\",\"e\",\"f\"]}\n");
+}
+
+TEST(GraphWriter, ShortensLongNamesInPicturesAlone) {
+    Types types;
+    addInteger(types, std::string(61, 'n').c_str());
+    addInteger(types, std::string(60, 'm').c_str());
+    const std::string dot = types.graph(GraphForm::DOT);
+    EXPECT_THAT(dot, HasSubstr("<b>" + std::string(57, 'n') + "...</b>"));
+    EXPECT_THAT(dot, HasSubstr("<b>" + std::string(60, 'm') + "</b>"));
+    EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr(std::string(61, 'n')));
+}
+
+TEST(GraphWriter, EscapesWhatDotAndHtmlWouldTakeForMore) {
+    Types types;
+    addInteger(types, "<b>&\"\\N\n\xFF");
+    EXPECT_THAT(types.graph(GraphForm::DOT),
+                HasSubstr("<b>&lt;b&gt;&amp;&quot;\\\\N\\\\n\\\\xFF</b>"));
+}
+
+TEST(GraphWriter, WritesOddCharactersOfMermaidAsCodes) {
+    Types types;
+    addInteger(types, "a::b#(\"T\")\x1B");
+    EXPECT_THAT(types.graph(GraphForm::MERMAID),
+                HasSubstr("[\"0 a::b#35;#40;#34;T#34;#41;#92;x1B\"]"));
+}
+
+TEST(GraphWriter, HidesTextThatMermaidWouldTakeForAStatement) {
+    Types types;
+    addInteger(types, "direction LR");
+    addInteger(types, "style::x#");
+    auto& record = addRecord(types, " blank");
+    TypeFile::addMember(record, "m:n", 0);
+    const std::string mermaid = types.graph(GraphForm::MERMAID);
+    EXPECT_THAT(mermaid, HasSubstr("[\"0 direction#32;LR\"]"));
+    EXPECT_THAT(mermaid, HasSubstr("[\"1 style#58;#58;x#35;\"]"));
+    EXPECT_THAT(mermaid, HasSubstr("[\"2 #32;blank\"]"));
+    EXPECT_THAT(mermaid, HasSubstr("T2 --> T0 : m#58;n\n"));
+}
+
+TEST(GraphWriter, ShowsIdsWithoutATypeThatSomethingRefersTo) {
+    Types types;
+    types.addHole();
+    auto& record = addRecord(types, "rec");
+    types.addHole();
+    TypeFile::addMember(record, "gone", 0);
+    TypeFile::addMember(record, "outside", 9);
+    EXPECT_THAT(types.shown(), ElementsAre("1", "0", "9", "1 member 0", "1 member 9"));
+    EXPECT_THAT(types.graph(GraphForm::DOT),
+                HasSubstr("  T0 [label=<0 <i>builds no type</i>>, style=dotted];\n"));
+    EXPECT_THAT(types.graph(GraphForm::MERMAID), HasSubstr("  class T9[\"9 builds no type\"]\n"));
+    EXPECT_EQ(types.size().types, 3u);
+}
+
+TEST(GraphWriter, ShowsARootWithoutAType) {
+    Types types;
+    types.addHole();
+    EXPECT_THAT(types.shown({0, 5}), ElementsAre("0"));
+}
+
+TEST(GraphWriter, ShowsWhatARootReachesInTheOrderOfTheIds) {
+    Types types;
+    addInteger(types, "unrelated");
+    types.add("queue", std::make_unique<CTQueueType>("", 3));
+    addInteger(types, "last");
+    types.add("alias", std::make_unique<CTTypedefType>("", 2));
+    EXPECT_THAT(types.shown({1, 9}), ElementsAre("1", "2", "3", "1 element 3", "3 aliased 2"));
+}
+
+TEST(GraphWriter, StopsAtTheDepthAndSaysWhereItCut) {
+    Types types;
+    addChain(types, 3);
+    EXPECT_THAT(types.shown({3, 0}), ElementsAre("3"));
+    EXPECT_THAT(types.shown({3, 1}), ElementsAre("2", "3", "3 aliased 2"));
+    EXPECT_THAT(types.shown({3, 3}).size(), 4u + 3u);
+    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT, {3, 1}), "dashed\""),
+              "  T2 [label=<2 <i>typedef</i><br/><b>link</b>>, fillcolor=\"#FFFFFF\", "
+              "style=\"rounded,filled,dashed\"];\n");
+    EXPECT_THAT(types.graph(GraphForm::MERMAID, {3, 1}), HasSubstr("<<typedef>>\n    ...\n  }\n"));
+}
+
+TEST(GraphWriter, ReachesEachTypeOfACycleOnce) {
+    Types types;
+    auto& record = addRecord(types, "node");
+    types.add("next", std::make_unique<CTAccessType>("", 0));
+    TypeFile::addMember(record, "next", 1);
+    EXPECT_THAT(types.shown({1, 100}), ElementsAre("0", "1", "0 member 1", "1 designated 0"));
+}
+
+TEST(GraphWriter, FollowsManyLinksInARow) {
+    Types types;
+    addChain(types, 200000);
+    std::ignore = types.graph(GraphForm::DOT, {200000, 200000});
+    EXPECT_EQ(types.size().types, 200001u);
+    EXPECT_EQ(types.size().edges, 200000u);
+}
+
+TEST(GraphWriter, WritesAnEmptyGraphForAnEmptyTable) {
+    const Types types;
+    EXPECT_EQ(types.graph(GraphForm::JSON), "{\"nodes\":[\n],\n\"edges\":[\n]}\n");
+    EXPECT_THAT(types.graph(GraphForm::DOT), testing::EndsWith("arrowsize=0.7];\n}\n"));
+}
+
+} // namespace

@@ -1,0 +1,109 @@
+#include "Graphviz.h"
+#include "Inspect/GraphWriter.h"
+#include "Inspect/TypeText.h"
+#include "OpenedFile.h"
+#include "OutputFile.h"
+#include "Subcommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <map>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+using Inspect::GraphForm;
+
+namespace {
+
+enum class Format { DOT, MERMAID, SVG, JSON };
+
+const std::map<std::string, Format> formats = {{"dot", Format::DOT},
+                                               {"mermaid", Format::MERMAID},
+                                               {"svg", Format::SVG},
+                                               {"json", Format::JSON}};
+
+/// `rtti graph`: which types, in what form, and where to.
+struct GraphOptions : FileArguments {
+    std::optional<unsigned int> id;    ///< None for all types.
+    std::optional<unsigned int> depth; ///< None for no limit.
+    Format format = Format::DOT;
+    bool json = false;
+    std::string output; ///< Empty for standard output.
+};
+
+/// So many types Graphviz lays out within some seconds. Its time grows faster than their number.
+constexpr unsigned int QUICK_TYPES = 2000;
+
+/// So many edges Mermaid draws unless its option maxEdges allows for more.
+constexpr unsigned long long MERMAID_EDGES = 500;
+
+void warn(const GraphOptions& options, const std::string& text) {
+    std::cerr << "rtti: " << Inspect::escaped(options.file) << ": " << text
+              << " (fewer with ID and --depth)\n";
+}
+
+void writeSvg(std::ostream& out, const GraphOptions& options, const Inspect::TypeTable& types,
+              const Inspect::GraphRequest& request) {
+    std::ostringstream dot;
+    const Inspect::GraphSize size = Inspect::writeGraph(dot, types, request, GraphForm::DOT);
+    if (size.types > QUICK_TYPES)
+        warn(options, std::to_string(size.types) + " types: dot may need minutes for the picture");
+    out << svgOf(dot.str());
+}
+
+void write(std::ostream& out, const GraphOptions& options, const Inspect::TypeTable& types) {
+    Inspect::GraphRequest request;
+    request.root = options.id;
+    request.depth = options.depth.value_or(request.depth);
+    switch (options.format) {
+    case Format::DOT: Inspect::writeGraph(out, types, request, GraphForm::DOT); return;
+    case Format::JSON: Inspect::writeGraph(out, types, request, GraphForm::JSON); return;
+    case Format::SVG: writeSvg(out, options, types, request); return;
+    case Format::MERMAID: break;
+    }
+    const auto size = Inspect::writeGraph(out, types, request, GraphForm::MERMAID);
+    if (size.edges > MERMAID_EDGES)
+        warn(options, std::to_string(size.edges) + " edges: Mermaid draws " +
+                          std::to_string(MERMAID_EDGES) + " unless its maxEdges allows for more");
+}
+
+/// Writes the types of a file as a graph. The exit status is 0. Throws for a wrong call, an
+/// unusable file, an output that cannot be written, and where Graphviz is missing or fails.
+int runGraph(const GraphOptions& options) {
+    if (options.depth && !options.id)
+        throw CLI::ValidationError("--depth counts the links from a type: it needs an ID");
+    OpenedFile file(options);
+    if (options.id)
+        file.checkId("ID", *options.id);
+    OutputFile output(options.output);
+    write(output.stream(), options, options.id ? file.types() : file.loadedTypes());
+    output.commit();
+    return 0;
+}
+
+} // namespace
+
+Subcommand addGraph(CLI::App& program) {
+    const auto options = std::make_shared<GraphOptions>();
+    CLI::App* graph = program.add_subcommand("graph", "Draw types and what they refer to");
+    addFileArguments(*graph, *options);
+    graph->add_option("ID", options->id, "Only this type and what can be reached from it");
+    graph->add_option("--depth", options->depth, "Only what is at most N links away from ID")
+        ->type_name("N");
+    auto* format = graph->add_option("--format", options->format,
+                                     "Graphviz's language (the default), Mermaid's, a picture "
+                                     "that Graphviz draws, or JSON");
+    format->transform(CLI::CheckedTransformer(formats))->option_text("FORM:{dot,mermaid,svg,json}");
+    graph->add_flag("--json", options->json, "The same as --format json")->excludes(format);
+    graph->add_option("-o,--output", options->output, "File to write instead of standard output")
+        ->type_name("FILE");
+    graph->footer("Example:\n  rtti graph examples/typefiles/svkinds_slang.typ 71 --depth 1 "
+                  "--format svg -o classes.svg");
+    return {graph, options->file, [options] {
+                if (options->json)
+                    options->format = Format::JSON;
+                return runGraph(*options);
+            }};
+}
