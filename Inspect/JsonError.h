@@ -22,7 +22,11 @@ class JsonPlace {
 public:
     /// A place whose text is known.
     explicit JsonPlace(std::string text) : m_text(std::move(text)) {}
+
+    /// The value of `key` in the object at `outer`. Both are kept by reference.
     JsonPlace(const JsonPlace& outer, const char* key) : m_outer(&outer), m_key(key) {}
+
+    /// An item of the list at `outer`, which is kept by reference.
     JsonPlace(const JsonPlace& outer, std::size_t index) : m_outer(&outer), m_index(index) {}
 
     /// Such as "/types/3/members/0/name".

@@ -23,10 +23,16 @@ enum class Ink {
 /// passes through as it is. What is painted must be escaped already.
 class TextStyle {
 public:
+    /// Text as it is.
     static TextStyle plain() { return TextStyle(false); }
+
+    /// The colours of a terminal.
     static TextStyle coloured() { return TextStyle(true); }
 
+    /// Whether `paint` changes nothing.
     bool isPlain() const { return !m_isColoured; }
+
+    /// `text`, set off as the ink says.
     std::string paint(Ink ink, std::string_view text) const;
 
 private:

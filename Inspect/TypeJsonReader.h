@@ -22,6 +22,7 @@ public:
     /// Takes the version text, at most once.
     using TakeVersion = std::function<void(std::string_view version)>;
 
+    /// The functions are called while a text is read, in its order.
     TypeJsonReader(TakeType takeType, TakeVersion takeVersion);
 
     /// Reads one document. Throws JsonError.

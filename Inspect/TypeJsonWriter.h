@@ -18,9 +18,11 @@ enum class JsonForm {
 /// memory does not grow with the number of types.
 class TypeJsonWriter {
 public:
-    /// `version` is the file's version text.
+    /// Begins the text; `version` is the file's version text. `out` stays the caller's, outlives
+    /// the writer and keeps its own record of failures.
     TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version);
 
+    /// A type under its id. Grows with the size of its record.
     void type(unsigned int id, const RTTI::RTBaseType& type);
 
     /// An id whose record builds no type, with the kind code of that record.

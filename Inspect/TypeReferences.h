@@ -14,16 +14,15 @@ enum class LinkRole {
     FILE_ELEMENT, ///< Of a file type.
     ELEMENT,      ///< Of an array.
     INDEX,        ///< Of an array.
-    BASE_CLASS,
-    MEMBER
+    BASE_CLASS,   ///< Of a class.
+    MEMBER        ///< Of a record, struct, union or class.
 };
 
 /// A reference from one type to another.
 struct TypeLink {
-    LinkRole role;
-    unsigned int
-        position; ///< Of the member, or of the dimension that the index belongs to; else 0.
-    unsigned int typeId;
+    LinkRole role;         ///< What for.
+    unsigned int position; ///< Of the member, or of the index's dimension; else 0.
+    unsigned int typeId;   ///< Of the other type, which the file may not have.
 };
 
 /// Replaces `links` by the references in a type's own fields, in the order of its record; fields

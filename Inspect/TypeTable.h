@@ -4,6 +4,7 @@
 
 #include <functional>
 
+/// Types as text and as JSON, for people and for other programs.
 namespace Inspect {
 
 /// Gives the type of an id, or null where there is none.
@@ -12,8 +13,8 @@ using TypeLookup = std::function<const RTTI::RTBaseType*(unsigned int)>;
 /// The types of one file, as the printers see them: by id, from 0 on. Whoever makes a table decides
 /// whether a type is loaded before or when it is asked for; the types must outlive the table.
 struct TypeTable {
-    unsigned int count = 0;
-    TypeLookup typeOf;
+    unsigned int count = 0; ///< Ids go from 0 up to this.
+    TypeLookup typeOf;      ///< Null for an id whose record builds no type.
 };
 
 } // namespace Inspect

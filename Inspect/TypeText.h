@@ -24,8 +24,10 @@ std::string rangeText(const RTTI::FullConstraints& range);
 std::string encodingText(RTTI::ValueEncoding encoding);
 
 /// The enumerator's name of a kind, or its number where it has none.
+/// @{
 std::string arrayKindText(RTTI::ArrayKind kind);
 std::string recordKindText(RTTI::RecordKind kind);
 std::string enumKindText(RTTI::EnumKind kind);
+/// @}
 
 } // namespace Inspect

@@ -13,9 +13,10 @@ namespace OVAT {
 /// throw instead.
 class FileBlockManager : public IBlockManager {
 public:
+    /// How the bytes are reached: a mapped read is a copy, a positioned one a system call.
     enum class Access {
         MAP_WHERE_POSSIBLE, ///< Positioned reads only where the file cannot be mapped.
-        POSITIONED_READS
+        POSITIONED_READS    ///< For files that may shrink.
     };
 
     /// Throws std::system_error, with the path in its text, for what cannot be opened or has no
@@ -29,7 +30,10 @@ public:
     /// std::system_error where the file cannot be read.
     bool read(unsigned long long offset, void* buffer, long long count) override;
 
+    /// Bytes of the file when it was opened.
     unsigned long long size() const { return m_size; }
+
+    /// Whether reads are copies out of mapped memory.
     bool isMapped() const { return m_mapped != nullptr; }
 
 private:

@@ -1,5 +1,6 @@
 #pragma once
 
+/// Storages that type files lie in, and files that appear whole. Nothing here knows of types.
 namespace OVAT {
 
 /// The simulator's block storage: bytes that are read by absolute offset.
@@ -21,7 +22,9 @@ public:
     /// Copies `count` bytes that begin at the absolute storage offset `offset` into `buffer`.
     ///
     /// The result is ignored by every caller: an implementation that cannot deliver all `count`
-    /// bytes must throw, and the exception reaches whoever asked for the type.
+    /// bytes must throw, and the exception reaches whoever asked for the type. `buffer` belongs to
+    /// the caller. A load makes three reads a type: size, kind, record; and one for its address
+    /// before.
     virtual bool read(unsigned long long offset, void* buffer, long long count) = 0;
 };
 

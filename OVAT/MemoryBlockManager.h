@@ -16,6 +16,7 @@ public:
     /// Always true. Throws std::out_of_range where the bytes do not all lie in the storage.
     bool read(unsigned long long offset, void* buffer, long long count) override;
 
+    /// Bytes of the view.
     unsigned long long size() const { return m_size; }
 
 private:
@@ -26,11 +27,13 @@ private:
 /// Block storage over bytes of its own.
 class OwningMemoryBlockManager : public IBlockManager {
 public:
+    /// Takes the bytes; with std::move nothing is copied.
     explicit OwningMemoryBlockManager(std::vector<char> bytes);
 
     /// Always true. Throws std::out_of_range where the bytes do not all lie in the storage.
     bool read(unsigned long long offset, void* buffer, long long count) override;
 
+    /// Bytes of the storage.
     unsigned long long size() const { return m_bytes.size(); }
 
 private:

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+/// What walks over types carry along, apart from the types themselves.
 namespace Brakel_tolv {
 
 /// The ranges of the levels around a type, innermost on top, while a type's ranges are flattened.
@@ -18,36 +19,44 @@ template <typename Constraint> class ConstraintStack {
 public:
     /// The ranges of one level.
     struct Frame {
-        const std::vector<Constraint>* m_constraints;
+        const std::vector<Constraint>* m_constraints; ///< The entries.
         unsigned int m_cursor; ///< The entry that is used next.
         bool m_isCopy;         ///< Then the ranges belong to the frame, else to the level's type.
     };
 
+    /// Empty. Constant time; nothing is allocated.
     ConstraintStack() {} // Leaves the room for frames as it is.
     ConstraintStack(const ConstraintStack&) = delete;
     ConstraintStack& operator=(const ConstraintStack&) = delete;
+
+    /// Removes the frames that are left.
     ~ConstraintStack() { popTo(0); }
 
     /// Pushes a frame with a copy of `own`. Entries that stand open are first filled from the
-    /// bottom frame, where both agree on the first entry of `own` that has bounds.
+    /// bottom frame, where both agree on the first entry of `own` that has bounds. Grows with the
+    /// entries of both frames; throws std::bad_alloc alone, and then nothing was pushed.
     void push(const std::vector<Constraint>& own);
 
     /// The same without a copy where nothing is filled: `own` must not change until its frame is
-    /// popped.
+    /// popped. Grows with the entries where some stand open; throws as `push` does.
     void pushLasting(const std::vector<Constraint>& own);
 
-    /// Removes the top frame; the stack must not be empty.
+    /// Removes the top frame; the stack must not be empty. Constant time.
     void pop() { popTo(m_depth - 1); }
 
-    /// Removes the frames above the lowest `depth`, of which there must be that many.
+    /// Removes the frames above the lowest `depth`, of which there must be that many. Constant time
+    /// where none has ranges of its own, else linear in the frames removed.
     void popTo(std::size_t depth);
 
+    /// Frames on the stack.
     std::size_t depth() const { return m_depth; }
 
+    /// Whether a level leaves this range to the levels below it.
     static bool isOpen(const Constraint& range) {
         return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
     }
-    /// Whether a level with these ranges leaves one to the levels below it.
+
+    /// Whether a level with these ranges leaves one of them to the levels below it.
     static bool hasOpenEntries(const std::vector<Constraint>& ranges) {
         for (const Constraint& range : ranges) {
             if (isOpen(range))
@@ -57,7 +66,7 @@ public:
     }
 
     /// The next range, valid until the frame that gave it is popped. All zero where every level
-    /// leaves it open or has no entry left.
+    /// leaves it open or has no entry left. Grows with the number of levels that are asked.
     const Constraint& getConstraint();
 
 private:

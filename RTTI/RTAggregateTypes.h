@@ -17,11 +17,12 @@ public:
         t_Member& operator=(const t_Member&) = delete;
         virtual ~t_Member();
 
-        char* m_memberName = nullptr; ///< Zero-terminated, owned (array new).
-        unsigned int m_typeId = 0;
+        char* m_memberName = nullptr;               ///< Zero-terminated, owned (array new).
+        unsigned int m_typeId = 0;                  ///< Of its type.
         std::vector<FullConstraints> m_constraints; ///< In record order.
     };
 
+    /// Without members.
     using RTBaseType::RTBaseType;
     RTAggregateType() = default;
     ~RTAggregateType() override;
@@ -37,7 +38,7 @@ public:
     /// themselves.
     virtual unsigned int getClassId() const;
 
-    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;
+    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID; ///< -99 for none.
     std::vector<t_Member*> m_members; ///< Owned, in the order of declaration; may hold null.
     std::vector<const RTBaseType*> m_memberTypes; ///< The type of each member; may hold null.
 };
@@ -45,6 +46,7 @@ public:
 /// A VHDL record, or a SystemVerilog struct or union.
 class RTTI_EXPORT RTRecordType : public RTAggregateType {
 public:
+    /// Without members, of kind 0.
     using RTAggregateType::RTAggregateType;
     RTRecordType() = default;
 
@@ -56,7 +58,7 @@ public:
     /// that contains itself counts as "2-State" where it comes back.
     ValueEncoding getValueEncoding() const override;
 
-    RecordKind m_recordKind = static_cast<RecordKind>(0);
+    RecordKind m_recordKind = static_cast<RecordKind>(0); ///< 0 until it is known.
 };
 
 /// A SystemVerilog class.
@@ -68,6 +70,7 @@ public:
         bool m_memberFlag = false; ///< Stored, never interpreted.
     };
 
+    /// Without members and base class.
     using RTAggregateType::RTAggregateType;
     RTClassType() = default;
     ~RTClassType() override;
@@ -79,7 +82,8 @@ public:
     /// again from itself counts as "2-State" there.
     ///
     /// A class that is "4-State" because of its base class answers so once: it stays marked in a
-    /// set of the whole process and answers "2-State" from then on, until it is destroyed. Each
+    /// set of the whole process and answers "2-State" from then on, until it is destroyed. No lock
+    /// guards the set: in a process, classes are asked and destroyed by one thread at a time. Each
     /// type below is looked at once.
     ValueEncoding getValueEncoding() const override;
 
@@ -89,7 +93,7 @@ public:
                                  std::vector<FullConstraints>& out) const override;
 
     unsigned int m_baseClassTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
-    const RTBaseType* m_baseClass = nullptr;
+    const RTBaseType* m_baseClass = nullptr;                     ///< Null for none.
 };
 
 } // namespace RTTI

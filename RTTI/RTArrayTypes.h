@@ -9,6 +9,7 @@ namespace RTTI {
 /// An array of fixed shape in either language, all of its dimensions in one object.
 class RTTI_EXPORT RTArrayType : public RTBaseType {
 public:
+    /// Without dimensions, of kind 0.
     using RTBaseType::RTBaseType;
     RTArrayType() = default;
     ~RTArrayType() override;
@@ -24,10 +25,10 @@ public:
     void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                  std::vector<FullConstraints>& out) const override;
 
-    ArrayKind m_arrayKind = static_cast<ArrayKind>(0);
-    unsigned int m_elementTypeId = TypeFileFormat::NO_TYPE_ID;
-    const RTBaseType* m_elementType = nullptr;
-    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;
+    ArrayKind m_arrayKind = static_cast<ArrayKind>(0);         ///< 0 until it is known.
+    unsigned int m_elementTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
+    const RTBaseType* m_elementType = nullptr;                 ///< Null where there is none.
+    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;    ///< -99 for none.
 
     /// One index type a dimension, leftmost first; ids alone, to be looked up in the manager.
     std::vector<unsigned int> m_indexTypeIds;
@@ -38,6 +39,7 @@ public:
 /// What the SystemVerilog arrays of variable size have in common: one dimension an object.
 class RTTI_EXPORT RTAbstractArrayType : public RTBaseType {
 public:
+    /// Without element type.
     using RTBaseType::RTBaseType;
     RTAbstractArrayType() = default;
 
@@ -58,16 +60,18 @@ public:
     /// Dimensions of this array and of the arrays nested in its element type. A discrete
     /// enumeration on the way is a leaf when `keepDiscreteEnums` is true, else its base type counts
     /// in its place. Where a type on the way is missing, this array's own dimension is not counted.
+    /// Grows with the depth of the nesting.
     virtual unsigned int getTotalNumDimensions(bool keepDiscreteEnums) const;
 
-    const RTBaseType* m_elementType = nullptr;
-    unsigned int m_elementTypeId = TypeFileFormat::NO_TYPE_ID;
-    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;
+    const RTBaseType* m_elementType = nullptr;                 ///< Null where there is none.
+    unsigned int m_elementTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
+    mutable int m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;    ///< -99 for none.
 };
 
 /// A SystemVerilog dynamic array.
 class RTTI_EXPORT RTDynamicArrayType : public RTAbstractArrayType {
 public:
+    /// Without element type.
     using RTAbstractArrayType::RTAbstractArrayType;
     RTDynamicArrayType() = default;
 
@@ -79,6 +83,7 @@ public:
 /// A SystemVerilog queue.
 class RTTI_EXPORT RTQueueType : public RTAbstractArrayType {
 public:
+    /// Without element type.
     using RTAbstractArrayType::RTAbstractArrayType;
     RTQueueType() = default;
 
@@ -90,6 +95,7 @@ public:
 /// A SystemVerilog associative array.
 class RTTI_EXPORT RTAssocArrayType : public RTAbstractArrayType {
 public:
+    /// Without element and index type.
     using RTAbstractArrayType::RTAbstractArrayType;
     RTAssocArrayType() = default;
 
@@ -98,8 +104,8 @@ public:
     ArrayKind getArrayKind() override;
     unsigned int getIndexTypeId() const override;
 
-    unsigned int m_indexTypeId = TypeFileFormat::NO_TYPE_ID;
-    const RTBaseType* m_indexType = nullptr;
+    unsigned int m_indexTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
+    const RTBaseType* m_indexType = nullptr;                 ///< Null where there is none.
 };
 
 } // namespace RTTI

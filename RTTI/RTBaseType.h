@@ -73,6 +73,7 @@ static_assert(sizeof(FullConstraints) == TypeFileFormat::CONSTRAINT_SIZE);
 /// the fields is a binary interface.
 class RTTI_EXPORT RTBaseType {
 public:
+    /// Without a name.
     RTBaseType() = default;
 
     /// Copies `name` into an array of its own; a null name stays null.
@@ -81,32 +82,37 @@ public:
     RTBaseType(const RTBaseType&) = delete;
     RTBaseType& operator=(const RTBaseType&) = delete;
 
-    /// The class as a number of `ClassId`.
+    /// The class as a number of `ClassId`. Constant time.
     virtual unsigned int GetClassId() const;
 
     virtual ~RTBaseType();
 
     /// Calls the visitor's overload for this class and returns its result. Typedefs are not looked
-    /// through.
+    /// through. Constant time, besides what the visitor does; what it throws passes through.
     virtual bool accept(RTTypeVisitor& visitor) const = 0;
 
-    /// How a value is encoded. Asking a class can leave a mark behind: see RTClassType.
+    /// How a value is encoded: for most classes "Unpadded-Byte" if bit 0x10 of the flags is set,
+    /// else "Byte". Constant time for scalars; else each type below is looked at once, and
+    /// std::bad_alloc can come out. Asking a class can leave a mark behind: see RTClassType.
     virtual ValueEncoding getValueEncoding() const;
 
     /// This type; for a typedef with `keepTypedefs` false, the first type behind it that is none.
+    /// Grows with the length of the chain of typedefs.
     virtual const RTBaseType* getSelf(bool keepTypedefs) const;
 
     /// Stores the SystemVerilog type id where the class has room for one, else does nothing.
     virtual void setSVTypeId(int svTypeId) const;
 
-    /// The SystemVerilog type id, -99 for none.
+    /// The SystemVerilog type id, -99 for none. Constant time; for a typedef as `getSelf`.
     virtual int getSVTypeId() const;
 
-    /// Bytes that one value takes; 0 where the type does not record it.
+    /// Bytes that one value takes; 0 where the type does not record it. Constant time.
     virtual unsigned int getValueSize() const;
 
     /// Appends to `out` one range for each array dimension in and below this type. `stack` holds
-    /// the constraints of the levels above (normally none) and is left as it was.
+    /// the constraints of the levels above (normally none) and is left as it was, apart from the
+    /// entries that were used up. Grows with the types passed and the ranges appended; throws
+    /// std::bad_alloc alone.
     virtual void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                          std::vector<FullConstraints>& out) const;
 

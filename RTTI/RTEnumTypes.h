@@ -30,9 +30,9 @@ public:
     /// The literals; the index is the value. Owned (array new); null entries are skipped on
     /// release.
     std::vector<char*> m_enumeratorNames;
-    EnumKind m_enumKind = INVALID_ENUM;
-    ValueEncoding m_valueEncoding = ENCODING_BYTE;
-    unsigned int m_valueSize = 0; ///< Bytes of one value.
+    EnumKind m_enumKind = INVALID_ENUM;            ///< Which of the languages' enumerations.
+    ValueEncoding m_valueEncoding = ENCODING_BYTE; ///< As the record gives it.
+    unsigned int m_valueSize = 0;                  ///< Bytes of one value.
 
     unsigned int m_reservedNumber = 0; ///< Not used.
     void* m_reservedPointer = nullptr; ///< Not used.
@@ -41,7 +41,7 @@ public:
 /// A literal of a discrete enumeration. Its value array belongs to the enumeration, which knows its
 /// length and releases it.
 struct t_enumNameAndValuePair {
-    std::string enumName;
+    std::string enumName;  ///< The literal, without its terminating zero byte.
     char* value = nullptr; ///< `m_valueSize` raw bytes (array new), in the order of the record.
 };
 
@@ -60,11 +60,11 @@ public:
     void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                  std::vector<FullConstraints>& out) const override;
 
-    unsigned int m_baseTypeId = TypeFileFormat::NO_TYPE_ID;
-    const RTBaseType* m_baseType = nullptr;
-    std::vector<t_enumNameAndValuePair> m_enumerators; ///< In record order.
-    unsigned int m_valueSize = 0;                      ///< Bytes of each literal's value.
-    std::vector<FullConstraints> m_constraints;
+    unsigned int m_baseTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
+    const RTBaseType* m_baseType = nullptr;                 ///< Null where there is none.
+    std::vector<t_enumNameAndValuePair> m_enumerators;      ///< In record order.
+    unsigned int m_valueSize = 0;                           ///< Bytes of each literal's value.
+    std::vector<FullConstraints> m_constraints;             ///< What narrows the base type.
 };
 
 } // namespace RTTI

@@ -25,10 +25,10 @@ public:
     /// "Byte" for flavour 0, "4-State" for every other.
     ValueEncoding getValueEncoding() const override;
 
-    int m_floatKind = 0; ///< Flavour, 0 to 3; a negative one is kept as the record gives it.
-    double m_left = 0.0;
-    double m_right = 0.0;
-    int m_direction = 0; ///< The record's double, truncated toward zero.
+    int m_floatKind = 0;  ///< Flavour, 0 to 3; a negative one is kept as the record gives it.
+    double m_left = 0.0;  ///< Left bound, as written in the source.
+    double m_right = 0.0; ///< Right bound.
+    int m_direction = 0;  ///< The record's double, truncated toward zero.
 };
 
 /// The type behind a wildcard index. Visited as an RTBaseType.
@@ -54,6 +54,7 @@ public:
 /// The SystemVerilog chandle.
 class RTTI_EXPORT RTCHandle : public RTBaseType {
 public:
+    /// With a name, or without.
     using RTBaseType::RTBaseType;
 
     unsigned int GetClassId() const override;
@@ -77,8 +78,8 @@ public:
 
 /// A unit of a physical type.
 struct t_unitNameAndValuePair {
-    std::string unitName;
-    long long value = 0; ///< In multiples of the primary unit.
+    std::string unitName; ///< Without its terminating zero byte.
+    long long value = 0;  ///< In multiples of the primary unit.
 };
 
 /// A VHDL physical type.

@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+/// The run-time type information of a design: its types, how they are loaded, what they answer.
 namespace RTTI {
 
 class TypeDeserializer;
@@ -15,9 +16,10 @@ class TypeDeserializer;
 /// The types of one design: reads a type file out of block storage and owns every type read.
 ///
 /// Construct, call `setupDeserializer`, then ask. Types are valid until the manager is destroyed.
-/// One thread uses a manager at a time; managers of different threads do not disturb each other.
-/// Exceptions come from the storage and the allocator alone. One that leaves `getRTType` or
-/// `readAllRTTypes` takes back all that the call had read, so that the call can be made again.
+/// One thread uses a manager at a time; managers of different threads load without disturbing each
+/// other, and RTClassType says what the classes of all managers share. Exceptions come from the
+/// storage and the allocator alone. One that leaves `getRTType` or `readAllRTTypes` takes back all
+/// that the call had read, so that the call can be made again.
 ///
 /// However deep types nest, a stack of 1 MiB is enough. Types are read depth first. Where 1000
 /// records (`TypeFileFormat::NESTING_LIMIT`) nest, the members of the innermost class or struct,
@@ -29,11 +31,13 @@ class TypeDeserializer;
 /// or from the type asked for; the last of these has a null link.
 class RTTI_EXPORT RTTypeManager {
 public:
+    /// A manager without types; every question is answered as for an empty file.
     RTTypeManager();
     RTTypeManager(const RTTypeManager&) = delete;
     RTTypeManager& operator=(const RTTypeManager&) = delete;
 
-    /// Sets `m_instance` to null, whichever manager it names, and deletes all types.
+    /// Sets `m_instance` to null, whichever manager it names, and deletes all types. No lock guards
+    /// `m_instance` and the marks of classes: managers are destroyed one at a time.
     ~RTTypeManager();
 
     /// Reads the header at the absolute storage offset `baseOffset`, and the address table with one
@@ -48,14 +52,18 @@ public:
 
     /// The type of an id, read now if it was not yet (with all that it refers to). Null for an id
     /// that is out of range, or whose record builds nothing; such a record is read at each call.
+    /// The manager keeps the type. Constant time once the type is there.
     RTBaseType* getRTType(unsigned int typeId);
 
-    /// The ids of the classes read so far, in the order of their reading.
+    /// The ids of the classes read so far, in the order of their reading; the list is the
+    /// manager's.
     std::vector<unsigned int>& getRTClassTypeIds();
 
     /// Narrates every field that is read from now on, on the standard output. Without effect before
     /// `setupDeserializer`, which starts with the trace off.
     void setDebugMode();
+
+    /// Ends the trace.
     void unsetDebugMode();
 
     /// For the embedding program, which may put the manager here that it wants to share.

@@ -10,12 +10,16 @@ class RTLogicType;
 class RTBitType;
 
 /// Acts on a type by its class. `RTBaseType::accept` calls the overload for the type's own class
-/// and hands on its result. The order of the overloads is a binary interface.
+/// and hands on its result; a visitor follows links to other types itself. The order of the
+/// overloads is a binary interface.
 class RTTI_EXPORT RTTypeVisitor {
 public:
     virtual ~RTTypeVisitor();
 
-    virtual bool visit(const RTBaseType& type) = 0; ///< The wildcard type's overload as well.
+    /// Acts on a type of this class; the result is that of `accept`. RTBaseType's is the wildcard
+    /// type's overload.
+    /// @{
+    virtual bool visit(const RTBaseType& type) = 0;
     virtual bool visit(const RTEnumType& type) = 0;
     virtual bool visit(const RTSeqEnumType& type) = 0;
     virtual bool visit(const RTDiscreteEnumType& type) = 0;
@@ -39,6 +43,7 @@ public:
     virtual bool visit(const RTRecordType& type) = 0;
     virtual bool visit(const RTClassType& type) = 0;
     virtual bool visit(const RTStringType& type) = 0;
+    /// @}
 };
 
 /// A visitor with a second overload set, for pointers to types that may be changed; each of these
@@ -47,6 +52,8 @@ class RTTI_EXPORT RTTypeDumperVisitor : public RTTypeVisitor {
 public:
     using RTTypeVisitor::visit;
 
+    /// Does nothing and returns true, unless a subclass overrides it. `accept` calls none of these.
+    /// @{
     virtual bool visit(RTBaseType* type);
     virtual bool visit(RTEnumType* type);
     virtual bool visit(RTSeqEnumType* type);
@@ -70,6 +77,7 @@ public:
     virtual bool visit(RTRecordType* type);
     virtual bool visit(RTClassType* type);
     virtual bool visit(RTStringType* type);
+    /// @}
 };
 
 } // namespace RTTI

@@ -7,6 +7,7 @@
 
 namespace RTTI {
 
+/// Texts of the format.
 namespace RTTI_CONSTS {
 
 /// Version text of a type file that holds no usable types; compared with its terminating zero byte.
@@ -15,73 +16,84 @@ inline constexpr char TYPE_FILE_VERSION_STR_INVALID[26] = "Brakel Ovat TYPE FILE
 } // namespace RTTI_CONSTS
 
 /// What `GetClassId` answers, which is also the kind code of the record that a type is read from.
+/// Some are of records that build no object.
 namespace ClassId {
 
-inline constexpr unsigned int BASE_TYPE = 0xA0000001;
-inline constexpr unsigned int ENUM = 0xA0000002;
-inline constexpr unsigned int SEQ_ENUM = 0xA0000003;
-inline constexpr unsigned int DISCRETE_ENUM = 0xA0000004;
-inline constexpr unsigned int INT = 0xA0000005;
-inline constexpr unsigned int FLOAT = 0xA0000006;
-inline constexpr unsigned int TYPEDEF = 0xA0000007;
-inline constexpr unsigned int ACCESS = 0xA0000008;
-inline constexpr unsigned int CHANDLE = 0xA0000009;
-inline constexpr unsigned int CLASS_HANDLE = 0xA000000A; ///< Builds no object.
-inline constexpr unsigned int EVENT = 0xA000000B;
-inline constexpr unsigned int FILE_TYPE = 0xA000000C;
-inline constexpr unsigned int PHYSICAL = 0xA000000D;
-inline constexpr unsigned int LOGIC = 0xA000000E; ///< Builds no object.
-inline constexpr unsigned int BIT = 0xA000000F;   ///< Builds no object.
-inline constexpr unsigned int ARRAY = 0xA0000010;
-inline constexpr unsigned int RECORD = 0xA0000011;
-inline constexpr unsigned int ABSTRACT_ARRAY = 0xA0000012; ///< Builds no object.
-inline constexpr unsigned int DYNAMIC_ARRAY = 0xA0000013;
-inline constexpr unsigned int QUEUE = 0xA0000014;
-inline constexpr unsigned int ASSOC_ARRAY = 0xA0000015;
-inline constexpr unsigned int AGGREGATE = 0xA0000016; ///< Builds no object.
-inline constexpr unsigned int CLASS = 0xA0000017;
-inline constexpr unsigned int STRING = 0xA0000018;
-inline constexpr unsigned int WILDCARD = 0xA0000019;
+inline constexpr unsigned int BASE_TYPE = 0xA0000001;      ///< RTBaseType; no object.
+inline constexpr unsigned int ENUM = 0xA0000002;           ///< RTEnumType; no object.
+inline constexpr unsigned int SEQ_ENUM = 0xA0000003;       ///< RTSeqEnumType.
+inline constexpr unsigned int DISCRETE_ENUM = 0xA0000004;  ///< RTDiscreteEnumType.
+inline constexpr unsigned int INT = 0xA0000005;            ///< RTIntType.
+inline constexpr unsigned int FLOAT = 0xA0000006;          ///< RTFloatType.
+inline constexpr unsigned int TYPEDEF = 0xA0000007;        ///< RTTypedefType.
+inline constexpr unsigned int ACCESS = 0xA0000008;         ///< RTAccessType.
+inline constexpr unsigned int CHANDLE = 0xA0000009;        ///< RTCHandle.
+inline constexpr unsigned int CLASS_HANDLE = 0xA000000A;   ///< No object.
+inline constexpr unsigned int EVENT = 0xA000000B;          ///< RTEventType.
+inline constexpr unsigned int FILE_TYPE = 0xA000000C;      ///< RTFileType.
+inline constexpr unsigned int PHYSICAL = 0xA000000D;       ///< RTPhysicalType.
+inline constexpr unsigned int LOGIC = 0xA000000E;          ///< No object.
+inline constexpr unsigned int BIT = 0xA000000F;            ///< No object.
+inline constexpr unsigned int ARRAY = 0xA0000010;          ///< RTArrayType.
+inline constexpr unsigned int RECORD = 0xA0000011;         ///< RTRecordType.
+inline constexpr unsigned int ABSTRACT_ARRAY = 0xA0000012; ///< RTAbstractArrayType; no object.
+inline constexpr unsigned int DYNAMIC_ARRAY = 0xA0000013;  ///< RTDynamicArrayType.
+inline constexpr unsigned int QUEUE = 0xA0000014;          ///< RTQueueType.
+inline constexpr unsigned int ASSOC_ARRAY = 0xA0000015;    ///< RTAssocArrayType.
+inline constexpr unsigned int AGGREGATE = 0xA0000016;      ///< RTAggregateType; no object.
+inline constexpr unsigned int CLASS = 0xA0000017;          ///< RTClassType.
+inline constexpr unsigned int STRING = 0xA0000018;         ///< RTStringType.
+inline constexpr unsigned int WILDCARD = 0xA0000019;       ///< RTWildCardType.
 
 } // namespace ClassId
 
+/// Sizes, offsets and markers of a type file, in bytes where nothing else is said.
 namespace TypeFileFormat {
 
 /// In a field that holds a type id: no type.
 inline constexpr unsigned int NO_TYPE_ID = 0xFFFFFFFF;
 
 /// SystemVerilog type ids that mean something to the library.
+/// @{
 inline constexpr int NO_SV_TYPE_ID = -99;
 inline constexpr int STRING_SV_TYPE_ID = -5;
 inline constexpr int EVENT_SV_TYPE_ID = -7;
+/// @}
 
 /// Direction of a range that stands open until an enclosing level gives its bounds.
 inline constexpr int UNCONSTRAINED_DIRECTION = -2;
 
 /// Directions of a VHDL or SystemVerilog range with bounds.
+/// @{
 inline constexpr int DOWNTO_DIRECTION = 0;
 inline constexpr int TO_DIRECTION = 1;
+/// @}
 
 /// The one flag bit that the library reads: a value of the type is stored in unpadded bytes.
 inline constexpr unsigned int UNPADDED_BYTE_FLAG = 0x10;
 
-/// Header: version text, type count, storage offset of the address table. The version text that
-/// writers give; readers take any but the one of an invalid file.
+/// The version text that writers give; readers take any but the one of an invalid file.
 inline constexpr char TYPE_FILE_VERSION[] = "Brakel Ovat TYPE FILE 001";
+
+/// Header: version text, type count, storage offset of the address table.
+/// @{
 inline constexpr std::size_t VERSION_SIZE = 32;
 inline constexpr std::size_t TYPE_COUNT_OFFSET = 32;
 inline constexpr std::size_t ADDRESS_TABLE_OFFSET = 36;
 inline constexpr std::size_t HEADER_SIZE = 40;
+/// @}
 static_assert(TYPE_COUNT_OFFSET == VERSION_SIZE && HEADER_SIZE == ADDRESS_TABLE_OFFSET + 4);
 
 /// Address table: one storage offset a type.
 inline constexpr std::size_t ADDRESS_SIZE = 8;
 
 /// Record: signed size of the whole record, kind code, then name, flags and the kind's body.
+/// @{
 inline constexpr std::size_t RECORD_SIZE_SIZE = 4;
 inline constexpr std::size_t RECORD_KIND_OFFSET = 4;
 inline constexpr std::size_t RECORD_KIND_SIZE = 4;
 inline constexpr std::size_t RECORD_HEADER_SIZE = 8;
+/// @}
 static_assert(RECORD_HEADER_SIZE == RECORD_KIND_OFFSET + RECORD_KIND_SIZE);
 
 /// The record size is a signed 32-bit number.
@@ -94,8 +106,10 @@ inline constexpr unsigned long long LARGEST_ADDRESS_TABLE_OFFSET = 0xFFFFFFFF;
 inline constexpr std::size_t CONSTRAINT_SIZE = 12;
 
 /// Largest flavours that a record can give; a larger one is dropped.
+/// @{
 inline constexpr int LAST_FLOAT_KIND = 3;
 inline constexpr int LAST_EVENT_KIND = 1;
+/// @}
 
 /// How far the loader follows references at once. Records nest on the call stack, so both limits
 /// together have to fit the smallest stack that it is called on, 1 MiB: an optimised build takes up

@@ -7,9 +7,12 @@
 
 namespace TypeFile {
 
-// What a compiler fills in when it builds types: names and lists, copied into arrays that the type
-// owns and releases. Each function throws WriteError, and leaves the type as it was, for what no
-// type file can hold.
+/// @name What a compiler fills in
+///
+/// Names and lists, copied into arrays that the type owns and releases. Each function throws
+/// WriteError, and leaves the type as it was, for what no type file can hold; it takes constant
+/// time besides the copies.
+/// @{
 
 /// Replaces the type's name.
 void setName(RTTI::RTBaseType& type, std::string_view name);
@@ -24,15 +27,17 @@ void addLiteral(RTTI::RTDiscreteEnumType& type, std::string_view name, std::stri
 /// Appends a unit; `value` counts primary units.
 void addUnit(RTTI::RTPhysicalType& type, std::string_view name, long long value);
 
-/// Appends a member of a record, struct or union.
+/// Appends a member of a record, struct or union. The answer belongs to the type.
 RTTI::RTAggregateType::t_Member& addMember(RTTI::RTRecordType& type, std::string_view name,
                                            unsigned int typeId,
                                            std::vector<RTTI::FullConstraints> constraints = {});
 
-/// Appends a member of a class.
+/// Appends a member of a class. The answer belongs to the type.
 RTTI::RTClassType::t_ClassMember& addMember(RTTI::RTClassType& type, std::string_view name,
                                             unsigned int typeId,
                                             std::vector<RTTI::FullConstraints> constraints = {},
                                             bool flag = false);
+
+/// @}
 
 } // namespace TypeFile

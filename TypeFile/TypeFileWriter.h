@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+/// Type files as bytes: what compilers write them with, and the check of what a load takes on
+/// trust.
 namespace TypeFile {
 
 class RecordEncoder;
@@ -23,7 +25,9 @@ class RecordEncoder;
 ///
 /// What a file cannot hold is refused with a WriteError, by `add` where the type alone is at fault,
 /// else by the finishing call; the writer is then as it was before the call. A null name is written
-/// as the empty one. The writer holds the records: about the bytes of the file to be.
+/// as the empty one. The writer holds the records: about the bytes of the file to be. An `add`
+/// grows with its record, a finishing call with the file; where ids were not added in their order,
+/// the records are sorted first. One thread uses a writer at a time.
 class TypeFileWriter {
 public:
     /// The type file will begin at the absolute offset `baseOffset` of its storage.

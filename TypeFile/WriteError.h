@@ -9,9 +9,9 @@ namespace TypeFile {
 
 /// Where in a type something stands: a field, or a field of one item of a list.
 struct FieldPlace {
-    const char* field = "";
+    const char* field = "";     ///< Empty for the whole item.
     const char* list = nullptr; ///< Null for a field of the type itself.
-    std::size_t index = 0;
+    std::size_t index = 0;      ///< Of the item in the list, from 0.
 
     /// Such as "dataType", "members[2].name" or "indexTypes[0]".
     std::string text() const;
@@ -25,7 +25,10 @@ public:
     WriteError(unsigned int typeId, const char* typeName, std::string field,
                const std::string& reason);
 
+    /// 0xFFFFFFFF for none.
     unsigned int typeId() const { return m_typeId; }
+
+    /// Such as "members[2].name"; empty for the whole type or file.
     const std::string& field() const { return m_field; }
 
     /// Without type and field, which `what` gives as well.
