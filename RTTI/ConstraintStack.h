@@ -20,8 +20,8 @@ public:
     /// The ranges of one level.
     struct Frame {
         const std::vector<Constraint>* m_constraints; ///< The entries.
-        unsigned int m_cursor; ///< The entry that is used next.
-        bool m_isCopy;         ///< Then the ranges belong to the frame, else to the level's type.
+        unsigned int m_cursor;                        ///< The entry that is used next.
+        bool m_isCopy; ///< Then the ranges belong to the frame, else to the level's type.
     };
 
     /// Empty. Constant time; nothing is allocated.

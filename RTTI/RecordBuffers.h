@@ -14,6 +14,7 @@ namespace RTTI {
 /// AddressSanitizer all have, so that it sees each record's end.
 class RecordBuffers {
 public:
+    // cppcheck-suppress uninitMemberVar
     RecordBuffers() {} // Leaves the block as it is.
     RecordBuffers(const RecordBuffers&) = delete;
     RecordBuffers& operator=(const RecordBuffers&) = delete;

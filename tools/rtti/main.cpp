@@ -59,6 +59,7 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): no memory for the options, before there is a call.
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN); // A reader that has gone shows as an output that fails.
     CLI::App program("Shows, makes and verifies the type files of an HDL simulator.", "rtti");
