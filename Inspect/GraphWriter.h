@@ -26,8 +26,8 @@ struct GraphRequest {
 
 /// How much a graph shows.
 struct GraphSize {
-    unsigned int types = 0;
-    unsigned long long edges = 0;
+    unsigned int types = 0;       ///< Nodes; those without a type count as well.
+    unsigned long long edges = 0; ///< Drawn, however many references each stands for.
 };
 
 /// Writes types as a graph: a node a type, then the classes with their inheritance, then the other
