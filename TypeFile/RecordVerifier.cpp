@@ -51,10 +51,10 @@ void RecordVerifier::verify(unsigned int typeId, unsigned int size) {
 
 /// All of them, or none where the record is not whole or there was no room.
 void RecordVerifier::keepMembers(std::size_t first) {
-    if (m_isWhole && m_types.members.size() - first == m_facts->listCount)
-        m_facts->second = static_cast<unsigned int>(first) + 1;
-    else
+    if (!m_isWhole || m_types.members.size() - first != m_facts->listCount)
         m_types.members.resize(first);
+    else if (m_facts->listCount != 0)
+        m_facts->second = static_cast<unsigned int>(first) + 1;
 }
 
 void RecordVerifier::body(unsigned int kind) {

@@ -144,6 +144,11 @@ TEST(Verifier, FindsNothingInAFileWithEveryKind) {
 
 TEST(Verifier, FindsNothingInAFileWithoutTypes) { expectClean(TypeFileBuilder()); }
 
+TEST(Verifier, FindsNothingInAStructWithoutMembers) {
+    TypeFileBuilder file;
+    expectClean(file.record(0xA0000011, "s").u32(VLOG_UNPACKED_STRUCT).i32(0).i32(-99));
+}
+
 TEST(Verifier, FindsNothingAtABaseOffset) {
     TypeFileBuilder file;
     file.base(100).integer("i");
