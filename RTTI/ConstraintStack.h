@@ -82,7 +82,9 @@ private:
     std::size_t m_room = FRAMES_INSIDE;
     std::size_t m_copies = 0; ///< Frames with ranges of their own.
     std::unique_ptr<Frame[]> m_outside;
-    Frame m_inside[FRAMES_INSIDE];
+    union {
+        Frame m_inside[FRAMES_INSIDE];
+    };
 };
 
 template <typename Constraint>

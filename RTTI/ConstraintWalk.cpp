@@ -86,6 +86,8 @@ public:
             m_stack.pushLasting(*std::exchange(m_memberRanges, nullptr));
         while (m_first != end) {
             const Passage passage = passageThrough(*m_first);
+            if (passage.ranges == nullptr)
+                return; // A type that answers another class id than before.
             m_stack.pushLasting(*passage.ranges);
             for (std::size_t i = 0; i < passage.dimensions; ++i)
                 m_stack.getConstraint();

@@ -20,10 +20,10 @@ using namespace RTTI::TypeFileFormat;
 namespace {
 
 /// Table and records are read once, in the order of the storage, in blocks that stay in a cache.
-constexpr std::size_t SWEEP_BLOCK = std::size_t{64} * 1024;
+constexpr std::size_t SWEEP_BLOCK = 65536;
 
 /// Members are read again in the order in which types lead to one another, a block a jump.
-constexpr std::size_t JUMP_BLOCK = std::size_t{2} * 1024;
+constexpr std::size_t JUMP_BLOCK = 2048;
 
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
