@@ -68,6 +68,7 @@ void TeardownFloor(benchmark::State& state) {
 void LazyFirstType(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     for (auto _ : state) {
+        Bench::startAfresh(state);
         RTTI::RTTypeManager manager;
         manager.setupDeserializer(types.storage, 0);
         benchmark::DoNotOptimize(manager.getRTType(static_cast<unsigned int>(state.range(0) / 2)));
@@ -79,6 +80,7 @@ void LazyFirstTypeFloor(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     LoadFloor floor(types.plan);
     for (auto _ : state) {
+        Bench::startAfresh(state);
         floor.readAddressTable(types.storage);
         floor.releaseTables();
     }
