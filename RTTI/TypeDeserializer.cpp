@@ -125,12 +125,12 @@ void TypeDeserializer::readHeader() {
     m_blockManager.read(m_baseOffset, m_header.bytes, HEADER_SIZE);
     if (m_header.isInvalid() || m_header.typeCount() == 0)
         return;
-    m_types.resize(m_header.typeCount());
+    m_types = ZeroedTable<RTBaseType*>(m_header.typeCount());
     readTypeAddressTable();
 }
 
 void TypeDeserializer::readTypeAddressTable() {
-    m_typeAddresses.assign(m_header.typeCount(), 0);
+    m_typeAddresses = ZeroedTable<unsigned long long>(m_header.typeCount());
     trace(nullptr, "** Address table begin **", nullptr, true);
     unsigned long long position = m_header.addressTableOffset();
     for (unsigned int i = 0; i < m_header.typeCount(); ++i) {

@@ -5,6 +5,7 @@
 #include "RTTI/RTType.h"
 #include "RTTI/RecordBuffers.h"
 #include "RTTI/TypeFileFormat.h"
+#include "RTTI/ZeroedTable.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -168,9 +169,9 @@ private:
     OVAT::IBlockManager& m_blockManager;
     unsigned long long m_baseOffset;
     TypeFileHeader m_header;
-    std::vector<RTBaseType*> m_types; ///< Owned; null until the id is read.
+    ZeroedTable<RTBaseType*> m_types; ///< Owned; null until the id is read.
     std::vector<unsigned int> m_classTypeIds;
-    std::vector<unsigned long long> m_typeAddresses;
+    ZeroedTable<unsigned long long> m_typeAddresses;
     bool m_debug = false;
     const char* m_cursor = nullptr; ///< At most one past the limit.
     const char* m_limit = nullptr;  ///< Last byte of the record.

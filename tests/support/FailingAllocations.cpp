@@ -13,9 +13,13 @@ bool isToFail() { return ++allocations == failAt; }
 
 extern "C" {
 void* __real_malloc(std::size_t size);
+void* __real_calloc(std::size_t count, std::size_t size);
 
-/// The linker puts this in the place of `malloc`.
+// The linker puts these in the place of `malloc` and `calloc`.
 void* __wrap_malloc(std::size_t size) { return isToFail() ? nullptr : __real_malloc(size); }
+void* __wrap_calloc(std::size_t count, std::size_t size) {
+    return isToFail() ? nullptr : __real_calloc(count, size);
+}
 }
 
 void* operator new(std::size_t size) {

@@ -4,7 +4,7 @@
 #include <new>
 
 // The program's allocations, counted and made to fail. A test program that links this replaces the
-// allocation functions, and wraps `malloc`, for all of its code.
+// allocation functions, and wraps `malloc` and `calloc`, for all of its code.
 
 /// How many allocations the program has made.
 std::size_t allocationCount();
