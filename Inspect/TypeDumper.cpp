@@ -20,7 +20,8 @@ namespace {
 /// Writes the fields of a type's own class, in the order of its record.
 class FieldWriter : public RTTypeVisitor {
 public:
-    FieldWriter(std::ostream& out, const TypeLookup& types) : m_out(out), m_types(types) {}
+    FieldWriter(std::ostream& out, const TypeLookup& types, const TextStyle& style)
+        : m_out(out), m_types(types), m_style(style) {}
 
     // Classes without fields, and those that no object has.
     bool visit(const RTBaseType&) override { return true; }
@@ -34,46 +35,46 @@ public:
     bool visit(const RTSeqEnumType& type) override {
         line("encoding", encodingText(type.m_valueEncoding));
         line("enum kind", enumKindText(type.m_enumKind));
-        line("literals", std::to_string(type.m_enumeratorNames.size()));
+        line("literals", number(type.m_enumeratorNames.size()));
         for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i)
-            item(i, quotedName(type.m_enumeratorNames[i]));
+            item(i, name(quotedName(type.m_enumeratorNames[i])));
         return true;
     }
 
     bool visit(const RTDiscreteEnumType& type) override {
         line("base type", reference(type.m_baseTypeId, type.m_baseType));
-        line("literals", std::to_string(type.m_enumerators.size()));
+        line("literals", number(type.m_enumerators.size()));
         for (std::size_t i = 0; i < type.m_enumerators.size(); ++i) {
             const t_enumNameAndValuePair& literal = type.m_enumerators[i];
-            item(i, quoted(literal.enumName) + " = " + bytes(literal.value, type.m_valueSize));
+            item(i,
+                 name(quoted(literal.enumName)) + " = " + bytes(literal.value, type.m_valueSize));
         }
         line("constraints", ranges(type.m_constraints));
         return true;
     }
 
     bool visit(const RTIntType& type) override {
-        line("range", rangeText(type.m_constraint));
+        line("range", number(rangeText(type.m_constraint)));
         return true;
     }
 
     bool visit(const RTFloatType& type) override {
-        line("real kind", std::to_string(type.m_floatKind));
-        line("left", fmt::format("{}", type.m_left));
-        line("right", fmt::format("{}", type.m_right));
-        line("direction", std::to_string(type.m_direction));
+        line("real kind", number(type.m_floatKind));
+        line("left", number(type.m_left));
+        line("right", number(type.m_right));
+        line("direction", number(type.m_direction));
         return true;
     }
 
     bool visit(const RTEventType& type) override {
-        line("event kind", std::to_string(type.m_eventKind));
+        line("event kind", number(type.m_eventKind));
         return true;
     }
 
     bool visit(const RTPhysicalType& type) override {
-        line("units", std::to_string(type.m_units.size()));
+        line("units", number(type.m_units.size()));
         for (std::size_t i = 0; i < type.m_units.size(); ++i)
-            item(i,
-                 quoted(type.m_units[i].unitName) + " = " + std::to_string(type.m_units[i].value));
+            item(i, name(quoted(type.m_units[i].unitName)) + " = " + number(type.m_units[i].value));
         return true;
     }
 
@@ -89,7 +90,7 @@ public:
     bool visit(const RTArrayType& type) override {
         line("array kind", arrayKindText(type.m_arrayKind));
         line("element type", reference(type.m_elementTypeId, type.m_elementType));
-        line("dimensions", std::to_string(type.m_indexTypeIds.size()));
+        line("dimensions", number(type.m_indexTypeIds.size()));
         for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i)
             item(i, "index type " + reference(type.m_indexTypeIds[i]));
         line("constraints", ranges(type.m_constraints));
@@ -112,7 +113,7 @@ public:
     }
 
     bool visit(const RTAggregateType& type) override {
-        line("members", std::to_string(type.m_members.size()));
+        line("members", number(type.m_members.size()));
         for (std::size_t i = 0; i < type.m_members.size(); ++i)
             item(i, member(type, i));
         svTypeId(type);
@@ -133,11 +134,11 @@ public:
     void writeAnswers(const RTBaseType& type) {
         line("value encoding", encodingText(type.getValueEncoding()));
         const unsigned int size = type.getValueSize();
-        line("value size", size != 0 ? fmt::format("{} bytes", size) : "not recorded");
+        line("value size", size != 0 ? number(size) + " bytes" : "not recorded");
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
             line("type behind", behind(*alias));
         if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))
-            line("total dimensions", std::to_string(container->getTotalNumDimensions(false)));
+            line("total dimensions", number(container->getTotalNumDimensions(false)));
         Brakel_tolv::ConstraintStack<FullConstraints> stack;
         std::vector<FullConstraints> flattened;
         type.populateTypeConstraints(stack, flattened);
@@ -150,17 +151,26 @@ private:
     }
 
     void item(std::size_t index, std::string_view value) {
-        m_out << fmt::format("    [{}] {}\n", index, value);
+        m_out << "    " << m_style.paint(Ink::COMMENT, fmt::format("[{}]", index)) << ' ' << value
+              << '\n';
+    }
+
+    template <typename Value> std::string number(const Value& value) const {
+        return m_style.paint(Ink::NUMBER, fmt::format("{}", value));
+    }
+
+    std::string name(std::string_view quotedName) const {
+        return m_style.paint(Ink::NAME, quotedName);
     }
 
     void svTypeId(const RTBaseType& type) {
         const int id = type.getSVTypeId();
-        line("SV type id", id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : std::to_string(id));
+        line("SV type id", id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : number(id));
     }
 
     template <typename Type> bool designated(const Type& type, std::string_view label) {
         line(label, reference(type.m_refTypeId, type.m_refType));
-        line("alignment", std::to_string(type.m_alignment));
+        line("alignment", number(type.m_alignment));
         return true;
     }
 
@@ -172,7 +182,7 @@ private:
             return "(no member)";
         const RTBaseType* linked =
             index < type.m_memberTypes.size() ? type.m_memberTypes[index] : nullptr;
-        std::string text = fmt::format("{}: {}", quotedName(described->m_memberName),
+        std::string text = fmt::format("{}: {}", name(quotedName(described->m_memberName)),
                                        reference(described->m_typeId, linked));
         if (!described->m_constraints.empty())
             text += ", constraints: " + ranges(described->m_constraints);
@@ -182,51 +192,56 @@ private:
         return text;
     }
 
-    static std::string reference(unsigned int id, const RTBaseType* type) {
+    std::string reference(unsigned int id, const RTBaseType* type) const {
         if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr)
             return "none";
-        return fmt::format("{} {}", id, type != nullptr ? quotedName(type->m_name) : "(no type)");
+        return number(id) + ' ' + (type != nullptr ? name(quotedName(type->m_name)) : "(no type)");
     }
 
     std::string reference(unsigned int id) const { return reference(id, m_types(id)); }
 
     /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
-    static std::string behind(const RTTypedefType& type) {
+    std::string behind(const RTTypedefType& type) const {
         const RTTypedefType* last = &type;
         while (const auto* next = dynamic_cast<const RTTypedefType*>(last->m_dataType))
             last = next;
         return reference(last->m_dataTypeId, type.getSelf(false));
     }
 
-    static std::string ranges(const std::vector<FullConstraints>& constraints) {
+    std::string ranges(const std::vector<FullConstraints>& constraints) const {
         std::string text;
         for (const FullConstraints& range : constraints)
-            text += (text.empty() ? "(" : ", (") + rangeText(range) + ')';
+            text += (text.empty() ? "(" : ", (") + number(rangeText(range)) + ')';
         return text.empty() ? "none" : text;
     }
 
-    static std::string bytes(const char* value, std::size_t size) {
+    std::string bytes(const char* value, std::size_t size) const {
         std::string text = size == 0 ? "(no bytes)" : "";
         for (std::size_t i = 0; i < size; ++i)
             text +=
                 fmt::format("{}{:02X}", i == 0 ? "" : " ", static_cast<unsigned char>(value[i]));
-        return text;
+        return number(text);
     }
 
     std::ostream& m_out;
     const TypeLookup& m_types;
+    const TextStyle& m_style;
 };
 
 } // namespace
 
-void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type) {
-    out << fmt::format("type {}: {} {}\n", id, kindOf(type), quotedName(type.m_name));
+void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type,
+                 const TextStyle& style) {
+    out << style.paint(Ink::HEADING, fmt::format("type {}:", id)) << ' '
+        << style.paint(Ink::KEYWORD, kindOf(type)) << ' '
+        << style.paint(Ink::NAME, quotedName(type.m_name)) << '\n';
 }
 
-void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types) {
-    dumpHeading(out, id, type);
-    out << fmt::format("  flags: {:#x}\n", type.m_flags);
-    FieldWriter fields(out, types);
+void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types,
+              const TextStyle& style) {
+    dumpHeading(out, id, type, style);
+    out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
+    FieldWriter fields(out, types, style);
     type.accept(fields);
     fields.writeAnswers(type);
     out << '\n';

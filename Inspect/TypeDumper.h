@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inspect/TextStyle.h"
 #include "Inspect/TypeTable.h"
 
 #include <ostream>
@@ -7,12 +8,13 @@
 namespace Inspect {
 
 /// Writes a type's first line: id, kind and name.
-void dumpHeading(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type);
+void dumpHeading(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type,
+                 const TextStyle& style = TextStyle::plain());
 
 /// Writes a type as one block of lines: id, kind, name, every field and what the type
 /// answers to its queries, with other types shown as id and name, and an empty line at the end.
 /// `types` names the types that a field holds by id.
 void dumpType(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type,
-              const TypeLookup& types);
+              const TypeLookup& types, const TextStyle& style = TextStyle::plain());
 
 } // namespace Inspect

@@ -65,7 +65,8 @@ Result rttiWith(const std::string& assignments, const std::string& arguments) {
 
 Result rttiOnTerminal(OnTerminal streams, const std::string& assignments,
                       const std::string& arguments) {
-    std::string shellCommand = "unset NO_COLOR; TERM=xterm " + command(assignments, arguments);
+    std::string shellCommand =
+        "unset NO_COLOR; export TERM=xterm; " + command(assignments, arguments);
     if (streams == OnTerminal::OUTPUT)
         shellCommand += toFile("2", "err");
     else if (streams == OnTerminal::ERROR)

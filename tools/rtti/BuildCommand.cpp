@@ -1,6 +1,7 @@
 #include "Subcommand.h"
 
 #include "Inspect/TypeJsonReader.h"
+#include "Terminal.h"
 #include "TypeFile/TypeFileWriter.h"
 
 #include <CLI/CLI.hpp>
@@ -53,8 +54,13 @@ private:
 int runBuild(const BuildOptions& options) {
     InputText text(options.file);
     TypeFile::TypeFileWriter writer(options.offset);
+    Progress progress("types read from " + options.file, 0);
+    unsigned long long typesRead = 0;
     Inspect::TypeJsonReader reader(
-        [&](unsigned int id, const RTTI::RTBaseType& type) { writer.add(id, type); },
+        [&](unsigned int id, const RTTI::RTBaseType& type) {
+            writer.add(id, type);
+            progress.at(++typesRead);
+        },
         [&](std::string_view version) { writer.setVersion(version); });
     if (options.ndjson)
         reader.readLines(text.stream());

@@ -4,6 +4,7 @@
 #include "Inspect/TypeJsonWriter.h"
 #include "Inspect/TypeKind.h"
 #include "OpenedFile.h"
+#include "Terminal.h"
 
 #include <CLI/CLI.hpp>
 
@@ -64,8 +65,7 @@ public:
                            m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
                            m_file.version());
         if (m_options.ids.empty()) {
-            for (unsigned int id = 0; id < m_file.typeCount() && std::cout; ++id)
-                dump(id);
+            dumpAll();
         } else {
             for (const unsigned int id : m_options.ids)
                 dump(id);
@@ -82,6 +82,17 @@ public:
     }
 
 private:
+    void dumpAll() {
+        std::optional<Progress> progress;
+        if (!isOutputOnTerminal())
+            progress.emplace("printing " + m_options.file, m_file.typeCount());
+        for (unsigned int id = 0; id < m_file.typeCount() && std::cout; ++id) {
+            dump(id);
+            if (progress)
+                progress->at(id);
+        }
+    }
+
     void dump(unsigned int id) {
         const RTBaseType* type = m_file.manager().getRTType(id);
         if (type == nullptr)
@@ -91,7 +102,7 @@ private:
         else if (m_json)
             m_json->type(id, *type);
         else
-            Inspect::dumpType(std::cout, id, *type, m_file.types().typeOf);
+            Inspect::dumpType(std::cout, id, *type, m_file.types().typeOf, m_style);
     }
 
     bool isWanted(const RTBaseType& type) const {
@@ -107,7 +118,8 @@ private:
         if (isShown && m_json)
             m_json->noType(id, kind);
         else if (isShown)
-            std::cout << "type " << id << ": builds no type (kind " << hex(kind) << ")\n\n";
+            std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
+                      << " builds no type (kind " << hex(kind) << ")\n\n";
         if (std::find(std::begin(kindsWithoutType), std::end(kindsWithoutType), kind) !=
             std::end(kindsWithoutType))
             return;
@@ -119,6 +131,7 @@ private:
     const DumpOptions& m_options;
     OpenedFile m_file;
     std::optional<Inspect::TypeJsonWriter> m_json;
+    const Inspect::TextStyle m_style = outputStyle();
     bool m_faults = false;
 };
 

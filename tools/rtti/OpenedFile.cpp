@@ -2,7 +2,7 @@
 
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
-#include "Terminal.h"
+#include "ReadProgress.h"
 #include "TypeFile/TypeFileVerifier.h"
 
 #include <CLI/CLI.hpp>
@@ -21,6 +21,13 @@ constexpr int NOT_READABLE = 2;
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
+
+std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
+                                          unsigned long long offset) {
+    Progress progress("verifying " + path, storage.size());
+    ReadProgress reads(storage, progress);
+    return TypeFile::verify(reads, storage.size(), offset);
+}
 
 OpenedFile::OpenedFile(const FileArguments& arguments)
     : m_path(arguments.file), m_storage(arguments.file) {
@@ -86,7 +93,7 @@ void OpenedFile::checkHeader(unsigned long long offset) {
 }
 
 void OpenedFile::verify(unsigned long long offset) {
-    const auto findings = TypeFile::verify(m_storage, m_storage.size(), offset);
+    const auto findings = findingsOf(m_path, m_storage, offset);
     const auto error = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == TypeFile::Severity::ERROR;
     });

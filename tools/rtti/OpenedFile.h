@@ -4,9 +4,11 @@
 #include "Inspect/TypeTable.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
+#include "TypeFile/Finding.h"
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 /// Why a file cannot be used, in one line that names it, and the exit status that says so.
 class UnusableFile : public std::runtime_error {
@@ -18,6 +20,10 @@ public:
 private:
     int m_exitStatus;
 };
+
+/// What the verifier finds in a storage, with progress; `path` is what the progress names.
+std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
+                                          unsigned long long offset);
 
 /// A type file in a storage file, verified and ready to be asked.
 class OpenedFile {

@@ -3,6 +3,7 @@
 #include "Inspect/TypeDumper.h"
 #include "Inspect/TypeReferences.h"
 #include "OpenedFile.h"
+#include "Terminal.h"
 
 #include <CLI/CLI.hpp>
 
@@ -19,36 +20,62 @@ struct ShowOptions : FileArguments {
     unsigned int id = 0;
 };
 
+/// Prints a type with its neighbours.
+class Show {
+public:
+    explicit Show(OpenedFile& file) : m_file(file) {}
+
+    void type(unsigned int id) const {
+        if (const RTBaseType* shown = m_types.typeOf(id))
+            Inspect::dumpType(std::cout, id, *shown, m_types.typeOf, m_style);
+        else
+            std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
+                      << " builds no type\n\n";
+    }
+
+    void referredTypes(unsigned int id) const {
+        heading("refers to:");
+        if (const RTBaseType* shown = m_types.typeOf(id)) {
+            for (const unsigned int referred : Inspect::referencesOf(*shown))
+                type(referred);
+        }
+    }
+
+    void referringTypes(unsigned int id) const {
+        heading("referred to by:");
+        std::cout.flush();
+        m_file.loadedTypes(); // The work is done before a line is written under the progress.
+        std::vector<Inspect::TypeLink> links;
+        for (unsigned int other = 0; other < m_types.count && std::cout; ++other) {
+            const RTBaseType* referring = m_types.typeOf(other);
+            if (referring == nullptr)
+                continue;
+            Inspect::linksOf(*referring, links);
+            if (std::any_of(links.begin(), links.end(),
+                            [=](const auto& link) { return link.typeId == id; }))
+                Inspect::dumpHeading(std::cout, other, *referring, m_style);
+        }
+    }
+
+private:
+    void heading(const char* text) const {
+        std::cout << m_style.paint(Inspect::Ink::HEADING, text) << "\n\n";
+    }
+
+    OpenedFile& m_file;
+    const Inspect::TypeTable m_types = m_file.types();
+    const Inspect::TextStyle m_style = outputStyle();
+};
+
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
 /// status is 0. Throws for a wrong call or an unusable file.
 int runShow(const ShowOptions& options) {
     OpenedFile file(options);
     file.checkId("ID", options.id);
-    const auto typeOf = [&](unsigned int id) { return file.manager().getRTType(id); };
-    const RTBaseType* shown = typeOf(options.id);
-    if (shown != nullptr)
-        Inspect::dumpType(std::cout, options.id, *shown, typeOf);
-    else
-        std::cout << "type " << options.id << ": builds no type\n\n";
-
-    std::cout << "refers to:\n\n";
-    if (shown != nullptr) {
-        for (const unsigned int id : Inspect::referencesOf(*shown)) {
-            if (const RTBaseType* type = typeOf(id))
-                Inspect::dumpType(std::cout, id, *type, typeOf);
-            else
-                std::cout << "type " << id << ": builds no type\n\n";
-        }
-    }
-    std::cout << "referred to by:\n\n";
-    for (unsigned int id = 0; id < file.typeCount() && std::cout; ++id) {
-        const RTBaseType* type = typeOf(id);
-        if (type == nullptr)
-            continue;
-        const auto references = Inspect::referencesOf(*type);
-        if (std::find(references.begin(), references.end(), options.id) != references.end())
-            Inspect::dumpHeading(std::cout, id, *type);
-    }
+    const Show show(file);
+    show.type(options.id);
+    show.referredTypes(options.id);
+    show.referringTypes(options.id);
     return 0;
 }
 

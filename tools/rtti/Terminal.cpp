@@ -2,6 +2,7 @@
 
 #include "Inspect/TypeText.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <string_view>
@@ -37,31 +38,40 @@ bool isColourUnwanted() {
 } // namespace
 
 Inspect::TextStyle outputStyle() {
-    const bool isColoured = isatty(STDOUT_FILENO) != 0 && !isDumbTerminal() && !isColourUnwanted();
+    const bool isColoured = isOutputOnTerminal() && !isDumbTerminal() && !isColourUnwanted();
     return isColoured ? Inspect::TextStyle::coloured() : Inspect::TextStyle::plain();
 }
 
+bool isOutputOnTerminal() { return isatty(STDOUT_FILENO) != 0; }
+
 Progress::Progress(std::string what, unsigned long long total)
-    : m_what(std::move(what)), m_total(total),
-      m_isTerminal(isatty(STDERR_FILENO) != 0 && !isDumbTerminal()),
-      m_showAt(Clock::now() + PATIENCE) {}
+    : Progress(std::move(what), total, std::cerr, isatty(STDERR_FILENO) != 0 && !isDumbTerminal(),
+               Clock::now) {}
+
+Progress::Progress(std::string what, unsigned long long total, std::ostream& out, bool isTerminal,
+                   std::function<Clock::time_point()> now)
+    : m_what(std::move(what)), m_total(total), m_out(out), m_isTerminal(isTerminal),
+      m_now(std::move(now)), m_showAt(m_now() + PATIENCE) {}
 
 Progress::~Progress() {
     if (m_isTerminal && m_isShown)
-        std::cerr << ERASE_LINE << std::flush;
+        m_out << ERASE_LINE << std::flush;
 }
 
 void Progress::look(unsigned long long done) {
     m_next = done + STEPS;
-    if (Clock::now() < m_showAt)
+    if (m_now() < m_showAt)
         return;
     show(done);
-    m_showAt = Clock::now() + (m_isTerminal ? Clock::duration(TERMINAL_INTERVAL) : LOG_INTERVAL);
+    m_showAt = m_now() + (m_isTerminal ? Clock::duration(TERMINAL_INTERVAL) : LOG_INTERVAL);
 }
 
 void Progress::show(unsigned long long done) {
-    const unsigned long long share = m_total == 0 ? 100 : done * 100 / m_total;
-    std::cerr << (m_isTerminal ? ERASE_LINE : "rtti: ") << Inspect::escaped(m_what) << ": " << share
-              << " %" << (m_isTerminal ? "" : "\n") << std::flush;
+    m_out << (m_isTerminal ? ERASE_LINE : "rtti: ") << Inspect::escaped(m_what) << ": ";
+    if (m_total == 0)
+        m_out << done;
+    else
+        m_out << std::min(done * 100 / m_total, 100ULL) << " %";
+    m_out << (m_isTerminal ? "" : "\n") << std::flush;
     m_isShown = true;
 }

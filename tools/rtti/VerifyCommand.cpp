@@ -1,8 +1,9 @@
 #include "Subcommand.h"
 
 #include "Inspect/TypeText.h"
-#include "OVAT/FileBlockManager.h"
+#include "OpenedFile.h"
 #include "RTTI/TypeFileFormat.h"
+#include "Terminal.h"
 #include "TypeFile/TypeFileVerifier.h"
 
 #include <CLI/CLI.hpp>
@@ -30,16 +31,36 @@ std::size_t count(const std::vector<Finding>& findings, Severity severity) {
                       [=](const Finding& finding) { return finding.severity == severity; }));
 }
 
+Inspect::Ink inkOf(Severity severity) {
+    return severity == Severity::ERROR ? Inspect::Ink::ERROR : Inspect::Ink::WARNING;
+}
+
 std::string counted(std::size_t number, const std::string& what) {
     return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
+/// A finding's line, its severity set off.
+std::string paintedLine(const Finding& finding, const Inspect::TextStyle& style) {
+    const std::string line = TypeFile::lineOf(finding);
+    const std::size_t length = std::string_view(TypeFile::severityText(finding.severity)).size();
+    return style.paint(inkOf(finding.severity), line.substr(0, length)) + line.substr(length);
+}
+
+/// "2 errors", set off if there are any.
+std::string paintedCount(const std::vector<Finding>& findings, Severity severity,
+                         const std::string& what, const Inspect::TextStyle& style) {
+    const std::size_t number = count(findings, severity);
+    const std::string text = counted(number, what);
+    return number == 0 ? text : style.paint(inkOf(severity), text);
+}
+
 void printText(const std::string& file, const std::vector<Finding>& findings) {
+    const Inspect::TextStyle style = outputStyle();
     for (const Finding& finding : findings)
-        std::cout << TypeFile::lineOf(finding) << '\n';
+        std::cout << paintedLine(finding, style) << '\n';
     std::cout << Inspect::escaped(file) << ": "
-              << counted(count(findings, Severity::ERROR), "error") << ", "
-              << counted(count(findings, Severity::WARNING), "warning") << '\n';
+              << paintedCount(findings, Severity::ERROR, "error", style) << ", "
+              << paintedCount(findings, Severity::WARNING, "warning", style) << '\n';
 }
 
 /// "type" is null for what belongs to the file.
@@ -73,7 +94,7 @@ void printJson(const std::string& file, const std::vector<Finding>& findings) {
 /// or 1 if there are errors. Throws for a file that cannot be read.
 int runVerify(const VerifyOptions& options) {
     OVAT::FileBlockManager storage(options.file);
-    const std::vector<Finding> findings = TypeFile::verify(storage, storage.size(), options.offset);
+    const auto findings = findingsOf(options.file, storage, options.offset);
     if (options.json)
         printJson(options.file, findings);
     else
