@@ -25,11 +25,18 @@ public:
 
     /// What is written when `done` is reached after `time`.
     std::string at(unsigned long long done, std::chrono::milliseconds time) {
+        passes(time);
+        m_progress.at(done);
+        return written();
+    }
+
+    /// It is so late now, and what was written before does not count.
+    void passes(std::chrono::milliseconds time) {
         m_now = Progress::Clock::time_point() + time;
         m_out.str("");
-        m_progress.at(done);
-        return m_out.str();
     }
+
+    std::string written() const { return m_out.str(); }
 
     Progress& progress() { return m_progress; }
 
@@ -107,22 +114,44 @@ TEST(Progress, EscapesTheNameOfAFile) {
     EXPECT_EQ(Work(false, 10, "loading \x1B[2J").at(1, 1s), "rtti: loading \\x1B[2J: 10 %\n");
 }
 
-TEST(ReadProgress, CountsTheBytesThatHaveBeenRead) {
-    const std::string bytes(4 * STEPS, 'x');
+TEST(ReadProgress, TakesWhatHasBeenReadOfTheStorage) {
+    const std::string bytes(4 * ReadProgress::PIECE, 'x');
     OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
     Work work(false, bytes.size());
-    ReadProgress reads(storage, work.progress());
-    std::string buffer(3 * STEPS, ' ');
-    EXPECT_TRUE(reads.read(STEPS, buffer.data(), static_cast<long long>(buffer.size())));
-    EXPECT_EQ(buffer, bytes.substr(STEPS));
-    EXPECT_EQ(work.at(3 * STEPS, 1s), ""); // The read itself had the clock looked at.
-    EXPECT_EQ(work.at(4 * STEPS, 1s), "rtti: loading: 100 %\n");
+    ReadProgress reads(storage, bytes.size(), work.progress());
+    std::string buffer(2 * ReadProgress::PIECE, ' ');
+    const auto size = static_cast<long long>(buffer.size());
+    work.passes(1s);
+    EXPECT_TRUE(reads.read(ReadProgress::PIECE, buffer.data(), size));
+    EXPECT_EQ(buffer, bytes.substr(0, buffer.size()));
+    EXPECT_EQ(work.written(), "rtti: loading: 50 %\n");
+}
+
+TEST(ReadProgress, CountsWhatIsReadAgainOnce) {
+    const std::string bytes(4 * ReadProgress::PIECE, 'x');
+    OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
+    Work work(false, bytes.size());
+    ReadProgress reads(storage, bytes.size(), work.progress());
+    char byte = 0;
+    for (int i = 0; i < 3; ++i)
+        reads.read(0, &byte, 1);
+    work.passes(1s);
+    reads.read(3 * ReadProgress::PIECE, &byte, 1);
+    EXPECT_EQ(work.written(), "rtti: loading: 50 %\n");
+}
+
+TEST(ReadProgress, TakesReadsOfNothingAtTheEnd) {
+    const std::string bytes(ReadProgress::PIECE, 'x');
+    OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
+    Work work(false);
+    ReadProgress reads(storage, bytes.size(), work.progress());
+    EXPECT_TRUE(reads.read(bytes.size(), nullptr, 0));
 }
 
 TEST(ReadProgress, LetsWhatTheStorageThrowsPass) {
     OVAT::MemoryBlockManager storage("", 0);
     Work work(false);
-    ReadProgress reads(storage, work.progress());
+    ReadProgress reads(storage, 0, work.progress());
     char byte = 0;
     EXPECT_THROW(reads.read(0, &byte, 1), std::out_of_range);
 }

@@ -25,7 +25,7 @@ bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
                                           unsigned long long offset) {
     Progress progress("verifying " + path, storage.size());
-    ReadProgress reads(storage, progress);
+    ReadProgress reads(storage, storage.size(), progress);
     return TypeFile::verify(reads, storage.size(), offset);
 }
 
