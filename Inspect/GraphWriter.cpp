@@ -63,11 +63,12 @@ private:
     std::vector<unsigned int> m_ids; ///< Ascending; empty for the whole table.
 };
 
-/// Gives a drawing its nodes and edges.
+/// Gives a drawing its nodes and edges, until the stream that it writes to fails.
 class GraphWalk {
 public:
-    GraphWalk(const TypeTable& types, const Selection& selection, GraphDrawing& drawing)
-        : m_types(types), m_selection(selection), m_drawing(drawing) {}
+    GraphWalk(const TypeTable& types, const Selection& selection, GraphDrawing& drawing,
+              const std::ostream& out)
+        : m_types(types), m_selection(selection), m_drawing(drawing), m_out(out) {}
 
     GraphSize draw() {
         drawNodes();
@@ -82,7 +83,7 @@ public:
 
 private:
     template <typename Use> void forEachType(Use use) {
-        for (std::size_t i = 0; i < m_selection.size(); ++i) {
+        for (std::size_t i = 0; i < m_selection.size() && m_out; ++i) {
             const unsigned int id = m_selection.idAt(i);
             if (const RTBaseType* type = m_types.typeOf(id))
                 use(id, *type);
@@ -91,7 +92,7 @@ private:
 
     void drawNodes() {
         std::set<unsigned int> missing;
-        for (std::size_t i = 0; i < m_selection.size(); ++i) {
+        for (std::size_t i = 0; i < m_selection.size() && m_out; ++i) {
             const unsigned int id = m_selection.idAt(i);
             if (const RTBaseType* type = m_types.typeOf(id))
                 drawNode(id, *type, missing);
@@ -172,6 +173,7 @@ private:
     const TypeTable& m_types;
     const Selection& m_selection;
     GraphDrawing& m_drawing;
+    const std::ostream& m_out;
     GraphSize m_size;
     std::vector<TypeLink> m_links;  ///< Of the type in hand.
     std::vector<GraphEdge> m_edges; ///< Of the type in hand.
@@ -191,7 +193,7 @@ GraphSize writeGraph(std::ostream& out, const TypeTable& types, const GraphReque
                      GraphForm form) {
     const Selection selection(types, request);
     const auto drawing = makeDrawing(out, form);
-    return GraphWalk(types, selection, *drawing).draw();
+    return GraphWalk(types, selection, *drawing, out).draw();
 }
 
 } // namespace Inspect

@@ -34,6 +34,8 @@ struct GraphSize {
 /// references. References from one type to another in the same role are one edge. Types and edges
 /// ascend by id, so the text is the same on every run, and it is ASCII.
 ///
+/// Writing ends early where the stream fails.
+///
 /// An id that is referred to and has no type becomes a node that says so. Types are asked for more
 /// than once. Memory grows with the types that are reached from a root, and with the ids without a
 /// type; the whole table takes none.

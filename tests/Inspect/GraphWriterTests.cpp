@@ -37,8 +37,12 @@ public:
 
     std::string graph(GraphForm form, GraphRequest request = {}) const {
         std::ostringstream out;
-        m_size = writeGraph(out, table(), request, form);
+        m_size = write(out, request, form);
         return out.str();
+    }
+
+    GraphSize write(std::ostream& out, const GraphRequest& request, GraphForm form) const {
+        return writeGraph(out, table(), request, form);
     }
 
     /// The ids and the edges that a graph shows, such as "1 member 0".
@@ -295,6 +299,14 @@ TEST(GraphWriter, FollowsManyLinksInARow) {
     std::ignore = types.graph(GraphForm::DOT, {200000, 200000});
     EXPECT_EQ(types.size().types, 200001u);
     EXPECT_EQ(types.size().edges, 200000u);
+}
+
+TEST(GraphWriter, EndsWhereItsStreamFails) {
+    Types types;
+    addChain(types, 10);
+    std::ostringstream out;
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(types.write(out, {}, GraphForm::DOT).types, 0u);
 }
 
 TEST(GraphWriter, WritesAnEmptyGraphForAnEmptyTable) {
