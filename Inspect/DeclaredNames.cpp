@@ -1,0 +1,274 @@
+#include "Inspect/DeclaredNames.h"
+
+#include "Inspect/Identifiers.h"
+#include "Inspect/PredefinedTypes.h"
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <unordered_set>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+constexpr std::uint64_t PREDEFINED = ~0ull;
+
+/// VHDL's enumeration literals are overloaded: many types may have one of the same name.
+constexpr std::uint64_t OVERLOADED = ~1ull;
+
+/// Typedefs are followed to the type whose declaration they share through this many.
+constexpr int CHAIN_LIMIT = 1000;
+
+std::uint64_t typeOwner(unsigned int id) { return 2ull * id; }
+
+std::string_view nameOf(const RTBaseType& type) {
+    return type.m_name != nullptr ? type.m_name : "";
+}
+
+/// Text that follows the names of the literals or units of a type.
+std::vector<std::string_view> literalsOf(const RTBaseType& type) {
+    std::vector<std::string_view> names;
+    if (const auto* sequential = dynamic_cast<const RTSeqEnumType*>(&type)) {
+        for (const char* name : sequential->m_enumeratorNames)
+            names.emplace_back(name != nullptr ? name : "");
+    } else if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type)) {
+        for (const t_enumNameAndValuePair& literal : discrete->m_enumerators)
+            names.emplace_back(literal.enumName);
+    } else if (const auto* physical = dynamic_cast<const RTPhysicalType*>(&type)) {
+        for (const t_unitNameAndValuePair& unit : physical->m_units)
+            names.emplace_back(unit.unitName);
+    }
+    return names;
+}
+
+std::string spelled(SourceLanguage language, std::string_view name) {
+    if (language == SourceLanguage::VHDL && isCharacterLiteral(name))
+        return std::string(name);
+    return identifierOf(language, name);
+}
+
+} // namespace
+
+DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming)
+    : m_types(types), m_language(language), m_naming(naming) {
+    if (naming == Naming::OWN)
+        return;
+    m_yields.resize(types.count);
+    m_predefined.resize(types.count);
+    claimPredefined();
+    claimTypes();
+    claimLiterals();
+}
+
+void DeclaredNames::claimPredefined() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || languageOf(*type) != m_language)
+            continue;
+        if (m_language == SourceLanguage::SYSTEM_VERILOG) {
+            m_predefined[id] = !systemVerilogKeyword(*type).empty();
+        } else if (isPredefinedInVhdl(*type, m_types.typeOf)) {
+            m_predefined[id] = true;
+            claim(nameOf(*type), PREDEFINED);
+        }
+    }
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const auto* alias = dynamic_cast<const RTTypedefType*>(m_types.typeOf(id));
+        if (alias != nullptr && alias->m_dataTypeId < m_types.count && hasNameOfItsData(*alias) &&
+            !addsNothing(*alias) && !m_predefined[alias->m_dataTypeId])
+            m_yields[alias->m_dataTypeId] = true;
+    }
+}
+
+void DeclaredNames::claimTypes() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
+            languageOf(*type) != m_language || declaredType(id) != id)
+            continue;
+        claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
+    }
+}
+
+void DeclaredNames::claimLiterals() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || m_predefined[id] || languageOf(*type) != m_language)
+            continue;
+        for (const std::string_view name : literalsOf(*type)) {
+            if (!name.empty())
+                claim(spelled(m_language, name), literalOwner(id));
+        }
+    }
+}
+
+DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr && type->GetClassId() == ClassId::SEQ_ENUM ? OVERLOADED
+                                                                      : typeOwner(id) + 1;
+}
+
+void DeclaredNames::claim(std::string_view identifier, Owner owner) {
+    m_owners.try_emplace(std::hash<std::string>()(identityOf(m_language, identifier)), owner);
+}
+
+const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier) const {
+    const auto found = m_owners.find(std::hash<std::string>()(identityOf(m_language, identifier)));
+    return found != m_owners.end() ? &found->second : nullptr;
+}
+
+bool DeclaredNames::isOwned(std::string_view identifier, Owner owner) const {
+    const Owner* found = ownerOf(identifier);
+    return found != nullptr && *found == owner;
+}
+
+bool DeclaredNames::isHidden(std::string_view literal) const {
+    const Owner* owner = ownerOf(literal);
+    return owner != nullptr && *owner != OVERLOADED && *owner != PREDEFINED;
+}
+
+bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
+    const RTBaseType* data = alias.m_dataType;
+    if (data == nullptr || nameOf(*data).empty() || nameOf(alias).empty())
+        return false;
+    return identityOf(m_language, identifierOf(m_language, nameOf(alias))) ==
+           identityOf(m_language, identifierOf(m_language, nameOf(*data)));
+}
+
+bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
+    const auto isOpen = [](const FullConstraints& range) {
+        return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
+    };
+    if (std::all_of(alias.m_constraints.begin(), alias.m_constraints.end(), isOpen))
+        return true;
+    const auto* integer = dynamic_cast<const RTIntType*>(alias.m_dataType);
+    if (integer == nullptr || alias.m_constraints.size() != 1)
+        return false;
+    const FullConstraints& range = alias.m_constraints.front();
+    return range.si == integer->m_constraint.si && range.ei == integer->m_constraint.ei &&
+           range.dir == integer->m_constraint.dir;
+}
+
+unsigned int DeclaredNames::declaredType(unsigned int id) const {
+    for (int i = 0; i < CHAIN_LIMIT; ++i) {
+        const auto* alias = dynamic_cast<const RTTypedefType*>(m_types.typeOf(id));
+        if (alias == nullptr || !hasNameOfItsData(*alias) || !addsNothing(*alias))
+            return id;
+        id = alias->m_dataTypeId;
+    }
+    return id;
+}
+
+bool DeclaredNames::isPredefined(unsigned int id) const {
+    if (m_naming == Naming::DISTINCT)
+        return id < m_predefined.size() && m_predefined[id];
+    const RTBaseType* type = m_types.typeOf(id);
+    return m_language == SourceLanguage::SYSTEM_VERILOG && type != nullptr &&
+           !systemVerilogKeyword(*type).empty();
+}
+
+std::string DeclaredNames::free(std::string name, const std::string& suffix) const {
+    std::string identifier;
+    do {
+        name = suffixed(m_language, name, suffix);
+        identifier = spelled(m_language, name);
+    } while (ownerOf(identifier) != nullptr);
+    return identifier;
+}
+
+std::string DeclaredNames::freeLiteral(std::string name, const std::string& suffix) const {
+    do
+        name = free(name, suffix);
+    while (isMadeForType(name));
+    return name;
+}
+
+bool DeclaredNames::isMadeForType(std::string_view identifier) const {
+    const std::size_t end = identifier.find_last_of("0123456789");
+    const std::size_t underline = identifier.rfind('_');
+    if (end == std::string_view::npos || underline == std::string_view::npos || end < underline)
+        return false;
+    const std::string_view digits = identifier.substr(underline + 1, end - underline);
+    unsigned int id = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), id);
+    if (read.ec != std::errc() || id >= m_types.count)
+        return false;
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr && languageOf(*type) == m_language && typeName(id) == identifier;
+}
+
+std::string DeclaredNames::typeName(unsigned int id) const {
+    id = declaredType(id);
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type != nullptr && m_language == SourceLanguage::SYSTEM_VERILOG) {
+        const std::string_view keyword = systemVerilogKeyword(*type);
+        if (!keyword.empty())
+            return std::string(keyword);
+    }
+    if (type == nullptr || nameOf(*type).empty())
+        return madeName(id);
+    const std::string own = identifierOf(m_language, nameOf(*type));
+    if (m_naming == Naming::OWN || isPredefined(id) || isOwned(own, typeOwner(id)))
+        return own;
+    return madeName(id);
+}
+
+std::string DeclaredNames::madeName(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    const bool isNamed = type != nullptr && !nameOf(*type).empty();
+    return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
+}
+
+bool DeclaredNames::isRenamed(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr || nameOf(*type).empty())
+        return true;
+    return typeName(id) != identifierOf(m_language, nameOf(*type));
+}
+
+std::vector<std::string>
+DeclaredNames::literalNames(unsigned int id, const std::vector<std::string_view>& names) const {
+    std::vector<std::string> result;
+    std::unordered_set<std::string> used;
+    const Owner owner = literalOwner(id);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string name(names[i].empty() ? "literal" : names[i]);
+        std::string identifier = spelled(m_language, name);
+        const bool isFree =
+            m_naming == Naming::OWN || isPredefined(id) || isOwned(identifier, owner);
+        if (names[i].empty() || !isFree || used.count(identityOf(m_language, identifier)) != 0)
+            identifier = freeLiteral(name, '_' + std::to_string(id) + '_' + std::to_string(i));
+        used.insert(identityOf(m_language, identifier));
+        result.push_back(std::move(identifier));
+    }
+    return result;
+}
+
+std::vector<std::string>
+DeclaredNames::memberNames(const std::vector<std::string_view>& names) const {
+    std::unordered_set<std::string> taken;
+    for (const std::string_view name : names) {
+        if (!name.empty())
+            taken.insert(identityOf(m_language, identifierOf(m_language, name)));
+    }
+    std::vector<std::string> result;
+    std::unordered_set<std::string> used;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        std::string name(names[i].empty() ? "member" : names[i]);
+        std::string identifier = identifierOf(m_language, name);
+        bool isNew = !names[i].empty() && used.insert(identityOf(m_language, identifier)).second;
+        while (!isNew) {
+            name = suffixed(m_language, name, '_' + std::to_string(i));
+            identifier = identifierOf(m_language, name);
+            const std::string identity = identityOf(m_language, identifier);
+            isNew = taken.count(identity) == 0 && used.insert(identity).second;
+        }
+        result.push_back(std::move(identifier));
+    }
+    return result;
+}
+
+} // namespace Inspect

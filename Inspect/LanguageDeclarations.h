@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Inspect/DeclaredNames.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+/// A type that a declaration names.
+struct TypeNeed {
+    unsigned int typeId;
+    bool isForward; ///< An announcement of the type is enough.
+};
+
+/// How one language declares types. The types and the names must outlive it.
+class LanguageDeclarations {
+public:
+    virtual ~LanguageDeclarations() = default;
+
+    SourceLanguage language() const { return m_language; }
+    const DeclaredNames& names() const { return m_names; }
+
+    /// The declaration of a type, in lines that each have their end. Where the type cannot be
+    /// declared it is what comes next to it.
+    virtual std::string declarationOf(unsigned int id) const = 0;
+
+    /// Announces a type whose declaration follows: an incomplete type of VHDL, a forward typedef
+    /// of SystemVerilog.
+    virtual std::string announcementOf(unsigned int id) const = 0;
+
+    /// Replaces `needs` by the types of the same file that the declaration names.
+    virtual void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const = 0;
+
+    /// Why the language has no declaration for the type, looking at this type alone; else empty.
+    std::string obstacleOf(unsigned int id) const;
+
+    /// What comments begin with.
+    std::string_view comment() const;
+
+protected:
+    LanguageDeclarations(SourceLanguage language, const TypeTable& types,
+                         const DeclaredNames& names)
+        : m_language(language), m_types(types), m_names(names) {}
+
+    /// What `obstacleOf` tells beyond types that are missing or of another language.
+    virtual std::string ownObstacleOf(const RTTI::RTBaseType& type) const = 0;
+
+    const RTTI::RTBaseType* typeOf(unsigned int id) const {
+        return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
+    }
+    bool isUnnamed(unsigned int id) const;
+
+    /// A comment line of its own.
+    std::string remark(std::string_view text) const;
+
+    SourceLanguage m_language;
+    const TypeTable& m_types;
+    const DeclaredNames& m_names;
+};
+
+} // namespace Inspect

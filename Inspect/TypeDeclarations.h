@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Inspect/DeclaredNames.h"
+#include "Inspect/SystemVerilogDeclarations.h"
+#include "Inspect/VhdlDeclarations.h"
+
+#include <string>
+
+namespace Inspect {
+
+/// The declarations of the types of a file, each in its own language and asked for one by one.
+class TypeDeclarations {
+public:
+    /// With distinct names all types are looked at now; with their own names nothing is.
+    TypeDeclarations(const TypeTable& types, Naming naming)
+        : m_types(types), m_vhdlNames(m_types, SourceLanguage::VHDL, naming),
+          m_systemVerilogNames(m_types, SourceLanguage::SYSTEM_VERILOG, naming),
+          m_vhdl(m_types, m_vhdlNames), m_systemVerilog(m_types, m_systemVerilogNames) {}
+    TypeDeclarations(const TypeDeclarations&) = delete;
+    TypeDeclarations& operator=(const TypeDeclarations&) = delete;
+
+    /// The declaration of a type in its own language, in lines that each have their end; the names
+    /// in it are safe for a terminal. Types that the language has no declaration for get the next
+    /// best one, and a comment that says why. A typedef of the same name as its data type that adds
+    /// nothing to it shares that type's declaration. Empty where there is no type.
+    std::string declarationOf(unsigned int id) const;
+
+    const LanguageDeclarations& in(SourceLanguage language) const;
+
+private:
+    TypeTable m_types;
+    DeclaredNames m_vhdlNames;
+    DeclaredNames m_systemVerilogNames;
+    VhdlDeclarations m_vhdl;
+    SystemVerilogDeclarations m_systemVerilog;
+};
+
+} // namespace Inspect
