@@ -115,8 +115,20 @@ bool isTime(const RTBaseType* type) {
     return true;
 }
 
+/// A typedef of an integer or of time that has its name and its whole range.
+bool isFirstSubtype(const RTTypedefType& type) {
+    const std::vector<FullConstraints>& constraints = type.m_constraints;
+    if (isSameInVhdl(type.m_name, "time"))
+        return isTime(type.m_dataType) && constraints.empty();
+    return isSameInVhdl(type.m_name, "integer") && isInteger(type.m_dataType) &&
+           (constraints.empty() ||
+            (constraints.size() == 1 && isSame(constraints.front(), integerRange)));
+}
+
 bool isPredefinedSubtype(const RTTypedefType& type) {
     const std::vector<FullConstraints>& constraints = type.m_constraints;
+    if (isFirstSubtype(type))
+        return true;
     if (isSameInVhdl(type.m_name, "delay_length"))
         return isTime(type.m_dataType) && constraints.empty();
     const bool isNatural = isSameInVhdl(type.m_name, "natural");

@@ -1,5 +1,6 @@
 #include "Inspect/TypeDumper.h"
 
+#include "Inspect/TypeDeclarations.h"
 #include "Inspect/TypeKind.h"
 #include "Inspect/TypeText.h"
 #include "RTTI/ConstraintStack.h"
@@ -228,6 +229,21 @@ private:
     const TextStyle& m_style;
 };
 
+/// A declaration of one line stands behind its label, a longer one below it.
+void writeDeclaration(std::ostream& out, std::string_view text) {
+    out << "  declaration:";
+    if (text.find('\n') + 1 == text.size()) {
+        out << ' ' << text;
+        return;
+    }
+    out << '\n';
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n') + 1;
+        out << "    " << text.substr(0, end);
+        text.remove_prefix(end);
+    }
+}
+
 } // namespace
 
 void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type,
@@ -240,6 +256,9 @@ void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type,
 void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types,
               const TextStyle& style) {
     dumpHeading(out, id, type, style);
+    const auto lookup = [&](unsigned int other) { return other == id ? &type : types(other); };
+    const TypeDeclarations declarations({0, lookup}, Naming::OWN);
+    writeDeclaration(out, declarations.declarationOf(id));
     out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
     FieldWriter fields(out, types, style);
     type.accept(fields);

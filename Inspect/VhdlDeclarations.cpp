@@ -24,7 +24,7 @@ constexpr int VISIT_LIMIT = 10000;
 /// The literals of larger enumerations are named by their position.
 constexpr std::size_t LITERAL_LIMIT = 1000;
 
-constexpr std::size_t LINE_WIDTH = 100;
+constexpr std::size_t LINE_WIDTH = 92;
 
 bool isOpen(const FullConstraints& range) {
     return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
@@ -312,7 +312,7 @@ std::string VhdlDeclarations::physical(unsigned int id, const RTPhysicalType& ty
         given.emplace_back(unit.unitName);
     const std::vector<std::string> units = m_names.literalNames(id, given);
     std::string text = fmt::format("type {} is range -9223372036854775807 to 9223372036854775807 "
-                                   "-- a record has no range\n    units\n",
+                                   "-- not recorded\n    units\n",
                                    m_names.typeName(id));
     for (std::size_t i = 0; i < units.size(); ++i)
         text += i == 0 ? fmt::format("        {};\n", units[i])

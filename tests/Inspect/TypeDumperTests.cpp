@@ -35,6 +35,7 @@ TEST(TypeDumper, ShowsARealWithBoundsThatReadBack) {
     type.m_right = 1e300;
     type.m_direction = 1;
     EXPECT_EQ(dump(4, type), "type 4: real (no name)\n"
+                             "  declaration: typedef realtime type_4;\n"
                              "  flags: 0x0\n"
                              "  real kind: 3\n"
                              "  left: 0.1\n"
@@ -50,15 +51,23 @@ TEST(TypeDumper, ShowsUnitsWithTheirValues) {
     RTPhysicalType type;
     type.m_flags = 0x10;
     type.m_units = {{"fs", 1}, {"ps", 1000}};
-    EXPECT_EQ(dump(0, type), "type 0: physical type (no name)\n"
-                             "  flags: 0x10\n"
-                             "  units: 2\n"
-                             "    [0] \"fs\" = 1\n"
-                             "    [1] \"ps\" = 1000\n"
-                             "  value encoding: Unpadded-Byte\n"
-                             "  value size: not recorded\n"
-                             "  flattened constraints: none\n"
-                             "\n");
+    EXPECT_EQ(
+        dump(0, type),
+        "type 0: physical type (no name)\n"
+        "  declaration:\n"
+        "    type type_0 is range -9223372036854775807 to 9223372036854775807 -- not recorded\n"
+        "        units\n"
+        "            fs;\n"
+        "            ps = 1000 fs;\n"
+        "        end units;\n"
+        "  flags: 0x10\n"
+        "  units: 2\n"
+        "    [0] \"fs\" = 1\n"
+        "    [1] \"ps\" = 1000\n"
+        "  value encoding: Unpadded-Byte\n"
+        "  value size: not recorded\n"
+        "  flattened constraints: none\n"
+        "\n");
 }
 
 TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
@@ -66,18 +75,22 @@ TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
     CTArrayType type("mem", VHDL_ARRAY, 8, 9);
     type.m_constraints = {{7, 0, 0}, {0, 0, -2}};
     type.m_svTypeId = 6;
-    EXPECT_EQ(dump(1, type, &index), "type 1: VHDL array \"mem\"\n"
-                                     "  flags: 0x0\n"
-                                     "  array kind: VHDL_ARRAY\n"
-                                     "  element type: 8 (no type)\n"
-                                     "  dimensions: 1\n"
-                                     "    [0] index type 9 (no name)\n"
-                                     "  constraints: (7 downto 0), (open)\n"
-                                     "  SV type id: 6\n"
-                                     "  value encoding: Byte\n"
-                                     "  value size: not recorded\n"
-                                     "  flattened constraints: (7 downto 0)\n"
-                                     "\n");
+    EXPECT_EQ(dump(1, type, &index),
+              "type 1: VHDL array \"mem\"\n"
+              "  declaration:\n"
+              "    type mem is array (type_9 range 7 downto 0) of type_8;\n"
+              "    -- no legal declaration: type 8 belongs to SystemVerilog\n"
+              "  flags: 0x0\n"
+              "  array kind: VHDL_ARRAY\n"
+              "  element type: 8 (no type)\n"
+              "  dimensions: 1\n"
+              "    [0] index type 9 (no name)\n"
+              "  constraints: (7 downto 0), (open)\n"
+              "  SV type id: 6\n"
+              "  value encoding: Byte\n"
+              "  value size: not recorded\n"
+              "  flattened constraints: (7 downto 0)\n"
+              "\n");
 }
 
 TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
@@ -91,6 +104,11 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
     type.m_members.push_back(member);
     type.m_memberTypes.push_back(&queue);
     EXPECT_EQ(dump(2, type), "type 2: class \"pkt\"\n"
+                             "  declaration:\n"
+                             "    class pkt;\n"
+                             "        type_12 items; // flagged // no place for: 0 to 3\n"
+                             "    endclass\n"
+                             "    // no legal declaration: type 12 is missing\n"
                              "  flags: 0x0\n"
                              "  base class: none\n"
                              "  members: 1\n"
@@ -106,6 +124,10 @@ TEST(TypeDumper, ShowsKindsOutsideTheirTablesAsNumbers) {
     CTRecordType type;
     type.m_recordKind = static_cast<RecordKind>(0xB0009);
     EXPECT_EQ(dump(0, type), "type 0: record of unknown kind (no name)\n"
+                             "  declaration:\n"
+                             "    type type_0 is record\n"
+                             "    end record;\n"
+                             "    -- no legal declaration: a record has at least one member\n"
                              "  flags: 0x0\n"
                              "  record kind: 0xb0009\n"
                              "  members: 0\n"
@@ -125,6 +147,9 @@ TEST(TypeDumper, ShowsTheTypeBehindTypedefs) {
     outer.m_dataType = &inner;
     outer.m_constraints = {{0, 15, 1}};
     EXPECT_EQ(dump(1, outer), "type 1: typedef \"outer\"\n"
+                              "  declaration:\n"
+                              "    typedef type_2 outer; // no place for: 0 to 15\n"
+                              "    // no legal declaration: type 2 is missing\n"
                               "  flags: 0x0\n"
                               "  data type: 2 \"inner\"\n"
                               "  constraints: (0 to 15)\n"
@@ -142,6 +167,9 @@ TEST(TypeDumper, CountsTheDimensionsBelowAContainer) {
     CTDynamicArrayType outer("outer", 5);
     outer.m_elementType = &inner;
     EXPECT_EQ(dump(6, outer), "type 6: dynamic array \"outer\"\n"
+                              "  declaration:\n"
+                              "    typedef type_5 outer [];\n"
+                              "    // no legal declaration: type 5 is missing\n"
                               "  flags: 0x0\n"
                               "  element type: 5 \"inner\"\n"
                               "  SV type id: none\n"

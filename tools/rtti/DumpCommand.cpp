@@ -1,5 +1,6 @@
 #include "Subcommand.h"
 
+#include "Inspect/DeclarationFile.h"
 #include "Inspect/TypeDumper.h"
 #include "Inspect/TypeJsonWriter.h"
 #include "Inspect/TypeKind.h"
@@ -23,6 +24,7 @@ struct DumpOptions : FileArguments {
     std::vector<unsigned int> ids; ///< None for all.
     std::string kind;              ///< Empty for all.
     std::string name;              ///< A glob; empty for all.
+    std::string format;            ///< A language; empty for the fields.
     bool trace = false;
     bool json = false;
     bool ndjson = false;
@@ -60,6 +62,11 @@ public:
     int run() {
         if (m_options.trace)
             m_file.manager().setDebugMode();
+        if (!m_options.format.empty())
+            m_declarations.emplace(std::cout, m_types = m_file.loadedTypes(),
+                                   m_options.format == "vhdl"
+                                       ? Inspect::SourceLanguage::VHDL
+                                       : Inspect::SourceLanguage::SYSTEM_VERILOG);
         if (m_options.json || m_options.ndjson)
             m_json.emplace(std::cout,
                            m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
@@ -72,6 +79,8 @@ public:
         }
         if (m_json)
             m_json->end();
+        if (m_declarations)
+            m_declarations->end();
         return m_faults ? 1 : 0;
     }
 
@@ -101,6 +110,8 @@ private:
             return;
         else if (m_json)
             m_json->type(id, *type);
+        else if (m_declarations)
+            m_declarations->add(id);
         else
             Inspect::dumpType(std::cout, id, *type, m_file.types().typeOf, m_style);
     }
@@ -117,6 +128,8 @@ private:
         const bool isShown = !m_options.trace && m_options.kind.empty() && m_options.name.empty();
         if (isShown && m_json)
             m_json->noType(id, kind);
+        else if (isShown && m_declarations)
+            m_declarations->add(id);
         else if (isShown)
             std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
                       << " builds no type (kind " << hex(kind) << ")\n\n";
@@ -132,6 +145,8 @@ private:
     OpenedFile m_file;
     std::optional<Inspect::TypeJsonWriter> m_json;
     const Inspect::TextStyle m_style = outputStyle();
+    Inspect::TypeTable m_types;
+    std::optional<Inspect::DeclarationFile> m_declarations; ///< Of `m_types`.
     bool m_faults = false;
 };
 
@@ -141,8 +156,8 @@ int runDump(const DumpOptions& options) {
     checkKind(options.kind);
     if (options.trace && !(options.kind.empty() && options.name.empty()))
         throw CLI::ValidationError("--trace shows whole loads: use it with --id or alone");
-    if (options.json + options.ndjson + options.trace > 1)
-        throw CLI::ValidationError("--json, --ndjson and --trace exclude one another");
+    if (options.json + options.ndjson + options.trace + !options.format.empty() > 1)
+        throw CLI::ValidationError("--format, --json, --ndjson and --trace exclude one another");
     Dump dump(options);
     dump.checkIds();
     return dump.run();
@@ -162,10 +177,15 @@ Subcommand addDump(CLI::App& program) {
                      "Only types of this kind, such as \"packed struct\", struct or queue");
     dump->add_option("--name", options->name, "Only types whose name matches this shell pattern")
         ->type_name("GLOB");
+    dump->add_option("--format", options->format,
+                     "Print declarations that a compiler reads, in VHDL or SystemVerilog")
+        ->check(CLI::IsMember({"vhdl", "sv"}))
+        ->type_name("LANGUAGE");
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
     dump->add_flag("--ndjson", options->ndjson, "The same with a JSON object a line");
     dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
-                 "examples/typefiles/ibex_slang.typ");
+                 "examples/typefiles/ibex_slang.typ\n"
+                 "  rtti dump --format vhdl examples/typefiles/ieee_ghw.typ");
     return {dump, options->file, [options] { return runDump(*options); }};
 }

@@ -1,0 +1,88 @@
+#include "Inspect/DeclarationFile.h"
+
+#include "Inspect/TypeKind.h"
+#include "Inspect/TypeText.h"
+
+#include <fmt/format.h>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+constexpr std::string_view vhdlHeading =
+    "-- Types of a type file, declared in VHDL (IEEE 1076-2008). A type file has no resolution\n"
+    "-- functions and no ranges of physical types. A name that is taken, or missing, has the id "
+    "of\n"
+    "-- its type at the end.\n"
+    "package types is\n";
+
+constexpr std::string_view systemVerilogHeading =
+    "// Types of a type file, declared in SystemVerilog (IEEE 1800-2017). A type file has no "
+    "signs,\n"
+    "// no bounds of queues, and of a class no methods, constraints and parameters. A name that "
+    "is\n"
+    "// taken, or missing, has the id of its type at the end.\n"
+    "package types;\n";
+
+} // namespace
+
+DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language)
+    : m_out(out), m_types(types), m_declarations(types, Naming::DISTINCT),
+      m_language(m_declarations.in(language)), m_order(types, m_language, *this) {
+    m_out << (language == SourceLanguage::VHDL ? vhdlHeading : systemVerilogHeading);
+}
+
+void DeclarationFile::add(unsigned int id) {
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr)
+        writeLines(fmt::format("type {}: builds no type\n", id), m_language.comment());
+    else if (languageOf(*type) != m_language.language())
+        writeLines(fmt::format("{}: {}\n", heading(id), nameOf(languageOf(*type))),
+                   m_language.comment());
+    else
+        m_order.add(id);
+}
+
+void DeclarationFile::end() {
+    m_order.finish();
+    m_out << (m_language.language() == SourceLanguage::VHDL ? "end package types;\n"
+                                                            : "endpackage\n");
+}
+
+void DeclarationFile::announce(unsigned int id) { writeLines(m_language.announcementOf(id)); }
+
+void DeclarationFile::declare(unsigned int id) {
+    const unsigned int declared = m_language.names().declaredType(id);
+    std::string remark = heading(id);
+    const bool isPredefined = m_language.names().isPredefined(id);
+    if (isPredefined)
+        remark += ": predefined";
+    else if (declared != id)
+        remark += fmt::format(": declared as type {}", declared);
+    writeLines(remark + '\n', m_language.comment());
+    if (!isPredefined && declared == id)
+        writeLines(m_language.declarationOf(id));
+}
+
+void DeclarationFile::omit(unsigned int id, const std::string& reason) {
+    writeLines(fmt::format("{} has no declaration: {}\n", heading(id), reason),
+               m_language.comment());
+    writeLines(m_language.declarationOf(id), m_language.comment());
+}
+
+std::string DeclarationFile::heading(unsigned int id) const {
+    const RTBaseType& type = *m_types.typeOf(id);
+    return fmt::format("type {}: {} {}", id, kindOf(type), quotedName(type.m_name));
+}
+
+void DeclarationFile::writeLines(std::string_view text, std::string_view prefix) {
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        m_out << "    " << prefix << (prefix.empty() ? "" : " ") << text.substr(0, end) << '\n';
+        text.remove_prefix(end + 1);
+    }
+}
+
+} // namespace Inspect
