@@ -94,6 +94,8 @@ std::vector<std::string_view> memberNamesOf(const RTAggregateType& type) {
 
 std::string realLiteral(double number) {
     std::string text = fmt::format("{}", number);
+    if (!std::isfinite(number))
+        return text;
     const std::size_t exponent = text.find('e');
     const std::size_t mantissa = exponent != std::string::npos ? exponent : text.size();
     if (text.find('.') == std::string::npos)

@@ -1,0 +1,204 @@
+#include "Inspect/DeclarationFile.h"
+#include "support/LinkedTypes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using namespace RTTI;
+using namespace Inspect;
+using testing::HasSubstr;
+
+constexpr SourceLanguage VHDL = SourceLanguage::VHDL;
+constexpr SourceLanguage SV = SourceLanguage::SYSTEM_VERILOG;
+
+/// What is done, in its order: "+3" announced, "3" declared, "-3" omitted.
+class RecordingSink : public DeclarationSink {
+public:
+    void announce(unsigned int id) override { note("+", id); }
+    void declare(unsigned int id) override { note("", id); }
+    void omit(unsigned int id, const std::string& /*reason*/) override { note("-", id); }
+    std::string steps;
+
+private:
+    void note(const char* mark, unsigned int id) {
+        steps += steps.empty() ? "" : " ";
+        steps += mark;
+        steps += std::to_string(id);
+    }
+};
+
+std::string orderOf(LinkedTypes& types, SourceLanguage language,
+                    const std::vector<unsigned int>& wanted) {
+    const TypeTable table = types.table();
+    const TypeDeclarations declarations(table, Naming::DISTINCT);
+    RecordingSink sink;
+    DeclarationOrder order(table, declarations.in(language), sink);
+    for (const unsigned int id : wanted)
+        order.add(id);
+    order.finish();
+    return sink.steps;
+}
+
+RTRecordType& record(LinkedTypes& types, RecordKind kind,
+                     const std::vector<unsigned int>& members) {
+    auto& type = types.add<RTRecordType>("r");
+    type.m_recordKind = kind;
+    for (std::size_t i = 0; i < members.size(); ++i)
+        TypeFile::addMember(type, std::string(1, static_cast<char>('a' + i)), members[i]);
+    return type;
+}
+
+RTClassType& classType(LinkedTypes& types, const std::vector<unsigned int>& members,
+                       unsigned int base = TypeFileFormat::NO_TYPE_ID) {
+    auto& type = types.add<RTClassType>("c");
+    type.m_baseClassTypeId = base;
+    for (const unsigned int member : members)
+        TypeFile::addMember(type, "m", member);
+    return type;
+}
+
+TEST(DeclarationOrder, TypesFollowWhatTheyNeed) {
+    LinkedTypes types;
+    types.vhdlArray("a", 2, {3}, {{0, 0, -2}});
+    types.alias("s", 0, {{0, 1, 1}});
+    types.enumeration("e", {"x"});
+    types.integer("i", 0, 1);
+    EXPECT_EQ(orderOf(types, VHDL, {1, 3}), "2 3 0 1");
+}
+
+TEST(DeclarationOrder, WhatIsNotAskedForAndNotNeededStaysAway) {
+    LinkedTypes types;
+    types.enumeration("e", {"x"});
+    types.enumeration("f", {"y"});
+    EXPECT_EQ(orderOf(types, VHDL, {1}), "1");
+}
+
+TEST(DeclarationOrder, AnAccessTypeInACircleAnnouncesItsRecord) {
+    LinkedTypes types;
+    record(types, VHDL_RECORD, {1});
+    types.access("link", 0);
+    EXPECT_EQ(orderOf(types, VHDL, {0}), "+0 1 0");
+    EXPECT_EQ(orderOf(types, VHDL, {1}), "+0 1 0");
+}
+
+TEST(DeclarationOrder, AnAccessTypeAfterItsRecordAnnouncesNothing) {
+    LinkedTypes types;
+    types.integer("i", 0, 1);
+    types.access("link", 0);
+    EXPECT_EQ(orderOf(types, VHDL, {0, 1}), "0 1");
+}
+
+TEST(DeclarationOrder, AnAccessTypeDesignatesASubtypeThatIsDeclared) {
+    LinkedTypes types;
+    types.access("link", 2);
+    types.integer("i", 0, 10);
+    types.alias("s", 1, {{0, 1, 1}});
+    EXPECT_EQ(orderOf(types, VHDL, {0}), "1 2 0");
+}
+
+TEST(DeclarationOrder, HandlesOfClassesNeedAnAnnouncementAlone) {
+    LinkedTypes types;
+    classType(types, {0, 1});
+    classType(types, {0});
+    EXPECT_EQ(orderOf(types, SV, {0, 1}), "+1 0 1");
+    EXPECT_EQ(orderOf(types, SV, {0}), "+1 0 1") << "what is announced is declared in the end";
+}
+
+TEST(DeclarationOrder, ABaseClassComesFirst) {
+    LinkedTypes types;
+    classType(types, {}, 1);
+    classType(types, {0});
+    EXPECT_EQ(orderOf(types, SV, {0}), "+0 1 0");
+}
+
+TEST(DeclarationOrder, AStructInItselfIsOmittedWithAllThatNeedIt) {
+    LinkedTypes types;
+    record(types, VLOG_UNPACKED_STRUCT, {1});
+    record(types, VLOG_UNPACKED_STRUCT, {0});
+    types.alias("t", 0);
+    EXPECT_EQ(orderOf(types, SV, {0, 1, 2}), "-1 -0 -2");
+}
+
+TEST(DeclarationOrder, WhatNeedsAMissingTypeIsOmitted) {
+    LinkedTypes types;
+    types.hole();
+    types.access("link", 0);
+    types.access("far", 100);
+    types.access("none", TypeFileFormat::NO_TYPE_ID);
+    EXPECT_EQ(orderOf(types, VHDL, {1, 2, 3}), "-1 -2 -3");
+}
+
+TEST(DeclarationOrder, DepthTakesNoStack) {
+    LinkedTypes types;
+    constexpr unsigned int DEPTH = 100000;
+    for (unsigned int i = 0; i < DEPTH; ++i)
+        record(types, VHDL_RECORD, {i + 1});
+    types.integer("i", 0, 1);
+    const std::string steps = orderOf(types, VHDL, {0});
+    EXPECT_EQ(steps.substr(0, 19), "100000 99999 99998 ");
+    EXPECT_EQ(steps.substr(steps.size() - 4), " 1 0");
+}
+
+std::string fileOf(LinkedTypes& types, SourceLanguage language,
+                   const std::vector<unsigned int>& wanted) {
+    std::ostringstream out;
+    const TypeTable table = types.table();
+    DeclarationFile file(out, table, language);
+    const std::size_t heading = out.str().size();
+    for (const unsigned int id : wanted)
+        file.add(id);
+    file.end();
+    return out.str().substr(heading);
+}
+
+TEST(DeclarationFile, NamesTypesOfTheOtherLanguageInComments) {
+    LinkedTypes types;
+    types.logic();
+    types.enumeration("e", {"x"});
+    EXPECT_EQ(fileOf(types, VHDL, {0, 1}),
+              "    -- type 0: sequential enumeration \"logic\": SystemVerilog\n"
+              "    -- type 1: sequential enumeration \"e\"\n"
+              "    type e is (x);\n"
+              "end package types;\n");
+    EXPECT_EQ(fileOf(types, SV, {0, 1}),
+              "    // type 0: sequential enumeration \"logic\": predefined\n"
+              "    // type 1: sequential enumeration \"e\": VHDL\n"
+              "endpackage\n");
+}
+
+TEST(DeclarationFile, CommentsOutWhatHasNoDeclaration) {
+    LinkedTypes types;
+    record(types, VHDL_RECORD, {0});
+    EXPECT_EQ(fileOf(types, VHDL, {0}),
+              "    -- type 0: record \"r\" has no declaration: it needs type 0, which needs it in "
+              "turn\n"
+              "    -- type r is record\n"
+              "    --     a : r;\n"
+              "    -- end record;\n"
+              "end package types;\n");
+}
+
+TEST(DeclarationFile, TellsOfTypesThatAreNotThereAndOfSharedDeclarations) {
+    LinkedTypes types;
+    types.hole();
+    types.integer("small", 0, 1);
+    types.alias("small", 1);
+    EXPECT_EQ(fileOf(types, VHDL, {0, 1, 2}),
+              "    -- type 0: builds no type\n"
+              "    -- type 1: integer \"small\"\n"
+              "    type small is range 0 to 1;\n"
+              "    -- type 2: typedef \"small\": declared as type 1\n"
+              "end package types;\n");
+}
+
+TEST(DeclarationFile, EscapesNamesInComments) {
+    LinkedTypes types;
+    types.enumeration("a\nb", {"x"});
+    EXPECT_THAT(fileOf(types, VHDL, {0}), HasSubstr("enumeration \"a\\nb\"\n"));
+}
+
+} // namespace
