@@ -42,6 +42,13 @@ TEST(RttiDump, PrintsEveryTypeInTheOrderOfTheIds) {
 TEST(RttiDump, PrintsAllFieldsOfAType) {
     const Result result = rtti("dump --id 5 " + example("svkinds_slang"));
     EXPECT_EQ(result.out, "type 5: discrete enumeration \"kinds_pkg::enum_logic_e\"\n"
+                          "  declaration:\n"
+                          "    typedef enum logic [1:0] {\n"
+                          "        L_0 = 2'h0,\n"
+                          "        L_1 = 2'h1,\n"
+                          "        L_X = 2'b1x,\n"
+                          "        L_Z = 2'bzz\n"
+                          "    } \\kinds_pkg::enum_logic_e ;\n"
                           "  flags: 0x0\n"
                           "  base type: 4 \"\"\n"
                           "  literals: 4\n"
@@ -102,6 +109,7 @@ TEST(RttiDump, FindsATypeFileAtAnOffset) {
     const Result result = rtti("dump --offset 64 " + fileOf(bytes));
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "type 0: string \"abc\"\n"
+                          "  declaration: typedef string abc;\n"
                           "  flags: 0x0\n"
                           "  value encoding: 2-State\n"
                           "  value size: not recorded\n"
@@ -227,7 +235,8 @@ TEST(RttiShow, PrintsATypeWhatItRefersToAndWhatRefersToIt) {
     const Result result = rtti("show " + example("svkinds_slang") + " 5");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, StartsWith("type 5: discrete enumeration"));
-    EXPECT_THAT(result.out, HasSubstr("\nrefers to:\n\ntype 4: packed array \"\"\n  flags: 0x0\n"));
+    EXPECT_THAT(result.out, HasSubstr("\nrefers to:\n\ntype 4: packed array \"\"\n"
+                                      "  declaration: typedef logic [1:0] type_4;\n"));
     EXPECT_THAT(result.out, EndsWith("\nreferred to by:\n\ntype 6: typedef "
                                      "\"kinds_pkg::enum_logic_e\"\n"));
 }
@@ -543,6 +552,37 @@ TEST(RttiDump, PrintsJsonOfTheTypesAskedFor) {
 TEST(RttiDump, RefusesTwoFormsAtOnce) {
     EXPECT_EQ(rtti("dump --json --ndjson " + example("ieee_rti")).status, 2);
     EXPECT_EQ(rtti("dump --json --trace " + example("ieee_rti")).status, 2);
+    EXPECT_EQ(rtti("dump --json --format vhdl " + example("ieee_rti")).status, 2);
+}
+
+TEST(RttiDump, DeclaresTheTypesAskedForAndWhatTheyNeed) {
+    const Result result = rtti("dump --format sv --id 53 " + example("svkinds_slang"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, EndsWith("    // type 3: sequential enumeration \"logic\": predefined\n"
+                                     "    // type 14: packed array \"\"\n"
+                                     "    typedef logic [7:0] type_14;\n"
+                                     "    // type 15: typedef \"kinds_pkg::byte_t\"\n"
+                                     "    typedef logic [7:0] \\kinds_pkg::byte_t ;\n"
+                                     "    // type 52: queue \"\"\n"
+                                     "    typedef \\kinds_pkg::byte_t type_52 [$];\n"
+                                     "    // type 53: typedef \"kinds_pkg::q_t\"\n"
+                                     "    typedef \\kinds_pkg::byte_t \\kinds_pkg::q_t [$];\n"
+                                     "endpackage\n"));
+}
+
+TEST(RttiDump, DeclaresNothingForAKindWithoutType) {
+    const Result result = rtti("dump --force --format vhdl " + fileOf(oneRecord(0xA000000E)));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, EndsWith("package types is\n"
+                                     "    -- type 0: builds no type\n"
+                                     "end package types;\n"));
+}
+
+TEST(RttiDump, NamesTheLanguagesThatThereAre) {
+    const Result result = rtti("dump --format ada " + example("ieee_rti"));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr("{vhdl,sv}"));
 }
 
 } // namespace
