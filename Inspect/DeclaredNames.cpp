@@ -28,18 +28,23 @@ std::string_view nameOf(const RTBaseType& type) {
     return type.m_name != nullptr ? type.m_name : "";
 }
 
-/// Text that follows the names of the literals or units of a type.
+/// The names of the literals or units of a type.
 std::vector<std::string_view> literalsOf(const RTBaseType& type) {
     std::vector<std::string_view> names;
-    if (const auto* sequential = dynamic_cast<const RTSeqEnumType*>(&type)) {
-        for (const char* name : sequential->m_enumeratorNames)
+    switch (type.GetClassId()) {
+    case ClassId::SEQ_ENUM:
+        for (const char* name : static_cast<const RTSeqEnumType&>(type).m_enumeratorNames)
             names.emplace_back(name != nullptr ? name : "");
-    } else if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type)) {
-        for (const t_enumNameAndValuePair& literal : discrete->m_enumerators)
+        break;
+    case ClassId::DISCRETE_ENUM:
+        for (const auto& literal : static_cast<const RTDiscreteEnumType&>(type).m_enumerators)
             names.emplace_back(literal.enumName);
-    } else if (const auto* physical = dynamic_cast<const RTPhysicalType*>(&type)) {
-        for (const t_unitNameAndValuePair& unit : physical->m_units)
+        break;
+    case ClassId::PHYSICAL:
+        for (const auto& unit : static_cast<const RTPhysicalType&>(type).m_units)
             names.emplace_back(unit.unitName);
+        break;
+    default: break;
     }
     return names;
 }
@@ -58,6 +63,7 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
         return;
     m_yields.resize(types.count);
     m_predefined.resize(types.count);
+    m_keepsName.resize(types.count);
     claimPredefined();
     claimTypes();
     claimLiterals();
@@ -89,7 +95,7 @@ void DeclaredNames::claimTypes() {
         if (type == nullptr || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
             languageOf(*type) != m_language || declaredType(id) != id)
             continue;
-        claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
+        m_keepsName[id] = claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
     }
 }
 
@@ -111,8 +117,9 @@ DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
                                                                       : typeOwner(id) + 1;
 }
 
-void DeclaredNames::claim(std::string_view identifier, Owner owner) {
-    m_owners.try_emplace(std::hash<std::string>()(identityOf(m_language, identifier)), owner);
+bool DeclaredNames::claim(std::string_view identifier, Owner owner) {
+    return m_owners.try_emplace(std::hash<std::string>()(identityOf(m_language, identifier)), owner)
+        .second;
 }
 
 const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier) const {
@@ -132,7 +139,7 @@ bool DeclaredNames::isHidden(std::string_view literal) const {
 
 bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
     const RTBaseType* data = alias.m_dataType;
-    if (data == nullptr || nameOf(*data).empty() || nameOf(alias).empty())
+    if (data == nullptr || nameOf(*data).empty() || nameOf(alias).size() != nameOf(*data).size())
         return false;
     return identityOf(m_language, identifierOf(m_language, nameOf(alias))) ==
            identityOf(m_language, identifierOf(m_language, nameOf(*data)));
@@ -154,10 +161,13 @@ bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
 
 unsigned int DeclaredNames::declaredType(unsigned int id) const {
     for (int i = 0; i < CHAIN_LIMIT; ++i) {
-        const auto* alias = dynamic_cast<const RTTypedefType*>(m_types.typeOf(id));
-        if (alias == nullptr || !hasNameOfItsData(*alias) || !addsNothing(*alias))
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
             return id;
-        id = alias->m_dataTypeId;
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        if (!hasNameOfItsData(alias) || !addsNothing(alias))
+            return id;
+        id = alias.m_dataTypeId;
     }
     return id;
 }
@@ -203,16 +213,12 @@ bool DeclaredNames::isMadeForType(std::string_view identifier) const {
 std::string DeclaredNames::typeName(unsigned int id) const {
     id = declaredType(id);
     const RTBaseType* type = m_types.typeOf(id);
-    if (type != nullptr && m_language == SourceLanguage::SYSTEM_VERILOG) {
-        const std::string_view keyword = systemVerilogKeyword(*type);
-        if (!keyword.empty())
-            return std::string(keyword);
-    }
     if (type == nullptr || nameOf(*type).empty())
         return madeName(id);
-    const std::string own = identifierOf(m_language, nameOf(*type));
-    if (m_naming == Naming::OWN || isPredefined(id) || isOwned(own, typeOwner(id)))
-        return own;
+    if (isPredefined(id))
+        return std::string(nameOf(*type));
+    if (m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]))
+        return identifierOf(m_language, nameOf(*type));
     return madeName(id);
 }
 
@@ -220,13 +226,6 @@ std::string DeclaredNames::madeName(unsigned int id) const {
     const RTBaseType* type = m_types.typeOf(id);
     const bool isNamed = type != nullptr && !nameOf(*type).empty();
     return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
-}
-
-bool DeclaredNames::isRenamed(unsigned int id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    if (type == nullptr || nameOf(*type).empty())
-        return true;
-    return typeName(id) != identifierOf(m_language, nameOf(*type));
 }
 
 std::vector<std::string>

@@ -35,9 +35,6 @@ public:
     /// The name that a type has where another one has its own.
     std::string madeName(unsigned int id) const;
 
-    /// Whether a type is called other than in its record.
-    bool isRenamed(unsigned int id) const;
-
     /// The type whose declaration a typedef shares; the id itself for all others.
     unsigned int declaredType(unsigned int id) const;
 
@@ -61,7 +58,9 @@ private:
     void claimPredefined();
     void claimTypes();
     void claimLiterals();
-    void claim(std::string_view identifier, Owner owner);
+
+    /// Whether the identifier was free.
+    bool claim(std::string_view identifier, Owner owner);
     const Owner* ownerOf(std::string_view identifier) const;
     bool isOwned(std::string_view identifier, Owner owner) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
@@ -81,6 +80,7 @@ private:
     std::unordered_map<std::size_t, Owner> m_owners; ///< By a hash of the identity.
     std::vector<bool> m_yields;                      ///< Types whose subtype has their name.
     std::vector<bool> m_predefined;
+    std::vector<bool> m_keepsName;
 };
 
 } // namespace Inspect

@@ -24,8 +24,6 @@ TEST(DeclaredNames, TheFirstTypeKeepsANameThatIsRepeated) {
     const DeclaredNames names(types.table(), VHDL, Naming::DISTINCT);
     EXPECT_EQ(names.typeName(0), "state_t");
     EXPECT_EQ(names.typeName(1), "STATE_T_1");
-    EXPECT_FALSE(names.isRenamed(0));
-    EXPECT_TRUE(names.isRenamed(1));
 }
 
 TEST(DeclaredNames, OfTheOtherLanguageDoNotClash) {
