@@ -1,5 +1,6 @@
 #include "Inspect/DeclarationFile.h"
 
+#include "Inspect/IndentedLines.h"
 #include "Inspect/TypeKind.h"
 #include "Inspect/TypeText.h"
 
@@ -10,6 +11,8 @@ namespace Inspect {
 using namespace RTTI;
 
 namespace {
+
+constexpr const char* INDENTATION = "    ";
 
 constexpr std::string_view vhdlHeading =
     "-- Types of a type file, declared in VHDL (IEEE 1076-2008). A type file has no resolution\n"
@@ -37,10 +40,9 @@ DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, Sour
 void DeclarationFile::add(unsigned int id) {
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
-        writeLines(fmt::format("type {}: builds no type\n", id), m_language.comment());
+        remark(fmt::format("type {}: builds no type", id));
     else if (languageOf(*type) != m_language.language())
-        writeLines(fmt::format("{}: {}\n", heading(id), nameOf(languageOf(*type))),
-                   m_language.comment());
+        remark(fmt::format("{}: {}", heading(id), nameOf(languageOf(*type))));
     else
         m_order.add(id);
 }
@@ -51,25 +53,27 @@ void DeclarationFile::end() {
                                                             : "endpackage\n");
 }
 
-void DeclarationFile::announce(unsigned int id) { writeLines(m_language.announcementOf(id)); }
+void DeclarationFile::announce(unsigned int id) {
+    m_out << INDENTATION << m_language.announcementOf(id);
+}
 
 void DeclarationFile::declare(unsigned int id) {
     const unsigned int declared = m_language.names().declaredType(id);
-    std::string remark = heading(id);
-    const bool isPredefined = m_language.names().isPredefined(id);
-    if (isPredefined)
-        remark += ": predefined";
-    else if (declared != id)
-        remark += fmt::format(": declared as type {}", declared);
-    writeLines(remark + '\n', m_language.comment());
-    if (!isPredefined && declared == id)
-        writeLines(m_language.declarationOf(id));
+    if (m_language.names().isPredefined(id))
+        return remark(heading(id) + ": predefined");
+    if (declared != id)
+        return remark(fmt::format("{}: declared as type {}", heading(id), declared));
+    remark(heading(id));
+    IndentedLines lines(m_out, INDENTATION);
+    std::ostream out(&lines);
+    m_language.declare(out, id);
 }
 
 void DeclarationFile::omit(unsigned int id, const std::string& reason) {
-    writeLines(fmt::format("{} has no declaration: {}\n", heading(id), reason),
-               m_language.comment());
-    writeLines(m_language.declarationOf(id), m_language.comment());
+    remark(fmt::format("{} has no declaration: {}", heading(id), reason));
+    IndentedLines lines(m_out, fmt::format("{}{} ", INDENTATION, m_language.comment()));
+    std::ostream out(&lines);
+    m_language.declare(out, id);
 }
 
 std::string DeclarationFile::heading(unsigned int id) const {
@@ -77,12 +81,8 @@ std::string DeclarationFile::heading(unsigned int id) const {
     return fmt::format("type {}: {} {}", id, kindOf(type), quotedName(type.m_name));
 }
 
-void DeclarationFile::writeLines(std::string_view text, std::string_view prefix) {
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        m_out << "    " << prefix << (prefix.empty() ? "" : " ") << text.substr(0, end) << '\n';
-        text.remove_prefix(end + 1);
-    }
+void DeclarationFile::remark(const std::string& text) {
+    m_out << INDENTATION << m_language.comment() << ' ' << text << '\n';
 }
 
 } // namespace Inspect

@@ -28,8 +28,8 @@ private:
 
     std::string heading(unsigned int id) const;
 
-    /// Writes each line of `text` indented, behind `prefix`.
-    void writeLines(std::string_view text, std::string_view prefix = {});
+    /// Writes a line of comment.
+    void remark(const std::string& text);
 
     std::ostream& m_out;
     const TypeTable& m_types;

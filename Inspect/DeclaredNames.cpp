@@ -228,8 +228,11 @@ std::string DeclaredNames::madeName(unsigned int id) const {
     return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
 }
 
-std::vector<std::string>
-DeclaredNames::literalNames(unsigned int id, const std::vector<std::string_view>& names) const {
+std::vector<std::string> DeclaredNames::literalNames(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr)
+        return {};
+    const std::vector<std::string_view> names = literalsOf(*type);
     std::vector<std::string> result;
     std::unordered_set<std::string> used;
     const Owner owner = literalOwner(id);
@@ -246,8 +249,12 @@ DeclaredNames::literalNames(unsigned int id, const std::vector<std::string_view>
     return result;
 }
 
-std::vector<std::string>
-DeclaredNames::memberNames(const std::vector<std::string_view>& names) const {
+std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type) const {
+    std::vector<std::string_view> names;
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (member != nullptr)
+            names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
+    }
     std::unordered_set<std::string> taken;
     for (const std::string_view name : names) {
         if (!name.empty())

@@ -43,11 +43,10 @@ public:
     bool isPredefined(unsigned int id) const;
 
     /// The identifiers of a type's literals or units, which differ from one another.
-    std::vector<std::string> literalNames(unsigned int id,
-                                          const std::vector<std::string_view>& names) const;
+    std::vector<std::string> literalNames(unsigned int id) const;
 
-    /// The same for members, which have a scope of their own.
-    std::vector<std::string> memberNames(const std::vector<std::string_view>& names) const;
+    /// The same for members, which have a scope of their own. Members that are null have no name.
+    std::vector<std::string> memberNames(const RTTI::RTAggregateType& type) const;
 
     /// Whether a literal of a predefined type is hidden by a declared type of the same name.
     bool isHidden(std::string_view literal) const;

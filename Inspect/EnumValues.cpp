@@ -65,15 +65,19 @@ std::string enumValue(const char* bytes, unsigned int size, unsigned int width, 
     const char* unknown = bytes + plane;
     const bool hasUnknown =
         isFourState && std::any_of(unknown, unknown + plane, [](char byte) { return byte != 0; });
+    // What the bytes do not reach is 0, and need not be written.
+    const unsigned int known = std::max(1U, std::min(width, plane * 8));
     std::string digits;
     if (hasUnknown) {
-        for (unsigned int bit = width; bit-- > 0;) {
+        if (known < width)
+            digits += '0'; // A first digit of X or Z would be repeated up to the width.
+        for (unsigned int bit = known; bit-- > 0;) {
             const bool value = bitAt(bytes, plane, bit);
             digits += bitAt(unknown, plane, bit) ? (value ? 'x' : 'z') : (value ? '1' : '0');
         }
         return fmt::format("{}'b{}", width, digits);
     }
-    for (unsigned int digit = (width + 3) / 4; digit-- > 0;)
+    for (unsigned int digit = (known + 3) / 4; digit-- > 0;)
         digits += hexDigit(bytes, plane, digit);
     return fmt::format("{}'h{}", width, digits);
 }

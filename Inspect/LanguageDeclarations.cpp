@@ -1,5 +1,7 @@
 #include "Inspect/LanguageDeclarations.h"
 
+#include "Inspect/TypeText.h"
+
 #include <fmt/format.h>
 
 namespace Inspect {
@@ -13,6 +15,14 @@ std::string_view LanguageDeclarations::comment() const {
 bool LanguageDeclarations::isUnnamed(unsigned int id) const {
     const RTBaseType* type = typeOf(id);
     return type != nullptr && (type->m_name == nullptr || *type->m_name == '\0');
+}
+
+std::string LanguageDeclarations::textOf(const std::vector<FullConstraints>& ranges,
+                                         std::size_t first) {
+    std::string text;
+    for (std::size_t i = first; i < ranges.size(); ++i)
+        text += (i == first ? "" : ", ") + rangeText(ranges[i]);
+    return text;
 }
 
 std::string LanguageDeclarations::remark(std::string_view text) const {

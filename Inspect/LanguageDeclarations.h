@@ -2,6 +2,7 @@
 
 #include "Inspect/DeclaredNames.h"
 
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,9 +23,9 @@ public:
     SourceLanguage language() const { return m_language; }
     const DeclaredNames& names() const { return m_names; }
 
-    /// The declaration of a type, in lines that each have their end. Where the type cannot be
-    /// declared it is what comes next to it.
-    virtual std::string declarationOf(unsigned int id) const = 0;
+    /// Writes the declaration of a type, in lines that each have their end. Where the type cannot
+    /// be declared it is what comes next to it.
+    virtual void declare(std::ostream& out, unsigned int id) const = 0;
 
     /// Announces a type whose declaration follows: an incomplete type of VHDL, a forward typedef
     /// of SystemVerilog.
@@ -51,6 +52,9 @@ protected:
         return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     }
     bool isUnnamed(unsigned int id) const;
+
+    /// The ranges from the index `first` on.
+    static std::string textOf(const std::vector<RTTI::FullConstraints>& ranges, std::size_t first);
 
     /// A comment line of its own.
     std::string remark(std::string_view text) const;

@@ -2,7 +2,6 @@
 
 #include "Inspect/EnumValues.h"
 #include "Inspect/PredefinedTypes.h"
-#include "Inspect/TypeText.h"
 
 #include <fmt/format.h>
 
@@ -16,9 +15,6 @@ namespace {
 
 /// Arrays of arrays without names are written out up to this depth, then called by a name.
 constexpr int INLINE_LIMIT = 8;
-
-/// Wider bases are not read as numbers.
-constexpr unsigned int WIDTH_LIMIT = 65536;
 
 /// `text` with a space at its end, unless it has one: an escaped identifier ends with its own.
 std::string spaced(std::string text) {
@@ -52,14 +48,6 @@ bool isArray(const RTBaseType& type) {
     case ClassId::ASSOC_ARRAY: return true;
     default: return false;
     }
-}
-
-/// Ranges that a declaration has no place for, as a comment at the end of its line.
-std::string withoutPlace(const std::vector<FullConstraints>& ranges, std::size_t first = 0) {
-    std::string text;
-    for (std::size_t i = first; i < ranges.size(); ++i)
-        text += (text.empty() ? "" : ", ") + rangeText(ranges[i]);
-    return text.empty() ? "" : " // no place for: " + text;
 }
 
 const char* aggregateWords(RecordKind kind) {
@@ -156,101 +144,105 @@ std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type) con
     return m_names.typeName(type.m_indexTypeId);
 }
 
-std::string SystemVerilogDeclarations::typedefOf(unsigned int id, const std::string& before,
-                                                 const std::string& after) const {
-    const std::string name = m_names.typeName(id);
-    return fmt::format("typedef {}{}{};", spaced(before), after.empty() ? name : spaced(name),
-                       after);
+std::string SystemVerilogDeclarations::ending(const std::string& name, const Parts& parts) {
+    return (parts.after.empty() ? name : spaced(name)) + parts.after + ';';
 }
 
-std::string SystemVerilogDeclarations::enumeration(unsigned int id,
-                                                   const RTDiscreteEnumType& type) const {
-    std::vector<std::string_view> given;
-    for (const t_enumNameAndValuePair& literal : type.m_enumerators)
-        given.emplace_back(literal.enumName);
-    const std::vector<std::string> literals = m_names.literalNames(id, given);
+std::string SystemVerilogDeclarations::withoutPlace(const std::vector<FullConstraints>& ranges,
+                                                    std::size_t first) {
+    return first < ranges.size() ? " // no place for: " + textOf(ranges, first) : "";
+}
+
+std::string SystemVerilogDeclarations::typedefOf(unsigned int id, const Parts& parts) const {
+    return "typedef " + spaced(parts.before) + ending(m_names.typeName(id), parts);
+}
+
+void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
+                                            const RTDiscreteEnumType& type) const {
+    const std::vector<std::string> literals = m_names.literalNames(id);
     const bool isFourState = type.getValueEncoding() == ENCODING_4_STATE;
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
-    const unsigned int width =
-        std::min(packedWidth(type.m_baseType).value_or(bytes * 8), WIDTH_LIMIT);
-    std::string text =
-        fmt::format("enum {}{{\n", spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before));
+    const unsigned int width = packedWidth(type.m_baseType).value_or(std::max(bytes, 1U) * 8);
+    out << "typedef enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
     for (std::size_t i = 0; i < literals.size(); ++i)
-        text += fmt::format(
-            "    {}= {}{}\n", spaced(literals[i]),
-            enumValue(type.m_enumerators[i].value, type.m_valueSize, width, isFourState),
-            i + 1 < literals.size() ? "," : "");
-    return typedefOf(id, text + "}") + withoutPlace(type.m_constraints) + '\n';
+        out << "    " << spaced(literals[i]) << "= "
+            << enumValue(type.m_enumerators[i].value, type.m_valueSize, width, isFourState)
+            << (i + 1 < literals.size() ? ",\n" : "\n");
+    out << "} " << ending(m_names.typeName(id), {}) << withoutPlace(type.m_constraints) << '\n';
 }
 
-std::string SystemVerilogDeclarations::members(const RTAggregateType& type) const {
-    std::vector<std::string_view> given;
-    for (const RTAggregateType::t_Member* member : type.m_members) {
-        if (member != nullptr)
-            given.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
-    }
-    const std::vector<std::string> names = m_names.memberNames(given);
-    std::string text;
+void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType& type) const {
+    const std::vector<std::string> names = m_names.memberNames(type);
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
         if (member == nullptr)
             continue;
         const Parts parts = partsOf(member->m_typeId, Spelling::NAME);
-        const std::string& name = names[position++];
+        out << "    " << spaced(parts.before) << ending(names[position++], parts);
         const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(member);
-        text += fmt::format(
-            "    {}{}{};{}{}\n", spaced(parts.before), parts.after.empty() ? name : spaced(name),
-            parts.after, classMember != nullptr && classMember->m_memberFlag ? " // flagged" : "",
-            withoutPlace(member->m_constraints));
+        if (classMember != nullptr && classMember->m_memberFlag)
+            out << " // flagged";
+        out << withoutPlace(member->m_constraints) << '\n';
     }
-    return text;
 }
 
-std::string SystemVerilogDeclarations::aggregate(unsigned int id, const RTRecordType& type) const {
-    return typedefOf(id,
-                     fmt::format("{} {{\n{}}}", aggregateWords(type.m_recordKind), members(type))) +
-           '\n';
+void SystemVerilogDeclarations::aggregate(std::ostream& out, unsigned int id,
+                                          const RTRecordType& type) const {
+    out << "typedef " << aggregateWords(type.m_recordKind) << " {\n";
+    members(out, type);
+    out << "} " << ending(m_names.typeName(id), {}) << '\n';
 }
 
-std::string SystemVerilogDeclarations::classDeclaration(unsigned int id,
-                                                        const RTClassType& type) const {
-    std::string heading = "class " + m_names.typeName(id);
+void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int id,
+                                                 const RTClassType& type) const {
+    const std::string name = m_names.typeName(id);
+    out << "class ";
     if (type.m_baseClassTypeId != TypeFileFormat::NO_TYPE_ID)
-        heading = spaced(heading) + "extends " + m_names.typeName(type.m_baseClassTypeId);
-    return fmt::format("{};\n{}endclass\n", heading, members(type));
+        out << spaced(name) << "extends " << m_names.typeName(type.m_baseClassTypeId) << ";\n";
+    else
+        out << name << ";\n";
+    members(out, type);
+    out << "endclass\n";
 }
 
-std::string SystemVerilogDeclarations::alias(unsigned int id, const RTTypedefType& type) const {
-    const Parts parts = partsOf(type.m_dataTypeId, Spelling::NAME);
-    return typedefOf(id, parts.before, parts.after) + withoutPlace(type.m_constraints) + '\n';
+void SystemVerilogDeclarations::array(std::ostream& out, unsigned int id,
+                                      const RTBaseType& type) const {
+    out << typedefOf(id, partsOf(id, Spelling::BODY));
+    if (const auto* fixed = dynamic_cast<const RTArrayType*>(&type))
+        out << withoutPlace(fixed->m_constraints, fixed->m_indexTypeIds.size());
+    out << '\n';
 }
 
-std::string SystemVerilogDeclarations::declarationOf(unsigned int id) const {
+void SystemVerilogDeclarations::declare(std::ostream& out, unsigned int id) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr)
-        return remark("there is no such type");
+    if (type == nullptr) {
+        out << remark("there is no such type");
+        return;
+    }
     const std::string_view keyword = systemVerilogKeyword(*type);
-    if (!keyword.empty())
-        return fmt::format("// {} is built in\n", keyword);
+    if (!keyword.empty()) {
+        out << remark(std::string(keyword) + " is built in");
+        return;
+    }
     switch (type->GetClassId()) {
     case ClassId::DISCRETE_ENUM:
-        return enumeration(id, static_cast<const RTDiscreteEnumType&>(*type));
-    case ClassId::TYPEDEF: return alias(id, static_cast<const RTTypedefType&>(*type));
-    case ClassId::RECORD: return aggregate(id, static_cast<const RTRecordType&>(*type));
-    case ClassId::CLASS: return classDeclaration(id, static_cast<const RTClassType&>(*type));
-    case ClassId::WILDCARD: return remark("any index of an associative array: [*]");
+        return enumeration(out, id, static_cast<const RTDiscreteEnumType&>(*type));
+    case ClassId::TYPEDEF: {
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        out << typedefOf(id, partsOf(alias.m_dataTypeId, Spelling::NAME))
+            << withoutPlace(alias.m_constraints) << '\n';
+        return;
+    }
+    case ClassId::RECORD: return aggregate(out, id, static_cast<const RTRecordType&>(*type));
+    case ClassId::CLASS: return classDeclaration(out, id, static_cast<const RTClassType&>(*type));
+    case ClassId::WILDCARD: out << remark("any index of an associative array: [*]"); return;
     default: break;
     }
-    if (isArray(*type)) {
-        const Parts parts = partsOf(id, Spelling::BODY);
-        const auto* fixed = dynamic_cast<const RTArrayType*>(type);
-        return typedefOf(id, parts.before, parts.after) +
-               (fixed != nullptr ? withoutPlace(fixed->m_constraints, fixed->m_indexTypeIds.size())
-                                 : "") +
-               '\n';
-    }
+    if (isArray(*type))
+        return array(out, id, *type);
     const std::string word = scalarWord(*type);
-    return word.empty() ? remark("SystemVerilog has no such type") : typedefOf(id, word) + '\n';
+    out << (word.empty() ? remark("SystemVerilog has no such type")
+                         : typedefOf(id, {word, ""}) + '\n');
 }
 
 std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {

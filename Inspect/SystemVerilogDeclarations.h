@@ -10,7 +10,7 @@ public:
     SystemVerilogDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::SYSTEM_VERILOG, types, names) {}
 
-    std::string declarationOf(unsigned int id) const override;
+    void declare(std::ostream& out, unsigned int id) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
 
@@ -33,13 +33,20 @@ private:
     Parts containerParts(const RTTI::RTAbstractArrayType& type, const std::string& dimension,
                          int depth) const;
 
-    std::string typedefOf(unsigned int id, const std::string& before,
-                          const std::string& after = {}) const;
-    std::string enumeration(unsigned int id, const RTTI::RTDiscreteEnumType& type) const;
-    std::string aggregate(unsigned int id, const RTTI::RTRecordType& type) const;
-    std::string classDeclaration(unsigned int id, const RTTI::RTClassType& type) const;
-    std::string members(const RTTI::RTAggregateType& type) const;
-    std::string alias(unsigned int id, const RTTI::RTTypedefType& type) const;
+    /// `name after;`: the name that a typedef or a member ends with.
+    static std::string ending(const std::string& name, const Parts& parts);
+
+    /// Ranges that a declaration has no place for, as a comment at the end of its line.
+    static std::string withoutPlace(const std::vector<RTTI::FullConstraints>& ranges,
+                                    std::size_t first = 0);
+
+    std::string typedefOf(unsigned int id, const Parts& parts) const;
+    void enumeration(std::ostream& out, unsigned int id,
+                     const RTTI::RTDiscreteEnumType& type) const;
+    void aggregate(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
+    void classDeclaration(std::ostream& out, unsigned int id, const RTTI::RTClassType& type) const;
+    void members(std::ostream& out, const RTTI::RTAggregateType& type) const;
+    void array(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type) const;
     std::string indexOf(const RTTI::RTAssocArrayType& type) const;
     bool isClass(unsigned int id) const;
 };

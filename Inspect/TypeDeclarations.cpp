@@ -1,6 +1,6 @@
 #include "Inspect/TypeDeclarations.h"
 
-#include <fmt/format.h>
+#include <sstream>
 
 namespace Inspect {
 
@@ -10,17 +10,22 @@ const LanguageDeclarations& TypeDeclarations::in(SourceLanguage language) const 
     return m_systemVerilog;
 }
 
-std::string TypeDeclarations::declarationOf(unsigned int id) const {
+void TypeDeclarations::declare(std::ostream& out, unsigned int id) const {
     const RTTI::RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
-        return {};
+        return;
     const LanguageDeclarations& language = in(languageOf(*type));
     id = language.names().declaredType(id);
-    std::string text = language.declarationOf(id);
+    language.declare(out, id);
     const std::string obstacle = language.obstacleOf(id);
     if (!obstacle.empty())
-        text += fmt::format("{} no legal declaration: {}\n", language.comment(), obstacle);
-    return text;
+        out << language.comment() << " no legal declaration: " << obstacle << '\n';
+}
+
+std::string TypeDeclarations::declarationOf(unsigned int id) const {
+    std::ostringstream out;
+    declare(out, id);
+    return out.str();
 }
 
 } // namespace Inspect

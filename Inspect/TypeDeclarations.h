@@ -19,10 +19,13 @@ public:
     TypeDeclarations(const TypeDeclarations&) = delete;
     TypeDeclarations& operator=(const TypeDeclarations&) = delete;
 
-    /// The declaration of a type in its own language, in lines that each have their end; the names
-    /// in it are safe for a terminal. Types that the language has no declaration for get the next
-    /// best one, and a comment that says why. A typedef of the same name as its data type that adds
-    /// nothing to it shares that type's declaration. Empty where there is no type.
+    /// Writes the declaration of a type in its own language, in lines that each have their end; it
+    /// is safe for a terminal. Types that the language has no declaration for get the next best
+    /// one, and a comment that says why. A typedef of the same name as its data type that adds
+    /// nothing to it shares that type's declaration. Writes nothing where there is no type.
+    void declare(std::ostream& out, unsigned int id) const;
+
+    /// The same as text, as long as the type takes.
     std::string declarationOf(unsigned int id) const;
 
     const LanguageDeclarations& in(SourceLanguage language) const;

@@ -1,5 +1,6 @@
 #include "Inspect/TypeDumper.h"
 
+#include "Inspect/IndentedLines.h"
 #include "Inspect/TypeDeclarations.h"
 #include "Inspect/TypeKind.h"
 #include "Inspect/TypeText.h"
@@ -8,6 +9,7 @@
 
 #include <fmt/format.h>
 
+#include <streambuf>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -229,20 +231,48 @@ private:
     const TextStyle& m_style;
 };
 
-/// A declaration of one line stands behind its label, a longer one below it.
-void writeDeclaration(std::ostream& out, std::string_view text) {
-    out << "  declaration:";
-    if (text.find('\n') + 1 == text.size()) {
-        out << ' ' << text;
-        return;
+/// Where a stream writes a declaration to: one of a single line stands behind its label, a longer
+/// one below it.
+class DeclarationField : public std::streambuf {
+public:
+    explicit DeclarationField(std::ostream& out)
+        : m_out(out), m_indented(out, "    "), m_lines(&m_indented) {
+        m_out << "  declaration:";
     }
-    out << '\n';
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n') + 1;
-        out << "    " << text.substr(0, end);
-        text.remove_prefix(end);
+    DeclarationField(const DeclarationField&) = delete;
+    DeclarationField& operator=(const DeclarationField&) = delete;
+    ~DeclarationField() override {
+        if (!m_isLong)
+            m_out << ' ' << m_firstLine;
     }
-}
+
+private:
+    int_type overflow(int_type byte) override {
+        const char text = traits_type::to_char_type(byte);
+        return xsputn(&text, 1) == 1 ? traits_type::not_eof(byte) : traits_type::eof();
+    }
+
+    std::streamsize xsputn(const char* text, std::streamsize size) override {
+        const std::string_view added(text, static_cast<std::size_t>(size));
+        if (m_isLong) {
+            m_lines << added;
+            return size;
+        }
+        m_firstLine += added;
+        if (m_firstLine.find('\n', m_firstLine.size() - added.size()) + 1 < m_firstLine.size()) {
+            m_isLong = true;
+            m_out << '\n';
+            m_lines << m_firstLine;
+        }
+        return size;
+    }
+
+    std::ostream& m_out;
+    IndentedLines m_indented;
+    std::ostream m_lines;
+    std::string m_firstLine;
+    bool m_isLong = false;
+};
 
 } // namespace
 
@@ -258,7 +288,11 @@ void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const 
     dumpHeading(out, id, type, style);
     const auto lookup = [&](unsigned int other) { return other == id ? &type : types(other); };
     const TypeDeclarations declarations({0, lookup}, Naming::OWN);
-    writeDeclaration(out, declarations.declarationOf(id));
+    {
+        DeclarationField field(out);
+        std::ostream lines(&field);
+        declarations.declare(lines, id);
+    }
     out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
     FieldWriter fields(out, types, style);
     type.accept(fields);

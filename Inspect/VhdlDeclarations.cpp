@@ -24,6 +24,8 @@ constexpr int VISIT_LIMIT = 10000;
 /// The literals of larger enumerations are named by their position.
 constexpr std::size_t LITERAL_LIMIT = 1000;
 
+constexpr const char* NO_PLACE = " /* no place for: {} */";
+
 constexpr std::size_t LINE_WIDTH = 92;
 
 bool isOpen(const FullConstraints& range) {
@@ -41,30 +43,22 @@ std::string directionOf(int direction) {
     return fmt::format("to /* direction {} */", direction);
 }
 
-std::string withoutPlace(const std::vector<FullConstraints>& ranges, std::size_t first) {
-    std::string text;
-    for (std::size_t i = first; i < ranges.size(); ++i)
-        text += (text.empty() ? "" : ", ") + rangeText(ranges[i]);
-    return " /* no place for: " + text + " */";
-}
-
-/// `items` in lines of ordinary length, indented and separated by commas.
-std::string filled(const std::vector<std::string>& items) {
-    std::string text = "    ";
-    std::size_t column = text.size();
+/// Writes `items` in lines of ordinary length, indented and separated by commas.
+void writeFilled(std::ostream& out, const std::vector<std::string>& items) {
+    out << "    ";
+    std::size_t column = 4;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const std::string item = items[i] + (i + 1 < items.size() ? "," : "");
-        if (column > 4 && column + item.size() + 1 > LINE_WIDTH) {
-            text += "\n    ";
+        const std::size_t length = items[i].size() + (i + 1 < items.size() ? 1 : 0);
+        if (column > 4 && column + length + 1 > LINE_WIDTH) {
+            out << "\n    ";
             column = 4;
         } else if (i != 0) {
-            text += ' ';
+            out << ' ';
             ++column;
         }
-        text += item;
-        column += item.size();
+        out << items[i] << (i + 1 < items.size() ? "," : "");
+        column += length;
     }
-    return text;
 }
 
 /// The range of a dimension that an array with an open dimension has no place for.
@@ -72,22 +66,6 @@ std::string lostRange(const RTArrayType& type, std::size_t dimension) {
     if (dimension >= type.m_constraints.size() || isOpen(type.m_constraints[dimension]))
         return {};
     return " /* " + rangeText(type.m_constraints[dimension]) + " */";
-}
-
-std::vector<std::string_view> literalsOf(const RTSeqEnumType& type) {
-    std::vector<std::string_view> names;
-    for (const char* name : type.m_enumeratorNames)
-        names.emplace_back(name != nullptr ? name : "");
-    return names;
-}
-
-std::vector<std::string_view> memberNamesOf(const RTAggregateType& type) {
-    std::vector<std::string_view> names;
-    for (const RTAggregateType::t_Member* member : type.m_members) {
-        if (member != nullptr)
-            names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
-    }
-    return names;
 }
 
 } // namespace
@@ -171,8 +149,7 @@ private:
     std::string ofRecord(const RTRecordType& type) {
         if (type.m_members.size() > VISIT_LIMIT)
             return {};
-        const std::vector<std::string> names =
-            m_declarations.m_names.memberNames(memberNamesOf(type));
+        const std::vector<std::string> names = m_declarations.m_names.memberNames(type);
         std::string members;
         std::size_t position = 0;
         for (const RTAggregateType::t_Member* member : type.m_members) {
@@ -230,18 +207,16 @@ std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId,
     }
     if (base->GetClassId() != ClassId::SEQ_ENUM)
         return std::to_string(value);
-    const auto literals = literalsOf(static_cast<const RTSeqEnumType&>(*base));
-    if (value < 0 || static_cast<std::size_t>(value) >= literals.size() ||
-        literals.size() > LITERAL_LIMIT)
-        return fmt::format("{}'val({})", m_names.typeName(baseId), value);
-    if (m_names.isPredefined(baseId)) {
-        const std::string literal(literals[static_cast<std::size_t>(value)]);
-        if (isCharacterLiteral(literal) ||
-            (!m_names.isHidden(literal) && identifierOf(m_language, literal) == literal))
+    const auto& literals = static_cast<const RTSeqEnumType*>(base)->m_enumeratorNames;
+    if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
+        literals.size() <= LITERAL_LIMIT) {
+        const std::string literal = m_names.literalNames(baseId)[static_cast<std::size_t>(value)];
+        const bool isHidden = m_names.isPredefined(baseId) && !isCharacterLiteral(literal) &&
+                              m_names.isHidden(literal);
+        if (!isHidden)
             return literal;
-        return fmt::format("{}'val({})", m_names.typeName(baseId), value);
     }
-    return m_names.literalNames(baseId, literals)[static_cast<std::size_t>(value)];
+    return fmt::format("{}'val({})", m_names.typeName(baseId), value);
 }
 
 std::string VhdlDeclarations::scalarRange(const RTBaseType& base, unsigned int baseId,
@@ -272,12 +247,13 @@ std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) 
     case ClassId::PHYSICAL:
     case ClassId::SEQ_ENUM:
         return " range " + scalarRange(base, *baseId, ranges.front()) +
-               (ranges.size() > 1 ? withoutPlace(ranges, 1) : "");
+               (ranges.size() > 1 ? fmt::format(NO_PLACE, textOf(ranges, 1)) : "");
     default: break;
     }
     ConstraintText text(*this, ranges);
     const std::string constraint = text.of(id);
-    return constraint + (text.isUsedUp() ? "" : withoutPlace(ranges, text.firstLeft()));
+    return constraint +
+           (text.isUsedUp() ? "" : fmt::format(NO_PLACE, textOf(ranges, text.firstLeft())));
 }
 
 std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
@@ -292,107 +268,114 @@ std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) 
     return m_names.typeName(id) + constraint(id, ranges);
 }
 
-std::string VhdlDeclarations::enumeration(unsigned int id, const RTSeqEnumType& type) const {
-    const std::vector<std::string> literals = m_names.literalNames(id, literalsOf(type));
-    std::string line = fmt::format("type {} is (", m_names.typeName(id));
-    for (std::size_t i = 0; i < literals.size() && line.size() <= LINE_WIDTH; ++i)
-        line += (i == 0 ? "" : ", ") + literals[i];
-    if (line.size() + 2 <= LINE_WIDTH)
-        return line + ");\n";
-    return fmt::format("type {} is (\n{});\n", m_names.typeName(id), filled(literals));
+void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id) const {
+    const std::vector<std::string> literals = m_names.literalNames(id);
+    const std::string start = fmt::format("type {} is (", m_names.typeName(id));
+    std::size_t width = start.size() + 2;
+    for (std::size_t i = 0; i < literals.size() && width <= LINE_WIDTH; ++i)
+        width += literals[i].size() + (i == 0 ? 0 : 2);
+    out << start;
+    if (width <= LINE_WIDTH) {
+        for (std::size_t i = 0; i < literals.size(); ++i)
+            out << (i == 0 ? "" : ", ") << literals[i];
+    } else {
+        out << '\n';
+        writeFilled(out, literals);
+    }
+    out << ");\n";
 }
 
-std::string VhdlDeclarations::real(unsigned int id, const RTFloatType& type) const {
-    return fmt::format("type {} is range {} {} {};\n", m_names.typeName(id),
-                       realLiteral(type.m_left), directionOf(type.m_direction),
+std::string VhdlDeclarations::real(const RTFloatType& type) const {
+    return fmt::format("{} {} {}", realLiteral(type.m_left), directionOf(type.m_direction),
                        realLiteral(type.m_right));
 }
 
-std::string VhdlDeclarations::physical(unsigned int id, const RTPhysicalType& type) const {
-    std::vector<std::string_view> given;
-    for (const t_unitNameAndValuePair& unit : type.m_units)
-        given.emplace_back(unit.unitName);
-    const std::vector<std::string> units = m_names.literalNames(id, given);
-    std::string text = fmt::format("type {} is range -9223372036854775807 to 9223372036854775807 "
-                                   "-- not recorded\n    units\n",
-                                   m_names.typeName(id));
-    for (std::size_t i = 0; i < units.size(); ++i)
-        text += i == 0 ? fmt::format("        {};\n", units[i])
-                       : fmt::format("        {} = {} {};\n", units[i], type.m_units[i].value,
-                                     units[0]);
-    return text + "    end units;\n";
+void VhdlDeclarations::physical(std::ostream& out, unsigned int id,
+                                const RTPhysicalType& type) const {
+    out << "type " << m_names.typeName(id)
+        << " is range -9223372036854775807 to 9223372036854775807 -- not recorded\n"
+           "    units\n";
+    const std::vector<std::string> units = m_names.literalNames(id);
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        out << "        " << units[i];
+        if (i != 0)
+            out << " = " << type.m_units[i].value << ' ' << units[0];
+        out << ";\n";
+    }
+    out << "    end units;\n";
 }
 
-std::string VhdlDeclarations::array(unsigned int id, const RTArrayType& type) const {
+void VhdlDeclarations::array(std::ostream& out, unsigned int id, const RTArrayType& type) const {
     const std::size_t count = type.m_indexTypeIds.size();
     const std::size_t given = std::min(count, type.m_constraints.size());
+    const auto rest = type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given);
     const bool isConstrained =
-        given == count &&
-        std::none_of(type.m_constraints.begin(),
-                     type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given), isOpen);
-    std::string dimensions;
+        given == count && std::none_of(type.m_constraints.begin(), rest, isOpen);
+    out << "type " << m_names.typeName(id) << " is array (";
     for (std::size_t i = 0; i < count; ++i) {
         const unsigned int index = type.m_indexTypeIds[i];
-        const std::string name =
-            index != TypeFileFormat::NO_TYPE_ID ? indication(index, {}) : "integer";
-        if (i != 0)
-            dimensions += ", ";
+        const bool hasIndex = index != TypeFileFormat::NO_TYPE_ID;
+        const std::string name = hasIndex ? indication(index, {}) : "integer";
+        out << (i == 0 ? "" : ", ");
         if (!isConstrained)
-            dimensions += name + " range <>" + lostRange(type, i);
-        else if (index == TypeFileFormat::NO_TYPE_ID)
-            dimensions += discreteRange(index, type.m_constraints[i]);
+            out << name << " range <>" << lostRange(type, i);
         else
-            dimensions += name + " range " + discreteRange(index, type.m_constraints[i]);
+            out << (hasIndex ? name + " range " : "")
+                << discreteRange(index, type.m_constraints[i]);
     }
-    const Ranges rest(type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given),
-                      type.m_constraints.end());
-    return fmt::format("type {} is array ({}) of {};\n", m_names.typeName(id), dimensions,
-                       indication(type.m_elementTypeId, rest));
+    out << ") of " << indication(type.m_elementTypeId, Ranges(rest, type.m_constraints.end()))
+        << ";\n";
 }
 
-std::string VhdlDeclarations::record(unsigned int id, const RTRecordType& type) const {
-    const std::vector<std::string> names = m_names.memberNames(memberNamesOf(type));
-    std::string text = fmt::format("type {} is record\n", m_names.typeName(id));
+void VhdlDeclarations::record(std::ostream& out, unsigned int id, const RTRecordType& type) const {
+    const std::vector<std::string> names = m_names.memberNames(type);
+    out << "type " << m_names.typeName(id) << " is record\n";
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
         if (member != nullptr)
-            text += fmt::format("    {} : {};\n", names[position++],
-                                indication(member->m_typeId, member->m_constraints));
+            out << "    " << names[position++] << " : "
+                << indication(member->m_typeId, member->m_constraints) << ";\n";
     }
-    return text + "end record;\n";
+    out << "end record;\n";
 }
 
-std::string VhdlDeclarations::subtype(unsigned int id, const RTTypedefType& type) const {
+void VhdlDeclarations::subtype(std::ostream& out, unsigned int id,
+                               const RTTypedefType& type) const {
     const std::string name = m_names.typeName(id);
+    out << "subtype " << name << " is ";
     if (typeOf(type.m_dataTypeId) != nullptr && m_names.typeName(type.m_dataTypeId) == name)
-        return fmt::format("subtype {} is {}{};\n", name, m_names.madeName(type.m_dataTypeId),
-                           constraint(type.m_dataTypeId, type.m_constraints));
-    return fmt::format("subtype {} is {};\n", name,
-                       indication(type.m_dataTypeId, type.m_constraints));
+        out << m_names.madeName(type.m_dataTypeId)
+            << constraint(type.m_dataTypeId, type.m_constraints);
+    else
+        out << indication(type.m_dataTypeId, type.m_constraints);
+    out << ";\n";
 }
 
-std::string VhdlDeclarations::declarationOf(unsigned int id) const {
+void VhdlDeclarations::declare(std::ostream& out, unsigned int id) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr)
-        return remark("there is no such type");
+    if (type == nullptr) {
+        out << remark("there is no such type");
+        return;
+    }
+    const auto line = [&](const std::string& definition) {
+        out << "type " << m_names.typeName(id) << " is " << definition << ";\n";
+    };
     switch (type->GetClassId()) {
-    case ClassId::SEQ_ENUM: return enumeration(id, static_cast<const RTSeqEnumType&>(*type));
+    case ClassId::SEQ_ENUM: return enumeration(out, id);
     case ClassId::INT:
-        return fmt::format("type {} is range {};\n", m_names.typeName(id),
-                           discreteRange(TypeFileFormat::NO_TYPE_ID,
-                                         static_cast<const RTIntType&>(*type).m_constraint));
-    case ClassId::FLOAT: return real(id, static_cast<const RTFloatType&>(*type));
-    case ClassId::PHYSICAL: return physical(id, static_cast<const RTPhysicalType&>(*type));
+        return line("range " + discreteRange(TypeFileFormat::NO_TYPE_ID,
+                                             static_cast<const RTIntType*>(type)->m_constraint));
+    case ClassId::FLOAT: return line("range " + real(static_cast<const RTFloatType&>(*type)));
+    case ClassId::PHYSICAL: return physical(out, id, static_cast<const RTPhysicalType&>(*type));
     case ClassId::ACCESS:
-        return fmt::format("type {} is access {};\n", m_names.typeName(id),
-                           indication(designated(static_cast<const RTAccessType&>(*type)), {}));
+        return line("access " +
+                    indication(designated(static_cast<const RTAccessType&>(*type)), {}));
     case ClassId::FILE_TYPE:
-        return fmt::format("type {} is file of {};\n", m_names.typeName(id),
-                           indication(static_cast<const RTFileType&>(*type).m_refTypeId, {}));
-    case ClassId::ARRAY: return array(id, static_cast<const RTArrayType&>(*type));
-    case ClassId::RECORD: return record(id, static_cast<const RTRecordType&>(*type));
-    case ClassId::TYPEDEF: return subtype(id, static_cast<const RTTypedefType&>(*type));
-    default: return remark("VHDL has no such type");
+        return line("file of " + indication(static_cast<const RTFileType&>(*type).m_refTypeId, {}));
+    case ClassId::ARRAY: return array(out, id, static_cast<const RTArrayType&>(*type));
+    case ClassId::RECORD: return record(out, id, static_cast<const RTRecordType&>(*type));
+    case ClassId::TYPEDEF: return subtype(out, id, static_cast<const RTTypedefType&>(*type));
+    default: out << remark("VHDL has no such type");
     }
 }
 

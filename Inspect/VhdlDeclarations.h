@@ -12,7 +12,7 @@ public:
     VhdlDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::VHDL, types, names) {}
 
-    std::string declarationOf(unsigned int id) const override;
+    void declare(std::ostream& out, unsigned int id) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
 
@@ -22,12 +22,12 @@ private:
 
     std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
 
-    std::string enumeration(unsigned int id, const RTTI::RTSeqEnumType& type) const;
-    std::string real(unsigned int id, const RTTI::RTFloatType& type) const;
-    std::string physical(unsigned int id, const RTTI::RTPhysicalType& type) const;
-    std::string array(unsigned int id, const RTTI::RTArrayType& type) const;
-    std::string record(unsigned int id, const RTTI::RTRecordType& type) const;
-    std::string subtype(unsigned int id, const RTTI::RTTypedefType& type) const;
+    void enumeration(std::ostream& out, unsigned int id) const;
+    std::string real(const RTTI::RTFloatType& type) const;
+    void physical(std::ostream& out, unsigned int id, const RTTI::RTPhysicalType& type) const;
+    void array(std::ostream& out, unsigned int id, const RTTI::RTArrayType& type) const;
+    void record(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
+    void subtype(std::ostream& out, unsigned int id, const RTTI::RTTypedefType& type) const;
 
     /// What an access type designates: where that is a typedef that shares another type's
     /// declaration, the latter, which can be announced.

@@ -106,7 +106,8 @@ TEST(SystemVerilogDeclarations, UnknownBitsOfAValueAreInItsSecondHalf) {
 }
 
 TEST(SystemVerilogDeclarations, AValueWiderThanItsBytesHasZerosBeforeThem) {
-    EXPECT_EQ(enumValue("\xFF", 1, 12, false), "12'h0ff");
+    EXPECT_EQ(enumValue("\xFF", 1, 12, false), "12'hff");
+    EXPECT_EQ(enumValue("\x80\x80", 2, 12, true), "12'b0x0000000");
     EXPECT_EQ(enumValue("", 0, 1, true), "1'h0");
 }
 
