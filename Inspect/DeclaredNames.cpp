@@ -217,7 +217,9 @@ std::string DeclaredNames::typeName(unsigned int id) const {
         return madeName(id);
     if (isPredefined(id))
         return std::string(nameOf(*type));
-    if (m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]))
+    const bool keepsName = m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]);
+    // A type of the other language is named where a declaration cannot be read in any case.
+    if (keepsName || languageOf(*type) != m_language)
         return identifierOf(m_language, nameOf(*type));
     return madeName(id);
 }

@@ -96,6 +96,19 @@ TEST(DeclaredNames, SystemVerilogLiteralsOfTwoTypesDiffer) {
     EXPECT_THAT(names.literalNames(1), ElementsAre("IDLE_1_0"));
 }
 
+TEST(DeclaredNames, ANameMadeForALiteralIsNotOneMadeForAType) {
+    LinkedTypes types;
+    types.add<RTClassType>("x_2");
+    types.add<RTClassType>("x_2");
+    auto& type = types.add<RTDiscreteEnumType>("e");
+    TypeFile::addLiteral(type, "y", "");
+    TypeFile::addLiteral(type, "x", "");
+    types.add<RTClassType>("x");
+    const DeclaredNames names(types.table(), SV, Naming::DISTINCT);
+    EXPECT_EQ(names.typeName(1), "x_2_1");
+    EXPECT_THAT(names.literalNames(2), ElementsAre("y", "x_2_1_2_1"));
+}
+
 TEST(DeclaredNames, RepeatedAndEmptyMembersGetTheirPosition) {
     LinkedTypes types;
     auto& record = types.add<RTRecordType>("r");
