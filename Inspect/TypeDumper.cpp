@@ -258,8 +258,10 @@ private:
             m_lines << added;
             return size;
         }
+        const std::size_t before = m_firstLine.size();
         m_firstLine += added;
-        if (m_firstLine.find('\n', m_firstLine.size() - added.size()) + 1 < m_firstLine.size()) {
+        const std::size_t end = m_firstLine.find('\n', before == 0 ? 0 : before - 1);
+        if (end != std::string::npos && end + 1 < m_firstLine.size()) {
             m_isLong = true;
             m_out << '\n';
             m_lines << m_firstLine;
