@@ -1,0 +1,506 @@
+#include "Inspect/TypeDiff.h"
+
+#include "tests/support/TypeList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using namespace RTTI;
+using Inspect::DiffVerdict;
+using Inspect::TypeDiff;
+using RTTITest::TypeList;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string numbered(std::string text, unsigned int number) {
+    return text.append(std::to_string(number));
+}
+
+/// What differs, a line each: ids of removed types as "-1", of added ones as "+1".
+std::vector<std::string> linesOf(const TypeDiff& diff) {
+    std::vector<std::string> lines;
+    for (const unsigned int id : diff.removed())
+        lines.push_back(numbered("-", id));
+    diff.eachChange([&](const Inspect::TypeChange& change) {
+        lines.push_back(change.path + ": " + change.what + " " + change.before.value_or("...") +
+                        " -> " + change.after.value_or("..."));
+    });
+    for (const unsigned int id : diff.added())
+        lines.push_back(numbered("+", id));
+    return lines;
+}
+
+std::vector<std::string> linesOf(const TypeList& a, const TypeList& b) {
+    return linesOf(TypeDiff(a.table(), b.table()));
+}
+
+DiffVerdict verdictOf(const TypeList& a, const TypeList& b) {
+    return TypeDiff(a.table(), b.table()).verdict();
+}
+
+/// The same types twice, with one change to the second.
+std::vector<std::string> linesAfter(const std::function<void(TypeList&)>& make,
+                                    const std::function<void(TypeList&)>& change) {
+    TypeList a, b;
+    make(a);
+    make(b);
+    change(b);
+    return linesOf(a, b);
+}
+
+/// A packet whose header has a length: 0 bit, 1 array, 2 header, 3 packet, 4 alias of it.
+void makePacket(TypeList& types) {
+    types.enumeration("bit", {"0", "1"});
+    types.array("", 0, 7, 0);
+    types.record("", {{"len", 1}, {"last", 0}});
+    types.record("", {{"hdr", 2}});
+    types.alias("pkt_t", 3);
+}
+
+// Verdicts.
+
+TEST(TypeDiffs, SameIdsWithSameTypesAreIdentical) {
+    TypeList a, b;
+    makePacket(a);
+    makePacket(b);
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::IDENTICAL);
+    EXPECT_THAT(linesOf(a, b), IsEmpty());
+}
+
+TEST(TypeDiffs, FilesWithoutTypesAreIdentical) {
+    EXPECT_EQ(verdictOf(TypeList(), TypeList()), DiffVerdict::IDENTICAL);
+}
+
+TEST(TypeDiffs, SameTypesUnderOtherIdsAreRenumbered) {
+    TypeList a, b;
+    a.integer("int");
+    a.alias("word", 0);
+    b.alias("word", 1);
+    b.integer("int");
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+    EXPECT_THAT(linesOf(a, b), IsEmpty());
+}
+
+TEST(TypeDiffs, AnotherSystemVerilogTypeIdRenumbers) {
+    TypeList a, b;
+    a.add<RTQueueType>("q").m_svTypeId = 5;
+    b.add<RTQueueType>("q").m_svTypeId = 7;
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+}
+
+TEST(TypeDiffs, SystemVerilogTypeIdWhereThereWasNoneIsAChange) {
+    TypeList a, b;
+    a.add<RTQueueType>("q");
+    b.add<RTQueueType>("q").m_svTypeId = 7;
+    EXPECT_THAT(linesOf(a, b), ElementsAre("q: SV type id none -> assigned"));
+}
+
+TEST(TypeDiffs, MoreTypesAreCompatible) {
+    TypeList a, b;
+    a.integer("int");
+    b.integer("byte", 0, 255);
+    b.integer("int");
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::COMPATIBLE);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("+0"));
+}
+
+TEST(TypeDiffs, FewerTypesAreIncompatible) {
+    TypeList a, b;
+    a.integer("int");
+    a.integer("byte", 0, 255);
+    b.integer("int");
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::INCOMPATIBLE);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-1"));
+}
+
+TEST(TypeDiffs, EachTypeNeedsAnEqualOfItsOwn) {
+    TypeList a, b;
+    a.integer("int");
+    a.integer("int");
+    b.integer("int");
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-1"));
+    EXPECT_THAT(linesOf(b, a), ElementsAre("+1"));
+}
+
+TEST(TypeDiffs, AppendedLiteralIsIncompatible) {
+    TypeList a, b;
+    a.enumeration("state", {"idle"});
+    b.enumeration("state", {"idle", "busy"});
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::INCOMPATIBLE);
+}
+
+// Where a change lies.
+
+TEST(TypeDiffs, ChangeIsToldWhereItLiesAndNotAgainAbove) {
+    TypeList a, b;
+    makePacket(a);
+    makePacket(b);
+    static_cast<RTArrayType&>(b[1]).m_constraints = {{15, 0, 0}};
+    const TypeDiff diff(a.table(), b.table());
+    EXPECT_THAT(linesOf(diff), ElementsAre("pkt_t.hdr.len: range 7 downto 0 -> 15 downto 0"));
+    const TypeDiff::Counts counts = diff.eachChange([](const Inspect::TypeChange&) {});
+    EXPECT_EQ(counts.changed, 1u);
+    EXPECT_EQ(counts.containing, 3u);
+    EXPECT_EQ(counts.equal, 1u);
+}
+
+TEST(TypeDiffs, PathBeginsAtTheNearestName) {
+    EXPECT_THAT(linesAfter(
+                    [](TypeList& types) {
+                        makePacket(types);
+                        types.record("frame_t", {{"body", 4}});
+                    },
+                    [](TypeList& types) { types[2].m_flags = 0x10; }),
+                ElementsAre("pkt_t.hdr: flags 0x0 -> 0x10"));
+}
+
+TEST(TypeDiffs, MemberThatTookAnotherArrayIsToldByItsRange) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->enumeration("bit", {"0", "1"});
+        types->array("", 0, 7, 0);
+        types->array("", 0, 15, 0);
+        types->record("lengths_t", {{"short", 1}, {"long", 2}});
+    }
+    a.record("hdr_t", {{"len", 1}});
+    b.record("hdr_t", {{"len", 2}});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: range 7 downto 0 -> 15 downto 0"));
+}
+
+TEST(TypeDiffs, ArrayThatCameToEqualAnotherIsToldOnce) {
+    EXPECT_THAT(linesAfter(
+                    [](TypeList& types) {
+                        types.enumeration("bit", {"0", "1"});
+                        types.array("", 0, 63, 0);
+                        types.array("", 0, 31, 0);
+                        types.array("", 1, 3, 0);
+                        types.array("", 2, 3, 0);
+                        types.record("word_t", {{"data", 1}});
+                    },
+                    [](TypeList& types) {
+                        static_cast<RTArrayType&>(types[1]).m_constraints = {{31, 0, 0}};
+                    }),
+                ElementsAre("word_t.data: range 63 downto 0 -> 31 downto 0"));
+}
+
+TEST(TypeDiffs, MemberThatTookANamedTypeIsToldByName) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->integer("byte", 0, 255);
+        types->integer("word", 0, 65535);
+    }
+    a.record("hdr_t", {{"len", 0}});
+    b.record("hdr_t", {{"len", 1}});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: type integer \"byte\" -> integer \"word\""));
+}
+
+TEST(TypeDiffs, SharedTypeThatChangedHasOneLine) {
+    EXPECT_THAT(
+        linesAfter(
+            [](TypeList& types) {
+                types.integer("byte", 0, 255);
+                for (unsigned int i = 0; i < 100; ++i)
+                    types.record(numbered("record_", i), {{"field", 0}});
+            },
+            [](TypeList& types) { static_cast<RTIntType&>(types[0]).m_constraint.ei = 127; }),
+        ElementsAre("byte: range 0 to 255 -> 0 to 127"));
+}
+
+TEST(TypeDiffs, StepsOfAPathNameTheReference) {
+    const auto steps = [](auto link) {
+        TypeList a, b;
+        for (TypeList* types : {&a, &b}) {
+            types->integer("int");
+            types->alias("", 0);
+            link(*types);
+        }
+        b[1].m_flags = 1;
+        return linesOf(a, b);
+    };
+    EXPECT_THAT(steps([](TypeList& types) { types.array("mem", 1, 3, 0); }),
+                ElementsAre("mem[]: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](TypeList& types) {
+                    types.array("mem", 0, 3, 0).m_indexTypeIds = {0, 1};
+                }),
+                ElementsAre("mem[index 2]: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](TypeList& types) { types.access("ptr", 1); }),
+                ElementsAre("ptr.all: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](TypeList& types) { types.add<RTFileType>("text").m_refTypeId = 1; }),
+                ElementsAre("text.<element>: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](TypeList& types) { types.add<RTClassType>("c").m_baseClassTypeId = 1; }),
+                ElementsAre("c.<base>: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](TypeList& types) { types.alias("t", 1); }),
+                ElementsAre("t: flags 0x0 -> 0x1"));
+}
+
+TEST(TypeDiffs, OddNamesInPathsAreQuotedAndEscaped) {
+    EXPECT_THAT(
+        linesAfter(
+            [](TypeList& types) {
+                types.record("a.b\x1B", {{"the \"x\"", 7}});
+            },
+            [](TypeList& types) {
+                static_cast<RTRecordType&>(types[0]).m_members[0]->m_constraints = {{1, 0, 0}};
+            }),
+        ElementsAre("\"a.b\\x1B\".\"the \\\"x\\\"\": range no range -> 1 downto 0"));
+}
+
+TEST(TypeDiffs, TypeWithoutANameAroundItIsToldById) {
+    EXPECT_THAT(linesAfter([](TypeList& types) { types.array("", 9, 3, 0); },
+                           [](TypeList& types) { types[0].m_flags = 2; }),
+                ElementsAre("(type 0): flags 0x0 -> 0x2"));
+}
+
+// Lists of literals, units and members.
+
+TEST(TypeDiffs, LiteralInTheMiddleIsOneAddition) {
+    TypeList a, b;
+    a.enumeration("state", {"idle", "busy", "done"});
+    b.enumeration("state", {"idle", "wait", "busy", "done"});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state.wait: literal ... -> value 1"));
+    EXPECT_THAT(linesOf(b, a), ElementsAre("state.wait: literal value 1 -> ..."));
+}
+
+TEST(TypeDiffs, LiteralWithAnotherNameInItsPlaceIsRenamed) {
+    TypeList a, b;
+    a.enumeration("state", {"idle", "busy", "done"});
+    b.enumeration("state", {"idle", "work", "done"});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state.busy: name \"busy\" -> \"work\""));
+}
+
+TEST(TypeDiffs, LiteralInAnotherPlaceIsNotRenamed) {
+    TypeList a, b;
+    a.enumeration("state", {"idle", "busy"});
+    b.enumeration("state", {"busy", "done"});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state.idle: literal value 0 -> ...",
+                                           "state.done: literal ... -> value 1"));
+}
+
+TEST(TypeDiffs, LiteralWithAnotherValueIsTold) {
+    TypeList a, b;
+    TypeFile::addLiteral(a.add<RTDiscreteEnumType>("e"), "x", std::string("\x01\x02"));
+    TypeFile::addLiteral(b.add<RTDiscreteEnumType>("e"), "x", std::string("\x01\x03"));
+    static_cast<RTDiscreteEnumType&>(a[0]).m_valueSize = 2;
+    static_cast<RTDiscreteEnumType&>(b[0]).m_valueSize = 2;
+    EXPECT_THAT(linesOf(a, b), ElementsAre("e.x: value 0102 -> 0103"));
+}
+
+TEST(TypeDiffs, UnitWithAnotherValueIsTold) {
+    TypeList a, b;
+    TypeFile::addUnit(a.add<RTPhysicalType>("time"), "ps", 1000);
+    TypeFile::addUnit(b.add<RTPhysicalType>("time"), "ps", 1);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("time.ps: value 1000 -> 1"));
+}
+
+TEST(TypeDiffs, FewestMembersCountAsMoved) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b})
+        types->integer("int");
+    a.record("r", {{"a", 0}, {"b", 0}, {"c", 0}, {"d", 0}});
+    b.record("r", {{"d", 0}, {"a", 0}, {"b", 0}, {"c", 0}});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("r.d: position 3 -> 0"));
+}
+
+TEST(TypeDiffs, RemovedAndAddedMembersHaveALineEach) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->integer("int");
+        types->integer("byte", 0, 255);
+    }
+    a.record("r", {{"a", 0}, {"b", 0}});
+    b.record("r", {{"a", 0}, {"c", 1}});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("r.b: member integer \"int\" -> ...",
+                                           "r.c: member ... -> integer \"byte\""));
+}
+
+TEST(TypeDiffs, MembersOfOneNameAreTakenInTheirOrder) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b})
+        types->integer("int");
+    a.record("r", {{"x", 0}, {"x", 0}});
+    b.record("r", {{"x", 0}, {"x", 0}, {"x", 0}});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("r.x: member ... -> integer \"int\""));
+}
+
+// Which types are before and after of one another.
+
+TEST(TypeDiffs, RenamedTypeHasOneLineWhereverItIsUsed) {
+    TypeList a, b;
+    a.integer("byte", 0, 255);
+    b.integer("octet", 0, 255);
+    for (TypeList* types : {&a, &b}) {
+        types->record("r", {{"x", 0}});
+        types->record("s", {{"y", 0}});
+    }
+    EXPECT_THAT(linesOf(a, b), ElementsAre("byte: name \"byte\" -> \"octet\""));
+}
+
+TEST(TypeDiffs, NameThatTheOtherFileHasAsWellIsNoNewName) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b})
+        types->integer("time");
+    a.alias("time", 0);
+    b.alias("delay", 0);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-1", "+1"));
+}
+
+TEST(TypeDiffs, NameWithAnotherKindIsOneChange) {
+    TypeList a, b;
+    a.integer("word");
+    b.enumeration("word", {"low", "high"});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("word: kind integer -> sequential enumeration"));
+}
+
+TEST(TypeDiffs, TypesOfOneNameArePairedByTheirLiterals) {
+    TypeList a, b;
+    a.enumeration("state_t", {"idle", "busy"});
+    a.enumeration("state_t", {"open", "shut"});
+    b.enumeration("state_t", {"open", "shut"}).m_valueSize = 4;
+    b.enumeration("state_t", {"idle", "busy"}).m_valueSize = 2;
+    EXPECT_THAT(linesOf(a, b),
+                ElementsAre("state_t: value size 0 -> 2", "state_t: value size 0 -> 4"));
+}
+
+TEST(TypeDiffs, TypesOfOneNameWithNothingInCommonAreRemovedAndAdded) {
+    TypeList a, b;
+    a.enumeration("state_t", {"idle", "busy"});
+    a.enumeration("state_t", {"open", "shut"});
+    b.enumeration("state_t", {"red", "green"});
+    b.enumeration("state_t", {"up", "down"});
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-0", "-1", "+0", "+1"));
+}
+
+TEST(TypeDiffs, TypesOfOneNameArePairedByTheirPlaces) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->enumeration("state_t", {"idle", "busy"});
+        types->enumeration("state_t", {"open", "shut"});
+        types->record("fsm_t", {{"first", 0}, {"second", 1}});
+    }
+    TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[0]), "ajar");
+    TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[1]), "off");
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state_t.ajar: literal ... -> value 2",
+                                           "state_t.off: literal ... -> value 2"));
+}
+
+TEST(TypeDiffs, TypeFoundByItsPlaceIsNotRemovedAsWell) {
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->integer("int");
+        types->array("", 0, types == &a ? 7 : 15, 0);
+        types->array("", 0, 7, 0);
+        // Two of one name, so that only their members tell them apart.
+        types->record("r", {{"len", 1}, {"last", 0}}).m_flags = types == &a ? 0 : 1;
+        types->record("r", {{"tag", 0}}).m_flags = types == &a ? 0 : 1;
+    }
+    a.array("", 0, 7, 0);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-2", "r.len: range 7 downto 0 -> 15 downto 0",
+                                           "r: flags 0x0 -> 0x1", "r: flags 0x0 -> 0x1"));
+}
+
+// Cycles, depth and damage.
+
+TEST(TypeDiffs, ListsThatLeadToThemselvesAreFollowedOnce) {
+    TypeList a, b;
+    a.record("node_t", {{"next", 1}});
+    a.access("node_ptr", 0);
+    b.access("node_ptr", 1);
+    b.record("node_t", {{"next", 0}});
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+    static_cast<RTAccessType&>(b[0]).m_valueSize = 8;
+    EXPECT_THAT(linesOf(a, b), ElementsAre("node_ptr: value size 0 -> 8"));
+}
+
+TEST(TypeDiffs, CyclesOfDifferentLengthThatNothingTellsApartAreEqual) {
+    TypeList a, b;
+    a.access("p", 0);
+    b.access("p", 1);
+    b.access("p", 0);
+    EXPECT_THAT(linesOf(a, b), ElementsAre("+1"));
+}
+
+TEST(TypeDiffs, TypeOutsideACycleEqualsOneInside) {
+    TypeList a, b;
+    a.access("p", 0);
+    a.access("p", 0);
+    b.access("p", 1);
+    b.access("p", 0);
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+}
+
+TEST(TypeDiffs, ReferencesToNothingAreComparedAsSuch) {
+    TypeList a, b;
+    a.access("none", 0xFFFFFFFF);
+    a.access("beyond", 100);
+    b.access("none", 0xFFFFFFFF);
+    b.access("beyond", 200);
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+    static_cast<RTAccessType&>(b[0]).m_refTypeId = 100;
+    EXPECT_THAT(linesOf(a, b), ElementsAre("none: designated type none -> missing type"));
+}
+
+TEST(TypeDiffs, IdsThatBuildNoTypeAreAlike) {
+    TypeList a, b;
+    a.addHole();
+    a.alias("t", 0);
+    b.alias("t", 1);
+    b.addHole();
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+    b.addHole();
+    EXPECT_THAT(linesOf(a, b), ElementsAre("+2"));
+}
+
+TEST(TypeDiffs, MissingMemberIsNoCrash) {
+    TypeList a, b;
+    a.record("r", {{"x", 0}});
+    auto& record = b.record("r", {});
+    record.m_members.push_back(nullptr);
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::INCOMPATIBLE);
+    EXPECT_FALSE(linesOf(a, b).empty());
+}
+
+TEST(TypeDiffs, DeepChainsNeedNoStackAndNoQuadraticTime) {
+    constexpr unsigned int DEPTH = 200000;
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->integer("int");
+        for (unsigned int i = 0; i < DEPTH; ++i)
+            types->alias("", i);
+        types->access("loop", DEPTH + 2);
+        types->record("", {{"deep", DEPTH}, {"loop", DEPTH + 1}});
+    }
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::IDENTICAL);
+    b[0].m_flags = 1;
+    EXPECT_THAT(linesOf(a, b), ElementsAre("int: flags 0x0 -> 0x1"));
+}
+
+TEST(TypeDiffs, LongRingOfLikeTypesEndsSoon) {
+    constexpr unsigned int LENGTH = 200000;
+    TypeList a, b;
+    for (unsigned int i = 0; i < LENGTH; ++i) {
+        a.access(i == 0 ? "first" : "", (i + 1) % LENGTH);
+        b.access(i == LENGTH - 1 ? "first" : "", (i + 1) % LENGTH);
+    }
+    EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
+}
+
+TEST(TypeDiffs, ManyMembersOfOneStructTakeNoQuadraticTime) {
+    constexpr unsigned int MEMBERS = 50000;
+    TypeList a, b;
+    for (TypeList* types : {&a, &b}) {
+        types->integer("int");
+        std::vector<TypeList::Member> members;
+        for (unsigned int i = 1; i <= MEMBERS; ++i) {
+            types->array("", 0, static_cast<int>(i), types == &a ? 0 : -1);
+            members.push_back({numbered("m", i), i});
+        }
+        types->record("big_t", members);
+    }
+    EXPECT_EQ(linesOf(a, b).size(), MEMBERS);
+}
+
+} // namespace
