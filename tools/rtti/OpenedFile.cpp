@@ -22,6 +22,12 @@ bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
 
+UnusableFile UnusableFile::asNotReadable() const {
+    UnusableFile error = *this;
+    error.m_exitStatus = NOT_READABLE;
+    return error;
+}
+
 std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
                                           unsigned long long offset) {
     Progress progress("verifying " + path, storage.size());

@@ -17,6 +17,9 @@ public:
         : std::runtime_error(file + ": " + reason), m_exitStatus(exitStatus) {}
     int exitStatus() const { return m_exitStatus; }
 
+    /// The same with the exit status of a file that cannot be read.
+    UnusableFile asNotReadable() const;
+
 private:
     int m_exitStatus;
 };

@@ -16,6 +16,7 @@ struct Subcommand {
 
 // Each adds a subcommand with its arguments to the program.
 Subcommand addBuild(CLI::App& program);
+Subcommand addDiff(CLI::App& program);
 Subcommand addDump(CLI::App& program);
 Subcommand addGraph(CLI::App& program);
 Subcommand addShow(CLI::App& program);

@@ -62,7 +62,8 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
 // NOLINTNEXTLINE(bugprone-exception-escape): no memory for the options, before there is a call.
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN); // A reader that has gone shows as an output that fails.
-    CLI::App program("Shows, makes and verifies the type files of an HDL simulator.", "rtti");
+    CLI::App program("Shows, makes, verifies and compares the type files of an HDL simulator.",
+                     "rtti");
     program.require_subcommand(1);
     program.footer(
         "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ\n\n"
@@ -70,7 +71,7 @@ int main(int argc, char** argv) {
         "cannot be read.");
     const std::vector<Subcommand> subcommands = {addDump(program), addShow(program),
                                                  addGraph(program), addBuild(program),
-                                                 addVerify(program)};
+                                                 addVerify(program), addDiff(program)};
     const int status = run(program, subcommands, argc, argv);
     if (!std::cout.flush())
         return fail("standard output: the text could not be written", WRONG_CALL);
