@@ -120,6 +120,21 @@ Json nameToJson(std::string_view name) {
     return {{JsonKey::HEX, hexOf(name)}};
 }
 
+Json nameToJson(const char* name) {
+    return nameToJson(name != nullptr ? std::string_view(name) : std::string_view());
+}
+
+Json rangeToJson(const FullConstraints& range) {
+    return {{JsonKey::SI, range.si}, {JsonKey::EI, range.ei}, {JsonKey::DIR, range.dir}};
+}
+
+Json rangesToJson(const std::vector<FullConstraints>& ranges) {
+    Json list = Json::array();
+    for (const FullConstraints& range : ranges)
+        list.push_back(rangeToJson(range));
+    return list;
+}
+
 bool nameFromJson(const Json& json, std::string& name) {
     if (json.is_string()) {
         name = json.get_ref<const std::string&>();

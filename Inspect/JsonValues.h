@@ -1,12 +1,13 @@
 #pragma once
 
 #include "Inspect/NamedValues.h"
-#include "RTTI/TypeFileFormat.h"
+#include "RTTI/RTBaseType.h"
 
 #include <nlohmann/json.hpp>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Inspect {
 
@@ -18,6 +19,13 @@ using Json = nlohmann::ordered_json;
 
 /// A name: text, or {"hex": "..."} where the bytes are not UTF-8.
 Json nameToJson(std::string_view name);
+
+/// The same; a null name counts as empty.
+Json nameToJson(const char* name);
+
+/// {"si": ..., "ei": ..., "dir": ...}, and a list of these.
+Json rangeToJson(const RTTI::FullConstraints& range);
+Json rangesToJson(const std::vector<RTTI::FullConstraints>& ranges);
 
 /// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
 /// hexadecimal digits of a NaN.

@@ -1,6 +1,6 @@
 #include "Inspect/TypeJsonWriter.h"
 
-#include "Inspect/JsonValues.h"
+#include "Inspect/JsonLines.h"
 #include "RTTI/RTTypeVisitor.h"
 #include "TypeFile/FieldNames.h"
 
@@ -12,23 +12,6 @@ using namespace RTTI;
 namespace Field = TypeFile::Field;
 
 namespace {
-
-std::string textOf(const Json& json) {
-    return json.dump(-1, ' ', true); // One line, ASCII.
-}
-
-Json nameOf(const char* name) { return nameToJson(name != nullptr ? name : ""); }
-
-Json rangeOf(const FullConstraints& range) {
-    return {{JsonKey::SI, range.si}, {JsonKey::EI, range.ei}, {JsonKey::DIR, range.dir}};
-}
-
-Json rangesOf(const std::vector<FullConstraints>& constraints) {
-    Json list = Json::array();
-    for (const FullConstraints& range : constraints)
-        list.push_back(rangeOf(range));
-    return list;
-}
 
 Json idOrNull(unsigned int id) { return id != TypeFileFormat::NO_TYPE_ID ? Json(id) : Json(); }
 
@@ -52,7 +35,7 @@ public:
         m_json[Field::ENUM_KIND] = namedToJson(enumKinds, static_cast<int>(type.m_enumKind));
         Json& literals = m_json[Field::LITERALS] = Json::array();
         for (const char* name : type.m_enumeratorNames)
-            literals.push_back(nameOf(name));
+            literals.push_back(nameToJson(name));
         m_json[Field::VALUE_SIZE] = type.m_valueSize;
         return true;
     }
@@ -64,12 +47,12 @@ public:
         for (const t_enumNameAndValuePair& literal : type.m_enumerators)
             literals.push_back({{Field::NAME, nameToJson(literal.enumName)},
                                 {Field::VALUE, hexOf({literal.value, type.m_valueSize})}});
-        m_json[Field::CONSTRAINTS] = rangesOf(type.m_constraints);
+        m_json[Field::CONSTRAINTS] = rangesToJson(type.m_constraints);
         return true;
     }
 
     bool visit(const RTIntType& type) override {
-        m_json[Field::RANGE] = rangeOf(type.m_constraint);
+        m_json[Field::RANGE] = rangeToJson(type.m_constraint);
         return true;
     }
 
@@ -95,7 +78,7 @@ public:
 
     bool visit(const RTTypedefType& type) override {
         m_json[Field::DATA_TYPE] = type.m_dataTypeId;
-        m_json[Field::CONSTRAINTS] = rangesOf(type.m_constraints);
+        m_json[Field::CONSTRAINTS] = rangesToJson(type.m_constraints);
         return true;
     }
 
@@ -109,7 +92,7 @@ public:
         Json& indexTypes = m_json[Field::INDEX_TYPES] = Json::array();
         for (const unsigned int id : type.m_indexTypeIds)
             indexTypes.push_back(idOrNull(id));
-        m_json[Field::CONSTRAINTS] = rangesOf(type.m_constraints);
+        m_json[Field::CONSTRAINTS] = rangesToJson(type.m_constraints);
         m_json[Field::SV_TYPE_ID] = type.m_svTypeId;
         return true;
     }
@@ -131,9 +114,9 @@ public:
     bool visit(const RTAggregateType& type) override {
         Json& members = m_json[Field::MEMBERS] = Json::array();
         for (const RTAggregateType::t_Member* member : type.m_members) {
-            Json object{{Field::NAME, nameOf(member->m_memberName)},
+            Json object{{Field::NAME, nameToJson(member->m_memberName)},
                         {Field::TYPE, member->m_typeId},
-                        {Field::CONSTRAINTS, rangesOf(member->m_constraints)}};
+                        {Field::CONSTRAINTS, rangesToJson(member->m_constraints)}};
             if (const auto* inClass = dynamic_cast<const RTClassType::t_ClassMember*>(member))
                 object[Field::FLAG] = inClass->m_memberFlag;
             members.push_back(std::move(object));
@@ -171,38 +154,29 @@ private:
 } // namespace
 
 TypeJsonWriter::TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version)
-    : m_out(out), m_form(form) {
-    const Json properties{{JsonKey::FORMAT, JSON_FORMAT},
-                          {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION},
-                          {Field::VERSION, version}};
-    std::string text = textOf(properties);
-    if (m_form == JsonForm::DOCUMENT) {
-        text.pop_back(); // Its last brace: the types belong to the same object.
-        text += ",\"types\":[";
-    }
-    m_out << text;
-}
+    : m_lines(std::make_unique<JsonLines>(out, form,
+                                          Json{{JsonKey::FORMAT, JSON_FORMAT},
+                                               {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION},
+                                               {Field::VERSION, version}},
+                                          JsonKey::TYPES)) {}
 
-void TypeJsonWriter::line(const std::string& object) {
-    m_out << (m_form == JsonForm::DOCUMENT && !m_isFirst ? ",\n" : "\n") << object;
-    m_isFirst = false;
-}
+TypeJsonWriter::~TypeJsonWriter() = default;
 
 void TypeJsonWriter::type(unsigned int id, const RTBaseType& type) {
     const char* kind = jsonKindOf(type.GetClassId());
     Json json{{Field::ID, id},
               {Field::KIND, kind != nullptr ? Json(kind) : Json()},
-              {Field::NAME, nameOf(type.m_name)},
+              {Field::NAME, nameToJson(type.m_name)},
               {Field::FLAGS, type.m_flags}};
     FieldSetter fields(json);
     type.accept(fields);
-    line(textOf(json));
+    m_lines->add(json);
 }
 
 void TypeJsonWriter::noType(unsigned int id, unsigned int kindCode) {
-    line(textOf({{Field::ID, id}, {Field::KIND, JSON_NO_TYPE}, {JsonKey::KIND_CODE, kindCode}}));
+    m_lines->add({{Field::ID, id}, {Field::KIND, JSON_NO_TYPE}, {JsonKey::KIND_CODE, kindCode}});
 }
 
-void TypeJsonWriter::end() { m_out << (m_form == JsonForm::DOCUMENT ? "\n]}\n" : "\n"); }
+void TypeJsonWriter::end() { m_lines->end(); }
 
 } // namespace Inspect

@@ -2,10 +2,13 @@
 
 #include "RTTI/RTType.h"
 
+#include <memory>
 #include <ostream>
 #include <string_view>
 
 namespace Inspect {
+
+class JsonLines;
 
 /// How the JSON form is cut into lines.
 enum class JsonForm {
@@ -21,6 +24,9 @@ public:
     /// Begins the text; `version` is the file's version text. `out` stays the caller's, outlives
     /// the writer and keeps its own record of failures.
     TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version);
+    TypeJsonWriter(const TypeJsonWriter&) = delete;
+    TypeJsonWriter& operator=(const TypeJsonWriter&) = delete;
+    ~TypeJsonWriter();
 
     /// A type under its id. Grows with the size of its record.
     void type(unsigned int id, const RTTI::RTBaseType& type);
@@ -32,11 +38,7 @@ public:
     void end();
 
 private:
-    void line(const std::string& object);
-
-    std::ostream& m_out;
-    JsonForm m_form;
-    bool m_isFirst = true;
+    std::unique_ptr<JsonLines> m_lines;
 };
 
 } // namespace Inspect
