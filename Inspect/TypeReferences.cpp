@@ -1,5 +1,7 @@
 #include "Inspect/TypeReferences.h"
 
+#include "Inspect/TypeText.h"
+
 #include <unordered_set>
 
 namespace Inspect {
@@ -63,6 +65,24 @@ void linksOf(const RTBaseType& type, std::vector<TypeLink>& links) {
         return list.addMembers(static_cast<const RTClassType&>(type));
     default: return;
     }
+}
+
+std::string linkText(const RTBaseType& type, const TypeLink& link) {
+    switch (link.role) {
+    case LinkRole::ALIASED: return "aliased type";
+    case LinkRole::BASE_TYPE: return "base type";
+    case LinkRole::DESIGNATED: return "designated type";
+    case LinkRole::FILE_ELEMENT: return "file element";
+    case LinkRole::ELEMENT: return "element";
+    case LinkRole::INDEX:
+        return type.GetClassId() == ClassId::ARRAY
+                   ? "index type of dimension " + std::to_string(link.position + 1)
+                   : "index type";
+    case LinkRole::BASE_CLASS: return "base class";
+    default: break;
+    }
+    const auto& aggregate = static_cast<const RTAggregateType&>(type);
+    return "member " + quotedName(aggregate.m_members[link.position]->m_memberName);
 }
 
 std::vector<unsigned int> referencesOf(const RTBaseType& type) {

@@ -2,6 +2,7 @@
 
 #include "RTTI/RTType.h"
 
+#include <string>
 #include <vector>
 
 namespace Inspect {
@@ -28,6 +29,10 @@ struct TypeLink {
 /// Replaces `links` by the references in a type's own fields, in the order of its record; fields
 /// that say "no type" give none. The list is the caller's, so that one serves many types.
 void linksOf(const RTTI::RTBaseType& type, std::vector<TypeLink>& links);
+
+/// The reference in words, with the name of the member or the number of the dimension, such as
+/// `member "len"` or "index type of dimension 2"; all bytes of names escaped.
+std::string linkText(const RTTI::RTBaseType& type, const TypeLink& link);
 
 /// The ids of the types that a type's own fields refer to, each once, in the order of the fields;
 /// ids that say "no type" are left out.

@@ -113,11 +113,18 @@ void OpenedFile::verify(unsigned long long offset) {
 }
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) {
+    return wordOfRecord(typeId, RECORD_KIND_OFFSET);
+}
+
+unsigned int OpenedFile::recordSizeOf(unsigned int typeId) {
+    return static_cast<unsigned int>(std::max(0, static_cast<int>(wordOfRecord(typeId, 0))));
+}
+
+unsigned int OpenedFile::wordOfRecord(unsigned int typeId, unsigned long long offset) {
     char address[ADDRESS_SIZE];
     m_storage.read(m_tableOffset + typeId * static_cast<unsigned long long>(ADDRESS_SIZE), address,
                    ADDRESS_SIZE);
-    char kind[RECORD_KIND_SIZE];
-    m_storage.read(littleEndianAt<unsigned long long>(address) + RECORD_KIND_OFFSET, kind,
-                   RECORD_KIND_SIZE);
-    return littleEndianAt<unsigned int>(kind);
+    char word[sizeof(unsigned int)];
+    m_storage.read(littleEndianAt<unsigned long long>(address) + offset, word, sizeof word);
+    return littleEndianAt<unsigned int>(word);
 }

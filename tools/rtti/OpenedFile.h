@@ -40,6 +40,9 @@ public:
 
     /// The version text in the file's header.
     const std::string& version() const { return m_version; }
+
+    /// Where the address table begins in the storage.
+    unsigned int tableOffset() const { return m_tableOffset; }
     RTTI::RTTypeManager& manager() { return m_manager; }
 
     /// The types, each loaded when it is asked for.
@@ -55,9 +58,13 @@ public:
     /// The kind code of a type's record, as the storage has it.
     unsigned int kindOf(unsigned int typeId);
 
+    /// The bytes of a type's record, as its size field has it; 0 for a negative size.
+    unsigned int recordSizeOf(unsigned int typeId);
+
 private:
     void checkHeader(unsigned long long offset);
     void verify(unsigned long long offset);
+    unsigned int wordOfRecord(unsigned int typeId, unsigned long long offset);
 
     std::string m_path;
     OVAT::FileBlockManager m_storage;

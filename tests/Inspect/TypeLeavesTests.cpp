@@ -1,0 +1,185 @@
+#include "Inspect/TypeLeaves.h"
+#include "RTTI/CTType.h"
+#include "support/TypeGraph.h"
+#include "support/WrittenTypes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace RTTI;
+using namespace RTTITest;
+using namespace Inspect;
+using testing::EndsWith;
+using testing::StartsWith;
+
+constexpr FullConstraints BYTE{7, 0, 0};
+constexpr FullConstraints LANES{0, 3, 1};
+
+std::string leavesOf(const TypeTable& types, unsigned int id) {
+    std::ostringstream out;
+    writeLeaves(out, types, id, TextStyle::plain());
+    return out.str();
+}
+
+std::string leavesOf(WrittenTypes& types, unsigned int id) { return leavesOf(types.table(), id); }
+
+std::string jsonOf(WrittenTypes& types, unsigned int id) {
+    std::ostringstream out;
+    writeLeavesJson(out, types.table(), id, JsonForm::LINES);
+    return out.str();
+}
+
+/// A table of one type that was linked by hand.
+TypeTable tableOf(const RTBaseType& type) {
+    return {1, [only = &type](unsigned int) { return only; }};
+}
+
+TEST(TypeLeaves, StandInColumns) {
+    WrittenTypes types;
+    const auto logic = types.logic();
+    const auto byte = types.alias("byte_t", types.packed(logic, {BYTE}));
+    const auto header = types.structure("hdr_t", {{"len", byte}, {"ok", logic}});
+    const auto packet = types.structure("pkt", {{"hdr", header}, {"text", types.string()}});
+    const std::string rows = "pkt.hdr.len" + std::string(31, ' ') + "logic" + std::string(21, ' ') +
+                             "4-State" + std::string(8, ' ') + "7 downto 0\n" + "pkt.hdr.ok" +
+                             std::string(32, ' ') + "logic" + std::string(21, ' ') + "4-State" +
+                             std::string(8, ' ') + "-\n" + "pkt.text" + std::string(34, ' ') +
+                             "string" + std::string(20, ' ') + "2-State" + std::string(8, ' ') +
+                             "-\n";
+    EXPECT_EQ(leavesOf(types, packet), rows);
+}
+
+/// The rows with one space for several.
+std::string squeezed(const std::string& text) {
+    std::string result;
+    for (const char c : text) {
+        if (c != ' ' || result.empty() || result.back() != ' ')
+            result += c;
+    }
+    return result;
+}
+
+TEST(TypeLeaves, ArrayOfScalarsIsOneLeafWithAllItsDimensions) {
+    WrittenTypes types;
+    const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
+    const auto memory = types.array(VLOG_FIXED_UNPACKED_ARRAY, "mem", byte, {LANES, {1, 0, 0}});
+    EXPECT_EQ(squeezed(leavesOf(types, memory)),
+              "mem logic 4-State 0 to 3, 1 downto 0, 7 downto 0\n");
+}
+
+TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
+    WrittenTypes types;
+    const auto lane = types.structure("lane_t", {{"data", types.packed(types.logic(), {BYTE})}});
+    const auto lanes = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", lane, {LANES, {1, 0, 0}});
+    const auto record = types.structure("r", {{"lanes", lanes}, {"all", types.queue(lanes)}});
+    EXPECT_EQ(squeezed(leavesOf(types, record)),
+              "r.lanes[0 to 3, 1 downto 0].data logic 4-State 7 downto 0\n"
+              "r.all[queue, 0 to 3, 1 downto 0].data logic 4-State 7 downto 0\n");
+}
+
+TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
+    WrittenTypes types;
+    const auto byte = types.packed(types.logic(), {BYTE});
+    const auto dynamic = types.add(CTDynamicArrayType("", byte));
+    const auto table = types.add(CTAssocArrayType("", dynamic, byte));
+    const auto alias = types.alias("t", types.queue(table));
+    EXPECT_EQ(squeezed(leavesOf(types, alias)),
+              "t logic 4-State queue, associative, dynamic, 7 downto 0\n");
+}
+
+TEST(TypeLeaves, EnumerationIsNamedForItself) {
+    WrittenTypes types;
+    CTDiscreteEnumType state;
+    state.m_baseTypeId = types.packed(types.logic(), {{1, 0, 0}});
+    state.m_valueSize = 2;
+    const auto list = types.packed(types.add(state), {LANES});
+    const auto record = types.structure("r", {{"s", list}});
+    EXPECT_EQ(squeezed(leavesOf(types, record)),
+              "r.s discrete enumeration 4-State 0 to 3, 1 downto 0\n");
+}
+
+TEST(TypeLeaves, InheritedMembersComeFirst) {
+    WrittenTypes types;
+    const auto string = types.string();
+    const auto base = types.classType("base", {{"id", string}});
+    const auto derived = types.classType("derived", {{"more", string}, {"up", 1}}, base);
+    EXPECT_EQ(squeezed(leavesOf(types, derived)), "derived.id string 2-State -\n"
+                                                  "derived.more string 2-State -\n"
+                                                  "derived.up.id string 2-State -\n");
+}
+
+TEST(TypeLeaves, ClassThatLeadsBackAndEmptyStructAreLeaves) {
+    WrittenTypes types;
+    const auto empty = types.structure("empty", {});
+    const auto node = types.classType("node", {{"next", 1}, {"none", empty}});
+    EXPECT_EQ(squeezed(leavesOf(types, node)), "node.next node (seen above) - -\n"
+                                               "node.none empty - -\n");
+}
+
+TEST(TypeLeaves, ScalarsHaveTheirRange) {
+    WrittenTypes types;
+    const auto integer = types.integer("integer", {-8, 7, 1});
+    const auto natural = types.alias("natural", integer, {{0, 7, 1}});
+    const auto array = types.array(VHDL_ARRAY, "a", natural, {LANES});
+    EXPECT_EQ(squeezed(leavesOf(types, array)), "a integer Byte 0 to 3, range 0 to 7\n");
+}
+
+TEST(TypeLeaves, RealsHaveTheirRangeUnlessItIsAny) {
+    RTFloatType real;
+    real.m_left = 0.5;
+    real.m_right = 1e9;
+    real.m_direction = 1;
+    EXPECT_THAT(leavesOf(tableOf(real), 0), EndsWith("  range 0.5 to 1000000000\n"));
+    real.m_left = -1.79769e+308;
+    real.m_right = 1.79769e+308;
+    EXPECT_THAT(leavesOf(tableOf(real), 0), EndsWith("  -\n"));
+}
+
+TEST(TypeLeaves, PathOfATypeWithoutANameBeginsWithItsId) {
+    WrittenTypes types;
+    const auto record = types.structure("", {{"s", types.string()}, {"a.b", 0}, {"\x1B", 0}});
+    EXPECT_EQ(squeezed(leavesOf(types, record)), "1.s string 2-State -\n"
+                                                 "1.\"a.b\" string 2-State -\n"
+                                                 "1.\"\\x1B\" string 2-State -\n");
+}
+
+TEST(TypeLeaves, MissingTypesAreLeaves) {
+    TypeGraph types;
+    const auto& record = types.structure({nullptr, &types.alias(nullptr)});
+    EXPECT_EQ(squeezed(leavesOf(tableOf(record), 0)), "0.\"\" (no type) - -\n"
+                                                      "0.\"\" (no type) - -\n");
+}
+
+TEST(TypeLeaves, OfAChainOfAHundredThousandStructsIsOne) {
+    TypeGraph types;
+    const RTBaseType* type = &types.add<RTStringType>();
+    for (int i = 0; i < 100000; ++i)
+        type = &types.structure({type});
+    const std::string leaves = leavesOf(tableOf(*type), 0);
+    EXPECT_THAT(leaves, StartsWith("0.\"\".\"\""));
+    EXPECT_EQ(leaves.find('\n'), leaves.size() - 1);
+}
+
+TEST(TypeLeaves, JsonHasALeafALine) {
+    WrittenTypes types;
+    const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
+    const auto natural = types.alias("n", types.integer("integer", {-8, 7, 1}), {{0, 7, 1}});
+    const auto node = types.classType("c", {{"q", types.queue(byte)}, {"n", natural}, {"me", 6}});
+    EXPECT_EQ(jsonOf(types, node),
+              "{\"id\":6}\n"
+              "{\"path\":\"c.q\",\"id\":0,\"kind\":\"sequential enumeration\",\"name\":\"logic\","
+              "\"declaredType\":5,\"encoding\":\"4-State\",\"dimensions\":[\"queue\","
+              "{\"si\":7,\"ei\":0,\"dir\":0}]}\n"
+              "{\"path\":\"c.n\",\"id\":3,\"kind\":\"integer\",\"name\":\"integer\","
+              "\"declaredType\":4,\"encoding\":\"Byte\",\"dimensions\":[],"
+              "\"valueRange\":{\"si\":0,\"ei\":7,\"dir\":1}}\n"
+              "{\"path\":\"c.me\",\"id\":6,\"kind\":\"class\",\"name\":\"c\",\"declaredType\":6,"
+              "\"encoding\":null,\"dimensions\":[],\"seenAbove\":true}\n");
+}
+
+} // namespace

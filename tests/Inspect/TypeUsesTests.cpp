@@ -1,0 +1,183 @@
+#include "Inspect/TypeReferences.h"
+#include "Inspect/TypeUses.h"
+#include "Inspect/UseIndex.h"
+#include "RTTI/CTType.h"
+#include "support/ModelStorage.h"
+#include "support/TypeTableModel.h"
+#include "support/WrittenTypes.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace RTTI;
+using namespace RTTITest;
+using namespace Inspect;
+
+std::string usesOf(WrittenTypes& types, unsigned int id) {
+    std::ostringstream out;
+    writeUses(out, types.table(), id, TextStyle::plain());
+    return out.str();
+}
+
+std::string allUsesOf(WrittenTypes& types, unsigned int id) {
+    std::ostringstream out;
+    writeAllUses(out, types.table(), id, TextStyle::plain());
+    return out.str();
+}
+
+TEST(TypeUses, TellsTheRoleOfEachReference) {
+    WrittenTypes types;
+    const auto string = types.string();
+    types.alias("alias", string);
+    CTArrayType array("grid", VHDL_ARRAY, string, string);
+    array.m_indexTypeIds = {TypeFileFormat::NO_TYPE_ID, string};
+    array.m_constraints = {{0, 3, 1}, {0, 3, 1}};
+    types.add(array);
+    types.add(CTAssocArrayType("", string, string));
+    types.structure("\x1B", {{"a", string}, {"\n", string}});
+    types.access("ptr", string);
+    types.add(CTFileType("text", string));
+    EXPECT_EQ(usesOf(types, string), "0 string \"string\" is used by:\n"
+                                     "  1 typedef \"alias\": aliased type\n"
+                                     "  2 VHDL array \"grid\": element\n"
+                                     "  2 VHDL array \"grid\": index type of dimension 2\n"
+                                     "  3 associative array: element\n"
+                                     "  3 associative array: index type\n"
+                                     "  4 unpacked struct \"\\x1B\": member \"a\"\n"
+                                     "  4 unpacked struct \"\\x1B\": member \"\\n\"\n"
+                                     "  5 access type \"ptr\": designated type\n"
+                                     "  6 file type \"text\": file element\n");
+}
+
+TEST(TypeUses, TellsWhoExtendsAClassAndWhoseBaseAnEnumerationHas) {
+    WrittenTypes types;
+    const auto base = types.classType("base", {{"me", 0}});
+    types.classType("derived", {}, base);
+    EXPECT_EQ(usesOf(types, base), "0 class \"base\" is used by:\n"
+                                   "  0 class \"base\": member \"me\"\n"
+                                   "  1 class \"derived\": base class\n");
+    WrittenTypes others;
+    CTDiscreteEnumType state;
+    state.m_baseTypeId = others.logic();
+    others.add(state);
+    EXPECT_EQ(usesOf(others, 0), "0 sequential enumeration \"logic\" is used by:\n"
+                                 "  1 discrete enumeration: base type\n");
+}
+
+TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
+    WrittenTypes types;
+    const auto logic = types.logic();
+    const auto byte = types.alias("byte_t", types.packed(logic, {{7, 0, 0}}));
+    const auto header = types.structure("hdr_t", {{"len", byte}});
+    types.structure("pkt_t", {{"hdr", header}, {"ok", logic}});
+    types.queue(4);
+    EXPECT_EQ(allUsesOf(types, logic),
+              "0 sequential enumeration \"logic\" is used by, directly and through others:\n"
+              "  1  1 packed array: element 0\n"
+              "  1  4 unpacked struct \"pkt_t\": member \"ok\" 0\n"
+              "  2  2 typedef \"byte_t\": aliased type 1 > element 0\n"
+              "  2  5 queue: element 4 > member \"ok\" 0\n"
+              "  3  3 unpacked struct \"hdr_t\": member \"len\" 2 > aliased type 1 > element 0\n");
+}
+
+TEST(TypeUses, LeavesTheTypeItselfOutOfAll) {
+    WrittenTypes types;
+    const auto first = types.classType("first", {{"second", 1}});
+    types.classType("second", {{"first", first}});
+    EXPECT_EQ(allUsesOf(types, first),
+              "0 class \"first\" is used by, directly and through others:\n"
+              "  1  1 class \"second\": member \"first\" 0\n");
+}
+
+TEST(TypeUses, ShowsTheBeginningOfALongWay) {
+    WrittenTypes types;
+    unsigned int last = types.string();
+    for (int i = 0; i < 9; ++i)
+        last = types.queue(last);
+    const std::string text = allUsesOf(types, 0);
+    const std::string eighth = "  8  8 queue: element 7 > element 6 > element 5 > element 4 > "
+                               "element 3 > element 2 > element 1 > element 0\n";
+    const std::string ninth = "  9  9 queue: element 8 > element 7 > element 6 > element 5 > "
+                              "element 4 > element 3 > element 2 > element 1 > ...\n";
+    ASSERT_GT(text.size(), eighth.size() + ninth.size());
+    EXPECT_EQ(text.substr(text.size() - eighth.size() - ninth.size()), eighth + ninth);
+}
+
+TEST(TypeUses, JsonHasAUseALine) {
+    WrittenTypes types;
+    const auto string = types.string();
+    types.add(CTAssocArrayType("", 2, string));
+    types.structure("s", {{"a", string}});
+    const TypeTable table = types.table();
+    std::ostringstream direct;
+    writeUsesJson(direct, table, string, JsonForm::DOCUMENT);
+    EXPECT_EQ(direct.str(), "{\"id\":0,\"kind\":\"string\",\"name\":\"string\",\"uses\":[\n"
+                            "{\"id\":1,\"kind\":\"associative array\",\"name\":\"\","
+                            "\"role\":\"indexType\",\"dimension\":1},\n"
+                            "{\"id\":2,\"kind\":\"unpacked struct\",\"name\":\"s\","
+                            "\"role\":\"member\",\"member\":\"a\"}\n"
+                            "]}\n");
+    std::ostringstream all;
+    writeAllUsesJson(all, table, 2, JsonForm::LINES);
+    EXPECT_EQ(all.str(), "{\"id\":2,\"kind\":\"unpacked struct\",\"name\":\"s\"}\n"
+                         "{\"id\":1,\"kind\":\"associative array\",\"name\":\"\","
+                         "\"role\":\"element\",\"distance\":1,\"next\":2}\n");
+}
+
+/// The shortest ways to a type, by going over all references until nothing changes.
+std::map<unsigned int, unsigned int> distancesTo(unsigned int id, const TypeTable& types) {
+    std::map<unsigned int, unsigned int> distances{{id, 0}};
+    for (bool isChanged = true; isChanged;) {
+        isChanged = false;
+        for (unsigned int from = 0; from < types.count; ++from) {
+            const RTBaseType* type = types.typeOf(from);
+            if (type == nullptr)
+                continue;
+            for (const unsigned int to : referencesOf(*type)) {
+                const auto known = distances.find(to);
+                if (known == distances.end() ||
+                    (distances.count(from) != 0 && distances[from] <= known->second + 1))
+                    continue;
+                distances[from] = known->second + 1;
+                isChanged = true;
+            }
+        }
+    }
+    distances.erase(id);
+    return distances;
+}
+
+TEST(UseIndex, FindsTheShortestWaysInRandomFiles) {
+    std::size_t ways = 0;
+    for (unsigned int seed = 0; seed < 500; ++seed) {
+        const ModelFile file = randomFile(seed, 40);
+        ModelStorage storage(file.bytes);
+        RTTypeManager manager;
+        manager.setupDeserializer(storage, file.baseOffset);
+        const TypeTable types{static_cast<unsigned int>(file.records.size()),
+                              [&](unsigned int id) { return manager.getRTType(id); }};
+        const UseIndex index(types);
+        for (unsigned int id = 0; id < types.count; ++id) {
+            const auto expected = distancesTo(id, types);
+            std::map<unsigned int, unsigned int> found;
+            unsigned int last = 0;
+            for (const Use& use : index.usesOf(id)) {
+                EXPECT_TRUE(found.emplace(use.typeId, use.distance).second);
+                EXPECT_LE(last, use.distance);
+                last = use.distance;
+                const unsigned int rest = use.link.typeId == id ? 0 : found.at(use.link.typeId);
+                EXPECT_EQ(rest + 1, use.distance);
+            }
+            ASSERT_EQ(found, expected) << "seed " << seed << ", type " << id;
+            ways += found.size();
+        }
+    }
+    EXPECT_GT(ways, 10000u);
+}
+
+} // namespace

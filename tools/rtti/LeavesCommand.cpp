@@ -1,0 +1,49 @@
+#include "Subcommand.h"
+
+#include "Inspect/TypeLeaves.h"
+#include "JsonArguments.h"
+#include "OpenedFile.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+/// `rtti leaves`: which type of which file.
+struct LeavesOptions : FileArguments, JsonArguments {
+    unsigned int id = 0;
+};
+
+/// Prints the values that a type is made of. The exit status is 0. Throws for a wrong call or an
+/// unusable file.
+int runLeaves(const LeavesOptions& options) {
+    const auto form = options.jsonForm();
+    OpenedFile file(options);
+    file.checkId("ID", options.id);
+    if (form)
+        Inspect::writeLeavesJson(std::cout, file.types(), options.id, *form);
+    else
+        Inspect::writeLeaves(std::cout, file.types(), options.id, outputStyle());
+    return 0;
+}
+
+} // namespace
+
+Subcommand addLeaves(CLI::App& program) {
+    const auto options = std::make_shared<LeavesOptions>();
+    CLI::App* leaves = program.add_subcommand(
+        "leaves", "List the values that a type is made of: path, type, encoding, ranges");
+    addFileArguments(*leaves, *options);
+    leaves->add_option("ID", options->id, "The type's id")->required();
+    addJsonArguments(*leaves, *options);
+    leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "
+                   "of structs is\n"
+                   "part of the path, with its ranges: pkt_t.lanes[0 to 3].data. Ranges are those "
+                   "of rtti tree.\n"
+                   "\n"
+                   "Example:\n  rtti leaves examples/typefiles/svkinds_slang.typ 33");
+    return {leaves, options->file, [options] { return runLeaves(*options); }};
+}

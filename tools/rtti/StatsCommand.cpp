@@ -1,0 +1,55 @@
+#include "Subcommand.h"
+
+#include "Inspect/TypeStatistics.h"
+#include "OpenedFile.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+/// `rtti stats`: how long its lists are.
+struct StatsOptions : FileArguments {
+    unsigned int top = 10;
+    bool json = false;
+};
+
+/// Prints what there is in a file. The exit status is 0. Throws for a wrong call or an unusable
+/// file.
+int runStats(const StatsOptions& options) {
+    OpenedFile file(options);
+    const Inspect::TypeTable types = file.loadedTypes();
+    const auto statistics = Inspect::statisticsOf(
+        types, [&](unsigned int id) { return file.recordSizeOf(id); }, options.top);
+    const Inspect::FileFacts facts{file.version(), options.offset, file.tableOffset()};
+    if (options.json)
+        Inspect::writeStatisticsJson(std::cout, types, facts, statistics);
+    else
+        Inspect::writeStatistics(std::cout, types, facts, statistics, options.top, outputStyle());
+    return 0;
+}
+
+} // namespace
+
+Subcommand addStats(CLI::App& program) {
+    const auto options = std::make_shared<StatsOptions>();
+    CLI::App* stats = program.add_subcommand("stats", "Count what is in a type file");
+    addFileArguments(*stats, *options);
+    stats->add_option("--top", options->top, "How many types each list shows (10)")->type_name("N");
+    stats->add_flag("--json", options->json, "Print a JSON document");
+    stats->footer(
+        "Nesting counts the types that lie within one another: aliased types, bases of "
+        "enumerations\n"
+        "and classes, elements of arrays of fixed shape, members. What a class handle, an access "
+        "or\n"
+        "file type, a dynamic array, a queue or an associative array leads to lies elsewhere.\n"
+        "\n"
+        "A type that no other type refers to is not useless: a type file does not say which types\n"
+        "signals, variables and parameters have.\n"
+        "\n"
+        "Example:\n  rtti stats --top 3 examples/typefiles/ibex_slang.typ");
+    return {stats, options->file, [options] { return runStats(*options); }};
+}

@@ -1,0 +1,55 @@
+#include "Subcommand.h"
+
+#include "Inspect/TypeTree.h"
+#include "JsonArguments.h"
+#include "OpenedFile.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+/// `rtti tree`: which type of which file, and how far down.
+struct TreeOptions : FileArguments, JsonArguments {
+    Inspect::TreeRequest request;
+};
+
+/// Prints what a type is made of. The exit status is 0. Throws for a wrong call or an unusable
+/// file.
+int runTree(const TreeOptions& options) {
+    const auto form = options.jsonForm();
+    OpenedFile file(options);
+    file.checkId("ID", options.request.id);
+    if (form)
+        Inspect::writeTreeJson(std::cout, file.types(), options.request, *form);
+    else
+        Inspect::writeTree(std::cout, file.types(), options.request, outputStyle());
+    return 0;
+}
+
+} // namespace
+
+Subcommand addTree(CLI::App& program) {
+    const auto options = std::make_shared<TreeOptions>();
+    CLI::App* tree = program.add_subcommand("tree", "Draw what a type is made of, with its ranges");
+    addFileArguments(*tree, *options);
+    tree->add_option("ID", options->request.id, "The type's id")->required();
+    tree->add_option("--depth", options->request.depth, "Levels to show below the type (all)")
+        ->type_name("N")
+        ->default_str("");
+    addJsonArguments(*tree, *options);
+    tree->footer(
+        "Each array has the ranges that apply to it here, those included that a member or a "
+        "typedef\n"
+        "around it gives. A dimension that nothing gives a range is 0 downto 0. Below a dynamic "
+        "array,\n"
+        "a queue and an associative array the ranges are those of the element type by itself. "
+        "\"(seen\n"
+        "above)\" is a class or struct on the way to itself; its parts are not drawn again.\n"
+        "\n"
+        "Example:\n  rtti tree --depth 2 examples/typefiles/svkinds_slang.typ 33");
+    return {tree, options->file, [options] { return runTree(*options); }};
+}

@@ -1,0 +1,48 @@
+#include "Subcommand.h"
+
+#include "Inspect/TypeUses.h"
+#include "JsonArguments.h"
+#include "OpenedFile.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+/// `rtti uses`: which type of which file, and who counts.
+struct UsesOptions : FileArguments, JsonArguments {
+    unsigned int id = 0;
+    bool all = false;
+};
+
+/// Prints who refers to a type. The exit status is 0. Throws for a wrong call or an unusable file.
+int runUses(const UsesOptions& options) {
+    const auto form = options.jsonForm();
+    OpenedFile file(options);
+    file.checkId("ID", options.id);
+    const Inspect::TypeTable types = file.loadedTypes();
+    if (form)
+        (options.all ? Inspect::writeAllUsesJson : Inspect::writeUsesJson)(std::cout, types,
+                                                                           options.id, *form);
+    else
+        (options.all ? Inspect::writeAllUses : Inspect::writeUses)(std::cout, types, options.id,
+                                                                   outputStyle());
+    return 0;
+}
+
+} // namespace
+
+Subcommand addUses(CLI::App& program) {
+    const auto options = std::make_shared<UsesOptions>();
+    CLI::App* uses = program.add_subcommand("uses", "List who refers to a type");
+    addFileArguments(*uses, *options);
+    uses->add_option("ID", options->id, "The type's id")->required();
+    uses->add_flag("--all", options->all,
+                   "Also who refers to it through others: nearest first, with the shortest way");
+    addJsonArguments(*uses, *options);
+    uses->footer("Example:\n  rtti uses --all examples/typefiles/ieee_rti.typ 11");
+    return {uses, options->file, [options] { return runUses(*options); }};
+}
