@@ -70,14 +70,32 @@ std::string normalised(std::string_view words) {
 std::string_view kindOf(const RTBaseType& type) {
     const unsigned int classId = type.GetClassId();
     if (classId == ClassId::ARRAY)
-        return wordsOf(arrayKinds, static_cast<const RTArrayType&>(type).m_arrayKind -
-                                       static_cast<unsigned int>(ARRAY_KIND_INVALID));
+        return kindOf(classId, static_cast<const RTArrayType&>(type).m_arrayKind);
     if (classId == ClassId::RECORD)
-        return wordsOf(recordKinds, static_cast<const RTRecordType&>(type).m_recordKind -
-                                        static_cast<unsigned int>(RECORD_KIND_INVALID));
+        return kindOf(classId, static_cast<const RTRecordType&>(type).m_recordKind);
+    return kindOf(classId, 0);
+}
+
+std::string_view kindOf(unsigned int kindCode, unsigned int detail) {
+    if (kindCode == ClassId::ARRAY)
+        return wordsOf(arrayKinds, detail - static_cast<unsigned int>(ARRAY_KIND_INVALID));
+    if (kindCode == ClassId::RECORD)
+        return wordsOf(recordKinds, detail - static_cast<unsigned int>(RECORD_KIND_INVALID));
     const auto known = std::find_if(std::begin(classWords), std::end(classWords),
-                                    [&](const ClassWords& c) { return c.classId == classId; });
+                                    [&](const ClassWords& c) { return c.classId == kindCode; });
     return known != std::end(classWords) ? known->words : "type of unknown class";
+}
+
+std::string_view kindOf(unsigned int kindCode) {
+    if (kindCode == ClassId::ARRAY)
+        return "fixed array";
+    if (kindCode == ClassId::RECORD)
+        return "record, struct or union";
+    if (kindCode >= ClassId::SEQ_ENUM && kindCode <= ClassId::WILDCARD &&
+        std::none_of(std::begin(classWords), std::end(classWords),
+                     [&](const ClassWords& c) { return c.classId == kindCode; }))
+        return "builds no type";
+    return kindOf(kindCode, 0);
 }
 
 std::vector<std::string_view> allKinds() {

@@ -10,6 +10,13 @@ namespace Inspect {
 /// The kind of a type in the words of the language standards, such as "packed struct" or "queue".
 std::string_view kindOf(const RTTI::RTBaseType& type);
 
+/// The same from the fields of a record. `detail` is the array kind of an array, the record kind of
+/// a record, and of no meaning elsewhere.
+std::string_view kindOf(unsigned int kindCode, unsigned int detail);
+
+/// What a kind code says by itself, such as "fixed array" or "record, struct or union".
+std::string_view kindOf(unsigned int kindCode);
+
 /// Every answer that `kindOf` can give.
 std::vector<std::string_view> allKinds();
 

@@ -15,6 +15,7 @@ struct Subcommand {
 };
 
 // Each adds a subcommand with its arguments to the program.
+Subcommand addAnnotate(CLI::App& program);
 Subcommand addBuild(CLI::App& program);
 Subcommand addDiff(CLI::App& program);
 Subcommand addDump(CLI::App& program);

@@ -70,9 +70,9 @@ int main(int argc, char** argv) {
         "Exit status: 0 done, 1 the file has faults, 2 the call is wrong or the file "
         "cannot be read.");
     const std::vector<Subcommand> subcommands = {
-        addDump(program),  addShow(program),  addTree(program),  addLeaves(program),
-        addUses(program),  addStats(program), addGraph(program), addDiff(program),
-        addBuild(program), addVerify(program)};
+        addDump(program),     addShow(program),  addTree(program),  addLeaves(program),
+        addUses(program),     addStats(program), addGraph(program), addDiff(program),
+        addAnnotate(program), addBuild(program), addVerify(program)};
     const int status = run(program, subcommands, argc, argv);
     if (!std::cout.flush())
         return fail("standard output: the text could not be written", WRONG_CALL);
