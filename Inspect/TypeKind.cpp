@@ -94,7 +94,7 @@ std::string_view kindOf(unsigned int kindCode) {
     if (kindCode >= ClassId::SEQ_ENUM && kindCode <= ClassId::WILDCARD &&
         std::none_of(std::begin(classWords), std::end(classWords),
                      [&](const ClassWords& c) { return c.classId == kindCode; }))
-        return "builds no type";
+        return BUILDS_NO_TYPE;
     return kindOf(kindCode, 0);
 }
 

@@ -14,6 +14,9 @@ std::string_view kindOf(const RTTI::RTBaseType& type);
 /// a record, and of no meaning elsewhere.
 std::string_view kindOf(unsigned int kindCode, unsigned int detail);
 
+/// `kindOf` for a kind code that is taken and builds no type.
+inline constexpr std::string_view BUILDS_NO_TYPE = "builds no type";
+
 /// What a kind code says by itself, such as "fixed array" or "record, struct or union".
 std::string_view kindOf(unsigned int kindCode);
 

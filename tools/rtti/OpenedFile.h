@@ -44,6 +44,7 @@ public:
     /// Where the address table begins in the storage.
     unsigned int tableOffset() const { return m_tableOffset; }
     RTTI::RTTypeManager& manager() { return m_manager; }
+    OVAT::FileBlockManager& storage() { return m_storage; }
 
     /// The types, each loaded when it is asked for.
     Inspect::TypeTable types();

@@ -72,7 +72,7 @@ int main(int argc, char** argv) {
     const std::vector<Subcommand> subcommands = {
         addDump(program),     addShow(program),  addTree(program),  addLeaves(program),
         addUses(program),     addStats(program), addGraph(program), addDiff(program),
-        addAnnotate(program), addBuild(program), addVerify(program)};
+        addAnnotate(program), addHtml(program),  addBuild(program), addVerify(program)};
     const int status = run(program, subcommands, argc, argv);
     if (!std::cout.flush())
         return fail("standard output: the text could not be written", WRONG_CALL);

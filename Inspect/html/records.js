@@ -1,0 +1,542 @@
+"use strict";
+
+// The types of the page: their records as the type file has them, and what their fields mean. The
+// layouts of the kinds come with the page's data; they are those of the library.
+
+/** The type id that stands for no type. */
+const NO_TYPE_ID = 0xFFFFFFFF;
+
+/** Bytes of a name that are shown; the rest is said to be there. */
+const LONGEST_TEXT = 1024;
+
+/** The same where another type refers to it. */
+const LONGEST_HEAD_NAME = 256;
+
+const SIZE_AND_KIND = 8;
+const WORD = 4;
+const RANGE_SIZE = 12;
+const NO_SV_TYPE_ID = -99;
+
+/** Bytes of a record that the page has at most. */
+const MOST_RECORD_BYTES = 1 << 20;
+const UNPADDED_BYTE_FLAG = 0x10;
+
+/** A byte as two digits. */
+const HEX = Array.from({ length: 256 }, (_, byte) => byte.toString(16).padStart(2, "0"));
+
+/** Printable ASCII as it is, everything else escaped. */
+function escaped(bytes, isQuoted) {
+    let text = "";
+    for (const byte of bytes) {
+        const isEscapedInQuotes = isQuoted && (byte === 0x22 || byte === 0x5C);
+        if (isEscapedInQuotes)
+            text += "\\" + String.fromCharCode(byte);
+        else if (byte >= 0x20 && byte < 0x7F)
+            text += String.fromCharCode(byte);
+        else
+            text += byte === 0x0A ? "\\n" : byte === 0x09 ? "\\t" : "\\x" + HEX[byte].toUpperCase();
+    }
+    return text;
+}
+
+function quoted(bytes) {
+    return '"' + escaped(bytes, true) + '"';
+}
+
+/** A range as the languages write it. */
+function rangeText(left, right, direction) {
+    if (direction === 1)
+        return `${left} to ${right}`;
+    if (direction === 0)
+        return `${left} downto ${right}`;
+    if (direction !== -2)
+        return `${left}, ${right}, direction ${direction}`;
+    return left === 0 && right === 0 ? "open" : `open (${left}, ${right})`;
+}
+
+/** The shortest decimal text that reads back as the same number. */
+function realText(value) {
+    if (Number.isNaN(value))
+        return "nan";
+    if (!Number.isFinite(value))
+        return value < 0 ? "-inf" : "inf";
+    if (Object.is(value, -0))
+        return "-0";
+    const size = Math.abs(value);
+    if (size === 0 || (size >= 1e-4 && size < 1e16))
+        return String(value);
+    return value.toExponential().replace(/e([+-])(\d)$/, "e$10$2");
+}
+
+/** What the loader makes of the direction of a real type. */
+function directionMeaning(direction) {
+    const truncated = Math.trunc(direction);
+    if (!(truncated >= -2147483648 && truncated <= 2147483647))
+        return "no 32-bit number: -2147483648 stands instead";
+    if (truncated === 1)
+        return "to";
+    if (truncated === 0)
+        return "downto";
+    return truncated === direction ? "" : `truncated to ${truncated}`;
+}
+
+function svTypeIdMeaning(id) {
+    return { [NO_SV_TYPE_ID]: "none", "-5": "string", "-7": "event" }[id] || "";
+}
+
+/** The records of all types, one behind the other, and what the file says of itself. */
+class Records {
+    constructor(root) {
+        this.file = JSON.parse(root.querySelector("script.file").textContent);
+        this.count = this.file.count;
+        this.starts = new Float64Array(this.count + 1);
+        this.addresses = new Array(this.count);
+        this.takeRecords(Array.from(root.querySelectorAll("script.records")));
+        this.details = Array.from(root.querySelectorAll("script.details"));
+        this.takenDetails = new Map();
+        this.readHeads();
+    }
+
+    /** Decodes the pieces and lets go of their text. */
+    takeRecords(scripts) {
+        const pieces = scripts.map((script) => {
+            const piece = JSON.parse(script.textContent);
+            script.remove();
+            return { first: piece.first, sizes: piece.sizes, addresses: piece.addresses,
+                     bytes: atob(piece.bytes) };
+        });
+        this.bytes = new Uint8Array(pieces.reduce((sum, piece) => sum + piece.bytes.length, 0));
+        this.view = new DataView(this.bytes.buffer);
+        let at = 0;
+        for (const piece of pieces) {
+            let start = at;
+            for (let i = 0; i < piece.sizes.length; ++i) {
+                this.starts[piece.first + i] = start;
+                start += piece.sizes[i];
+                this.addresses[piece.first + i] = piece.addresses[i];
+            }
+            for (let i = 0; i < piece.bytes.length; ++i)
+                this.bytes[at + i] = piece.bytes.charCodeAt(i);
+            at = start;
+        }
+        this.starts[this.count] = at;
+    }
+
+    /** Names and kinds, which the list shows. */
+    readHeads() {
+        const { kinds, details } = this.file.format;
+        this.names = new Array(this.count);
+        this.kinds = new Array(this.count);
+        for (let id = 0; id < this.count; ++id) {
+            const start = this.starts[id];
+            const end = this.starts[id + 1];
+            if (end - start < SIZE_AND_KIND) {
+                this.names[id] = "";
+                this.kinds[id] = "no record";
+                continue;
+            }
+            const zero = this.endOfName(start + SIZE_AND_KIND, end);
+            this.names[id] = this.textAt(start + SIZE_AND_KIND, zero);
+            const code = this.view.getUint32(start + WORD, true);
+            this.kinds[id] = kinds[code] || "type of unknown class";
+            const detail = details[code];
+            const at = zero + 1 + WORD; // Behind the flags.
+            if (detail && at + WORD <= end)
+                this.kinds[id] =
+                    detail.kinds[this.view.getUint32(at, true) - detail.first] || detail.kinds[0];
+        }
+    }
+
+    endOfName(begin, end) {
+        let at = begin;
+        while (at < end && this.bytes[at] !== 0)
+            ++at;
+        return at;
+    }
+
+    textAt(begin, end) {
+        let text = "";
+        for (let at = begin; at < end; ++at) {
+            const byte = this.bytes[at];
+            if (byte < 0x20 || byte >= 0x7F)
+                return escaped(this.bytes.subarray(begin, end), false);
+            text += String.fromCharCode(byte);
+        }
+        return text;
+    }
+
+    size(id) {
+        return this.starts[id + 1] - this.starts[id];
+    }
+
+    /** What is known of a type beside its record; null where the record builds no type. */
+    detailsOf(id) {
+        const chunk = Math.floor(id / this.file.chunk);
+        if (!this.takenDetails.has(chunk))
+            this.takenDetails.set(chunk, JSON.parse(this.details[chunk].textContent));
+        const found = this.takenDetails.get(chunk)[id % this.file.chunk];
+        if (found === null)
+            return null;
+        const [encoding, valueSize, declaration, rangeCount, numbers] = found;
+        const ranges = [];
+        for (let i = 0; i < numbers.length; i += 3)
+            ranges.push(rangeText(numbers[i], numbers[i + 1], numbers[i + 2]));
+        return { encoding: this.file.encodings[encoding] || String(encoding), valueSize,
+                 declaration, rangeCount, ranges };
+    }
+
+    /** The words for a type where another one refers to it. */
+    describe(id) {
+        if (id === NO_TYPE_ID)
+            return "none";
+        if (id >= this.count)
+            return "there is no such type";
+        if (this.size(id) === 0)
+            return "its record is not in the storage";
+        const begin = this.starts[id] + SIZE_AND_KIND;
+        const end = Math.min(this.endOfName(begin, this.starts[id + 1]), begin + LONGEST_HEAD_NAME);
+        return `${this.kinds[id]} ${quoted(this.bytes.subarray(begin, end))}`;
+    }
+
+    /** The fields of a record, as the loader reads them. */
+    fieldsOf(id) {
+        const fields = [];
+        new RecordReader(this, id, (raw) => fields.push(new Field(this, raw))).read();
+        return fields;
+    }
+
+    /** The references of a type in the order of its record: field, and the type's id. */
+    linksOf(id) {
+        const links = [];
+        let name = null;
+        new RecordReader(this, id, (raw) => {
+            if (raw.entry.form === "name")
+                name = raw;
+            if (raw.entry.form !== "typeId" || raw.size !== WORD)
+                return;
+            const target = this.view.getUint32(raw.at, true);
+            if (target !== NO_TYPE_ID)
+                links.push({ raw, target, owner: raw.list === null ? null : name });
+        }).read();
+        return links;
+    }
+
+    /** For each type those that refer to it, each once; made when it is first asked for. */
+    referrers(id) {
+        if (!this.referrerStarts)
+            this.collectReferrers();
+        return this.referrerIds.subarray(this.referrerStarts[id], this.referrerStarts[id + 1]);
+    }
+
+    collectReferrers() {
+        const pairs = [];
+        const starts = new Uint32Array(this.count + 1);
+        const lastSource = new Int32Array(this.count).fill(-1);
+        for (let id = 0; id < this.count; ++id) {
+            new RecordReader(this, id, (raw) => {
+                if (raw.entry.form !== "typeId" || raw.size !== WORD)
+                    return;
+                const target = this.view.getUint32(raw.at, true);
+                if (target >= this.count || lastSource[target] === id)
+                    return;
+                lastSource[target] = id;
+                ++starts[target + 1];
+                pairs.push(target, id);
+            }).read();
+        }
+        for (let i = 0; i < this.count; ++i)
+            starts[i + 1] += starts[i];
+        const next = starts.slice();
+        this.referrerIds = new Uint32Array(pairs.length / 2);
+        for (let i = 0; i < pairs.length; i += 2)
+            this.referrerIds[next[pairs[i]]++] = pairs[i + 1];
+        this.referrerStarts = starts;
+    }
+}
+
+/**
+ * Walks through the bytes of a record along the layouts, and gives each field as it stands: its
+ * entry in the layout, the list that it is in, and where its bytes are. Nothing is made of them.
+ */
+class RecordReader {
+    constructor(records, id, take) {
+        this.records = records;
+        this.id = id;
+        this.take = take;
+        this.at = records.starts[id];
+        this.end = records.starts[id + 1];
+        this.list = null; // The list that is being read, and the index of its entry.
+        this.index = 0;
+        this.count = 0; // What fields said of those behind them.
+        this.valueSize = 0;
+    }
+
+    read() {
+        const { head, bodies } = this.records.file.format;
+        const begin = this.at;
+        if (this.end === begin)
+            return;
+        const whole = this.end;
+        this.end = Math.min(begin + SIZE_AND_KIND, whole);
+        this.readLayout(head.slice(0, 2));
+        this.end = whole;
+        const isFramed = whole - begin >= SIZE_AND_KIND;
+        const body = isFramed ? bodies[this.records.view.getUint32(begin + WORD, true)] : undefined;
+        if (body !== undefined) {
+            this.readLayout(head.slice(2));
+            this.readLayout(body);
+        }
+        if (this.at < this.end)
+            this.give({ name: "left-over bytes", form: "endOfList" }, this.end - this.at, "unread");
+    }
+
+    readLayout(layout) {
+        for (let i = 0; i < layout.length; ++i) {
+            if (layout[i].form === "list")
+                i = this.readList(layout, i);
+            else
+                this.readField(layout[i]);
+        }
+    }
+
+    /** The answer is the index of the list's end. */
+    readList(layout, first) {
+        const last = layout.findIndex((entry, i) => i > first && entry.form === "endOfList");
+        const entries = layout.slice(first + 1, last);
+        const count = this.count;
+        for (let i = 0; i < count; ++i) {
+            if (this.at === this.end) {
+                this.giveMissingEntries(layout[first], i, count);
+                break;
+            }
+            this.list = layout[first].name;
+            this.index = i;
+            this.readLayout(entries);
+            this.list = null;
+        }
+        return last;
+    }
+
+    readField(entry) {
+        switch (entry.form) {
+        case "name": return this.readName(entry);
+        case "range": return this.readRange(entry, null);
+        case "ranges": return this.readRanges(entry);
+        case "value": return this.readValue(entry);
+        case "real":
+        case "direction":
+        case "long": return this.readFixed(entry, 2 * WORD);
+        default: return this.readFixed(entry, WORD);
+        }
+    }
+
+    readName(entry) {
+        if (this.at === this.end)
+            return this.give(entry, 0, "missing");
+        const zero = this.records.endOfName(this.at, this.end);
+        const isEnded = zero < this.end;
+        return this.give(entry, zero - this.at + (isEnded ? 1 : 0), isEnded ? "whole" : "partial");
+    }
+
+    readRange(entry, range) {
+        if (this.end - this.at >= RANGE_SIZE)
+            return this.give(entry, RANGE_SIZE, "whole", { range });
+        for (const part of ["left bound", "right bound", "direction"])
+            this.readFixed({ name: entry.name, form: "number", missing: 0 }, WORD, { range, part });
+    }
+
+    readRanges(entry) {
+        this.readFixed({ name: "constraint count", form: "count", missing: 0 }, WORD);
+        const count = this.count;
+        for (let i = 0; i < count; ++i) {
+            if (this.at === this.end)
+                return this.giveMissingEntries(entry, i, count);
+            this.readRange({ name: entry.name, form: "range" }, i);
+        }
+    }
+
+    readValue(entry) {
+        const size = Math.min(this.valueSize, this.end - this.at);
+        if (this.valueSize !== 0)
+            this.give(entry, size,
+                      size === 0 ? "missing" : size < this.valueSize ? "partial" : "whole",
+                      { valueSize: this.valueSize });
+    }
+
+    readFixed(entry, width, place) {
+        const isWhole = this.end - this.at >= width;
+        const number = isWhole ? this.records.view.getInt32(this.at, true) : 0;
+        if (entry.form === "count")
+            this.count = Math.max(number, 0);
+        if (entry.form === "valueSize")
+            this.valueSize = Math.max(number, 0);
+        const left = this.end - this.at;
+        this.give(entry, isWhole ? width : left,
+                  isWhole ? "whole" : left === 0 ? "missing" : "partial", { ...place, width });
+    }
+
+    /** All of a list that is not there: the count may claim any number. */
+    giveMissingEntries(entry, first, count) {
+        this.give({ name: entry.name, form: "list" }, 0, "missing", { first, count });
+    }
+
+    give(entry, size, state, place) {
+        this.take({ id: this.id, entry, at: this.at, size, state, list: this.list,
+                    index: this.index, ...place });
+        this.at += size;
+    }
+}
+
+/** A field with its name, value and meaning as people read them. */
+class Field {
+    constructor(records, raw) {
+        this.raw = raw;
+        this.state = raw.state;
+        this.size = raw.size;
+        this.at = raw.at - records.starts[raw.id];
+        this.name = Field.nameOf(raw);
+        this.value = "";
+        this.meaning = "";
+        this.typeId = NO_TYPE_ID;
+        this.records = records;
+        this.view = records.view;
+        this.end = this.isRecordCut()
+            ? records.size(raw.id) === MOST_RECORD_BYTES ? "the page has no more of it"
+                                                         : "the storage ends here"
+            : null;
+        if (raw.entry.form === "name" && raw.size !== 0)
+            this.readName();
+        else if (raw.entry.form === "value" && raw.size !== 0)
+            this.readValue();
+        else if (raw.state === "whole")
+            this.readWhole();
+        else if (raw.state === "unread")
+            this.meaning = `${raw.size} bytes that are not read`;
+        else
+            this.readMissing();
+    }
+
+    static nameOf(raw) {
+        let name = raw.entry.name;
+        if (raw.first !== undefined) // Entries that are not there.
+            name += `[${raw.first}]` + (raw.count - raw.first > 1 ? ` to [${raw.count - 1}]` : "");
+        if (raw.range !== undefined && raw.range !== null)
+            name += `[${raw.range}]`;
+        if (raw.part !== undefined)
+            name += "." + raw.part;
+        return raw.list === null ? name : `${raw.list}[${raw.index}].${name}`;
+    }
+
+    /** Whether the record says that there is more of it than the page has. */
+    isRecordCut() {
+        const { starts } = this.records;
+        const start = starts[this.raw.id];
+        const size = starts[this.raw.id + 1] - start;
+        return size >= WORD && this.view.getInt32(start, true) > size;
+    }
+
+    readName() {
+        const isEnded = this.state === "whole";
+        const length = this.size - (isEnded ? 1 : 0);
+        const shown = Math.min(length, LONGEST_TEXT);
+        this.value = quoted(this.records.bytes.subarray(this.raw.at, this.raw.at + shown));
+        const notes = [];
+        if (shown < length)
+            notes.push(`the first ${shown} of ${length} bytes`);
+        if (!isEnded)
+            notes.push("no zero byte: " +
+                       (this.end || "ends with the record"));
+        this.meaning = notes.join("; ");
+    }
+
+    /** Up to 8 bytes are shown as a number. */
+    readValue() {
+        const { valueSize } = this.raw;
+        if (this.size < valueSize) {
+            this.meaning = `${this.size} of ${valueSize} bytes, the others are read as 0`;
+        } else if (this.size <= 8) {
+            let number = 0n;
+            for (let i = this.size - 1; i >= 0; --i)
+                number = (number << 8n) | BigInt(this.records.bytes[this.raw.at + i]);
+            this.value = String(number);
+            this.meaning = "as a little-endian number";
+        } else {
+            this.meaning = `${this.size} bytes`;
+        }
+    }
+
+    readWhole() {
+        const { entry, at } = this.raw;
+        switch (entry.form) {
+        case "real": this.value = realText(this.view.getFloat64(at, true)); return;
+        case "direction": {
+            const direction = this.view.getFloat64(at, true);
+            this.value = realText(direction);
+            this.meaning = directionMeaning(direction);
+            return;
+        }
+        case "long": this.value = String(this.view.getBigInt64(at, true)); return;
+        case "range": {
+            const numbers = [0, 4, 8].map((i) => this.view.getInt32(at + i, true));
+            this.value = rangeText(...numbers);
+            this.meaning = numbers[2] === -2 ? "filled in by an enclosing type" : "";
+            return;
+        }
+        default: this.readWord(entry, this.view.getUint32(at, true)); return;
+        }
+    }
+
+    readWord(entry, word) {
+        const number = word | 0;
+        this.value = String(number);
+        switch (entry.form) {
+        case "recordSize":
+            if (number < SIZE_AND_KIND)
+                this.meaning = "less than the 8 bytes of size and kind";
+            else if (this.end !== null)
+                this.meaning = `${this.end}, after ${this.records.size(this.raw.id)} bytes`;
+            return;
+        case "kind":
+            this.value = "0x" + word.toString(16);
+            this.meaning = this.records.file.format.words[word] || "type of unknown class";
+            return;
+        case "flags":
+            this.value = "0x" + word.toString(16);
+            this.meaning = word & UNPADDED_BYTE_FLAG ? "values in unpadded bytes" : "";
+            return;
+        case "named":
+            if (entry.first !== 0)
+                this.value = "0x" + word.toString(16);
+            this.meaning = entry.names[word - entry.first] || "unknown";
+            return;
+        case "flavour":
+            this.meaning = number > entry.last ? `above ${entry.last}: 0 stands instead` : "";
+            return;
+        case "typeId":
+            this.value = String(word);
+            this.typeId = word;
+            this.meaning = this.records.describe(word);
+            return;
+        case "svTypeId": this.meaning = svTypeIdMeaning(number); return;
+        case "boolean":
+            this.value = String(word);
+            this.meaning = word !== 0 ? "true" : "false";
+            return;
+        case "count": this.meaning = number < 0 ? "negative: nothing is read" : ""; return;
+        case "valueSize": this.meaning = number < 0 ? "negative" : "bytes of a value"; return;
+        case "unsigned": this.value = String(word); return;
+        default: return;
+        }
+    }
+
+    readMissing() {
+        const { entry, width, first, count } = this.raw;
+        this.value = "(missing)";
+        const entries = count - first > 1 ? `${count - first} entries, ` : "";
+        const isEmpty = entry.form === "name" || entry.form === "list";
+        const instead = isEmpty ? `${entries}read as empty` : `read as ${entry.missing}`;
+        this.meaning = this.end || instead;
+        if (this.size !== 0)
+            this.meaning = `${this.size} of ${width} bytes: ${this.meaning}`;
+    }
+}

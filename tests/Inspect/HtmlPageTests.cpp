@@ -1,0 +1,160 @@
+// The page as text: what its data holds, and that nothing in it is taken for HTML. What it does in
+// a browser is tested there.
+
+#include "Inspect/HtmlPage.h"
+#include "RTTI/RTTypeManager.h"
+#include "support/TypeFileBuilder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <sstream>
+
+namespace {
+
+using namespace Inspect;
+using namespace RTTI;
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// The page of a built file, with its data taken apart.
+class Page {
+public:
+    explicit Page(const TypeFileBuilder& file, unsigned int count, const std::string& title = "t") {
+        const std::string image = file.image();
+        RecordingBlockManager storage(image);
+        RTTypeManager manager;
+        manager.setupDeserializer(storage, file.baseOffset());
+        const TypeTable types{count, [&](unsigned int id) { return manager.getRTType(id); }};
+        std::ostringstream out;
+        writeHtmlPage(out, {title, "V 1", storage, image.size(), file.baseOffset(), types},
+                      [this](unsigned int done) { m_progress.push_back(done); });
+        m_text = out.str();
+    }
+
+    const std::string& text() const { return m_text; }
+    const std::vector<unsigned int>& progress() const { return m_progress; }
+
+    /// The data blocks of a name, in their order.
+    std::vector<json> blocks(const std::string& name) const {
+        const std::string begin = "<script type=\"application/json\" class=\"" + name + "\">";
+        std::vector<json> found;
+        for (auto at = m_text.find(begin); at != std::string::npos; at = m_text.find(begin, at)) {
+            at += begin.size();
+            found.push_back(json::parse(m_text.substr(at, m_text.find("</script>", at) - at)));
+        }
+        return found;
+    }
+
+private:
+    std::string m_text;
+    std::vector<unsigned int> m_progress;
+};
+
+TEST(HtmlPage, HasTheBytesOfRecords) {
+    TypeFileBuilder file;
+    file.record(ClassId::STRING, "").record(ClassId::STRING, "s");
+    const json records = Page(file, 2).blocks("records").at(0);
+    EXPECT_EQ(records["first"], 0);
+    EXPECT_EQ(records["sizes"], json({13, 14}));
+    EXPECT_EQ(records["addresses"], json({"28", "35"}));
+    // 0D000000 180000A0 00 00000000, 0E000000 180000A0 7300 00000000
+    EXPECT_EQ(records["bytes"], "DQAAABgAAKAAAAAAAA4AAAAYAACgcwAAAAAA");
+}
+
+TEST(HtmlPage, PadsTheBytesOfRecords) {
+    TypeFileBuilder one;
+    one.record(ClassId::STRING, "");
+    EXPECT_EQ(Page(one, 1).blocks("records").at(0)["bytes"], "DQAAABgAAKAAAAAAAA==");
+    TypeFileBuilder two;
+    two.record(ClassId::STRING, "s");
+    EXPECT_EQ(Page(two, 1).blocks("records").at(0)["bytes"], "DgAAABgAAKBzAAAAAAA=");
+}
+
+TEST(HtmlPage, HasWhatTypesAnswer) {
+    TypeFileBuilder file;
+    file.record(ClassId::SEQ_ENUM, "bit").u32(1).u32(1).u32(2).str("0").str("1").u32(1);
+    file.record(ClassId::ARRAY, "byte_t").u32(VLOG_FIXED_PACKED_ARRAY).u32(0).u32(1).u32(0);
+    file.u32(1).range(7, 0, 0).i32(-99);
+    const json details = Page(file, 2).blocks("details").at(0);
+    EXPECT_EQ(details[0][0], 1); // 2-State
+    EXPECT_EQ(details[0][1], 1);
+    EXPECT_EQ(details[0][3], 0);
+    EXPECT_THAT(details[1][2].get<std::string>(), HasSubstr("byte_t"));
+    EXPECT_EQ(details[1][3], 1);
+    EXPECT_EQ(details[1][4], json({7, 0, 0}));
+}
+
+TEST(HtmlPage, SaysWhereThereIsNoType) {
+    TypeFileBuilder file;
+    file.record(ClassId::LOGIC, "l").string("s").claim(0x7FFFFFFF);
+    const Page page(file, 1);
+    EXPECT_EQ(page.blocks("details").at(0), json::array({nullptr}));
+}
+
+TEST(HtmlPage, HasTheFirstThousandRanges) {
+    TypeFileBuilder file;
+    file.string("s").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0).u32(1500);
+    for (int i = 0; i < 1500; ++i)
+        file.u32(0);
+    file.u32(1500);
+    for (int i = 0; i < 1500; ++i)
+        file.range(i, 0, 0);
+    file.i32(-99);
+    const json details = Page(file, 2).blocks("details").at(0);
+    EXPECT_EQ(details[1][3], 1500);
+    ASSERT_EQ(details[1][4].size(), 3000u);
+    EXPECT_EQ(details[1][4][2997], 999);
+}
+
+TEST(HtmlPage, HasTheFirstMebibyteOfARecord) {
+    TypeFileBuilder file;
+    file.record(ClassId::STRING, std::string(2 << 20, 'n'));
+    const json records = Page(file, 1).blocks("records").at(0);
+    EXPECT_EQ(records["sizes"], json::array({1 << 20}));
+    EXPECT_EQ(records["bytes"].get<std::string>().size(), ((1u << 20) + 2) / 3 * 4);
+}
+
+TEST(HtmlPage, ComesInPiecesOfAThousandTypes) {
+    TypeFileBuilder file;
+    for (int i = 0; i < 1001; ++i)
+        file.string("s");
+    const Page page(file, 1001);
+    const std::vector<json> records = page.blocks("records");
+    ASSERT_EQ(records.size(), 2u);
+    EXPECT_EQ(records[0]["sizes"].size(), 1000u);
+    EXPECT_EQ(records[1]["first"], 1000);
+    EXPECT_EQ(records[1]["sizes"].size(), 1u);
+    EXPECT_EQ(page.blocks("details").at(1).size(), 1u);
+    EXPECT_EQ(page.blocks("file").at(0)["count"], 1001);
+    EXPECT_THAT(page.progress(), ElementsAre(1000u, 1001u));
+}
+
+TEST(HtmlPage, OfAFileWithoutTypesHasNone) {
+    const Page page(TypeFileBuilder(), 0);
+    EXPECT_TRUE(page.blocks("records").empty());
+    EXPECT_EQ(page.blocks("file").at(0)["count"], 0);
+}
+
+TEST(HtmlPage, EscapesTheTitle) {
+    const std::string text = Page(TypeFileBuilder(), 0, "<b>&\"\xE4").text();
+    EXPECT_THAT(text, HasSubstr("<title>&lt;b&gt;&amp;&quot;\\xE4</title>"));
+    EXPECT_THAT(text, Not(HasSubstr("<b>")));
+    EXPECT_THAT(text, HasSubstr("\"title\":\"\\u003cb>&\\\"\\\\xE4\""));
+}
+
+TEST(HtmlPage, IsAsciiAndAllowsItsOwnScriptAlone) {
+    TypeFileBuilder file;
+    file.string("</script>\xE2\x80\xA8").string("<!--");
+    const std::string text = Page(file, 2).text();
+    EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c > 0 && c < 0x7F; }));
+    EXPECT_THAT(text, HasSubstr("content=\"default-src 'none'; script-src 'sha256-"));
+    EXPECT_THAT(text, Not(HasSubstr("unsafe-")));
+    EXPECT_THAT(text, Not(HasSubstr("{{")));
+    EXPECT_THAT(text, Not(HasSubstr("<!--")));
+}
+
+} // namespace
