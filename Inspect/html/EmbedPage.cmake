@@ -1,8 +1,9 @@
-# cmake -DOUTPUT=FILE -DPAGE=FILE -DSTYLE=FILE -DSCRIPTS=FILE,... -P EmbedPage.cmake: writes a source
-# file with the texts of the page and the hashes that the page allows by name.
+# cmake -DOUTPUT=FILE -DPAGE=FILE -DSTYLE=FILE -DSCRIPTS=FILE,... -P EmbedPage.cmake
+#
+# Writes a source file with the texts of the page, and the hashes by which the page allows them.
 string(REPLACE "," ";" SCRIPTS "${SCRIPTS}")
 
-# A compiler takes literals up to some length: the text is cut into lines, which join again.
+# A literal a line: the compiler joins them.
 function(literal_of text result)
     string(REPLACE "\\" "\\\\" text "${text}")
     string(REPLACE "\"" "\\\"" text "${text}")

@@ -97,7 +97,6 @@ class Page {
     }
 
     openType(id) {
-        this.isFromList = true;
         if (location.hash === typeHash(id))
             this.route();
         else

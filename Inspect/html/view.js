@@ -8,11 +8,14 @@ const MOST_AT_FIRST = 200;
 /** Words that the declarations' languages keep for themselves, as far as declarations use them. */
 const KEYWORDS = new Set(
     ("access alias all array bit body byte chandle class const downto end endclass enum event " +
-     "extends file int integer is logic longint new null of open packed physical range real realtime " +
-     "record reg shortint shortreal signed string struct subtype tagged time to type typedef union " +
-     "units unsigned virtual void wire").split(" "));
+     "extends file int integer is logic longint new null of open packed physical range real " +
+     "realtime record reg shortint shortreal signed string struct subtype tagged time to type " +
+     "typedef union units unsigned virtual void wire").split(" "));
 
-const TOKEN = /(--[^\n]*|\/\/[^\n]*|\/\*[\s\S]*?\*\/)|("(?:[^"\\]|\\.)*"|'[^']')|\b(\d[\w.#']*)|([A-Za-z_]\w*)/g;
+/** A comment, a string or character, a number, a name that is escaped, or a word. */
+const TOKEN = new RegExp([/(--[^\n]*|\/\/[^\n]*|\/\*[\s\S]*?\*\/)/, /("(?:[^"\\]|\\.)*"|'[^']')/,
+                          /\b(\d[\w.#']*)/, /\\(?:\S+|[^\\]*\\)/, /([A-Za-z_]\w*)/]
+    .map((part) => part.source).join("|"), "g");
 
 /** An element with attributes and children; text is never taken for HTML. */
 function element(name, attributes = {}, ...children) {
@@ -57,7 +60,7 @@ function highlighted(text) {
     return code;
 }
 
-/** Fills `list` with an item for each of `things`, the later ones when they are asked for. */
+/** Fills `list`, which stands in its section, with an item for each of `things`, the later ones when they are asked for. */
 function fillSlowly(list, things, makeItem) {
     const fill = (first, end) => {
         for (let i = first; i < end; ++i)
@@ -182,10 +185,8 @@ class DetailView {
 
     linksSection(id) {
         const links = this.records.linksOf(id);
-        const list = element("ul", { class: "links" });
-        fillSlowly(list, links, (link) => this.linkItem(link.target, this.roleOf(link)));
-        return section(`Refers to (${links.length.toLocaleString("en")})`, "refers",
-                       links.length === 0 ? element("p", { class: "hint" }, "nothing") : list);
+        return linkSection("Refers to", "refers", links,
+                           (link) => this.linkItem(link.target, this.roleOf(link)));
     }
 
     /** "element type"; of members their own name. */
@@ -199,10 +200,7 @@ class DetailView {
 
     referrersSection(id) {
         const ids = this.records.referrers(id);
-        const list = element("ul", { class: "links" });
-        fillSlowly(list, ids, (source) => this.linkItem(source, null));
-        return section(`Referred to by (${ids.length.toLocaleString("en")})`, "referred",
-                       ids.length === 0 ? element("p", { class: "hint" }, "nothing") : list);
+        return linkSection("Referred to by", "referred", ids, (source) => this.linkItem(source, null));
     }
 
     linkItem(id, role) {
@@ -233,6 +231,14 @@ function facts(rows) {
 function section(title, name, ...children) {
     return element("section", { class: name, "aria-labelledby": `title-${name}` },
                    element("h3", { id: `title-${name}` }, title), ...children);
+}
+
+function linkSection(title, name, links, makeItem) {
+    const list = element("ul", { class: "links" });
+    const made = section(`${title} (${links.length.toLocaleString("en")})`, name,
+                         links.length === 0 ? element("p", { class: "hint" }, "nothing") : list);
+    fillSlowly(list, links, makeItem);
+    return made;
 }
 
 /** For narrow windows, which show the list or a type. */
@@ -320,7 +326,8 @@ class RecordView {
             head.append(element("th", { scope: "col" }, title));
         const body = element("tbody");
         fields.forEach((field, index) => {
-            const row = this.standsFor(index, element("tr", { tabindex: index === 0 ? "0" : "-1" }));
+            const tabindex = index === 0 ? "0" : "-1"; // Arrows lead to the others.
+            const row = this.standsFor(index, element("tr", { tabindex }));
             row.classList.add(field.state);
             row.append(element("td", { class: "offset" }, `+${field.at}`),
                        element("th", { scope: "row" }, field.name),
