@@ -41,7 +41,7 @@ void DeclarationFile::add(unsigned int id) {
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         remark(fmt::format("type {}: builds no type", id));
-    else if (languageOf(*type) != m_language.language())
+    else if (!m_language.names().isOfLanguage(id))
         remark(fmt::format("{}: {}", heading(id), nameOf(languageOf(*type))));
     else
         m_order.add(id);

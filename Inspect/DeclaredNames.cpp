@@ -61,18 +61,42 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
     : m_types(types), m_language(language), m_naming(naming) {
     if (naming == Naming::OWN)
         return;
+    m_isOfLanguage.resize(types.count);
     m_yields.resize(types.count);
     m_predefined.resize(types.count);
     m_keepsName.resize(types.count);
+    findLanguages();
     claimPredefined();
     claimTypes();
     claimLiterals();
 }
 
+/// A typedef mostly follows its data type: long chains of them are not walked again for each.
+void DeclaredNames::findLanguages() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr)
+            continue;
+        const unsigned int data = type->GetClassId() == ClassId::TYPEDEF
+                                      ? static_cast<const RTTypedefType*>(type)->m_dataTypeId
+                                      : id;
+        m_isOfLanguage[id] = data < id && m_types.typeOf(data) != nullptr
+                                 ? m_isOfLanguage[data]
+                                 : languageOf(*type) == m_language;
+    }
+}
+
+bool DeclaredNames::isOfLanguage(unsigned int id) const {
+    if (m_naming == Naming::DISTINCT)
+        return id < m_isOfLanguage.size() && m_isOfLanguage[id];
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr && languageOf(*type) == m_language;
+}
+
 void DeclaredNames::claimPredefined() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
         const RTBaseType* type = m_types.typeOf(id);
-        if (type == nullptr || languageOf(*type) != m_language)
+        if (!isOfLanguage(id))
             continue;
         if (m_language == SourceLanguage::SYSTEM_VERILOG) {
             m_predefined[id] = !systemVerilogKeyword(*type).empty();
@@ -92,8 +116,8 @@ void DeclaredNames::claimPredefined() {
 void DeclaredNames::claimTypes() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
         const RTBaseType* type = m_types.typeOf(id);
-        if (type == nullptr || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
-            languageOf(*type) != m_language || declaredType(id) != id)
+        if (!isOfLanguage(id) || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
+            declaredType(id) != id)
             continue;
         m_keepsName[id] = claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
     }
@@ -102,7 +126,7 @@ void DeclaredNames::claimTypes() {
 void DeclaredNames::claimLiterals() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
         const RTBaseType* type = m_types.typeOf(id);
-        if (type == nullptr || m_predefined[id] || languageOf(*type) != m_language)
+        if (!isOfLanguage(id) || m_predefined[id])
             continue;
         for (const std::string_view name : literalsOf(*type)) {
             if (!name.empty())
@@ -206,8 +230,7 @@ bool DeclaredNames::isMadeForType(std::string_view identifier) const {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), id);
     if (read.ec != std::errc() || id >= m_types.count)
         return false;
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr && languageOf(*type) == m_language && typeName(id) == identifier;
+    return isOfLanguage(id) && typeName(id) == identifier;
 }
 
 std::string DeclaredNames::typeName(unsigned int id) const {
@@ -219,7 +242,7 @@ std::string DeclaredNames::typeName(unsigned int id) const {
         return std::string(nameOf(*type));
     const bool keepsName = m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]);
     // A type of the other language is named where a declaration cannot be read in any case.
-    if (keepsName || languageOf(*type) != m_language)
+    if (keepsName || !isOfLanguage(id))
         return identifierOf(m_language, nameOf(*type));
     return madeName(id);
 }

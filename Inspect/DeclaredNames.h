@@ -26,7 +26,7 @@ enum class Naming {
 /// the data type gets another one. The same file gives the same names, whatever of it is shown.
 class DeclaredNames {
 public:
-    /// For distinct names all types are looked at, three times; their names are remembered, 40
+    /// For distinct names all types are looked at, four times; their names are remembered, 40
     /// bytes each.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
 
@@ -34,6 +34,9 @@ public:
 
     /// The name that a type has where another one has its own.
     std::string madeName(unsigned int id) const;
+
+    /// Whether there is a type of this id, and it is of the language of the names.
+    bool isOfLanguage(unsigned int id) const;
 
     /// The type whose declaration a typedef shares; the id itself for all others.
     unsigned int declaredType(unsigned int id) const;
@@ -54,6 +57,7 @@ public:
 private:
     using Owner = std::uint64_t;
 
+    void findLanguages();
     void claimPredefined();
     void claimTypes();
     void claimLiterals();
@@ -78,6 +82,7 @@ private:
     Naming m_naming;
     std::unordered_map<std::size_t, Owner> m_owners; ///< By a hash of the identity.
     std::vector<bool> m_yields;                      ///< Types whose subtype has their name.
+    std::vector<bool> m_isOfLanguage;
     std::vector<bool> m_predefined;
     std::vector<bool> m_keepsName;
 };

@@ -41,7 +41,7 @@ std::string LanguageDeclarations::obstacleOf(unsigned int id) const {
             return "what it is made of is not recorded";
         if (needed == nullptr)
             return fmt::format("type {} is missing", need.typeId);
-        if (languageOf(*needed) != m_language)
+        if (!m_names.isOfLanguage(need.typeId))
             return fmt::format("type {} belongs to {}", need.typeId, nameOf(languageOf(*needed)));
     }
     return ownObstacleOf(*type);

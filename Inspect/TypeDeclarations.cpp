@@ -4,6 +4,11 @@
 
 namespace Inspect {
 
+TypeDeclarations::TypeDeclarations(const TypeTable& types, Naming naming)
+    : m_types(types), m_vhdlNames(m_types, SourceLanguage::VHDL, naming),
+      m_systemVerilogNames(m_types, SourceLanguage::SYSTEM_VERILOG, naming),
+      m_vhdl(m_types, m_vhdlNames), m_systemVerilog(m_types, m_systemVerilogNames) {}
+
 const LanguageDeclarations& TypeDeclarations::in(SourceLanguage language) const {
     if (language == SourceLanguage::VHDL)
         return m_vhdl;

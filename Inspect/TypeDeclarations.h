@@ -12,10 +12,7 @@ namespace Inspect {
 class TypeDeclarations {
 public:
     /// With distinct names all types are looked at now; with their own names nothing is.
-    TypeDeclarations(const TypeTable& types, Naming naming)
-        : m_types(types), m_vhdlNames(m_types, SourceLanguage::VHDL, naming),
-          m_systemVerilogNames(m_types, SourceLanguage::SYSTEM_VERILOG, naming),
-          m_vhdl(m_types, m_vhdlNames), m_systemVerilog(m_types, m_systemVerilogNames) {}
+    TypeDeclarations(const TypeTable& types, Naming naming);
     TypeDeclarations(const TypeDeclarations&) = delete;
     TypeDeclarations& operator=(const TypeDeclarations&) = delete;
 

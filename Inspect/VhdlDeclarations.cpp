@@ -210,7 +210,7 @@ std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId,
     const auto& literals = static_cast<const RTSeqEnumType*>(base)->m_enumeratorNames;
     if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
         literals.size() <= LITERAL_LIMIT) {
-        const std::string literal = m_names.literalNames(baseId)[static_cast<std::size_t>(value)];
+        std::string literal = m_names.literalNames(baseId)[static_cast<std::size_t>(value)];
         const bool isHidden = m_names.isPredefined(baseId) && !isCharacterLiteral(literal) &&
                               m_names.isHidden(literal);
         if (!isHidden)

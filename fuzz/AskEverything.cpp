@@ -1,5 +1,6 @@
 #include "fuzz/AskEverything.h"
 
+#include "Inspect/DeclarationFile.h"
 #include "Inspect/TypeDumper.h"
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
@@ -37,6 +38,16 @@ void ask(RTBaseType& type) {
     type.populateTypeConstraints(stack, ranges);
 }
 
+void declareAll(std::ostream& out, const Inspect::TypeTable& types) {
+    using Inspect::SourceLanguage;
+    for (const auto language : {SourceLanguage::VHDL, SourceLanguage::SYSTEM_VERILOG}) {
+        Inspect::DeclarationFile file(out, types, language);
+        for (unsigned int id = 0; id < types.count; ++id)
+            file.add(id);
+        file.end();
+    }
+}
+
 } // namespace
 
 unsigned int askEverything(RTTypeManager& manager, unsigned int typeCount) {
@@ -53,6 +64,7 @@ unsigned int askEverything(RTTypeManager& manager, unsigned int typeCount) {
         Inspect::dumpType(out, id, *type,
                           [&](unsigned int other) { return manager.getRTType(other); });
     }
+    declareAll(out, {typeCount, [&](unsigned int id) { return manager.getRTType(id); }});
     return holes;
 }
 

@@ -31,7 +31,12 @@ TEST(DeclaredNames, OfTheOtherLanguageDoNotClash) {
     types.logic();
     types.array(VLOG_FIXED_PACKED_ARRAY, "word_t", 0, {{7, 0, 0}});
     types.enumeration("word_t", {"a"});
-    EXPECT_EQ(DeclaredNames(types.table(), VHDL, Naming::DISTINCT).typeName(2), "word_t");
+    const DeclaredNames names(types.table(), VHDL, Naming::DISTINCT);
+    EXPECT_EQ(names.typeName(2), "word_t");
+    EXPECT_EQ(names.typeName(1), "word_t");
+    EXPECT_TRUE(names.isOfLanguage(2));
+    EXPECT_FALSE(names.isOfLanguage(1));
+    EXPECT_FALSE(names.isOfLanguage(3));
 }
 
 TEST(DeclaredNames, TypesWithoutANameAreCalledByTheirId) {
