@@ -67,7 +67,7 @@ public:
                                       ? typesText(part.typeIds)
                                       : std::string(wordOf(part.kind));
         m_out << m_style.paint(Ink::HEADING, title) << fmt::format(" at {:#x}", part.offset);
-        if (part.head.kindCode != 0)
+        if (part.head.isThere)
             m_out << ": " << m_style.paint(Ink::KEYWORD, part.head.kind) << ' '
                   << m_style.paint(Ink::NAME, part.head.name);
         m_out << fmt::format(", {} byte{}", part.size, part.size == 1 ? "" : "s");
@@ -149,7 +149,7 @@ public:
         Json json{{"part", wordOf(part.kind)}, {"offset", part.offset}, {"size", part.size}};
         if (part.kind == AnnotatedPart::Kind::RECORD)
             json["types"] = part.typeIds;
-        if (part.head.kindCode != 0)
+        if (part.head.isThere)
             json["kind"] = part.head.kind;
         m_out << (m_hasPart ? ",\n" : "\n") << opened(json) << ",\"fields\":[";
         m_hasPart = true;

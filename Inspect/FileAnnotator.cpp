@@ -154,8 +154,8 @@ std::string FileAnnotator::describe(unsigned int typeId) {
     if (typeId >= m_entries)
         return "";
     const RecordHead head = recordHeadAt(m_jumps, addressOf(m_jumps, typeId));
-    return head.kindCode != 0 ? fmt::format("{} {}", head.kind, head.name)
-                              : "its record is not in the storage";
+    return head.isThere ? fmt::format("{} {}", head.kind, head.name)
+                        : "its record is not in the storage";
 }
 
 /// Those at the same offset: the header first, then the table, then records by their ids.

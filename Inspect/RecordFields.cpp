@@ -433,6 +433,7 @@ RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {
         std::min<unsigned long long>(RECORD_HEAD_BLOCK, storage.storageSize() - address));
     const char* const bytes = storage.at(address, size);
     const auto claimed = static_cast<std::size_t>(std::max(littleEndianAt<int>(bytes), 0));
+    head.isThere = true;
     head.kindCode = littleEndianAt<unsigned int>(bytes + RECORD_KIND_OFFSET);
     std::string_view rest(bytes, std::clamp(claimed, RECORD_HEADER_SIZE, size));
     rest.remove_prefix(RECORD_HEADER_SIZE);

@@ -57,9 +57,10 @@ unsigned long long readHeaderFields(TypeFile::StorageWindow& storage, unsigned l
 
 /// What the list of types says of a type, read from its record alone.
 struct RecordHead {
-    unsigned int kindCode = 0; ///< 0 where the record is not in the storage.
-    std::string_view kind;     ///< In the words of `kindOf`.
-    std::string name;          ///< Escaped; of a long name the beginning.
+    bool isThere = false; ///< Size and kind are in the storage.
+    unsigned int kindCode = 0;
+    std::string_view kind; ///< In the words of `kindOf`.
+    std::string name;      ///< Escaped; of a long name the beginning.
 };
 
 /// The least that a window needs for `recordHeadAt`, which looks no further: a longer name hides

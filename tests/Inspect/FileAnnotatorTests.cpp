@@ -131,6 +131,14 @@ TEST(FileAnnotator, PutsFindingsOfAddressesIntoTheTable) {
     EXPECT_TRUE(result.hasErrors);
 }
 
+TEST(FileAnnotator, TellsARecordOfKindZeroFromOneThatIsNotThere) {
+    std::string image = twoTypes().image();
+    std::fill_n(image.begin() + 0x3A, 4, '\0'); // invalid_kind: that of the second record
+    const std::string text = annotated(image).text;
+    EXPECT_THAT(text, HasSubstr("type 1 at 0x36: type of unknown class \"e\", 18 bytes\n"));
+    EXPECT_THAT(text, HasSubstr("0x36          type of unknown class \"e\"\n"));
+}
+
 TEST(FileAnnotator, ShowsHowFarATableIsThere) {
     std::string image = twoTypes().image();
     image.resize(0x50 + 3);
