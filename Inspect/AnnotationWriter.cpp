@@ -31,7 +31,7 @@ constexpr std::size_t NAMED_SHARERS = 8;
 constexpr std::size_t PIECE_SIZE = 4096;
 
 std::string_view wordOf(AnnotatedPart::Kind kind) {
-    constexpr std::string_view WORDS[] = {"header", "address table", "record", "gap"};
+    constexpr std::string_view WORDS[] = {"header", "address table", "record", "gap", "file"};
     return WORDS[static_cast<std::size_t>(kind)];
 }
 

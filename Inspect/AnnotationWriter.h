@@ -13,7 +13,7 @@ namespace Inspect {
 
 /// Neighbouring bytes that belong together.
 struct AnnotatedPart {
-    enum class Kind { HEADER, ADDRESS_TABLE, RECORD, GAP };
+    enum class Kind { HEADER, ADDRESS_TABLE, RECORD, GAP, FILE };
 
     Kind kind;
     unsigned long long offset;

@@ -341,7 +341,7 @@ void FileAnnotator::endPart() {
 
 /// A finding that is about no bytes stands in a part of its own.
 void FileAnnotator::writeLoose(const Finding& finding) {
-    m_writer->beginPart({AnnotatedPart::Kind::GAP, m_size, 0});
+    m_writer->beginPart({AnnotatedPart::Kind::FILE, m_base, m_size - std::min(m_base, m_size)});
     write(finding);
     m_writer->endPart();
 }

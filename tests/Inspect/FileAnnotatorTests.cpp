@@ -190,6 +190,17 @@ TEST(FileAnnotator, ShowsAloneWhatIsWrongWithTheTypeAndTheFile) {
     EXPECT_THAT(result.text, HasSubstr("^ error version-not-text, version: "));
 }
 
+TEST(FileAnnotator, SaysLastHowMuchMoreIsWrong) {
+    TypeFileBuilder file;
+    for (int i = 0; i < 1001; ++i)
+        file.record(ClassId::EVENT, "e").u32(2);
+    const Annotated result = annotated(file.image());
+    EXPECT_THAT(result.text, testing::EndsWith(
+                                 "\nfile at 0x0, 26066 bytes\n            ^ warning more-findings, "
+                                 "findings: 0 more errors and 1 more warnings are not listed.\n"));
+    EXPECT_FALSE(result.hasErrors);
+}
+
 TEST(FileAnnotator, PaintsFindings) {
     Annotation annotation;
     annotation.style = TextStyle::coloured();
