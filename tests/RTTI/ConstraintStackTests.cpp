@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 using namespace RTTI;
@@ -206,6 +208,15 @@ TEST_F(ConstraintStacks, AnyNumberOfFramesKeepTheirOrder) {
         EXPECT_EQ(take(1), triples({{i, 0, 0}}));
         stack.pop();
     }
+}
+
+/// LeakSanitizer sees what is left behind.
+TEST(ConstraintStackEnd, ReleasesFramesThatNobodyPopped) {
+    auto stack = std::make_unique<Brakel_tolv::ConstraintStack<FullConstraints>>();
+    for (int i = 0; i < 100; ++i)
+        stack->push(Ranges(100, FullConstraints{i, 0, 0}));
+    EXPECT_EQ(triples({stack->getConstraint()}), triples({{99, 0, 0}}));
+    stack.reset();
 }
 
 } // namespace

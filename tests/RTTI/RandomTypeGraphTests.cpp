@@ -2,6 +2,7 @@
 // types that are large or deep are answered at once.
 
 #include "RTTI/ConstraintStack.h"
+#include "support/BuildKind.h"
 #include "support/StraightforwardModel.h"
 #include "support/TypeGraph.h"
 
@@ -126,14 +127,14 @@ TEST(RandomTypeGraphs, ConstraintsBelowOtherLevelsAgreeWithPlainRecursion) {
     }
 }
 
-/// Checks that the rest of a case takes less than a second of processor time: far more than one
-/// look at each type takes, far less than one look along each path.
+/// Checks that the rest of a case takes less than a second of processor time (ten where nothing is
+/// optimised): far more than one look at each type takes, far less than one look along each path.
 class EndsAtOnce {
 public:
     EndsAtOnce() = default;
     EndsAtOnce(const EndsAtOnce&) = delete;
     EndsAtOnce& operator=(const EndsAtOnce&) = delete;
-    ~EndsAtOnce() { EXPECT_LT(std::clock() - m_start, CLOCKS_PER_SEC); }
+    ~EndsAtOnce() { EXPECT_LT(std::clock() - m_start, CLOCKS_PER_SEC * (IS_OPTIMISED ? 1 : 10)); }
 
 private:
     std::clock_t m_start = std::clock();

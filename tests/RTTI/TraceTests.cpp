@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
 #include <locale>
+#include <streambuf>
 
 namespace {
 
@@ -210,6 +212,32 @@ TEST(Trace, IsSilentWhenOff) {
     const CapturedOutput output;
     const LoadedTypes types(file);
     EXPECT_EQ(output.text(), "");
+}
+
+/// The standard output as one that takes nothing, and throws.
+class FailingOutput : std::streambuf {
+public:
+    FailingOutput() : m_former(std::cout.rdbuf(this)) { std::cout.exceptions(std::ios::badbit); }
+    FailingOutput(const FailingOutput&) = delete;
+    FailingOutput& operator=(const FailingOutput&) = delete;
+    ~FailingOutput() override {
+        std::cout.exceptions(std::ios::goodbit);
+        std::cout.rdbuf(m_former);
+    }
+
+private:
+    std::streambuf* m_former;
+};
+
+TEST(Trace, LoadGoesOnWhereTheOutputFails) {
+    TypeFileBuilder file;
+    file.record(0xA0000018, "string");
+    LoadedTypes types(file, false);
+    types.manager().setDebugMode();
+    const FailingOutput output;
+    ASSERT_NE(types[0], nullptr);
+    EXPECT_STREQ(types[0]->m_name, "string");
+    EXPECT_TRUE(std::cout.bad());
 }
 
 } // namespace

@@ -327,6 +327,15 @@ TEST(TypeFileWriter, RefusesAZeroByteInAName) {
                                "where a record's names end");
 }
 
+TEST(TypeBuilding, RefusesAZeroByteInANameAndLeavesTheTypeAsItWas) {
+    CTRecordType type;
+    named(type, "\x1Bpoint");
+    const WriteError error = refusal([&] { addMember(type, std::string_view("x\0y", 3), 0); });
+    EXPECT_EQ(error.field(), "members[0].name");
+    EXPECT_THAT(error.what(), HasSubstr("\"?point\""));
+    EXPECT_TRUE(type.m_members.empty());
+}
+
 TEST(TypeFileWriter, RefusesAnIdWithoutAType) {
     TypeFileWriter writer;
     writer.add(2, RTStringType());
