@@ -25,6 +25,7 @@ public:
     };
 
     /// Empty. Constant time; nothing is allocated.
+    // cppcheck-suppress uninitMemberVar
     ConstraintStack() {} // Leaves the room for frames as it is.
     ConstraintStack(const ConstraintStack&) = delete;
     ConstraintStack& operator=(const ConstraintStack&) = delete;
