@@ -11,7 +11,11 @@ namespace Inspect {
 class DeclarationSink {
 public:
     virtual ~DeclarationSink() = default;
+
+    /// The type is needed before it is declared; its declaration follows.
     virtual void announce(unsigned int id) = 0;
+
+    /// All that the declaration needs has been declared or announced.
     virtual void declare(unsigned int id) = 0;
 
     /// The type has no declaration in the language, for this reason.
@@ -24,6 +28,7 @@ public:
 /// type; depth takes memory, no stack.
 class DeclarationOrder {
 public:
+    /// Keeps references to all three.
     DeclarationOrder(const TypeTable& types, const LanguageDeclarations& language,
                      DeclarationSink& sink);
 

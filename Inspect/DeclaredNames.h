@@ -30,6 +30,7 @@ public:
     /// bytes each.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
 
+    /// The identifier of a type, escaped as the language has it.
     std::string typeName(unsigned int id) const;
 
     /// The name that a type has where another one has its own.

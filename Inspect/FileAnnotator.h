@@ -16,10 +16,10 @@ enum class AnnotationForm {
 
 /// Which bytes to annotate, and how.
 struct Annotation {
-    unsigned long long baseOffset = 0;  ///< Of the header, in the storage.
-    std::optional<unsigned int> typeId; ///< This type alone; else everything.
-    AnnotationForm form = AnnotationForm::TEXT;
-    TextStyle style = TextStyle::plain(); ///< Of the text.
+    unsigned long long baseOffset = 0;          ///< Of the header, in the storage.
+    std::optional<unsigned int> typeId;         ///< This type alone; else everything.
+    AnnotationForm form = AnnotationForm::TEXT; ///< How to write them.
+    TextStyle style = TextStyle::plain();       ///< Of the text.
 };
 
 /// Writes the bytes of a type file field by field, in the order of the storage: header, address

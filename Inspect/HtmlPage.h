@@ -11,12 +11,12 @@ namespace Inspect {
 
 /// The type file that a page shows.
 struct HtmlSource {
-    std::string title;   ///< Any bytes: the name of the file.
-    std::string version; ///< The version text of its header.
-    OVAT::IBlockManager& storage;
-    unsigned long long storageSize = 0;
-    unsigned long long baseOffset = 0; ///< Of the header, in the storage.
-    TypeTable types;                   ///< All of them loaded.
+    std::string title;                  ///< Any bytes: the name of the file.
+    std::string version;                ///< The version text of its header.
+    OVAT::IBlockManager& storage;       ///< Where the file lies.
+    unsigned long long storageSize = 0; ///< Bytes of the storage.
+    unsigned long long baseOffset = 0;  ///< Of the header, in the storage.
+    TypeTable types;                    ///< All of them loaded.
 };
 
 /// Writes one HTML page that needs nothing else: a list of the types to search and filter, and of

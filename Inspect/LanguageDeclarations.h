@@ -11,8 +11,8 @@ namespace Inspect {
 
 /// A type that a declaration names.
 struct TypeNeed {
-    unsigned int typeId;
-    bool isForward; ///< An announcement of the type is enough.
+    unsigned int typeId; ///< Of the same file.
+    bool isForward;      ///< An announcement of the type is enough.
 };
 
 /// How one language declares types. The types and the names must outlive it.
@@ -20,7 +20,10 @@ class LanguageDeclarations {
 public:
     virtual ~LanguageDeclarations() = default;
 
+    /// The language that it writes.
     SourceLanguage language() const { return m_language; }
+
+    /// The names that it calls types by.
     const DeclaredNames& names() const { return m_names; }
 
     /// Writes the declaration of a type, in lines that each have their end. Where the type cannot
@@ -41,6 +44,7 @@ public:
     std::string_view comment() const;
 
 protected:
+    /// Keeps references to both.
     LanguageDeclarations(SourceLanguage language, const TypeTable& types,
                          const DeclaredNames& names)
         : m_language(language), m_types(types), m_names(names) {}
@@ -48,9 +52,12 @@ protected:
     /// What `obstacleOf` tells beyond types that are missing or of another language.
     virtual std::string ownObstacleOf(const RTTI::RTBaseType& type) const = 0;
 
+    /// Null for the id that says "no type", and where there is none.
     const RTTI::RTBaseType* typeOf(unsigned int id) const {
         return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     }
+
+    /// Whether the type has no name, or an empty one.
     bool isUnnamed(unsigned int id) const;
 
     /// The ranges from the index `first` on.
@@ -59,9 +66,9 @@ protected:
     /// A comment line of its own.
     std::string remark(std::string_view text) const;
 
-    SourceLanguage m_language;
-    const TypeTable& m_types;
-    const DeclaredNames& m_names;
+    SourceLanguage m_language;    ///< The language that is written.
+    const TypeTable& m_types;     ///< Not owned.
+    const DeclaredNames& m_names; ///< Not owned.
 };
 
 } // namespace Inspect

@@ -25,6 +25,7 @@ public:
     /// The same as text, as long as the type takes.
     std::string declarationOf(unsigned int id) const;
 
+    /// How one of the languages declares the types, all of them; lives as long as this object.
     const LanguageDeclarations& in(SourceLanguage language) const;
 
 private:

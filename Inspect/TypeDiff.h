@@ -28,8 +28,8 @@ std::string_view ruleText(DiffVerdict verdict);
 
 /// One difference between a type of A and what became of it in B.
 struct TypeChange {
-    unsigned int idA;
-    unsigned int idB;
+    unsigned int idA; ///< Of the type that the change lies in, in A.
+    unsigned int idB; ///< Of what it became, in B.
 
     /// From the name of the type, or of the one around it that has a name, to what differs:
     /// "pkt_t.hdr.len", "mem_t[]" for the elements, "mem_t[index]", "list_t.all" for what an
@@ -40,8 +40,8 @@ struct TypeChange {
     /// The field: "range", "type", "literal", ...
     std::string what;
 
-    /// What it was and is; none for what was added or removed. Printable ASCII.
-    std::optional<std::string> before, after;
+    std::optional<std::string> before; ///< None for what was added. Printable ASCII.
+    std::optional<std::string> after;  ///< None for what was removed. Printable ASCII.
 };
 
 /// The differences between the types of two files, A and B.
@@ -51,12 +51,13 @@ struct TypeChange {
 /// type of A has one of B to itself that equals it, or it was changed or removed.
 class TypeDiff {
 public:
+    /// Numbers of types.
     struct Counts {
-        std::size_t typesOfA = 0;
-        std::size_t typesOfB = 0;
-        std::size_t equal = 0; ///< Types of A with an equal in B.
-        std::size_t added = 0;
-        std::size_t removed = 0;
+        std::size_t typesOfA = 0;   ///< All of A.
+        std::size_t typesOfB = 0;   ///< All of B.
+        std::size_t equal = 0;      ///< Types of A with an equal in B.
+        std::size_t added = 0;      ///< Types of B that nothing in A became.
+        std::size_t removed = 0;    ///< Types of A that became nothing in B.
         std::size_t changed = 0;    ///< With at least one change of their own.
         std::size_t containing = 0; ///< Without, but they refer to such as were changed.
     };
@@ -68,12 +69,19 @@ public:
     TypeDiff& operator=(const TypeDiff&) = delete;
     ~TypeDiff();
 
+    /// What the differences come to.
     DiffVerdict verdict() const { return m_verdict; }
+
+    /// The types of the first file.
     const TypeTable& a() const { return m_a; }
+
+    /// The types of the second file.
     const TypeTable& b() const { return m_b; }
 
-    /// Ids of types of A, and of B, in their order.
+    /// Ids of types of A, in their order.
     const std::vector<unsigned int>& removed() const { return m_removed; }
+
+    /// Ids of types of B, in their order.
     const std::vector<unsigned int>& added() const { return m_added; }
 
     /// Gives each change in the order of the ids in A, and counts.

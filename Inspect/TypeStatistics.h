@@ -23,6 +23,7 @@ using RecordSizes = std::function<unsigned long long(unsigned int)>;
 
 /// What there is in a table of types.
 struct TypeStatistics {
+    /// What there is of one kind.
     struct KindCount {
         std::string_view kind;        ///< "builds no type" for ids without a type.
         unsigned int types = 0;       ///< Of the kind.

@@ -13,6 +13,8 @@ namespace Inspect {
 
 /// Writes a line for each reference to the type, in the order of the ids.
 void writeUses(std::ostream& out, const TypeTable& types, unsigned int id, const TextStyle& style);
+
+/// The same as a list of JSON objects.
 void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form);
 
 /// Writes a line for each other type that leads to this one, nearest first, with the number of
@@ -21,6 +23,8 @@ void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, J
 /// every reference of the table.
 void writeAllUses(std::ostream& out, const TypeTable& types, unsigned int id,
                   const TextStyle& style);
+
+/// The same as a list of JSON objects.
 void writeAllUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form);
 
 } // namespace Inspect

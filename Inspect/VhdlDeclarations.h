@@ -9,6 +9,7 @@ namespace Inspect {
 /// Declarations of IEEE 1076-2008.
 class VhdlDeclarations : public LanguageDeclarations {
 public:
+    /// Keeps references to both.
     VhdlDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::VHDL, types, names) {}
 
