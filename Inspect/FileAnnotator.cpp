@@ -22,7 +22,7 @@ using TypeFile::StorageWindow;
 namespace {
 
 /// Bytes that are shown are read in their order.
-constexpr std::size_t SWEEP_BLOCK = 64 * 1024;
+constexpr std::size_t SWEEP_BLOCK = std::size_t{64} * 1024;
 
 /// What findings call an entry of the address table.
 constexpr std::string_view ADDRESS = "address";

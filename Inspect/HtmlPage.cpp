@@ -34,7 +34,7 @@ constexpr std::size_t MOST_RANGES = 1000;
 constexpr unsigned long long MOST_RECORD_BYTES = 1ULL << 20;
 
 /// Table and records lie in the order of the ids in most files.
-constexpr std::size_t BLOCK = 64 * 1024;
+constexpr std::size_t BLOCK = std::size_t{64} * 1024;
 
 std::string base64Of(std::string_view bytes) {
     constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
