@@ -74,9 +74,10 @@ class Browser:
             "width": width, "height": height, "deviceScaleFactor": 1, "mobile": False})
 
     def prefer(self, scheme):
-        """The system's colours: "dark" or "light"."""
-        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {
-            "features": [{"name": "prefers-color-scheme", "value": scheme}]})
+        """The system's colours: "dark" or "light". They change at once."""
+        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": [
+            {"name": "prefers-color-scheme", "value": scheme},
+            {"name": "prefers-reduced-motion", "value": "reduce"}]})
 
     def messages(self):
         """What the page said to the console since it was opened, faults included."""
