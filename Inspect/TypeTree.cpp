@@ -25,7 +25,7 @@ public:
         if (part.depth > LEVELS_DRAWN)
             return m_stem + "[" + std::to_string(part.depth) + "] ";
         m_stem.resize(WIDTH * (part.depth - 1));
-        const std::string text = m_stem + (part.isLast ? "`-- " : "|-- ");
+        std::string text = m_stem + (part.isLast ? "`-- " : "|-- ");
         m_stem += part.isLast ? "    " : "|   ";
         return text;
     }

@@ -18,6 +18,7 @@ public:
 
     /// Throws std::bad_alloc.
     explicit ZeroedTable(std::size_t size)
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): entries may well be pointers.
         : m_entries(static_cast<Entry*>(std::calloc(size, sizeof(Entry)))), m_size(size) {
         if (m_entries == nullptr && size != 0)
             throw std::bad_alloc();
