@@ -40,8 +40,8 @@ struct SameValue {
         return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
     }
     template <typename Value> bool operator()(const Value& a, const Value& b) const {
-        if constexpr (std::is_integral_v<Value> || std::is_enum_v<Value>)
-            return a == b;
+        static_assert(std::is_integral_v<Value> || std::is_enum_v<Value>);
+        return a == b;
     }
     template <typename A, typename B> bool operator()(const A&, const B&) const { return false; }
 };
