@@ -69,6 +69,7 @@ public:
         : m_out(out), m_sweep(storage, storageSize, SWEEP_BLOCK),
           m_jumps(storage, storageSize, RECORD_HEAD_BLOCK), m_size(storageSize),
           m_base(annotation.baseOffset), m_findings(TypeFile::verify(storage, storageSize, m_base)),
+          m_progress(annotation.progress),
           m_writer(annotationWriter(out, annotation.form, annotation.style)),
           m_describe([this](unsigned int id) { return describe(id); }) {
         readHeader();
@@ -125,6 +126,7 @@ private:
     unsigned long long m_size;
     unsigned long long m_base;
     FindingsByType m_findings;
+    const std::function<void(unsigned long long)>& m_progress;
     std::unique_ptr<AnnotationWriter> m_writer;
     DescribeType m_describe;
 
@@ -193,6 +195,8 @@ void FileAnnotator::writeAll() {
                 : writeRecord(sharers, place.offset,
                               next < places.size() ? places[next].offset : m_size);
         covered = std::max(covered, end);
+        if (m_progress)
+            m_progress(covered);
         i = next;
     }
     writeGap(covered, m_size);

@@ -3,6 +3,7 @@
 #include "Inspect/TextStyle.h"
 #include "OVAT/IBlockManager.h"
 
+#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -20,6 +21,9 @@ struct Annotation {
     std::optional<unsigned int> typeId;         ///< This type alone; else everything.
     AnnotationForm form = AnnotationForm::TEXT; ///< How to write them.
     TextStyle style = TextStyle::plain();       ///< Of the text.
+
+    /// If there is one, it is told up to where in the storage everything has been written.
+    std::function<void(unsigned long long offset)> progress;
 };
 
 /// Writes the bytes of a type file field by field, in the order of the storage: header, address

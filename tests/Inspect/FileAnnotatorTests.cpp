@@ -12,6 +12,7 @@
 #include <iterator>
 #include <random>
 #include <sstream>
+#include <vector>
 
 namespace {
 
@@ -80,6 +81,14 @@ TEST(FileAnnotator, ShowsHeaderRecordsAndTableInTheOrderOfTheStorage) {
     const Annotated result = annotated(twoTypes().image());
     EXPECT_EQ(result.text, TWO_TYPES);
     EXPECT_FALSE(result.hasErrors);
+}
+
+TEST(FileAnnotator, TellsHowFarItHasCome) {
+    std::vector<unsigned long long> ends;
+    Annotation annotation;
+    annotation.progress = [&](unsigned long long offset) { ends.push_back(offset); };
+    annotated(twoTypes().image(), annotation);
+    EXPECT_THAT(ends, testing::ElementsAre(40, 54, 72, 88)); // Header, two records, the table.
 }
 
 TEST(FileAnnotator, ShowsOneTypeWithItsAddress) {

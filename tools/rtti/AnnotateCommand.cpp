@@ -35,6 +35,11 @@ int runAnnotate(const AnnotateOptions& options) {
     annotation.typeId = options.id;
     annotation.form = options.json ? Inspect::AnnotationForm::JSON : Inspect::AnnotationForm::TEXT;
     annotation.style = outputStyle();
+    std::optional<Progress> progress;
+    if (!isOutputOnTerminal()) {
+        progress.emplace("annotating " + options.file, storage.size());
+        annotation.progress = [&](unsigned long long offset) { progress->at(offset); };
+    }
     return Inspect::annotate(std::cout, storage, storage.size(), annotation) ? 1 : 0;
 }
 
