@@ -1,9 +1,11 @@
 // Every populateTypeConstraints: the walk that flattens the ranges of a type and of its parts.
 
+#include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <typeinfo>
 #include <unordered_map>
@@ -162,7 +164,8 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
 /// on the stack are the caller's.
 class ConstraintWalk {
 public:
-    ConstraintWalk(Stack& stack, Ranges& out) : m_stack(stack), m_out(out) {}
+    ConstraintWalk(Stack& stack, Ranges& out, std::size_t maxSteps)
+        : m_stack(stack), m_out(out), m_maxSteps(maxSteps) {}
     ConstraintWalk(const ConstraintWalk&) = delete;
     ConstraintWalk& operator=(const ConstraintWalk&) = delete;
 
@@ -172,10 +175,12 @@ public:
             comeBack();
     }
 
-    void walk(const RTAggregateType& outermost) {
+    /// Whether it came to its end.
+    bool walk(const RTAggregateType& outermost) {
         enter(outermost, m_stack.depth());
-        while (m_step.aggregate != nullptr)
+        while (m_step.aggregate != nullptr && stepsTaken() <= m_maxSteps)
             advance();
+        return stepsTaken() <= m_maxSteps;
     }
 
 private:
@@ -190,6 +195,9 @@ private:
         std::size_t outerSegment = 0; ///< What m_segment, or a struct's entry, said before.
     };
 
+    /// A walk of ranges given before it started counts them as well: only a fresh one has a limit.
+    std::size_t stepsTaken() const { return m_out.size() + m_fruitfulVisits; }
+
     bool enter(const RTAggregateType& aggregate, std::size_t depthBefore);
     bool endsPath(const RTAggregateType& aggregate, bool isClass);
     void keepStep();
@@ -203,6 +211,8 @@ private:
 
     Stack& m_stack;
     Ranges& m_out;
+    std::size_t m_maxSteps;
+    std::size_t m_fruitfulVisits = 0; ///< Of aggregates that gave ranges.
     Step m_step;                      ///< The innermost one; of no aggregate once all is walked.
     std::vector<Step> m_outerSteps;   ///< Outermost first.
     std::size_t m_classesEntered = 1; ///< From 1 on: 0 is no segment.
@@ -284,10 +294,12 @@ inline bool ConstraintWalk::walkPart(const Ranges* memberRanges, const RTBaseTyp
 void ConstraintWalk::leave() {
     const Step left = m_step;
     m_stack.popTo(left.depthBefore);
+    const bool isFruitful = m_out.size() != left.outputBefore;
+    m_fruitfulVisits += isFruitful ? 1 : 0;
     comeBack();
     if (m_step.aggregate == nullptr)
         return;
-    if (m_out.size() != left.outputBefore)
+    if (isFruitful)
         revive(*left.aggregate);
     else if (m_barren.insert(left.aggregate).second)
         waitForParts(*left.aggregate);
@@ -358,14 +370,17 @@ private:
 };
 
 /// Apart from walkFrom, most calls of which need no room for it.
-[[gnu::noinline]] void walkAggregate(const RTAggregateType& type, Stack& stack, Ranges& out) {
-    ConstraintWalk(stack, out).walk(type);
+[[gnu::noinline]] bool walkAggregate(const RTAggregateType& type, Stack& stack, Ranges& out,
+                                     std::size_t maxSteps) {
+    return ConstraintWalk(stack, out, maxSteps).walk(type);
 }
 
-void walkFrom(const RTBaseType& type, Stack& stack, Ranges& out) {
+/// Whether the walk came to its end.
+bool walkFrom(const RTBaseType& type, Stack& stack, Ranges& out,
+              std::size_t maxSteps = std::numeric_limits<std::size_t>::max()) {
     const FrameScope frames(stack);
-    if (const RTAggregateType* aggregate = goThrough(nullptr, &type, stack, out))
-        walkAggregate(*aggregate, stack, out);
+    const RTAggregateType* const aggregate = goThrough(nullptr, &type, stack, out);
+    return aggregate == nullptr || walkAggregate(*aggregate, stack, out, maxSteps);
 }
 
 } // namespace
@@ -390,6 +405,17 @@ void RTTypedefType::populateTypeConstraints(Stack& stack, Ranges& out) const {
 
 void RTDiscreteEnumType::populateTypeConstraints(Stack& stack, Ranges& out) const {
     walkFrom(*this, stack, out);
+}
+
+PopulatedConstraints populateTypeConstraints(const RTBaseType& type, std::size_t maxSteps) {
+    PopulatedConstraints populated;
+    Stack stack;
+    populated.isComplete = walkFrom(type, stack, populated.ranges, maxSteps);
+    if (populated.ranges.size() > maxSteps) {
+        populated.ranges.resize(maxSteps);
+        populated.isComplete = false;
+    }
+    return populated;
 }
 
 } // namespace RTTI

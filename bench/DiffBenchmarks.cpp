@@ -1,6 +1,6 @@
 // Comparing two tables that are loaded. Loads of both are what it stands beside.
 
-#include "Inspect/TypeDiff.h"
+#include "Inspect/diff/TypeDiff.h"
 #include "RTTI/RTTypeManager.h"
 #include "bench/TypeStorage.h"
 

@@ -1,8 +1,8 @@
 // Writing a table that is loaded, and turning it into JSON and back. A load of the same table is
 // what they stand beside.
 
-#include "Inspect/TypeJsonReader.h"
-#include "Inspect/TypeJsonWriter.h"
+#include "Inspect/json/TypeJsonReader.h"
+#include "Inspect/json/TypeJsonWriter.h"
 #include "TypeFile/TypeFileWriter.h"
 #include "bench/TypeStorage.h"
 

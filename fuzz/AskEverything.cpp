@@ -1,7 +1,7 @@
 #include "fuzz/AskEverything.h"
 
-#include "Inspect/DeclarationFile.h"
-#include "Inspect/TypeDumper.h"
+#include "Inspect/declarations/DeclarationFile.h"
+#include "Inspect/views/TypeDumper.h"
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
 

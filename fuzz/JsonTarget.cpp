@@ -1,6 +1,6 @@
 // Any text is read or refused, in both forms; what is read and can be written loads.
 
-#include "Inspect/TypeJsonReader.h"
+#include "Inspect/json/TypeJsonReader.h"
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileWriter.h"

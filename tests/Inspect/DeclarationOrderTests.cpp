@@ -1,4 +1,4 @@
-#include "Inspect/DeclarationFile.h"
+#include "Inspect/declarations/DeclarationFile.h"
 #include "support/LinkedTypes.h"
 
 #include <gmock/gmock.h>

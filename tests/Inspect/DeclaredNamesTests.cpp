@@ -1,5 +1,5 @@
-#include "Inspect/DeclaredNames.h"
-#include "Inspect/Identifiers.h"
+#include "Inspect/declarations/DeclaredNames.h"
+#include "Inspect/declarations/Identifiers.h"
 #include "support/LinkedTypes.h"
 
 #include <gmock/gmock.h>

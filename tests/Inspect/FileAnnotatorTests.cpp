@@ -1,6 +1,6 @@
 // A whole file's bytes as text and JSON, with what the verifier finds at its place.
 
-#include "Inspect/FileAnnotator.h"
+#include "Inspect/bytes/FileAnnotator.h"
 #include "OVAT/FileBlockManager.h"
 #include "support/TypeFileBuilder.h"
 

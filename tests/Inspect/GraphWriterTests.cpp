@@ -1,4 +1,4 @@
-#include "Inspect/GraphWriter.h"
+#include "Inspect/graph/GraphWriter.h"
 #include "RTTI/CTType.h"
 #include "TypeFile/TypeBuilding.h"
 

@@ -1,7 +1,7 @@
 // The page as text: what its data holds, and that nothing in it is taken for HTML. What it does in
 // a browser is tested there.
 
-#include "Inspect/HtmlPage.h"
+#include "Inspect/html/HtmlPage.h"
 #include "RTTI/RTTypeManager.h"
 #include "support/TypeFileBuilder.h"
 

@@ -1,5 +1,5 @@
-#include "Inspect/Identifiers.h"
-#include "Inspect/ReservedWords.h"
+#include "Inspect/declarations/Identifiers.h"
+#include "Inspect/declarations/ReservedWords.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // What the walk through the parts of a type gives agrees with the queries of the types.
 
-#include "Inspect/LeafWalk.h"
-#include "Inspect/PartWalk.h"
+#include "Inspect/model/LeafWalk.h"
+#include "Inspect/model/PartWalk.h"
 #include "support/TypeGraph.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // What each kind of record is read into, field by field. The records have one-letter names: size,
 // kind, name and flags take the first 14 bytes, as `head` says.
 
-#include "Inspect/RecordFields.h"
-#include "Inspect/TypeText.h"
+#include "Inspect/bytes/RecordFields.h"
+#include "Inspect/words/TypeText.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/LittleEndian.h"
 #include "TypeFile/StorageWindow.h"

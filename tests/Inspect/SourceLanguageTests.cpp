@@ -1,4 +1,4 @@
-#include "Inspect/SourceLanguage.h"
+#include "Inspect/declarations/SourceLanguage.h"
 #include "support/LinkedTypes.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "Inspect/EnumValues.h"
-#include "Inspect/TypeDeclarations.h"
+#include "Inspect/declarations/EnumValues.h"
+#include "Inspect/declarations/TypeDeclarations.h"
 #include "support/LinkedTypes.h"
 
 #include <gtest/gtest.h>

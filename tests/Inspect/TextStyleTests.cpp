@@ -1,5 +1,5 @@
-#include "Inspect/TextStyle.h"
-#include "Inspect/TypeDumper.h"
+#include "Inspect/views/TypeDumper.h"
+#include "Inspect/words/TextStyle.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeBuilding.h"

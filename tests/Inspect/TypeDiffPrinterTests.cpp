@@ -1,4 +1,4 @@
-#include "Inspect/TypeDiffPrinter.h"
+#include "Inspect/diff/TypeDiffPrinter.h"
 
 #include "tests/support/TypeList.h"
 

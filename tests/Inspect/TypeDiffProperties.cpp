@@ -1,8 +1,8 @@
 // What holds for the differences between any two files, over tables of types made at random.
 
-#include "Inspect/EqualityClasses.h"
-#include "Inspect/TypeDiff.h"
-#include "Inspect/TypeJsonWriter.h"
+#include "Inspect/diff/EqualityClasses.h"
+#include "Inspect/diff/TypeDiff.h"
+#include "Inspect/json/TypeJsonWriter.h"
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeBuilding.h"

@@ -1,4 +1,4 @@
-#include "Inspect/TypeDiff.h"
+#include "Inspect/diff/TypeDiff.h"
 
 #include "tests/support/TypeList.h"
 

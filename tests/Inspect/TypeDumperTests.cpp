@@ -1,7 +1,7 @@
-#include "Inspect/TypeDumper.h"
-#include "Inspect/TypeKind.h"
-#include "Inspect/TypeReferences.h"
-#include "Inspect/TypeText.h"
+#include "Inspect/model/TypeReferences.h"
+#include "Inspect/views/TypeDumper.h"
+#include "Inspect/words/TypeKind.h"
+#include "Inspect/words/TypeText.h"
 #include "RTTI/CTType.h"
 
 #include <gmock/gmock.h>

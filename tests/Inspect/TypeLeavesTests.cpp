@@ -1,4 +1,4 @@
-#include "Inspect/TypeLeaves.h"
+#include "Inspect/views/TypeLeaves.h"
 #include "RTTI/CTType.h"
 #include "support/TypeGraph.h"
 #include "support/WrittenTypes.h"

@@ -1,4 +1,4 @@
-#include "Inspect/TypeReferences.h"
+#include "Inspect/model/TypeReferences.h"
 #include "RTTI/CTType.h"
 #include "TypeFile/TypeBuilding.h"
 

@@ -1,4 +1,4 @@
-#include "Inspect/TypeTree.h"
+#include "Inspect/views/TypeTree.h"
 #include "support/TypeGraph.h"
 #include "support/WrittenTypes.h"
 

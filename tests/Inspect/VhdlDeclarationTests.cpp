@@ -1,4 +1,4 @@
-#include "Inspect/TypeDeclarations.h"
+#include "Inspect/declarations/TypeDeclarations.h"
 #include "support/LinkedTypes.h"
 
 #include <gtest/gtest.h>

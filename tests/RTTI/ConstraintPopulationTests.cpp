@@ -1,5 +1,6 @@
 // Flattened ranges: one for each array dimension, each from the nearest level that gives it.
 
+#include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "support/TypeGraph.h"
 
@@ -252,6 +253,26 @@ TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {
     auto& holder = types.classType({numbered(2), &record});
     addMember(record, &holder);
     EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}}));
+}
+
+TEST_F(ConstraintPopulation, BoundedWalkGivesAllRangesWithinItsSteps) {
+    // Two ranges, and the visit of the struct that gave them.
+    const RTBaseType& type = types.record(VHDL_RECORD, {numbered(1), numbered(2)});
+    const PopulatedConstraints all = populateTypeConstraints(type, 3);
+    EXPECT_TRUE(all.isComplete);
+    EXPECT_EQ(triples(all.ranges), triples({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_FALSE(populateTypeConstraints(type, 2).isComplete);
+}
+
+TEST_F(ConstraintPopulation, BoundedWalkOfALadderEndsWithTheFirstRanges) {
+    const RTBaseType* rung = numbered(1);
+    for (int i = 0; i < 60; ++i) // 2^60 ranges.
+        rung = &types.record(VHDL_RECORD, {rung, rung});
+    const PopulatedConstraints some = populateTypeConstraints(*rung, 1000);
+    EXPECT_FALSE(some.isComplete);
+    EXPECT_GT(some.ranges.size(), 400u);
+    EXPECT_LE(some.ranges.size(), 1000u);
+    EXPECT_EQ(triples({some.ranges.back()}), triples({{1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {

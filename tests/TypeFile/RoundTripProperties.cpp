@@ -3,8 +3,8 @@
 //
 // RC_PARAMS="max_success=100000" runs as many tables; seed=... repeats a run.
 
-#include "Inspect/TypeJsonReader.h"
-#include "Inspect/TypeJsonWriter.h"
+#include "Inspect/json/TypeJsonReader.h"
+#include "Inspect/json/TypeJsonWriter.h"
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"

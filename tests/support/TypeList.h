@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Inspect/TypeTable.h"
+#include "Inspect/model/TypeTable.h"
 #include "RTTI/RTType.h"
 #include "TypeFile/TypeBuilding.h"
 

@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/FileAnnotator.h"
+#include "Inspect/bytes/FileAnnotator.h"
 #include "OVAT/FileBlockManager.h"
 #include "Terminal.h"
 

@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeJsonReader.h"
+#include "Inspect/json/TypeJsonReader.h"
 #include "Terminal.h"
 #include "TypeFile/TypeFileWriter.h"
 

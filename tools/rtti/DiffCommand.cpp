@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeDiffPrinter.h"
+#include "Inspect/diff/TypeDiffPrinter.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 

@@ -1,9 +1,9 @@
 #include "Subcommand.h"
 
-#include "Inspect/DeclarationFile.h"
-#include "Inspect/TypeDumper.h"
-#include "Inspect/TypeJsonWriter.h"
-#include "Inspect/TypeKind.h"
+#include "Inspect/declarations/DeclarationFile.h"
+#include "Inspect/json/TypeJsonWriter.h"
+#include "Inspect/views/TypeDumper.h"
+#include "Inspect/words/TypeKind.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 

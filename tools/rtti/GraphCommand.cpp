@@ -1,6 +1,6 @@
 #include "Graphviz.h"
-#include "Inspect/GraphWriter.h"
-#include "Inspect/TypeText.h"
+#include "Inspect/graph/GraphWriter.h"
+#include "Inspect/words/TypeText.h"
 #include "OpenedFile.h"
 #include "OutputFile.h"
 #include "Subcommand.h"

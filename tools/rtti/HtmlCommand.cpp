@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/HtmlPage.h"
+#include "Inspect/html/HtmlPage.h"
 #include "OVAT/WholeFile.h"
 #include "OpenedFile.h"
 #include "Terminal.h"

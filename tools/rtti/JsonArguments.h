@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Inspect/TypeJsonWriter.h"
+#include "Inspect/json/TypeJsonWriter.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeLeaves.h"
+#include "Inspect/views/TypeLeaves.h"
 #include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "FileArguments.h"
-#include "Inspect/TypeTable.h"
+#include "Inspect/model/TypeTable.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/Finding.h"

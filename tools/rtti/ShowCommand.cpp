@@ -1,7 +1,7 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeDumper.h"
-#include "Inspect/TypeReferences.h"
+#include "Inspect/model/TypeReferences.h"
+#include "Inspect/views/TypeDumper.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 

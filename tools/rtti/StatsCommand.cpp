@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeStatistics.h"
+#include "Inspect/views/TypeStatistics.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 

@@ -1,6 +1,6 @@
 #include "Terminal.h"
 
-#include "Inspect/TypeText.h"
+#include "Inspect/words/TypeText.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Inspect/TextStyle.h"
+#include "Inspect/words/TextStyle.h"
 
 #include <chrono>
 #include <functional>

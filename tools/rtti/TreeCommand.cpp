@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeTree.h"
+#include "Inspect/views/TypeTree.h"
 #include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"

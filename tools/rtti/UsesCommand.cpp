@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeUses.h"
+#include "Inspect/views/TypeUses.h"
 #include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"

@@ -1,6 +1,6 @@
 #include "Subcommand.h"
 
-#include "Inspect/TypeText.h"
+#include "Inspect/words/TypeText.h"
 #include "OpenedFile.h"
 #include "RTTI/TypeFileFormat.h"
 #include "Terminal.h"

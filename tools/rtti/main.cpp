@@ -1,5 +1,5 @@
-#include "Inspect/JsonError.h"
-#include "Inspect/TypeText.h"
+#include "Inspect/json/JsonError.h"
+#include "Inspect/words/TypeText.h"
 #include "OpenedFile.h"
 #include "Subcommand.h"
 

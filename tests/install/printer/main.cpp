@@ -1,6 +1,6 @@
 // printer FILE ID: prints one type, as rtti dump does.
 
-#include <Inspect/TypeDumper.h>
+#include <Inspect/views/TypeDumper.h>
 #include <OVAT/FileBlockManager.h>
 #include <RTTI/RTTypeManager.h>
 

@@ -1,0 +1,236 @@
+#include "Inspect/bytes/AnnotationWriter.h"
+
+#include "Inspect/json/JsonValues.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace Inspect {
+
+using TypeFile::Finding;
+using TypeFile::Severity;
+using TypeFile::StorageWindow;
+
+namespace {
+
+/// A range fits into a line.
+constexpr std::size_t ROW_SIZE = 12;
+
+// Columns of the text, in characters.
+constexpr std::size_t HEX_WIDTH = 3 * ROW_SIZE - 1;
+constexpr std::size_t NAME_WIDTH = 26;
+constexpr std::size_t VALUE_WIDTH = 12;
+
+/// So many of the types that share a record are named.
+constexpr std::size_t NAMED_SHARERS = 8;
+
+/// Bytes of a field are written to JSON in pieces of this size.
+constexpr std::size_t PIECE_SIZE = 4096;
+
+std::string_view wordOf(AnnotatedPart::Kind kind) {
+    constexpr std::string_view WORDS[] = {"header", "address table", "record", "gap", "file"};
+    return WORDS[static_cast<std::size_t>(kind)];
+}
+
+/// Bytes of the field that are shown.
+unsigned long long shownSize(const RecordField& field) {
+    return field.state == FieldState::UNREAD ? std::min(field.size, LONGEST_UNREAD) : field.size;
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+    return fmt::format("{:<{}}", text, width);
+}
+
+/// "type 3", "types 3, 7, 9 and 20 more".
+std::string typesText(const std::vector<unsigned int>& ids) {
+    std::string text = ids.size() == 1 ? "type " : "types ";
+    const std::size_t named = std::min(ids.size(), NAMED_SHARERS);
+    for (std::size_t i = 0; i < named; ++i)
+        text += (i == 0 ? "" : ", ") + std::to_string(ids[i]);
+    if (ids.size() > named)
+        text += fmt::format(" and {} more", ids.size() - named);
+    return text;
+}
+
+/// Columns for people.
+class TextWriter : public AnnotationWriter {
+public:
+    TextWriter(std::ostream& out, const TextStyle& style) : m_out(out), m_style(style) {}
+
+    void beginPart(const AnnotatedPart& part) override {
+        m_out << (m_isFirst ? "" : "\n");
+        m_isFirst = false;
+        const std::string title = part.kind == AnnotatedPart::Kind::RECORD
+                                      ? typesText(part.typeIds)
+                                      : std::string(wordOf(part.kind));
+        m_out << m_style.paint(Ink::HEADING, title) << fmt::format(" at {:#x}", part.offset);
+        if (part.head.isThere)
+            m_out << ": " << m_style.paint(Ink::KEYWORD, part.head.kind) << ' '
+                  << m_style.paint(Ink::NAME, part.head.name);
+        m_out << fmt::format(", {} byte{}", part.size, part.size == 1 ? "" : "s");
+        if (part.kind == AnnotatedPart::Kind::GAP)
+            m_out << " that belong to nothing";
+        m_out << '\n';
+    }
+
+    void field(const RecordField& field, StorageWindow& storage) override {
+        const unsigned long long size = shownSize(field);
+        unsigned long long at = 0;
+        do {
+            const auto count =
+                static_cast<std::size_t>(std::min<unsigned long long>(ROW_SIZE, size - at));
+            m_out << "  " << m_style.paint(Ink::COMMENT, fmt::format("{:08x}", field.offset + at));
+            const std::string hex =
+                count != 0 ? hexRow(storage.at(field.offset + at, count), count) : "";
+            if (at == 0)
+                m_out << "  " << firstRow(field, hex);
+            else if (count != 0)
+                m_out << "  " << hex;
+            m_out << '\n';
+            at += count;
+        } while (at < size);
+        if (size < field.size)
+            m_out << fmt::format("  ... {} more bytes\n", field.size - size);
+    }
+
+    void finding(const Finding& finding) override {
+        const Ink ink = finding.severity == Severity::ERROR ? Ink::ERROR : Ink::WARNING;
+        m_out << "            "
+              << m_style.paint(ink, fmt::format("^ {} {}", severityText(finding.severity),
+                                                codeText(finding.code)))
+              << ", " << finding.field << ": " << finding.text << '\n';
+    }
+
+    void endPart() override {}
+    void end(std::size_t, std::size_t) override {}
+
+private:
+    static std::string hexRow(const char* bytes, std::size_t count) {
+        std::string row;
+        for (std::size_t i = 0; i < count; ++i)
+            row += fmt::format("{}{:02x}", i == 0 ? "" : " ", static_cast<unsigned char>(bytes[i]));
+        return row;
+    }
+
+    /// Without blanks at its end.
+    std::string firstRow(const RecordField& field, const std::string& hex) const {
+        std::string row = field.name.empty() ? hex : padded(hex, HEX_WIDTH) + "  ";
+        const bool isLast = field.value.empty() && field.meaning.empty();
+        row += isLast ? field.name : padded(field.name, NAME_WIDTH) + "  ";
+        const std::string value =
+            field.meaning.empty() ? field.value : padded(field.value, VALUE_WIDTH);
+        row += m_style.paint(inkOf(field), value);
+        if (!field.meaning.empty())
+            row += "  " + m_style.paint(Ink::COMMENT, field.meaning);
+        return row;
+    }
+
+    static Ink inkOf(const RecordField& field) {
+        if (field.state != FieldState::WHOLE)
+            return Ink::WARNING;
+        return field.form == FieldForm::NAME || field.form == FieldForm::VERSION ? Ink::NAME
+                                                                                 : Ink::NUMBER;
+    }
+
+    std::ostream& m_out;
+    TextStyle m_style;
+    bool m_isFirst = true;
+};
+
+/// One document, an object a line. What is inside the last line stays open until the next comes.
+class JsonWriter : public AnnotationWriter {
+public:
+    explicit JsonWriter(std::ostream& out) : m_out(out) { m_out << "{\"parts\":["; }
+
+    void beginPart(const AnnotatedPart& part) override {
+        Json json{{"part", wordOf(part.kind)}, {"offset", part.offset}, {"size", part.size}};
+        if (part.kind == AnnotatedPart::Kind::RECORD)
+            json["types"] = part.typeIds;
+        if (part.head.isThere)
+            json["kind"] = part.head.kind;
+        m_out << (m_hasPart ? ",\n" : "\n") << opened(json) << ",\"fields\":[";
+        m_hasPart = true;
+        m_hasField = false;
+    }
+
+    void field(const RecordField& field, StorageWindow& storage) override {
+        closeField();
+        Json json{{"offset", field.offset},   {"size", field.size},
+                  {"field", field.name},      {"value", field.value},
+                  {"meaning", field.meaning}, {"state", wordOf(field.state)}};
+        if (field.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
+            json["type"] = field.typeId;
+        openField(json);
+        m_out << ",\"bytes\":\"";
+        const unsigned long long size = shownSize(field);
+        for (unsigned long long at = 0; at < size; at += PIECE_SIZE) {
+            const auto count =
+                static_cast<std::size_t>(std::min<unsigned long long>(PIECE_SIZE, size - at));
+            m_out << hexOf({storage.at(field.offset + at, count), count});
+        }
+        m_out << '"';
+    }
+
+    void finding(const Finding& finding) override {
+        if (!m_isFieldOpen)
+            openField(Json{{"offset", finding.offset}});
+        m_out << (m_hasFinding ? "," : ",\"findings\":[")
+              << textOf({{"severity", severityText(finding.severity)},
+                         {"code", codeText(finding.code)},
+                         {"field", finding.field},
+                         {"offset", finding.offset},
+                         {"text", finding.text}});
+        m_hasFinding = true;
+    }
+
+    void endPart() override {
+        closeField();
+        m_out << "]}";
+    }
+
+    void end(std::size_t errors, std::size_t warnings) override {
+        m_out << "\n]," << textOf({{"errors", errors}, {"warnings", warnings}}).substr(1) << '\n';
+    }
+
+private:
+    static std::string textOf(const Json& json) { return json.dump(-1, ' ', true); }
+
+    /// An object to which members are still to be added.
+    static std::string opened(const Json& json) {
+        std::string text = textOf(json);
+        text.pop_back();
+        return text;
+    }
+
+    void openField(const Json& json) {
+        m_out << (m_hasField ? ",\n" : "\n") << opened(json);
+        m_hasField = m_isFieldOpen = true;
+        m_hasFinding = false;
+    }
+
+    void closeField() {
+        if (m_isFieldOpen)
+            m_out << (m_hasFinding ? "]}" : "}");
+        m_isFieldOpen = false;
+    }
+
+    std::ostream& m_out;
+    bool m_hasPart = false;
+    bool m_hasField = false;
+    bool m_isFieldOpen = false;
+    bool m_hasFinding = false;
+};
+
+} // namespace
+
+std::unique_ptr<AnnotationWriter> annotationWriter(std::ostream& out, AnnotationForm form,
+                                                   const TextStyle& style) {
+    if (form == AnnotationForm::JSON)
+        return std::make_unique<JsonWriter>(out);
+    return std::make_unique<TextWriter>(out, style);
+}
+
+} // namespace Inspect

@@ -1,0 +1,91 @@
+#include "Inspect/declarations/DeclarationOrder.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace Inspect {
+
+DeclarationOrder::DeclarationOrder(const TypeTable& types, const LanguageDeclarations& language,
+                                   DeclarationSink& sink)
+    : m_language(language), m_sink(sink), m_states(types.count, State::NEW),
+      m_isAnnounced(types.count) {}
+
+void DeclarationOrder::add(unsigned int id) {
+    if (m_states[id] != State::NEW)
+        return;
+    enter(id);
+    while (!m_visits.empty()) {
+        if (m_visits.back().nextNeed < m_needs.size())
+            follow(m_visits.back());
+        else
+            leave();
+    }
+}
+
+void DeclarationOrder::finish() {
+    // Declaring a type may announce more.
+    for (std::size_t i = 0; i < m_announced.size(); ++i)
+        add(m_announced[i]);
+    m_announced.clear();
+}
+
+void DeclarationOrder::enter(unsigned int id) {
+    Visit visit = {id, m_needs.size(), m_needs.size(), m_language.obstacleOf(id)};
+    m_states[id] = State::ACTIVE;
+    if (visit.obstacle.empty() && !m_language.names().isPredefined(id)) {
+        m_language.needsOf(id, m_scratch);
+        m_needs.insert(m_needs.end(), m_scratch.begin(), m_scratch.end());
+    }
+    m_visits.push_back(std::move(visit));
+}
+
+void DeclarationOrder::follow(Visit& visit) {
+    const TypeNeed need = m_needs[visit.nextNeed];
+    if (!need.isForward && m_states[need.typeId] == State::NEW)
+        return enter(need.typeId);
+    ++visit.nextNeed;
+    if (visit.obstacle.empty())
+        visit.obstacle = obstacleIn(need);
+}
+
+/// What a need that has been followed stands in the way with.
+std::string DeclarationOrder::obstacleIn(const TypeNeed& need) const {
+    const State state = m_states[need.typeId];
+    if (state == State::OMITTED)
+        return fmt::format("type {} has no declaration", need.typeId);
+    if (need.isForward)
+        return state == State::NEW && !m_language.obstacleOf(need.typeId).empty()
+                   ? fmt::format("type {} has no declaration", need.typeId)
+                   : "";
+    return state == State::ACTIVE
+               ? fmt::format("it needs type {}, which needs it in turn", need.typeId)
+               : "";
+}
+
+void DeclarationOrder::leave() {
+    Visit visit = std::move(m_visits.back());
+    m_visits.pop_back();
+    if (visit.obstacle.empty()) {
+        announceNeeds(visit);
+        m_sink.declare(visit.id);
+    } else {
+        m_sink.omit(visit.id, visit.obstacle);
+    }
+    m_states[visit.id] = visit.obstacle.empty() ? State::DECLARED : State::OMITTED;
+    m_needs.resize(visit.firstNeed);
+}
+
+void DeclarationOrder::announceNeeds(Visit& visit) {
+    for (std::size_t i = visit.firstNeed; i < m_needs.size(); ++i) {
+        const unsigned int id = m_needs[i].typeId;
+        if (!m_needs[i].isForward || id == visit.id || m_states[id] == State::DECLARED ||
+            m_isAnnounced[id])
+            continue;
+        m_isAnnounced[id] = true;
+        m_announced.push_back(id);
+        m_sink.announce(id);
+    }
+}
+
+} // namespace Inspect

@@ -1,0 +1,305 @@
+#include "Inspect/declarations/DeclaredNames.h"
+
+#include "Inspect/declarations/Identifiers.h"
+#include "Inspect/declarations/PredefinedTypes.h"
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <unordered_set>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+constexpr std::uint64_t PREDEFINED = ~0ull;
+
+/// VHDL's enumeration literals are overloaded: many types may have one of the same name.
+constexpr std::uint64_t OVERLOADED = ~1ull;
+
+/// Typedefs are followed to the type whose declaration they share through this many.
+constexpr int CHAIN_LIMIT = 1000;
+
+std::uint64_t typeOwner(unsigned int id) { return 2ull * id; }
+
+std::string_view nameOf(const RTBaseType& type) {
+    return type.m_name != nullptr ? type.m_name : "";
+}
+
+/// The names of the literals or units of a type.
+std::vector<std::string_view> literalsOf(const RTBaseType& type) {
+    std::vector<std::string_view> names;
+    switch (type.GetClassId()) {
+    case ClassId::SEQ_ENUM:
+        for (const char* name : static_cast<const RTSeqEnumType&>(type).m_enumeratorNames)
+            names.emplace_back(name != nullptr ? name : "");
+        break;
+    case ClassId::DISCRETE_ENUM:
+        for (const auto& literal : static_cast<const RTDiscreteEnumType&>(type).m_enumerators)
+            names.emplace_back(literal.enumName);
+        break;
+    case ClassId::PHYSICAL:
+        for (const auto& unit : static_cast<const RTPhysicalType&>(type).m_units)
+            names.emplace_back(unit.unitName);
+        break;
+    default: break;
+    }
+    return names;
+}
+
+std::string spelled(SourceLanguage language, std::string_view name) {
+    if (language == SourceLanguage::VHDL && isCharacterLiteral(name))
+        return std::string(name);
+    return identifierOf(language, name);
+}
+
+} // namespace
+
+DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming)
+    : m_types(types), m_language(language), m_naming(naming) {
+    if (naming == Naming::OWN)
+        return;
+    m_isOfLanguage.resize(types.count);
+    m_yields.resize(types.count);
+    m_predefined.resize(types.count);
+    m_keepsName.resize(types.count);
+    findLanguages();
+    claimPredefined();
+    claimTypes();
+    claimLiterals();
+}
+
+/// A typedef mostly follows its data type: long chains of them are not walked again for each.
+void DeclaredNames::findLanguages() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr)
+            continue;
+        const unsigned int data = type->GetClassId() == ClassId::TYPEDEF
+                                      ? static_cast<const RTTypedefType*>(type)->m_dataTypeId
+                                      : id;
+        m_isOfLanguage[id] = data < id && m_types.typeOf(data) != nullptr
+                                 ? m_isOfLanguage[data]
+                                 : languageOf(*type) == m_language;
+    }
+}
+
+bool DeclaredNames::isOfLanguage(unsigned int id) const {
+    if (m_naming == Naming::DISTINCT)
+        return id < m_isOfLanguage.size() && m_isOfLanguage[id];
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr && languageOf(*type) == m_language;
+}
+
+void DeclaredNames::claimPredefined() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (!isOfLanguage(id))
+            continue;
+        if (m_language == SourceLanguage::SYSTEM_VERILOG) {
+            m_predefined[id] = !systemVerilogKeyword(*type).empty();
+        } else if (isPredefinedInVhdl(*type, m_types.typeOf)) {
+            m_predefined[id] = true;
+            claim(nameOf(*type), PREDEFINED);
+        }
+    }
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const auto* alias = dynamic_cast<const RTTypedefType*>(m_types.typeOf(id));
+        if (alias != nullptr && alias->m_dataTypeId < m_types.count && hasNameOfItsData(*alias) &&
+            !addsNothing(*alias) && !m_predefined[alias->m_dataTypeId])
+            m_yields[alias->m_dataTypeId] = true;
+    }
+}
+
+void DeclaredNames::claimTypes() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (!isOfLanguage(id) || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
+            declaredType(id) != id)
+            continue;
+        m_keepsName[id] = claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
+    }
+}
+
+void DeclaredNames::claimLiterals() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (!isOfLanguage(id) || m_predefined[id])
+            continue;
+        for (const std::string_view name : literalsOf(*type)) {
+            if (!name.empty())
+                claim(spelled(m_language, name), literalOwner(id));
+        }
+    }
+}
+
+DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr && type->GetClassId() == ClassId::SEQ_ENUM ? OVERLOADED
+                                                                      : typeOwner(id) + 1;
+}
+
+bool DeclaredNames::claim(std::string_view identifier, Owner owner) {
+    return m_owners.try_emplace(std::hash<std::string>()(identityOf(m_language, identifier)), owner)
+        .second;
+}
+
+const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier) const {
+    const auto found = m_owners.find(std::hash<std::string>()(identityOf(m_language, identifier)));
+    return found != m_owners.end() ? &found->second : nullptr;
+}
+
+bool DeclaredNames::isOwned(std::string_view identifier, Owner owner) const {
+    const Owner* found = ownerOf(identifier);
+    return found != nullptr && *found == owner;
+}
+
+bool DeclaredNames::isHidden(std::string_view literal) const {
+    const Owner* owner = ownerOf(literal);
+    return owner != nullptr && *owner != OVERLOADED && *owner != PREDEFINED;
+}
+
+bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
+    const RTBaseType* data = alias.m_dataType;
+    if (data == nullptr || nameOf(*data).empty() || nameOf(alias).size() != nameOf(*data).size())
+        return false;
+    return identityOf(m_language, identifierOf(m_language, nameOf(alias))) ==
+           identityOf(m_language, identifierOf(m_language, nameOf(*data)));
+}
+
+bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
+    const auto isOpen = [](const FullConstraints& range) {
+        return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
+    };
+    if (std::all_of(alias.m_constraints.begin(), alias.m_constraints.end(), isOpen))
+        return true;
+    const auto* integer = dynamic_cast<const RTIntType*>(alias.m_dataType);
+    if (integer == nullptr || alias.m_constraints.size() != 1)
+        return false;
+    const FullConstraints& range = alias.m_constraints.front();
+    return range.si == integer->m_constraint.si && range.ei == integer->m_constraint.ei &&
+           range.dir == integer->m_constraint.dir;
+}
+
+unsigned int DeclaredNames::declaredType(unsigned int id) const {
+    for (int i = 0; i < CHAIN_LIMIT; ++i) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
+            return id;
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        if (!hasNameOfItsData(alias) || !addsNothing(alias))
+            return id;
+        id = alias.m_dataTypeId;
+    }
+    return id;
+}
+
+bool DeclaredNames::isPredefined(unsigned int id) const {
+    if (m_naming == Naming::DISTINCT)
+        return id < m_predefined.size() && m_predefined[id];
+    const RTBaseType* type = m_types.typeOf(id);
+    return m_language == SourceLanguage::SYSTEM_VERILOG && type != nullptr &&
+           !systemVerilogKeyword(*type).empty();
+}
+
+std::string DeclaredNames::free(std::string name, const std::string& suffix) const {
+    std::string identifier;
+    do {
+        name = suffixed(m_language, name, suffix);
+        identifier = spelled(m_language, name);
+    } while (ownerOf(identifier) != nullptr);
+    return identifier;
+}
+
+std::string DeclaredNames::freeLiteral(std::string name, const std::string& suffix) const {
+    do
+        name = free(name, suffix);
+    while (isMadeForType(name));
+    return name;
+}
+
+bool DeclaredNames::isMadeForType(std::string_view identifier) const {
+    const std::size_t end = identifier.find_last_of("0123456789");
+    const std::size_t underline = identifier.rfind('_');
+    if (end == std::string_view::npos || underline == std::string_view::npos || end < underline)
+        return false;
+    const std::string_view digits = identifier.substr(underline + 1, end - underline);
+    unsigned int id = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), id);
+    if (read.ec != std::errc() || id >= m_types.count)
+        return false;
+    return isOfLanguage(id) && typeName(id) == identifier;
+}
+
+std::string DeclaredNames::typeName(unsigned int id) const {
+    id = declaredType(id);
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr || nameOf(*type).empty())
+        return madeName(id);
+    if (isPredefined(id))
+        return std::string(nameOf(*type));
+    const bool keepsName = m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]);
+    // A type of the other language is named where a declaration cannot be read in any case.
+    if (keepsName || !isOfLanguage(id))
+        return identifierOf(m_language, nameOf(*type));
+    return madeName(id);
+}
+
+std::string DeclaredNames::madeName(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    const bool isNamed = type != nullptr && !nameOf(*type).empty();
+    return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
+}
+
+std::vector<std::string> DeclaredNames::literalNames(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr)
+        return {};
+    const std::vector<std::string_view> names = literalsOf(*type);
+    std::vector<std::string> result;
+    std::unordered_set<std::string> used;
+    const Owner owner = literalOwner(id);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string name(names[i].empty() ? "literal" : names[i]);
+        std::string identifier = spelled(m_language, name);
+        const bool isFree =
+            m_naming == Naming::OWN || isPredefined(id) || isOwned(identifier, owner);
+        if (names[i].empty() || !isFree || used.count(identityOf(m_language, identifier)) != 0)
+            identifier = freeLiteral(name, '_' + std::to_string(id) + '_' + std::to_string(i));
+        used.insert(identityOf(m_language, identifier));
+        result.push_back(std::move(identifier));
+    }
+    return result;
+}
+
+std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type) const {
+    std::vector<std::string_view> names;
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (member != nullptr)
+            names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
+    }
+    std::unordered_set<std::string> taken;
+    for (const std::string_view name : names) {
+        if (!name.empty())
+            taken.insert(identityOf(m_language, identifierOf(m_language, name)));
+    }
+    std::vector<std::string> result;
+    std::unordered_set<std::string> used;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        std::string name(names[i].empty() ? "member" : names[i]);
+        std::string identifier = identifierOf(m_language, name);
+        bool isNew = !names[i].empty() && used.insert(identityOf(m_language, identifier)).second;
+        while (!isNew) {
+            name = suffixed(m_language, name, '_' + std::to_string(i));
+            identifier = identifierOf(m_language, name);
+            const std::string identity = identityOf(m_language, identifier);
+            isNew = taken.count(identity) == 0 && used.insert(identity).second;
+        }
+        result.push_back(std::move(identifier));
+    }
+    return result;
+}
+
+} // namespace Inspect

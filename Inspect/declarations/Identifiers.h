@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Inspect/declarations/SourceLanguage.h"
+
+#include <string>
+#include <string_view>
+
+namespace Inspect {
+
+/// The identifier that stands for a name in a language: the name itself where it is a legal one and
+/// no reserved word of IEEE 1076-2008 or IEEE 1800-2017; else VHDL's extended identifier, `\...\`,
+/// or SystemVerilog's escaped one, `\... ` with the space that ends it. What neither can hold
+/// (control characters, bytes beyond ASCII, in SystemVerilog spaces) is written as `\xHH` in it.
+/// Different names may so have the same identifier. The name must not be empty.
+std::string identifierOf(SourceLanguage language, std::string_view name);
+
+/// What a compiler tells identifiers apart by: without SystemVerilog's escape, and in lower case
+/// where VHDL makes no difference.
+std::string identityOf(SourceLanguage language, std::string_view identifier);
+
+/// A name with text added at its end, within the quotes of a VHDL extended identifier.
+std::string suffixed(SourceLanguage language, std::string_view name, std::string_view suffix);
+
+/// Whether a name is a VHDL character literal such as `'a'`, of printable ASCII.
+bool isCharacterLiteral(std::string_view name);
+
+} // namespace Inspect

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Inspect/declarations/DeclaredNames.h"
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+/// A type that a declaration names.
+struct TypeNeed {
+    unsigned int typeId; ///< Of the same file.
+    bool isForward;      ///< An announcement of the type is enough.
+};
+
+/// How one language declares types. The types and the names must outlive it.
+class LanguageDeclarations {
+public:
+    virtual ~LanguageDeclarations() = default;
+
+    /// The language that it writes.
+    SourceLanguage language() const { return m_language; }
+
+    /// The names that it calls types by.
+    const DeclaredNames& names() const { return m_names; }
+
+    /// Writes the declaration of a type, in lines that each have their end. Where the type cannot
+    /// be declared it is what comes next to it.
+    virtual void declare(std::ostream& out, unsigned int id) const = 0;
+
+    /// Announces a type whose declaration follows: an incomplete type of VHDL, a forward typedef
+    /// of SystemVerilog.
+    virtual std::string announcementOf(unsigned int id) const = 0;
+
+    /// Replaces `needs` by the types of the same file that the declaration names.
+    virtual void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const = 0;
+
+    /// Why the language has no declaration for the type, looking at this type alone; else empty.
+    std::string obstacleOf(unsigned int id) const;
+
+    /// What comments begin with.
+    std::string_view comment() const;
+
+protected:
+    /// Keeps references to both.
+    LanguageDeclarations(SourceLanguage language, const TypeTable& types,
+                         const DeclaredNames& names)
+        : m_language(language), m_types(types), m_names(names) {}
+
+    /// What `obstacleOf` tells beyond types that are missing or of another language.
+    virtual std::string ownObstacleOf(const RTTI::RTBaseType& type) const = 0;
+
+    /// Null for the id that says "no type", and where there is none.
+    const RTTI::RTBaseType* typeOf(unsigned int id) const {
+        return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
+    }
+
+    /// Whether the type has no name, or an empty one.
+    bool isUnnamed(unsigned int id) const;
+
+    /// The ranges from the index `first` on.
+    static std::string textOf(const std::vector<RTTI::FullConstraints>& ranges, std::size_t first);
+
+    /// A comment line of its own.
+    std::string remark(std::string_view text) const;
+
+    SourceLanguage m_language;    ///< The language that is written.
+    const TypeTable& m_types;     ///< Not owned.
+    const DeclaredNames& m_names; ///< Not owned.
+};
+
+} // namespace Inspect

@@ -1,0 +1,305 @@
+#include "Inspect/declarations/SystemVerilogDeclarations.h"
+
+#include "Inspect/declarations/EnumValues.h"
+#include "Inspect/declarations/PredefinedTypes.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+/// Arrays of arrays without names are written out up to this depth, then called by a name.
+constexpr int INLINE_LIMIT = 8;
+
+/// `text` with a space at its end, unless it has one: an escaped identifier ends with its own.
+std::string spaced(std::string text) {
+    if (!text.empty() && text.back() != ' ')
+        text += ' ';
+    return text;
+}
+
+bool isOpen(const FullConstraints& range) {
+    return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
+}
+
+std::string dimensionsOf(const RTArrayType& type) {
+    std::string text;
+    for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i) {
+        if (i >= type.m_constraints.size() || isOpen(type.m_constraints[i]))
+            text += "[]";
+        else
+            text += fmt::format("[{}:{}]", type.m_constraints[i].si, type.m_constraints[i].ei);
+    }
+    return text;
+}
+
+bool isPacked(const RTArrayType& type) { return type.m_arrayKind == VLOG_FIXED_PACKED_ARRAY; }
+
+bool isArray(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::ARRAY:
+    case ClassId::DYNAMIC_ARRAY:
+    case ClassId::QUEUE:
+    case ClassId::ASSOC_ARRAY: return true;
+    default: return false;
+    }
+}
+
+const char* aggregateWords(RecordKind kind) {
+    switch (kind) {
+    case VLOG_PACKED_STRUCT: return "struct packed";
+    case VLOG_PACKED_TAGGED_UNION: return "union tagged packed";
+    case VLOG_UNPACKED_TAGGED_UNION: return "union tagged";
+    case VLOG_PACKED_UNTAGGED_UNION: return "union packed";
+    case VLOG_UNPACKED_UNTAGGED_UNION: return "union";
+    default: return "struct";
+    }
+}
+
+std::string scalarWord(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::SEQ_ENUM:
+        return static_cast<const RTSeqEnumType&>(type).m_valueEncoding == ENCODING_2_STATE
+                   ? "bit"
+                   : "logic";
+    case ClassId::INT: return "int";
+    case ClassId::FLOAT: {
+        const int kind = static_cast<const RTFloatType&>(type).m_floatKind;
+        return kind == 2 ? "shortreal" : kind == 3 ? "realtime" : "real";
+    }
+    case ClassId::STRING: return "string";
+    case ClassId::EVENT: return "event";
+    case ClassId::CHANDLE: return "chandle";
+    default: return {};
+    }
+}
+
+} // namespace
+
+bool SystemVerilogDeclarations::isClass(unsigned int id) const {
+    const RTBaseType* type = typeOf(id);
+    return type != nullptr && type->GetClassId() == ClassId::CLASS;
+}
+
+SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int id,
+                                                                    Spelling spelling,
+                                                                    bool isPackedElement,
+                                                                    int depth) const {
+    const RTBaseType* type = typeOf(id);
+    if (type == nullptr || !isArray(*type))
+        return {m_names.typeName(id), ""};
+    // A predefined integer takes no packed dimensions: its own are written out.
+    const bool isInteger = isPackedElement && !systemVerilogKeyword(*type).empty();
+    const bool isWritten =
+        spelling == Spelling::BODY || isInteger || (isUnnamed(id) && depth < INLINE_LIMIT);
+    if (!isWritten)
+        return {m_names.typeName(id), ""};
+    switch (type->GetClassId()) {
+    case ClassId::ARRAY: return arrayParts(static_cast<const RTArrayType&>(*type), depth);
+    case ClassId::DYNAMIC_ARRAY:
+        return containerParts(static_cast<const RTAbstractArrayType&>(*type), "[]", depth);
+    case ClassId::QUEUE:
+        return containerParts(static_cast<const RTAbstractArrayType&>(*type), "[$]", depth);
+    default: {
+        const auto& map = static_cast<const RTAssocArrayType&>(*type);
+        return containerParts(map, '[' + indexOf(map) + ']', depth);
+    }
+    }
+}
+
+SystemVerilogDeclarations::Parts SystemVerilogDeclarations::arrayParts(const RTArrayType& type,
+                                                                       int depth) const {
+    Parts parts = partsOf(type.m_elementTypeId, Spelling::NAME, isPacked(type), depth + 1);
+    if (!isPacked(type)) {
+        parts.after = dimensionsOf(type) + parts.after;
+        return parts;
+    }
+    // The dimensions of the outer array stand before those of its elements.
+    const std::size_t inner = parts.before.find(" [");
+    const std::size_t place = inner == std::string::npos ? parts.before.size() : inner + 1;
+    if (place == parts.before.size())
+        parts.before = spaced(parts.before) + dimensionsOf(type);
+    else
+        parts.before.insert(place, dimensionsOf(type));
+    return parts;
+}
+
+SystemVerilogDeclarations::Parts
+SystemVerilogDeclarations::containerParts(const RTAbstractArrayType& type,
+                                          const std::string& dimension, int depth) const {
+    Parts parts = partsOf(type.m_elementTypeId, Spelling::NAME, false, depth + 1);
+    parts.after = dimension + parts.after;
+    return parts;
+}
+
+std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type) const {
+    const RTBaseType* index = typeOf(type.m_indexTypeId);
+    if (index != nullptr && index->GetClassId() == ClassId::WILDCARD)
+        return "*";
+    return m_names.typeName(type.m_indexTypeId);
+}
+
+std::string SystemVerilogDeclarations::ending(const std::string& name, const Parts& parts) {
+    return (parts.after.empty() ? name : spaced(name)) + parts.after + ';';
+}
+
+std::string SystemVerilogDeclarations::withoutPlace(const std::vector<FullConstraints>& ranges,
+                                                    std::size_t first) {
+    return first < ranges.size() ? " // no place for: " + textOf(ranges, first) : "";
+}
+
+std::string SystemVerilogDeclarations::typedefOf(unsigned int id, const Parts& parts) const {
+    return "typedef " + spaced(parts.before) + ending(m_names.typeName(id), parts);
+}
+
+void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
+                                            const RTDiscreteEnumType& type) const {
+    const std::vector<std::string> literals = m_names.literalNames(id);
+    const bool isFourState = type.getValueEncoding() == ENCODING_4_STATE;
+    const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
+    const unsigned int width = packedWidth(type.m_baseType).value_or(std::max(bytes, 1U) * 8);
+    out << "typedef enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
+    for (std::size_t i = 0; i < literals.size(); ++i)
+        out << "    " << spaced(literals[i]) << "= "
+            << enumValue(type.m_enumerators[i].value, type.m_valueSize, width, isFourState)
+            << (i + 1 < literals.size() ? ",\n" : "\n");
+    out << "} " << ending(m_names.typeName(id), {}) << withoutPlace(type.m_constraints) << '\n';
+}
+
+void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType& type) const {
+    const std::vector<std::string> names = m_names.memberNames(type);
+    std::size_t position = 0;
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (member == nullptr)
+            continue;
+        const Parts parts = partsOf(member->m_typeId, Spelling::NAME);
+        out << "    " << spaced(parts.before) << ending(names[position++], parts);
+        const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(member);
+        if (classMember != nullptr && classMember->m_memberFlag)
+            out << " // flagged";
+        out << withoutPlace(member->m_constraints) << '\n';
+    }
+}
+
+void SystemVerilogDeclarations::aggregate(std::ostream& out, unsigned int id,
+                                          const RTRecordType& type) const {
+    out << "typedef " << aggregateWords(type.m_recordKind) << " {\n";
+    members(out, type);
+    out << "} " << ending(m_names.typeName(id), {}) << '\n';
+}
+
+void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int id,
+                                                 const RTClassType& type) const {
+    const std::string name = m_names.typeName(id);
+    out << "class ";
+    if (type.m_baseClassTypeId != TypeFileFormat::NO_TYPE_ID)
+        out << spaced(name) << "extends " << m_names.typeName(type.m_baseClassTypeId) << ";\n";
+    else
+        out << name << ";\n";
+    members(out, type);
+    out << "endclass\n";
+}
+
+void SystemVerilogDeclarations::array(std::ostream& out, unsigned int id,
+                                      const RTBaseType& type) const {
+    out << typedefOf(id, partsOf(id, Spelling::BODY));
+    if (const auto* fixed = dynamic_cast<const RTArrayType*>(&type))
+        out << withoutPlace(fixed->m_constraints, fixed->m_indexTypeIds.size());
+    out << '\n';
+}
+
+void SystemVerilogDeclarations::declare(std::ostream& out, unsigned int id) const {
+    const RTBaseType* type = typeOf(id);
+    if (type == nullptr) {
+        out << remark("there is no such type");
+        return;
+    }
+    const std::string_view keyword = systemVerilogKeyword(*type);
+    if (!keyword.empty()) {
+        out << remark(std::string(keyword) + " is built in");
+        return;
+    }
+    switch (type->GetClassId()) {
+    case ClassId::DISCRETE_ENUM:
+        return enumeration(out, id, static_cast<const RTDiscreteEnumType&>(*type));
+    case ClassId::TYPEDEF: {
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        out << typedefOf(id, partsOf(alias.m_dataTypeId, Spelling::NAME))
+            << withoutPlace(alias.m_constraints) << '\n';
+        return;
+    }
+    case ClassId::RECORD: return aggregate(out, id, static_cast<const RTRecordType&>(*type));
+    case ClassId::CLASS: return classDeclaration(out, id, static_cast<const RTClassType&>(*type));
+    case ClassId::WILDCARD: out << remark("any index of an associative array: [*]"); return;
+    default: break;
+    }
+    if (isArray(*type))
+        return array(out, id, *type);
+    const std::string word = scalarWord(*type);
+    out << (word.empty() ? remark("SystemVerilog has no such type")
+                         : typedefOf(id, {word, ""}) + '\n');
+}
+
+std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {
+    return fmt::format("typedef class {};\n", m_names.typeName(id));
+}
+
+void SystemVerilogDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) const {
+    needs.clear();
+    const RTBaseType* type = typeOf(id);
+    if (type == nullptr || !systemVerilogKeyword(*type).empty())
+        return;
+    const auto need = [&](unsigned int needed) { needs.push_back({needed, isClass(needed)}); };
+    switch (type->GetClassId()) {
+    case ClassId::TYPEDEF: return need(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
+    case ClassId::DISCRETE_ENUM:
+        return need(static_cast<const RTDiscreteEnumType&>(*type).m_baseTypeId);
+    case ClassId::ARRAY: return need(static_cast<const RTArrayType&>(*type).m_elementTypeId);
+    case ClassId::DYNAMIC_ARRAY:
+    case ClassId::QUEUE:
+        return need(static_cast<const RTAbstractArrayType&>(*type).m_elementTypeId);
+    case ClassId::ASSOC_ARRAY:
+        need(static_cast<const RTAssocArrayType&>(*type).m_elementTypeId);
+        return need(static_cast<const RTAssocArrayType&>(*type).m_indexTypeId);
+    case ClassId::CLASS: {
+        const auto base = static_cast<const RTClassType&>(*type).m_baseClassTypeId;
+        if (base != TypeFileFormat::NO_TYPE_ID)
+            needs.push_back({base, false});
+        break;
+    }
+    default: break;
+    }
+    if (const auto* aggregate = dynamic_cast<const RTAggregateType*>(type)) {
+        for (const auto* member : aggregate->m_members) {
+            if (member != nullptr)
+                need(member->m_typeId);
+        }
+    }
+}
+
+std::string SystemVerilogDeclarations::ownObstacleOf(const RTBaseType& type) const {
+    if (const auto* array = dynamic_cast<const RTArrayType*>(&type)) {
+        if (array->m_indexTypeIds.empty())
+            return "an array has at least one dimension";
+        if (isPacked(*array) && dimensionsOf(*array).find("[]") != std::string::npos)
+            return "a packed dimension has bounds";
+        return {};
+    }
+    if (const auto* record = dynamic_cast<const RTRecordType*>(&type)) {
+        const auto& members = record->m_members;
+        const bool isEmpty = std::all_of(members.begin(), members.end(),
+                                         [](const auto* member) { return member == nullptr; });
+        return isEmpty && systemVerilogKeyword(type).empty() ? "a struct has at least one member"
+                                                             : "";
+    }
+    if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type))
+        return discrete->m_enumerators.empty() ? "an enumeration has at least one literal" : "";
+    return {};
+}
+
+} // namespace Inspect

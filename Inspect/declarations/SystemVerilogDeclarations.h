@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Inspect/declarations/LanguageDeclarations.h"
+
+namespace Inspect {
+
+/// Declarations of IEEE 1800-2017.
+class SystemVerilogDeclarations : public LanguageDeclarations {
+public:
+    /// Keeps references to both.
+    SystemVerilogDeclarations(const TypeTable& types, const DeclaredNames& names)
+        : LanguageDeclarations(SourceLanguage::SYSTEM_VERILOG, types, names) {}
+
+    void declare(std::ostream& out, unsigned int id) const override;
+    std::string announcementOf(unsigned int id) const override;
+    void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
+
+private:
+    /// A type as a declaration has it around a name: `logic [7:0]` before, ` [0:3]` after.
+    struct Parts {
+        std::string before;
+        std::string after;
+    };
+
+    /// Whether a type is written out or called by its name.
+    enum class Spelling { NAME, BODY };
+
+    std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
+
+    /// Arrays without a name are written out within others, up to a depth.
+    Parts partsOf(unsigned int id, Spelling spelling, bool isPackedElement = false,
+                  int depth = 0) const;
+    Parts arrayParts(const RTTI::RTArrayType& type, int depth) const;
+    Parts containerParts(const RTTI::RTAbstractArrayType& type, const std::string& dimension,
+                         int depth) const;
+
+    /// `name after;`: the name that a typedef or a member ends with.
+    static std::string ending(const std::string& name, const Parts& parts);
+
+    /// Ranges that a declaration has no place for, as a comment at the end of its line.
+    static std::string withoutPlace(const std::vector<RTTI::FullConstraints>& ranges,
+                                    std::size_t first = 0);
+
+    std::string typedefOf(unsigned int id, const Parts& parts) const;
+    void enumeration(std::ostream& out, unsigned int id,
+                     const RTTI::RTDiscreteEnumType& type) const;
+    void aggregate(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
+    void classDeclaration(std::ostream& out, unsigned int id, const RTTI::RTClassType& type) const;
+    void members(std::ostream& out, const RTTI::RTAggregateType& type) const;
+    void array(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type) const;
+    std::string indexOf(const RTTI::RTAssocArrayType& type) const;
+    bool isClass(unsigned int id) const;
+};
+
+} // namespace Inspect

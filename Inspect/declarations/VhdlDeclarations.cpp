@@ -1,0 +1,460 @@
+#include "Inspect/declarations/VhdlDeclarations.h"
+
+#include "Inspect/declarations/Identifiers.h"
+#include "Inspect/words/TypeText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+/// Typedefs, and nested arrays and records, are followed through this many.
+constexpr int CHAIN_LIMIT = 1000;
+constexpr int NESTING_LIMIT = 64;
+
+/// So many types are looked at for one constraint; what comes after them is left out.
+constexpr int VISIT_LIMIT = 10000;
+
+/// The literals of larger enumerations are named by their position.
+constexpr std::size_t LITERAL_LIMIT = 1000;
+
+constexpr const char* NO_PLACE = " /* no place for: {} */";
+
+constexpr std::size_t LINE_WIDTH = 92;
+
+bool isOpen(const FullConstraints& range) {
+    return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
+}
+
+bool isDirection(int direction) {
+    return direction == TypeFileFormat::DOWNTO_DIRECTION ||
+           direction == TypeFileFormat::TO_DIRECTION;
+}
+
+std::string directionOf(int direction) {
+    if (isDirection(direction))
+        return direction == TypeFileFormat::DOWNTO_DIRECTION ? "downto" : "to";
+    return fmt::format("to /* direction {} */", direction);
+}
+
+/// Writes `items` in lines of ordinary length, indented and separated by commas.
+void writeFilled(std::ostream& out, const std::vector<std::string>& items) {
+    out << "    ";
+    std::size_t column = 4;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const std::size_t length = items[i].size() + (i + 1 < items.size() ? 1 : 0);
+        if (column > 4 && column + length + 1 > LINE_WIDTH) {
+            out << "\n    ";
+            column = 4;
+        } else if (i != 0) {
+            out << ' ';
+            ++column;
+        }
+        out << items[i] << (i + 1 < items.size() ? "," : "");
+        column += length;
+    }
+}
+
+/// The range of a dimension that an array with an open dimension has no place for.
+std::string lostRange(const RTArrayType& type, std::size_t dimension) {
+    if (dimension >= type.m_constraints.size() || isOpen(type.m_constraints[dimension]))
+        return {};
+    return " /* " + rangeText(type.m_constraints[dimension]) + " */";
+}
+
+} // namespace
+
+std::string realLiteral(double number) {
+    std::string text = fmt::format("{}", number);
+    if (!std::isfinite(number))
+        return text;
+    const std::size_t exponent = text.find('e');
+    const std::size_t mantissa = exponent != std::string::npos ? exponent : text.size();
+    if (text.find('.') == std::string::npos)
+        text.insert(mantissa, ".0");
+    return text;
+}
+
+/// Writes what a list of ranges constrains in a type. Open dimensions take the ranges of the levels
+/// around them in order; the innermost level that has one gives it. What the levels within the type
+/// itself give is not repeated: `open` stands for it.
+class VhdlDeclarations::ConstraintText {
+public:
+    ConstraintText(const VhdlDeclarations& declarations, const Ranges& ranges)
+        : m_declarations(declarations) {
+        m_levels.push_back({&ranges, 0});
+    }
+
+    /// The ranges from here on found no place in the type.
+    std::size_t firstLeft() const {
+        return std::min(m_levels.front().next, m_levels.front().ranges->size());
+    }
+
+    std::string of(unsigned int id) {
+        const RTBaseType* type = m_declarations.typeOf(id);
+        if (type == nullptr || isUsedUp() || ++m_visits > VISIT_LIMIT ||
+            m_levels.size() > NESTING_LIMIT)
+            return {};
+        switch (type->GetClassId()) {
+        case ClassId::TYPEDEF: return ofTypedef(static_cast<const RTTypedefType&>(*type));
+        case ClassId::ARRAY: return ofArray(static_cast<const RTArrayType&>(*type));
+        case ClassId::RECORD: return ofRecord(static_cast<const RTRecordType&>(*type));
+        default: return {};
+        }
+    }
+
+    /// Whether the type had a place for each range.
+    bool isUsedUp() const {
+        const Ranges& ranges = *m_levels.front().ranges;
+        return std::all_of(ranges.begin() + static_cast<std::ptrdiff_t>(firstLeft()), ranges.end(),
+                           isOpen);
+    }
+
+private:
+    struct Level {
+        const Ranges* ranges;
+        std::size_t next;
+    };
+
+    std::string ofTypedef(const RTTypedefType& type) {
+        m_levels.push_back({&type.m_constraints, 0});
+        std::string text = of(type.m_dataTypeId);
+        m_levels.pop_back();
+        return text;
+    }
+
+    std::string ofArray(const RTArrayType& type) {
+        m_levels.push_back({&type.m_constraints, 0});
+        std::string dimensions;
+        bool isConstrained = false;
+        for (const unsigned int index : type.m_indexTypeIds) {
+            const FullConstraints* range = take();
+            isConstrained = isConstrained || range != nullptr;
+            dimensions += (dimensions.empty() ? "" : ", ") +
+                          (range != nullptr ? m_declarations.discreteRange(index, *range) : "open");
+        }
+        const std::string element = of(type.m_elementTypeId);
+        m_levels.pop_back();
+        if (isConstrained)
+            return '(' + dimensions + ')' + element;
+        return element.empty() ? "" : "(open)" + element;
+    }
+
+    std::string ofRecord(const RTRecordType& type) {
+        if (type.m_members.size() > VISIT_LIMIT)
+            return {};
+        const std::vector<std::string> names = m_declarations.m_names.memberNames(type);
+        std::string members;
+        std::size_t position = 0;
+        for (const RTAggregateType::t_Member* member : type.m_members) {
+            if (member == nullptr)
+                continue;
+            m_levels.push_back({&member->m_constraints, 0});
+            const std::string text = of(member->m_typeId);
+            m_levels.pop_back();
+            if (!text.empty())
+                members += (members.empty() ? "" : ", ") + names[position] + text;
+            ++position;
+        }
+        return members.empty() ? "" : '(' + members + ')';
+    }
+
+    /// The range of the next open dimension if the outermost level gives it, else null.
+    const FullConstraints* take() {
+        for (auto level = m_levels.rbegin(); level != m_levels.rend(); ++level) {
+            if (level->next >= level->ranges->size())
+                continue;
+            const FullConstraints& range = (*level->ranges)[level->next++];
+            if (!isOpen(range))
+                return level + 1 == m_levels.rend() ? &range : nullptr;
+        }
+        return nullptr;
+    }
+
+    const VhdlDeclarations& m_declarations;
+    std::vector<Level> m_levels;
+    int m_visits = 0;
+};
+
+std::optional<unsigned int> VhdlDeclarations::baseOf(unsigned int id) const {
+    for (int i = 0; i < CHAIN_LIMIT; ++i) {
+        const RTBaseType* type = typeOf(id);
+        if (type == nullptr)
+            return std::nullopt;
+        if (type->GetClassId() != ClassId::TYPEDEF)
+            return id;
+        id = static_cast<const RTTypedefType*>(type)->m_dataTypeId;
+    }
+    return std::nullopt;
+}
+
+std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId, int value) const {
+    if (base == nullptr)
+        return std::to_string(value);
+    if (base->GetClassId() == ClassId::FLOAT)
+        return realLiteral(value);
+    if (base->GetClassId() == ClassId::PHYSICAL) {
+        const auto& units = static_cast<const RTPhysicalType*>(base)->m_units;
+        return units.empty()
+                   ? std::to_string(value)
+                   : fmt::format("{} {}", value, identifierOf(m_language, units[0].unitName));
+    }
+    if (base->GetClassId() != ClassId::SEQ_ENUM)
+        return std::to_string(value);
+    const auto& literals = static_cast<const RTSeqEnumType*>(base)->m_enumeratorNames;
+    if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
+        literals.size() <= LITERAL_LIMIT) {
+        std::string literal = m_names.literalNames(baseId)[static_cast<std::size_t>(value)];
+        const bool isHidden = m_names.isPredefined(baseId) && !isCharacterLiteral(literal) &&
+                              m_names.isHidden(literal);
+        if (!isHidden)
+            return literal;
+    }
+    return fmt::format("{}'val({})", m_names.typeName(baseId), value);
+}
+
+std::string VhdlDeclarations::scalarRange(const RTBaseType& base, unsigned int baseId,
+                                          const FullConstraints& range) const {
+    return fmt::format("{} {} {}", bound(&base, baseId, range.si), directionOf(range.dir),
+                       bound(&base, baseId, range.ei));
+}
+
+std::string VhdlDeclarations::discreteRange(unsigned int indexTypeId,
+                                            const FullConstraints& range) const {
+    const std::optional<unsigned int> baseId = baseOf(indexTypeId);
+    const RTBaseType* base = baseId ? typeOf(*baseId) : nullptr;
+    if (base == nullptr)
+        return fmt::format("{} {} {}", range.si, directionOf(range.dir), range.ei);
+    return scalarRange(*base, *baseId, range);
+}
+
+std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) const {
+    if (std::all_of(ranges.begin(), ranges.end(), isOpen))
+        return {};
+    const std::optional<unsigned int> baseId = baseOf(id);
+    if (!baseId)
+        return {};
+    const RTBaseType& base = *typeOf(*baseId);
+    switch (base.GetClassId()) {
+    case ClassId::INT:
+    case ClassId::FLOAT:
+    case ClassId::PHYSICAL:
+    case ClassId::SEQ_ENUM:
+        return " range " + scalarRange(base, *baseId, ranges.front()) +
+               (ranges.size() > 1 ? fmt::format(NO_PLACE, textOf(ranges, 1)) : "");
+    default: break;
+    }
+    ConstraintText text(*this, ranges);
+    const std::string constraint = text.of(id);
+    return constraint +
+           (text.isUsedUp() ? "" : fmt::format(NO_PLACE, textOf(ranges, text.firstLeft())));
+}
+
+std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
+    const bool isPlain = std::all_of(ranges.begin(), ranges.end(), isOpen);
+    const RTBaseType* type = typeOf(id);
+    if (isPlain && isUnnamed(id) && type->GetClassId() == ClassId::TYPEDEF) {
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        if (typeOf(alias.m_dataTypeId) != nullptr && !isUnnamed(alias.m_dataTypeId))
+            return m_names.typeName(alias.m_dataTypeId) +
+                   constraint(alias.m_dataTypeId, alias.m_constraints);
+    }
+    return m_names.typeName(id) + constraint(id, ranges);
+}
+
+void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id) const {
+    const std::vector<std::string> literals = m_names.literalNames(id);
+    const std::string start = fmt::format("type {} is (", m_names.typeName(id));
+    std::size_t width = start.size() + 2;
+    for (std::size_t i = 0; i < literals.size() && width <= LINE_WIDTH; ++i)
+        width += literals[i].size() + (i == 0 ? 0 : 2);
+    out << start;
+    if (width <= LINE_WIDTH) {
+        for (std::size_t i = 0; i < literals.size(); ++i)
+            out << (i == 0 ? "" : ", ") << literals[i];
+    } else {
+        out << '\n';
+        writeFilled(out, literals);
+    }
+    out << ");\n";
+}
+
+std::string VhdlDeclarations::real(const RTFloatType& type) const {
+    return fmt::format("{} {} {}", realLiteral(type.m_left), directionOf(type.m_direction),
+                       realLiteral(type.m_right));
+}
+
+void VhdlDeclarations::physical(std::ostream& out, unsigned int id,
+                                const RTPhysicalType& type) const {
+    out << "type " << m_names.typeName(id)
+        << " is range -9223372036854775807 to 9223372036854775807 -- not recorded\n"
+           "    units\n";
+    const std::vector<std::string> units = m_names.literalNames(id);
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        out << "        " << units[i];
+        if (i != 0)
+            out << " = " << type.m_units[i].value << ' ' << units[0];
+        out << ";\n";
+    }
+    out << "    end units;\n";
+}
+
+void VhdlDeclarations::array(std::ostream& out, unsigned int id, const RTArrayType& type) const {
+    const std::size_t count = type.m_indexTypeIds.size();
+    const std::size_t given = std::min(count, type.m_constraints.size());
+    const auto rest = type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given);
+    const bool isConstrained =
+        given == count && std::none_of(type.m_constraints.begin(), rest, isOpen);
+    out << "type " << m_names.typeName(id) << " is array (";
+    for (std::size_t i = 0; i < count; ++i) {
+        const unsigned int index = type.m_indexTypeIds[i];
+        const bool hasIndex = index != TypeFileFormat::NO_TYPE_ID;
+        const std::string name = hasIndex ? indication(index, {}) : "integer";
+        out << (i == 0 ? "" : ", ");
+        if (!isConstrained)
+            out << name << " range <>" << lostRange(type, i);
+        else
+            out << (hasIndex ? name + " range " : "")
+                << discreteRange(index, type.m_constraints[i]);
+    }
+    out << ") of " << indication(type.m_elementTypeId, Ranges(rest, type.m_constraints.end()))
+        << ";\n";
+}
+
+void VhdlDeclarations::record(std::ostream& out, unsigned int id, const RTRecordType& type) const {
+    const std::vector<std::string> names = m_names.memberNames(type);
+    out << "type " << m_names.typeName(id) << " is record\n";
+    std::size_t position = 0;
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (member != nullptr)
+            out << "    " << names[position++] << " : "
+                << indication(member->m_typeId, member->m_constraints) << ";\n";
+    }
+    out << "end record;\n";
+}
+
+void VhdlDeclarations::subtype(std::ostream& out, unsigned int id,
+                               const RTTypedefType& type) const {
+    const std::string name = m_names.typeName(id);
+    out << "subtype " << name << " is ";
+    if (typeOf(type.m_dataTypeId) != nullptr && m_names.typeName(type.m_dataTypeId) == name)
+        out << m_names.madeName(type.m_dataTypeId)
+            << constraint(type.m_dataTypeId, type.m_constraints);
+    else
+        out << indication(type.m_dataTypeId, type.m_constraints);
+    out << ";\n";
+}
+
+void VhdlDeclarations::declare(std::ostream& out, unsigned int id) const {
+    const RTBaseType* type = typeOf(id);
+    if (type == nullptr) {
+        out << remark("there is no such type");
+        return;
+    }
+    const auto line = [&](const std::string& definition) {
+        out << "type " << m_names.typeName(id) << " is " << definition << ";\n";
+    };
+    switch (type->GetClassId()) {
+    case ClassId::SEQ_ENUM: return enumeration(out, id);
+    case ClassId::INT:
+        return line("range " + discreteRange(TypeFileFormat::NO_TYPE_ID,
+                                             static_cast<const RTIntType*>(type)->m_constraint));
+    case ClassId::FLOAT: return line("range " + real(static_cast<const RTFloatType&>(*type)));
+    case ClassId::PHYSICAL: return physical(out, id, static_cast<const RTPhysicalType&>(*type));
+    case ClassId::ACCESS:
+        return line("access " +
+                    indication(designated(static_cast<const RTAccessType&>(*type)), {}));
+    case ClassId::FILE_TYPE:
+        return line("file of " + indication(static_cast<const RTFileType&>(*type).m_refTypeId, {}));
+    case ClassId::ARRAY: return array(out, id, static_cast<const RTArrayType&>(*type));
+    case ClassId::RECORD: return record(out, id, static_cast<const RTRecordType&>(*type));
+    case ClassId::TYPEDEF: return subtype(out, id, static_cast<const RTTypedefType&>(*type));
+    default: out << remark("VHDL has no such type");
+    }
+}
+
+std::string VhdlDeclarations::announcementOf(unsigned int id) const {
+    return fmt::format("type {};\n", m_names.typeName(id));
+}
+
+void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) const {
+    needs.clear();
+    const RTBaseType* type = typeOf(id);
+    if (type == nullptr)
+        return;
+    const auto need = [&](unsigned int needed) { needs.push_back({needed, false}); };
+    switch (type->GetClassId()) {
+    case ClassId::TYPEDEF: return need(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
+    case ClassId::FILE_TYPE: return need(static_cast<const RTFileType&>(*type).m_refTypeId);
+    case ClassId::ACCESS: {
+        const unsigned int target = designated(static_cast<const RTAccessType&>(*type));
+        const RTBaseType* designatedType = typeOf(target);
+        const bool isSubtype =
+            designatedType != nullptr && designatedType->GetClassId() == ClassId::TYPEDEF;
+        return needs.push_back({target, !isSubtype});
+    }
+    case ClassId::ARRAY: {
+        const auto& array = static_cast<const RTArrayType&>(*type);
+        need(array.m_elementTypeId);
+        for (const unsigned int index : array.m_indexTypeIds) {
+            if (index != TypeFileFormat::NO_TYPE_ID)
+                need(index);
+        }
+        return;
+    }
+    case ClassId::RECORD:
+        for (const auto* member : static_cast<const RTRecordType&>(*type).m_members) {
+            if (member != nullptr)
+                need(member->m_typeId);
+        }
+        return;
+    default: return;
+    }
+}
+
+std::string VhdlDeclarations::ownObstacleOf(const RTBaseType& type) const {
+    switch (type.GetClassId()) {
+    case ClassId::SEQ_ENUM:
+        return static_cast<const RTSeqEnumType&>(type).m_enumeratorNames.empty()
+                   ? "an enumeration has at least one literal"
+                   : "";
+    case ClassId::INT:
+        return isDirection(static_cast<const RTIntType&>(type).m_constraint.dir)
+                   ? ""
+                   : "its range has no direction";
+    case ClassId::FLOAT: {
+        const auto& real = static_cast<const RTFloatType&>(type);
+        if (!std::isfinite(real.m_left) || !std::isfinite(real.m_right))
+            return "its bounds are no numbers";
+        return isDirection(real.m_direction) ? "" : "its range has no direction";
+    }
+    case ClassId::PHYSICAL: {
+        const auto& units = static_cast<const RTPhysicalType&>(type).m_units;
+        if (units.empty() || units.front().value != 1)
+            return "its first unit is no primary one";
+        return std::all_of(units.begin(), units.end(), [](const auto& u) { return u.value > 0; })
+                   ? ""
+                   : "a unit has a value below 1";
+    }
+    case ClassId::ARRAY:
+        return static_cast<const RTArrayType&>(type).m_indexTypeIds.empty()
+                   ? "an array has at least one dimension"
+                   : "";
+    case ClassId::RECORD: {
+        const auto& members = static_cast<const RTRecordType&>(type).m_members;
+        return std::all_of(members.begin(), members.end(),
+                           [](const auto* m) { return m == nullptr; })
+                   ? "a record has at least one member"
+                   : "";
+    }
+    default: return {};
+    }
+}
+
+} // namespace Inspect

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Inspect/declarations/LanguageDeclarations.h"
+
+#include <optional>
+
+namespace Inspect {
+
+/// Declarations of IEEE 1076-2008.
+class VhdlDeclarations : public LanguageDeclarations {
+public:
+    /// Keeps references to both.
+    VhdlDeclarations(const TypeTable& types, const DeclaredNames& names)
+        : LanguageDeclarations(SourceLanguage::VHDL, types, names) {}
+
+    void declare(std::ostream& out, unsigned int id) const override;
+    std::string announcementOf(unsigned int id) const override;
+    void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
+
+private:
+    using Ranges = std::vector<RTTI::FullConstraints>;
+    class ConstraintText;
+
+    std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
+
+    void enumeration(std::ostream& out, unsigned int id) const;
+    std::string real(const RTTI::RTFloatType& type) const;
+    void physical(std::ostream& out, unsigned int id, const RTTI::RTPhysicalType& type) const;
+    void array(std::ostream& out, unsigned int id, const RTTI::RTArrayType& type) const;
+    void record(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
+    void subtype(std::ostream& out, unsigned int id, const RTTI::RTTypedefType& type) const;
+
+    /// What an access type designates: where that is a typedef that shares another type's
+    /// declaration, the latter, which can be announced.
+    unsigned int designated(const RTTI::RTAccessType& type) const {
+        return m_names.declaredType(type.m_refTypeId);
+    }
+
+    /// A type's name with what `ranges` constrain of it; types without a name are written out.
+    std::string indication(unsigned int id, const Ranges& ranges) const;
+
+    /// What `ranges` add to a type: a range, or constraints of dimensions and members.
+    std::string constraint(unsigned int id, const Ranges& ranges) const;
+
+    std::string scalarRange(const RTTI::RTBaseType& base, unsigned int baseId,
+                            const RTTI::FullConstraints& range) const;
+    std::string bound(const RTTI::RTBaseType* base, unsigned int baseId, int value) const;
+
+    /// A range of an index type: bounds, or literals where it is an enumeration.
+    std::string discreteRange(unsigned int indexTypeId, const RTTI::FullConstraints& range) const;
+
+    /// The type that typedefs lead to, with its id.
+    std::optional<unsigned int> baseOf(unsigned int id) const;
+};
+
+/// A real number as both languages write it, with a point; it reads back as it was.
+std::string realLiteral(double number);
+
+} // namespace Inspect

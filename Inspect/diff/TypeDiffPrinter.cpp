@@ -1,0 +1,140 @@
+#include "Inspect/diff/TypeDiffPrinter.h"
+
+#include "Inspect/diff/TypeWords.h"
+#include "Inspect/json/JsonValues.h"
+#include "Inspect/model/TypeFields.h"
+
+#include <fmt/format.h>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+class TextPrinter {
+public:
+    TextPrinter(std::ostream& out, const TypeDiff& diff, const TextStyle& style)
+        : m_out(out), m_diff(diff), m_style(style) {}
+
+    void print() {
+        for (const unsigned int id : m_diff.removed())
+            type(Ink::REMOVED, "removed", m_diff.a(), id);
+        const TypeDiff::Counts counts =
+            m_diff.eachChange([&](const TypeChange& one) { change(one); });
+        for (const unsigned int id : m_diff.added())
+            type(Ink::ADDED, "added", m_diff.b(), id);
+        summary(counts);
+    }
+
+private:
+    void type(Ink ink, std::string_view word, const TypeTable& table, unsigned int id) {
+        m_out << m_style.paint(ink, fmt::format("{:<8}", word))
+              << m_style.paint(Ink::COMMENT, fmt::format("type {}: ", id)) << typeWords(table, id)
+              << '\n';
+    }
+
+    /// A range speaks for itself; other values come with the name of their field.
+    void change(const TypeChange& change) {
+        m_out << m_style.paint(Ink::CHANGED, "changed ") << m_style.paint(Ink::NAME, change.path)
+              << ": ";
+        if (change.what != "range")
+            m_out << change.what << ' ';
+        if (change.before && change.after)
+            m_out << *change.before << " -> " << *change.after;
+        else if (change.before)
+            m_out << "removed: " << *change.before;
+        else if (change.after)
+            m_out << "added: " << *change.after;
+        m_out << m_style.paint(Ink::COMMENT,
+                               fmt::format(" (types {} and {})", change.idA, change.idB))
+              << '\n';
+    }
+
+    void summary(const TypeDiff::Counts& counts) {
+        m_out << m_style.paint(Ink::HEADING, verdictText(m_diff.verdict())) << ": "
+              << ruleText(m_diff.verdict()) << '\n'
+              << fmt::format("{} and {} types: {} equal, {} removed, {} changed, {} containing "
+                             "changed ones, {} added\n",
+                             counts.typesOfA, counts.typesOfB, counts.equal, counts.removed,
+                             counts.changed, counts.containing, counts.added);
+    }
+
+    std::ostream& m_out;
+    const TypeDiff& m_diff;
+    const TextStyle& m_style;
+};
+
+/// Writes the entries of a list, one a line.
+class JsonList {
+public:
+    JsonList(std::ostream& out, std::string_view key) : m_out(out) {
+        m_out << ",\n\"" << key << "\":[";
+    }
+    JsonList(const JsonList&) = delete;
+    JsonList& operator=(const JsonList&) = delete;
+    ~JsonList() { m_out << (m_isEmpty ? "]" : "\n]"); }
+
+    void add(const Json& entry) {
+        m_out << (m_isEmpty ? "\n" : ",\n") << entry.dump(-1, ' ', true);
+        m_isEmpty = false;
+    }
+
+private:
+    std::ostream& m_out;
+    bool m_isEmpty = true;
+};
+
+Json nameOf(const TypeTable& table, unsigned int id) {
+    const RTBaseType* type = table.typeOf(id);
+    return nameToJson(type != nullptr ? textOf(type->m_name) : "");
+}
+
+void printTypes(std::ostream& out, std::string_view key, const TypeTable& table,
+                const std::vector<unsigned int>& ids) {
+    JsonList list(out, key);
+    for (const unsigned int id : ids)
+        list.add({{"id", id}, {"kind", kindWords(table, id)}, {"name", nameOf(table, id)}});
+}
+
+Json jsonOf(const TypeChange& change, const TypeTable& a) {
+    Json json{{"idA", change.idA},
+              {"idB", change.idB},
+              {"kind", kindWords(a, change.idA)},
+              {"name", nameOf(a, change.idA)},
+              {"path", change.path},
+              {"what", change.what},
+              {"old", nullptr},
+              {"new", nullptr}};
+    if (change.before)
+        json["old"] = *change.before;
+    if (change.after)
+        json["new"] = *change.after;
+    return json;
+}
+
+} // namespace
+
+void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& style) {
+    TextPrinter(out, diff, style).print();
+}
+
+void printDiffJson(std::ostream& out, const TypeDiff& diff) {
+    out << "{\"verdict\":" << Json(verdictText(diff.verdict())).dump()
+        << ",\n\"rule\":" << Json(ruleText(diff.verdict())).dump();
+    printTypes(out, "removed", diff.a(), diff.removed());
+    TypeDiff::Counts counts;
+    {
+        JsonList list(out, "changed");
+        counts =
+            diff.eachChange([&](const TypeChange& change) { list.add(jsonOf(change, diff.a())); });
+    }
+    printTypes(out, "added", diff.b(), diff.added());
+    const Json json{{"typesOfA", counts.typesOfA}, {"typesOfB", counts.typesOfB},
+                    {"equal", counts.equal},       {"removed", counts.removed},
+                    {"changed", counts.changed},   {"containing", counts.containing},
+                    {"added", counts.added}};
+    out << ",\n\"counts\":" << json.dump() << "}\n";
+}
+
+} // namespace Inspect

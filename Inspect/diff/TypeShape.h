@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Inspect/model/TypeFields.h"
+#include "RTTI/RTType.h"
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace Inspect {
+
+/// The value of a field, as it stands in the type.
+using FieldValue =
+    std::variant<Bits, SVTypeId, RawValue, RTTI::FullConstraints,
+                 const std::vector<RTTI::FullConstraints>*, unsigned int, int, long long, double,
+                 RTTI::ValueEncoding, RTTI::EnumKind, RTTI::ArrayKind, RTTI::RecordKind>;
+
+/// A field's value in words; values that differ have different words. A long list of ranges is cut.
+std::string fieldText(const FieldValue& value);
+
+bool isSameValue(const FieldValue& a, const FieldValue& b);
+
+/// A field of a type, or of one of its parts, that is no reference.
+struct TypeField {
+    const char* what;
+    FieldValue value;
+};
+
+/// The fields of a type as lists. The type must outlive it.
+struct TypeShape {
+    /// A literal, a unit or a member.
+    struct Part {
+        const char* what;
+        std::string_view name;
+        std::size_t fieldsBegin; ///< Its fields in `fields` end where those of the next part begin.
+        unsigned int linksBegin; ///< Likewise among the type's references.
+    };
+
+    explicit TypeShape(const RTTI::RTBaseType& type);
+
+    std::vector<std::string_view> partNames() const;
+    std::size_t fieldsEnd(std::size_t part) const;
+    unsigned int linksEnd(std::size_t part) const;
+
+    /// The type's own fields come first, up to those of the first part.
+    std::size_t ownFieldsEnd() const {
+        return parts.empty() ? fields.size() : parts[0].fieldsBegin;
+    }
+    unsigned int ownLinksEnd() const { return parts.empty() ? linkCount : parts[0].linksBegin; }
+
+    std::vector<TypeField> fields;
+    std::vector<Part> parts;
+    unsigned int linkCount = 0;
+};
+
+/// Where a type's reference stands, by its position among the type's references.
+struct LinkPlace {
+    LinkRole role;
+    unsigned int position;       ///< Of the member or the dimension; else 0.
+    std::string_view memberName; ///< Empty for what is no member.
+};
+
+LinkPlace placeOf(const RTTI::RTBaseType& type, unsigned int link);
+
+} // namespace Inspect

@@ -1,0 +1,267 @@
+#include "Inspect/html/HtmlPage.h"
+
+#include "Inspect/bytes/RecordLayout.h"
+#include "Inspect/declarations/TypeDeclarations.h"
+#include "Inspect/html/PageText.h"
+#include "Inspect/json/JsonValues.h"
+#include "Inspect/words/TypeKind.h"
+#include "Inspect/words/TypeText.h"
+#include "RTTI/ConstraintStack.h"
+#include "RTTI/LittleEndian.h"
+#include "RTTI/TypeFileFormat.h"
+#include "TypeFile/StorageWindow.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+using namespace RTTI;
+using namespace RTTI::TypeFileFormat;
+
+namespace {
+
+/// Types in one piece of the page's data. The page takes a piece's details apart when one of its
+/// types is shown.
+constexpr unsigned int TYPES_IN_CHUNK = 1000;
+
+constexpr std::size_t MOST_RANGES = 1000;
+constexpr unsigned long long MOST_RECORD_BYTES = 1ULL << 20;
+
+/// Table and records lie in the order of the ids in most files.
+constexpr std::size_t BLOCK = std::size_t{64} * 1024;
+
+std::string base64Of(std::string_view bytes) {
+    constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    text.reserve((bytes.size() + 2) / 3 * 4);
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
+        unsigned int group = 0;
+        for (std::size_t j = 0; j < 3; ++j)
+            group = group << 8 | (j < count ? static_cast<unsigned char>(bytes[i + j]) : 0);
+        for (std::size_t j = 0; j < 4; ++j)
+            text += j <= count ? DIGITS[group >> (18 - 6 * j) & 0x3F] : '=';
+    }
+    return text;
+}
+
+/// ASCII that ends no script element and begins none, wherever names have brackets.
+std::string scriptSafe(const Json& json) {
+    std::string text;
+    for (const char c : json.dump(-1, ' ', true))
+        text += c == '<' ? "\\u003c" : std::string(1, c);
+    return text;
+}
+
+/// Text between tags or in an attribute.
+std::string htmlText(std::string_view text) {
+    std::string result;
+    for (const char c : escaped(text))
+        result += c == '<'   ? "&lt;"
+                  : c == '>' ? "&gt;"
+                  : c == '&' ? "&amp;"
+                  : c == '"' ? "&quot;"
+                             : std::string(1, c);
+    return result;
+}
+
+Json jsonOf(std::span<const FieldLayout> layout) {
+    Json list = Json::array();
+    for (const FieldLayout& field : layout) {
+        Json json{{"name", field.name != nullptr ? Json(field.name) : Json()},
+                  {"form", wordOf(field.form)},
+                  {"missing", field.missing},
+                  {"last", field.last}};
+        if (field.names != nullptr) {
+            json["first"] = field.names->first;
+            json["names"] = std::vector<std::string>(field.names->names,
+                                                     field.names->names + field.names->count);
+        }
+        list.push_back(std::move(json));
+    }
+    return list;
+}
+
+/// What the page has to know to read records: layouts by kind code, and words for kinds.
+Json formatJson() {
+    Json bodies = Json::object();
+    Json words = Json::object();
+    Json kinds = Json::object();
+    for (unsigned int code = ClassId::SEQ_ENUM; code <= ClassId::WILDCARD; ++code) {
+        const std::string key = std::to_string(code);
+        words[key] = kindOf(code);
+        kinds[key] = kindOf(code, 0);
+        if (kindOf(code) != BUILDS_NO_TYPE)
+            bodies[key] = jsonOf(bodyLayout(code));
+    }
+    const auto detailed = [](unsigned int code, const NamedValues& details) {
+        Json list = Json::array();
+        for (std::size_t i = 0; i < details.count; ++i)
+            list.push_back(kindOf(code, details.first + static_cast<unsigned int>(i)));
+        return Json{{"first", details.first}, {"kinds", std::move(list)}};
+    };
+    return {{"head", jsonOf(recordHeadLayout())},
+            {"bodies", std::move(bodies)},
+            {"words", std::move(words)},
+            {"kinds", std::move(kinds)},
+            {"details",
+             {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, arrayKinds)},
+              {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, recordKinds)}}}};
+}
+
+/// One page, written once.
+class HtmlPage {
+public:
+    HtmlPage(std::ostream& out, const HtmlSource& source)
+        : m_out(out), m_source(source), m_storage(source.storage, source.storageSize, BLOCK),
+          m_declarations(source.types, Naming::DISTINCT) {
+        if (source.storageSize >= source.baseOffset + HEADER_SIZE)
+            m_table = littleEndianAt<unsigned int>(m_storage.at(source.baseOffset, HEADER_SIZE) +
+                                                   ADDRESS_TABLE_OFFSET);
+    }
+
+    void write(const std::function<void(unsigned int)>& progress);
+
+private:
+    void writeData(const std::function<void(unsigned int)>& progress);
+    void writeRecords(unsigned int first, unsigned int end);
+    void writeDetails(unsigned int first, unsigned int end);
+    unsigned long long addressOf(unsigned int id);
+    unsigned long long sizeAt(unsigned long long address);
+    Json detailsOf(unsigned int id) const;
+    void writeBlock(std::string_view name, const Json& json) {
+        m_out << fmt::format("<script type=\"application/json\" class=\"{}\">", name)
+              << scriptSafe(json) << "</script>\n";
+    }
+
+    std::ostream& m_out;
+    const HtmlSource& m_source;
+    TypeFile::StorageWindow m_storage;
+    TypeDeclarations m_declarations;
+    unsigned long long m_table = 0;
+};
+
+std::string base64OfHex(std::string_view digits) {
+    std::string bytes;
+    bytesOfHex(digits, bytes);
+    return base64Of(bytes);
+}
+
+/// The page with everything at its place; nothing that is put in is looked at again.
+void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
+    const std::map<std::string_view, std::function<void()>> places{
+        {"title", [&] { m_out << htmlText(m_source.title); }},
+        {"styleHash", [&] { m_out << base64OfHex(PageText::STYLE_HASH); }},
+        {"scriptHash", [&] { m_out << base64OfHex(PageText::SCRIPT_HASH); }},
+        {"style", [&] { m_out << PageText::STYLE; }},
+        {"script", [&] { m_out << PageText::SCRIPT; }},
+        {"data", [&] { writeData(progress); }}};
+    std::string_view rest = PageText::PAGE;
+    for (auto begin = rest.find("{{"); begin != std::string_view::npos; begin = rest.find("{{")) {
+        const auto end = rest.find("}}");
+        m_out << rest.substr(0, begin);
+        places.at(rest.substr(begin + 2, end - begin - 2))();
+        rest.remove_prefix(end + 2);
+    }
+    m_out << rest;
+}
+
+void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
+    std::vector<std::string> encodings(valueEncodings.names,
+                                       valueEncodings.names + valueEncodings.count);
+    writeBlock("file", {{"title", escaped(m_source.title)},
+                        {"version", escaped(m_source.version)},
+                        {"count", m_source.types.count},
+                        {"storageSize", m_source.storageSize},
+                        {"chunk", TYPES_IN_CHUNK},
+                        {"encodings", std::move(encodings)},
+                        {"format", formatJson()}});
+    for (unsigned int first = 0; first < m_source.types.count && m_out;) {
+        const unsigned int end = first + std::min(TYPES_IN_CHUNK, m_source.types.count - first);
+        writeRecords(first, end);
+        writeDetails(first, end);
+        if (progress)
+            progress(end);
+        first = end;
+    }
+}
+
+unsigned long long HtmlPage::addressOf(unsigned int id) {
+    const unsigned long long entry = m_table + id * static_cast<unsigned long long>(ADDRESS_SIZE);
+    if (entry + ADDRESS_SIZE > m_source.storageSize)
+        return m_source.storageSize;
+    return littleEndianAt<unsigned long long>(m_storage.at(entry, ADDRESS_SIZE));
+}
+
+/// Of the bytes of a record that are in the storage.
+unsigned long long HtmlPage::sizeAt(unsigned long long address) {
+    if (address > m_source.storageSize || m_source.storageSize - address < RECORD_HEADER_SIZE)
+        return 0;
+    const int size = littleEndianAt<int>(m_storage.at(address, RECORD_SIZE_SIZE));
+    return std::min<unsigned long long>(
+        m_source.storageSize - address,
+        static_cast<unsigned int>(std::max(size, static_cast<int>(RECORD_HEADER_SIZE))));
+}
+
+/// Addresses as text: not every one is a number in JavaScript.
+void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
+    Json sizes = Json::array();
+    Json addresses = Json::array();
+    std::string bytes;
+    std::vector<unsigned long long> found;
+    for (unsigned int id = first; id < end; ++id)
+        found.push_back(addressOf(id));
+    for (const unsigned long long address : found) {
+        const unsigned long long size = std::min(sizeAt(address), MOST_RECORD_BYTES);
+        sizes.push_back(size);
+        addresses.push_back(fmt::format("{:x}", address));
+        for (unsigned long long at = 0; at < size;) {
+            const auto count =
+                static_cast<std::size_t>(std::min<unsigned long long>(BLOCK, size - at));
+            bytes.append(m_storage.at(address + at, count), count);
+            at += count;
+        }
+    }
+    writeBlock("records", {{"first", first},
+                           {"sizes", std::move(sizes)},
+                           {"addresses", std::move(addresses)},
+                           {"bytes", base64Of(bytes)}});
+}
+
+void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
+    Json list = Json::array();
+    for (unsigned int id = first; id < end; ++id)
+        list.push_back(detailsOf(id));
+    writeBlock("details", list);
+}
+
+/// Null where there is no type.
+Json HtmlPage::detailsOf(unsigned int id) const {
+    const RTBaseType* type = m_source.types.typeOf(id);
+    if (type == nullptr)
+        return {};
+    Brakel_tolv::ConstraintStack<FullConstraints> stack;
+    std::vector<FullConstraints> flattened;
+    type->populateTypeConstraints(stack, flattened);
+    Json ranges = Json::array();
+    for (std::size_t i = 0; i < std::min(flattened.size(), MOST_RANGES); ++i)
+        for (const int number : {flattened[i].si, flattened[i].ei, flattened[i].dir})
+            ranges.push_back(number);
+    return Json::array({static_cast<int>(type->getValueEncoding()), type->getValueSize(),
+                        m_declarations.declarationOf(id), flattened.size(), std::move(ranges)});
+}
+
+} // namespace
+
+void writeHtmlPage(std::ostream& out, const HtmlSource& source,
+                   const std::function<void(unsigned int)>& progress) {
+    HtmlPage(out, source).write(progress);
+}
+
+} // namespace Inspect

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Inspect/json/JsonValues.h"
+#include "Inspect/json/TypeJsonWriter.h"
+
+#include <ostream>
+#include <string>
+
+namespace Inspect {
+
+/// Writes a list of JSON objects as they come, one a line, behind an object of properties: as one
+/// document, whose last key holds the list, or as an object a line. The text is ASCII.
+class JsonLines {
+public:
+    /// `properties` is an object; `list` is the key of the list in a document.
+    JsonLines(std::ostream& out, JsonForm form, const Json& properties, const std::string& list);
+
+    void add(const Json& object);
+
+    /// Closes the document. Called once, last.
+    void end();
+
+private:
+    std::ostream& m_out;
+    JsonForm m_form;
+    bool m_isFirst = true;
+};
+
+} // namespace Inspect

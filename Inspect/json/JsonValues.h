@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Inspect/words/NamedValues.h"
+#include "RTTI/RTBaseType.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+/// Members keep the order in which they were set.
+using Json = nlohmann::ordered_json;
+
+// The values of the JSON form, each way. What JSON has no form for gets one: names that are not
+// UTF-8 and raw bytes are hexadecimal text, bounds without a decimal form are text.
+
+/// A name: text, or {"hex": "..."} where the bytes are not UTF-8.
+Json nameToJson(std::string_view name);
+
+/// The same; a null name counts as empty.
+Json nameToJson(const char* name);
+
+/// {"si": ..., "ei": ..., "dir": ...}, and a list of these.
+Json rangeToJson(const RTTI::FullConstraints& range);
+Json rangesToJson(const std::vector<RTTI::FullConstraints>& ranges);
+
+/// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
+/// hexadecimal digits of a NaN.
+Json realToJson(double value);
+
+/// A value's name, or the value itself where it has none.
+Json namedToJson(const NamedValues& names, unsigned int value);
+Json namedToJson(const NamedValues& names, int value);
+
+/// Two digits a byte.
+std::string hexOf(std::string_view bytes);
+
+// The ways back say false for what the form does not have.
+bool nameFromJson(const Json& json, std::string& name);
+bool realFromJson(const Json& json, double& value);
+bool bytesOfHex(std::string_view digits, std::string& bytes);
+
+/// The word for a type's class in the form, such as "discreteEnum"; null for a class that builds no
+/// object.
+const char* jsonKindOf(unsigned int classId);
+
+/// The class of a word; 0 for a word that stands for none.
+unsigned int classIdOfJsonKind(std::string_view kind);
+
+/// What the form calls itself, and its version.
+inline constexpr char JSON_FORMAT[] = "HDL simulator types";
+inline constexpr int JSON_FORMAT_VERSION = 1;
+
+/// Keys that belong to the form alone.
+namespace JsonKey {
+
+inline constexpr char FORMAT[] = "format";
+inline constexpr char FORMAT_VERSION[] = "formatVersion";
+inline constexpr char TYPES[] = "types";
+inline constexpr char HEX[] = "hex";
+inline constexpr char KIND_CODE[] = "kindCode";
+inline constexpr char SI[] = "si";
+inline constexpr char EI[] = "ei";
+inline constexpr char DIR[] = "dir";
+
+} // namespace JsonKey
+
+/// The kind of an id that builds no type.
+inline constexpr char JSON_NO_TYPE[] = "none";
+
+} // namespace Inspect

@@ -1,0 +1,101 @@
+#include "Inspect/model/LeafWalk.h"
+
+#include "Inspect/words/TypeLabel.h"
+#include "Inspect/words/TypeText.h"
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+bool isAggregate(const RTBaseType* type) {
+    const unsigned int classId = type != nullptr ? type->GetClassId() : 0;
+    return classId == ClassId::RECORD || classId == ClassId::CLASS;
+}
+
+bool hasName(const RTBaseType* type) {
+    return type != nullptr && type->m_name != nullptr && *type->m_name != '\0';
+}
+
+} // namespace
+
+std::string dimensionText(const Dimension& dimension) {
+    switch (dimension.kind) {
+    case Dimension::Kind::DYNAMIC: return "dynamic";
+    case Dimension::Kind::QUEUE: return "queue";
+    case Dimension::Kind::ASSOCIATIVE: return "associative";
+    default: return rangeText(dimension.range);
+    }
+}
+
+bool LeafWalk::next() {
+    while (m_walk.next()) {
+        meet(m_walk.part());
+        if (!m_walk.part().hasParts)
+            return true;
+    }
+    return false;
+}
+
+const RTBaseType* LeafWalk::encoded() const {
+    const RTBaseType* last = m_walk.part().type;
+    return last != nullptr && !isAggregate(last) ? m_encoded : nullptr;
+}
+
+void LeafWalk::meet(const Part& part) {
+    m_pathLengths.resize(part.depth);
+    m_path.resize(part.depth != 0 ? m_pathLengths.back() : 0);
+    if (part.depth == 0 || part.role == LinkRole::MEMBER || part.role == LinkRole::BASE_CLASS)
+        beginMember(part);
+    if (m_encoded == nullptr)
+        m_encoded = part.type;
+    if (part.type != nullptr)
+        addDimensions(part);
+    if (part.hasParts && isAggregate(part.type))
+        addDimensionsToPath();
+    m_pathLengths.push_back(m_path.size());
+}
+
+void LeafWalk::beginMember(const Part& part) {
+    m_declaredId = part.typeId;
+    m_dimensions.clear();
+    m_encoded = nullptr;
+    m_enumeration = nullptr;
+    if (part.depth == 0)
+        m_path = hasName(part.type) ? pathName(part.type->m_name) : std::to_string(part.typeId);
+    else if (part.role == LinkRole::MEMBER)
+        m_path += '.' + pathName(part.member != nullptr ? part.member->m_memberName : nullptr);
+}
+
+void LeafWalk::addDimensions(const Part& part) {
+    const auto addWord = [&](Dimension::Kind kind) {
+        m_dimensions.push_back({kind, {}});
+        m_encoded = nullptr;
+    };
+    switch (part.type->GetClassId()) {
+    case ClassId::DYNAMIC_ARRAY: return addWord(Dimension::Kind::DYNAMIC);
+    case ClassId::QUEUE: return addWord(Dimension::Kind::QUEUE);
+    case ClassId::ASSOC_ARRAY: return addWord(Dimension::Kind::ASSOCIATIVE);
+    case ClassId::DISCRETE_ENUM:
+        if (m_enumeration == nullptr) {
+            m_enumeration = part.type;
+            m_enumerationId = part.typeId;
+        }
+        break;
+    default: break;
+    }
+    for (const FullConstraints& range : part.ranges)
+        m_dimensions.push_back({Dimension::Kind::RANGE, range});
+}
+
+void LeafWalk::addDimensionsToPath() {
+    if (m_dimensions.empty())
+        return;
+    m_path += '[';
+    for (const Dimension& dimension : m_dimensions)
+        m_path += (&dimension != &m_dimensions.front() ? ", " : "") + dimensionText(dimension);
+    m_path += ']';
+}
+
+} // namespace Inspect

@@ -1,0 +1,97 @@
+#include "Inspect/views/TypeLeaves.h"
+
+#include "Inspect/json/JsonLines.h"
+#include "Inspect/json/PartJson.h"
+#include "Inspect/model/LeafWalk.h"
+#include "Inspect/words/TypeKind.h"
+#include "Inspect/words/TypeLabel.h"
+#include "Inspect/words/TypeText.h"
+
+#include <fmt/format.h>
+
+#include <string>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+constexpr std::size_t PATH_WIDTH = 40;
+constexpr std::size_t TYPE_WIDTH = 24;
+constexpr std::size_t ENCODING_WIDTH = 13; ///< Of the longest name.
+
+std::string typeText(const LeafWalk& leaf) {
+    const RTBaseType* type = leaf.type();
+    if (type == nullptr)
+        return "(no type)";
+    const bool hasName = type->m_name != nullptr && *type->m_name != '\0';
+    std::string text = hasName ? pathName(type->m_name) : std::string(kindOf(*type));
+    return leaf.isSeenAbove() ? text + " (seen above)" : text;
+}
+
+std::string encodingOf(const LeafWalk& leaf) {
+    const RTBaseType* encoded = leaf.encoded();
+    return encoded != nullptr ? encodingText(encoded->getValueEncoding()) : "-";
+}
+
+std::string rangesOf(const LeafWalk& leaf) {
+    std::string text;
+    for (const Dimension& dimension : leaf.dimensions())
+        text += (text.empty() ? "" : ", ") + dimensionText(dimension);
+    const std::string range =
+        leaf.type() != nullptr ? valueRangeText(*leaf.type(), leaf.narrowing()) : "";
+    if (!range.empty())
+        text += (text.empty() ? "" : ", ") + range;
+    return text.empty() ? "-" : text;
+}
+
+/// The text in a colour, and two spaces behind the width of its column.
+std::string column(const TextStyle& style, Ink ink, std::string_view text, std::size_t width) {
+    const std::size_t spaces = text.size() < width ? width - text.size() : 0;
+    return style.paint(ink, text) + std::string(spaces + 2, ' ');
+}
+
+Json dimensionToJson(const Dimension& dimension) {
+    if (dimension.kind == Dimension::Kind::RANGE)
+        return rangeToJson(dimension.range);
+    return dimensionText(dimension);
+}
+
+Json leafToJson(const LeafWalk& leaf) {
+    Json json{{"path", leaf.path()}};
+    json.update(typeToJson(leaf.typeId(), leaf.type()));
+    json["declaredType"] =
+        leaf.declaredTypeId() != TypeFileFormat::NO_TYPE_ID ? Json(leaf.declaredTypeId()) : Json();
+    json["encoding"] = leaf.encoded() != nullptr ? Json(encodingOf(leaf)) : Json();
+    Json& dimensions = json["dimensions"] = Json::array();
+    for (const Dimension& dimension : leaf.dimensions())
+        dimensions.push_back(dimensionToJson(dimension));
+    if (leaf.narrowing() != nullptr)
+        json["valueRange"] = rangeToJson(*leaf.narrowing());
+    if (leaf.isSeenAbove())
+        json["seenAbove"] = true;
+    return json;
+}
+
+} // namespace
+
+void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
+                 const TextStyle& style) {
+    LeafWalk leaf(id, types.typeOf(id));
+    while (out && leaf.next())
+        out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
+            << column(style, Ink::KEYWORD, typeText(leaf), TYPE_WIDTH)
+            << column(style, Ink::COMMENT, encodingOf(leaf), ENCODING_WIDTH)
+            << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
+}
+
+void writeLeavesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
+    LeafWalk leaf(id, types.typeOf(id));
+    JsonLines lines(out, form, {{"id", id}}, "leaves");
+    while (out && leaf.next())
+        lines.add(leafToJson(leaf));
+    lines.end();
+}
+
+} // namespace Inspect

@@ -1,0 +1,125 @@
+#include "Inspect/views/TypeTree.h"
+
+#include "Inspect/json/JsonLines.h"
+#include "Inspect/json/PartJson.h"
+#include "Inspect/model/PartWalk.h"
+#include "Inspect/words/TypeLabel.h"
+
+#include <string>
+
+namespace Inspect {
+
+using namespace RTTI;
+
+namespace {
+
+/// Levels whose lines are drawn. A chain can be a hundred thousand levels deep.
+constexpr unsigned int LEVELS_DRAWN = 40;
+
+/// The lines at the left of a part, which say what it is a part of.
+class Branches {
+public:
+    std::string before(const Part& part) {
+        if (part.depth == 0)
+            return "";
+        if (part.depth > LEVELS_DRAWN)
+            return m_stem + "[" + std::to_string(part.depth) + "] ";
+        m_stem.resize(WIDTH * (part.depth - 1));
+        std::string text = m_stem + (part.isLast ? "`-- " : "|-- ");
+        m_stem += part.isLast ? "    " : "|   ";
+        return text;
+    }
+
+private:
+    static constexpr std::size_t WIDTH = 4;
+    std::string m_stem; ///< What goes on below the last part, level by level.
+};
+
+std::string roleText(const Part& part) {
+    if (part.depth == 0)
+        return "";
+    switch (part.role) {
+    case LinkRole::ELEMENT: return "element: ";
+    case LinkRole::BASE_CLASS: return "base class: ";
+    case LinkRole::BASE_TYPE: return "base: ";
+    case LinkRole::MEMBER:
+        return (part.member != nullptr ? pathName(part.member->m_memberName) : "(no member)") +
+               ": ";
+    default: return "alias of: ";
+    }
+}
+
+/// What a type refers to that is no part of it.
+std::string besides(const RTBaseType& type, const TypeTable& types, const TextStyle& style) {
+    const auto label = [&](unsigned int id) {
+        return labelOf(id, id < types.count ? types.typeOf(id) : nullptr, style);
+    };
+    switch (type.GetClassId()) {
+    case ClassId::ASSOC_ARRAY:
+        return " indexed by " + label(static_cast<const RTAssocArrayType&>(type).m_indexTypeId);
+    case ClassId::ACCESS: return " to " + label(static_cast<const RTAccessType&>(type).m_refTypeId);
+    case ClassId::FILE_TYPE:
+        return " of " + label(static_cast<const RTFileType&>(type).m_refTypeId);
+    default: return "";
+    }
+}
+
+std::string detailsOf(const Part& part, const TypeTable& types, const TextStyle& style) {
+    if (part.type == nullptr)
+        return "";
+    std::string text;
+    if (!part.ranges.empty())
+        text += ' ' + style.paint(Ink::NUMBER, '(' + rangeList(part.ranges) + ')');
+    const std::string range = valueRangeText(*part.type, part.narrowing);
+    if (!range.empty())
+        text += ' ' + style.paint(Ink::NUMBER, range);
+    text += besides(*part.type, types, style);
+    if (part.isSeenAbove)
+        text += ' ' + style.paint(Ink::COMMENT, "(seen above)");
+    return text;
+}
+
+Json partToJson(const Part& part) {
+    Json json{{"depth", part.depth}};
+    json["role"] = part.depth != 0 ? Json(jsonRoleOf(part.role)) : Json();
+    if (part.member != nullptr)
+        json["member"] = nameToJson(part.member->m_memberName);
+    json.update(typeToJson(part.typeId, part.type));
+    json["ranges"] = rangesToJson(part.ranges);
+    if (part.type != nullptr && !part.hasParts && part.narrowing != nullptr)
+        json["valueRange"] = rangeToJson(*part.narrowing);
+    if (part.isSeenAbove)
+        json["seenAbove"] = true;
+    return json;
+}
+
+} // namespace
+
+void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+               const TextStyle& style) {
+    PartWalk walk(request.id, types.typeOf(request.id), request.depth);
+    Branches branches;
+    while (out && walk.next()) {
+        const Part& part = walk.part();
+        out << branches.before(part) << roleText(part) << labelOf(part.typeId, part.type, style)
+            << detailsOf(part, types, style);
+        if (part.hasParts && part.depth >= request.depth)
+            out << ' ' << style.paint(Ink::COMMENT, "...");
+        out << '\n';
+    }
+}
+
+void writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+                   JsonForm form) {
+    PartWalk walk(request.id, types.typeOf(request.id), request.depth);
+    JsonLines lines(out, form, {{"id", request.id}}, "parts");
+    while (out && walk.next()) {
+        Json json = partToJson(walk.part());
+        if (walk.part().hasParts && walk.part().depth >= request.depth)
+            json["isCut"] = true;
+        lines.add(json);
+    }
+    lines.end();
+}
+
+} // namespace Inspect
