@@ -4,6 +4,54 @@ namespace RTTI {
 
 RTTypeVisitor::~RTTypeVisitor() = default;
 
+bool RTTypeDefaultVisitor::visit(const RTBaseType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTEnumType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTSeqEnumType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTDiscreteEnumType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTIntType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTFloatType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTTypedefType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTAccessType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTCHandle&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTClassHandle&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTEventType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTFileType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTPhysicalType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTLogicType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTBitType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTArrayType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTAbstractArrayType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTDynamicArrayType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTQueueType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTAssocArrayType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTAggregateType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTRecordType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTClassType&) { return true; }
+
+bool RTTypeDefaultVisitor::visit(const RTStringType&) { return true; }
+
 bool RTTypeDumperVisitor::visit(RTBaseType*) { return true; }
 
 bool RTTypeDumperVisitor::visit(RTEnumType*) { return true; }

@@ -9,9 +9,10 @@ class RTClassHandle;
 class RTLogicType;
 class RTBitType;
 
-/// Acts on a type by its class. `RTBaseType::accept` calls the overload for the type's own class
-/// and hands on its result; a visitor follows links to other types itself. The order of the
-/// overloads is a binary interface.
+/// Acts on a type according to its class. `RTBaseType::accept` calls the overload for the type's
+/// own class and returns its result; following links to other types is up to the visitor. The
+/// order of the overloads is part of the binary interface. To act on a few classes only, derive
+/// from RTTypeDefaultVisitor.
 class RTTI_EXPORT RTTypeVisitor {
 public:
     virtual ~RTTypeVisitor();
@@ -43,6 +44,39 @@ public:
     virtual bool visit(const RTRecordType& type) = 0;
     virtual bool visit(const RTClassType& type) = 0;
     virtual bool visit(const RTStringType& type) = 0;
+    /// @}
+};
+
+/// A visitor whose overloads all do nothing and return true: derive from it and override the ones
+/// that matter.
+class RTTI_EXPORT RTTypeDefaultVisitor : public RTTypeVisitor {
+public:
+    /// Does nothing and returns true.
+    /// @{
+    bool visit(const RTBaseType& type) override;
+    bool visit(const RTEnumType& type) override;
+    bool visit(const RTSeqEnumType& type) override;
+    bool visit(const RTDiscreteEnumType& type) override;
+    bool visit(const RTIntType& type) override;
+    bool visit(const RTFloatType& type) override;
+    bool visit(const RTTypedefType& type) override;
+    bool visit(const RTAccessType& type) override;
+    bool visit(const RTCHandle& type) override;
+    bool visit(const RTClassHandle& type) override;
+    bool visit(const RTEventType& type) override;
+    bool visit(const RTFileType& type) override;
+    bool visit(const RTPhysicalType& type) override;
+    bool visit(const RTLogicType& type) override;
+    bool visit(const RTBitType& type) override;
+    bool visit(const RTArrayType& type) override;
+    bool visit(const RTAbstractArrayType& type) override;
+    bool visit(const RTDynamicArrayType& type) override;
+    bool visit(const RTQueueType& type) override;
+    bool visit(const RTAssocArrayType& type) override;
+    bool visit(const RTAggregateType& type) override;
+    bool visit(const RTRecordType& type) override;
+    bool visit(const RTClassType& type) override;
+    bool visit(const RTStringType& type) override;
     /// @}
 };
 

@@ -146,6 +146,51 @@ TEST(Visitors, TypedefIsVisitedAsATypedefNotAsWhatItNames) {
     EXPECT_EQ(overloadsCalled(types.alias(&types.add<RTIntType>())), "RTTypedefType ");
 }
 
+/// Counts integers and says no to them; all other classes are as the default visitor has them.
+class IntCounter : public RTTypeDefaultVisitor {
+public:
+    using RTTypeDefaultVisitor::visit;
+
+    bool visit(const RTIntType&) override {
+        ++m_integers;
+        return false;
+    }
+
+    int m_integers = 0;
+};
+
+TEST(Visitors, DefaultVisitorLeavesAClassThatOverridesOneOverload) {
+    IntCounter visitor;
+    EXPECT_FALSE(RTIntType().accept(visitor));
+    EXPECT_TRUE(RTFloatType().accept(visitor));
+    EXPECT_EQ(visitor.m_integers, 1);
+}
+
+TEST(Visitors, DefaultVisitorReturnsTrueForEveryClass) {
+    RTTypeDefaultVisitor visitor;
+    EXPECT_TRUE(RTEnumType().accept(visitor));
+    EXPECT_TRUE(RTSeqEnumType().accept(visitor));
+    EXPECT_TRUE(RTDiscreteEnumType().accept(visitor));
+    EXPECT_TRUE(RTIntType().accept(visitor));
+    EXPECT_TRUE(RTFloatType().accept(visitor));
+    EXPECT_TRUE(RTTypedefType().accept(visitor));
+    EXPECT_TRUE(RTAccessType().accept(visitor));
+    EXPECT_TRUE(RTCHandle().accept(visitor));
+    EXPECT_TRUE(RTEventType().accept(visitor));
+    EXPECT_TRUE(RTFileType().accept(visitor));
+    EXPECT_TRUE(RTPhysicalType().accept(visitor));
+    EXPECT_TRUE(RTArrayType().accept(visitor));
+    EXPECT_TRUE(RTAbstractArrayType().accept(visitor));
+    EXPECT_TRUE(RTDynamicArrayType().accept(visitor));
+    EXPECT_TRUE(RTQueueType().accept(visitor));
+    EXPECT_TRUE(RTAssocArrayType().accept(visitor));
+    EXPECT_TRUE(OtherAggregate().accept(visitor));
+    EXPECT_TRUE(RTRecordType().accept(visitor));
+    EXPECT_TRUE(RTClassType().accept(visitor));
+    EXPECT_TRUE(RTStringType().accept(visitor));
+    EXPECT_TRUE(RTWildCardType().accept(visitor));
+}
+
 static_assert(std::is_abstract_v<RTTypeVisitor>);
 static_assert(std::is_abstract_v<RTTypeDumperVisitor>);
 
