@@ -5,12 +5,12 @@
 #include "TypeFile/RecordVerifier.h"
 #include "TypeFile/ReferenceVerifier.h"
 #include "TypeFile/StorageWindow.h"
+#include "TypeFile/TypeFileFrame.h"
 #include "TypeFile/TypeParts.h"
 #include "TypeFile/WalkVerifier.h"
 #include "TypeFile/WalksThroughClasses.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace TypeFile {
 
@@ -25,21 +25,19 @@ constexpr std::size_t SWEEP_BLOCK = 65536;
 /// Members are read again in the order in which types lead to one another, a block a jump.
 constexpr std::size_t JUMP_BLOCK = 2048;
 
-bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
-
 /// One verification. The steps come in the order of the file, each relying on those before.
 class Verification {
 public:
     Verification(OVAT::IBlockManager& storage, unsigned long long storageSize,
                  unsigned long long baseOffset, const VerifyLimits& limits)
-        : m_sweep(storage, storageSize, SWEEP_BLOCK), m_jumps(storage, storageSize, JUMP_BLOCK),
-          m_size(storageSize), m_base(baseOffset), m_limits(limits), m_findings(limits.maxFindings),
-          m_records(m_sweep, m_types, m_findings), m_parts(m_jumps, m_types),
-          m_references(m_types, m_findings, m_limits),
+        : m_frame(storage, storageSize, baseOffset), m_sweep(storage, storageSize, SWEEP_BLOCK),
+          m_jumps(storage, storageSize, JUMP_BLOCK), m_size(storageSize), m_limits(limits),
+          m_findings(limits.maxFindings), m_records(m_sweep, m_types, m_findings),
+          m_parts(m_jumps, m_types), m_references(m_types, m_findings, m_limits),
           m_walks(m_types, m_parts, m_findings, m_limits) {}
 
     std::vector<Finding> run() {
-        if (readHeader() && readTable()) {
+        if (checkHeader() && readTable()) {
             readRecords();
             verifyReferences();
         }
@@ -47,8 +45,7 @@ public:
     }
 
 private:
-    bool readHeader();
-    void checkVersion(const char* header);
+    bool checkHeader();
     bool readTable();
     void readRecords();
     void readRecord(unsigned int typeId, unsigned long long end);
@@ -62,14 +59,11 @@ private:
                     std::string text) {
         m_findings.add(code, NO_TYPE_ID, field, offset, std::move(text));
     }
-    unsigned long long entryOf(unsigned int typeId) const {
-        return m_table + typeId * static_cast<unsigned long long>(ADDRESS_SIZE);
-    }
 
+    TypeFileFrame m_frame;
     StorageWindow m_sweep;
     StorageWindow m_jumps;
     unsigned long long m_size;
-    unsigned long long m_base;
     const VerifyLimits& m_limits;
     FindingList m_findings;
     TypeTable m_types;
@@ -77,71 +71,61 @@ private:
     TypeParts m_parts;
     ReferenceVerifier m_references;
     WalkVerifier m_walks;
-    unsigned int m_typeCount = 0;
-    unsigned long long m_table = 0;
     unsigned long long m_recordBytes = 0;
     unsigned long long m_lastSize = 0; ///< Of the record that was read last.
 };
 
-bool Verification::readHeader() {
-    if (m_base > m_size || m_size - m_base < HEADER_SIZE) {
-        addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, "header", m_base,
+/// Any version will do, since the loader takes any; but a file of zeros has none.
+bool Verification::checkHeader() {
+    const unsigned long long base = m_frame.baseOffset();
+    if (!m_frame.hasHeader()) {
+        addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, "header", base,
                    "The header takes 40 bytes, and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
-    const char* header = m_sweep.at(m_base, HEADER_SIZE);
-    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
-    m_table = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
-    checkVersion(header);
-    constexpr std::string_view INVALID(RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID,
-                                       sizeof RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID);
-    if (std::string_view(header, INVALID.size()) != INVALID)
+    if (!m_frame.hasVersionText())
+        addForFile(FindingCode::VERSION_NOT_TEXT, "version", base,
+                   "There is no printable text that ends within 32 bytes.");
+    if (!m_frame.isMarkedUnusable())
         return true;
-    addForFile(FindingCode::MARKED_UNUSABLE, "version", m_base,
+    addForFile(FindingCode::MARKED_UNUSABLE, "version", base,
                "The writer marked the file as one that holds no usable types.");
     return false;
 }
 
-/// Any text will do, since the loader takes any; but a file of zeros has none.
-void Verification::checkVersion(const char* header) {
-    const char* end = std::find(header, header + VERSION_SIZE, '\0');
-    const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
-    if (isBlank || end == header + VERSION_SIZE || !std::all_of(header, end, isPrintable))
-        addForFile(FindingCode::VERSION_NOT_TEXT, "version", m_base,
-                   "There is no printable text that ends within 32 bytes.");
-}
-
 bool Verification::readTable() {
-    if (m_typeCount == 0)
+    const unsigned int typeCount = m_frame.typeCount();
+    const unsigned long long base = m_frame.baseOffset();
+    const unsigned long long table = m_frame.tableOffset();
+    if (typeCount == 0)
         return true;
-    const unsigned long long tableSize = entryOf(m_typeCount) - m_table;
-    if (m_table > m_size || m_size - m_table < tableSize) {
+    if (!m_frame.hasTable()) {
         addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, "address table offset",
-                   m_base + ADDRESS_TABLE_OFFSET,
-                   "The table of " + std::to_string(m_typeCount) + " types takes " +
-                       std::to_string(tableSize) + " bytes at " + hexText(m_table) +
+                   base + ADDRESS_TABLE_OFFSET,
+                   "The table of " + std::to_string(typeCount) + " types takes " +
+                       std::to_string(m_frame.tableSize()) + " bytes at " + hexText(table) +
                        ", and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
-    if (m_table < m_base + HEADER_SIZE && m_base < m_table + tableSize)
+    if (table < base + HEADER_SIZE && base < table + m_frame.tableSize())
         addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
-                   m_base + ADDRESS_TABLE_OFFSET,
-                   "The table at " + hexText(m_table) + " shares bytes with the header.");
-    m_types.facts.resize(m_typeCount);
-    m_types.roles.resize(m_typeCount);
+                   base + ADDRESS_TABLE_OFFSET,
+                   "The table at " + hexText(table) + " shares bytes with the header.");
+    m_types.facts.resize(typeCount);
+    m_types.roles.resize(typeCount);
     m_references.begin();
     m_walks.begin();
-    for (unsigned int id = 0; id < m_typeCount; ++id)
-        m_types.facts[id].address =
-            littleEndianAt<unsigned long long>(m_sweep.at(entryOf(id), ADDRESS_SIZE));
+    const std::vector<unsigned long long> addresses = m_frame.addresses();
+    for (unsigned int id = 0; id < typeCount; ++id)
+        m_types.facts[id].address = addresses[id];
     return true;
 }
 
 /// In the order of their addresses, so that overlaps are those of neighbours, and each byte of the
 /// storage is looked at once.
 void Verification::readRecords() {
-    std::vector<unsigned int> order(m_typeCount);
-    for (unsigned int id = 0; id < m_typeCount; ++id)
+    std::vector<unsigned int> order(m_types.size());
+    for (unsigned int id = 0; id < order.size(); ++id)
         order[id] = id;
     const auto isBefore = [this](unsigned int left, unsigned int right) {
         return m_types[left].address < m_types[right].address;
@@ -159,7 +143,7 @@ void Verification::readRecords() {
         first = next;
     }
     if (m_recordBytes > m_limits.maxRecordBytes)
-        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_table,
+        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
                    "The records take " + std::to_string(m_recordBytes) +
                        " bytes, each counted once a type, and the limit is " +
                        std::to_string(m_limits.maxRecordBytes) + ".");
@@ -189,7 +173,8 @@ void Verification::settle(unsigned int typeId) {
 bool Verification::readFrame(unsigned int typeId, unsigned int& size) {
     TypeFacts& type = m_types.facts[typeId];
     if (type.address > m_size || m_size - type.address < RECORD_HEADER_SIZE) {
-        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address", entryOf(typeId),
+        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address",
+                       m_frame.entryOffset(typeId),
                        "The record begins at " + hexText(type.address) +
                            ", and the storage ends at " + hexText(m_size) + ".");
         return false;
@@ -221,10 +206,12 @@ bool Verification::overlaps(unsigned int typeId, unsigned int size, unsigned lon
     const auto meets = [&](unsigned long long from, unsigned long long to) {
         return begin < to && from < begin + size;
     };
-    const char* other = meets(m_base, m_base + HEADER_SIZE)    ? "the header"
-                        : meets(m_table, entryOf(m_typeCount)) ? "the address table"
-                        : begin + size > end                   ? "the record that follows"
-                                                               : nullptr;
+    const char* other = meets(m_frame.baseOffset(), m_frame.baseOffset() + HEADER_SIZE)
+                            ? "the header"
+                        : meets(m_frame.tableOffset(), m_frame.entryOffset(m_frame.typeCount()))
+                            ? "the address table"
+                        : begin + size > end ? "the record that follows"
+                                             : nullptr;
     if (other != nullptr)
         m_findings.add(FindingCode::RECORD_OVERLAP, typeId, "record size", begin,
                        "The record of " + std::to_string(size) + " bytes shares some with " +
@@ -251,7 +238,7 @@ void Verification::share(unsigned int typeId, unsigned int other) {
     m_types.facts[typeId] = m_types.facts[other];
     m_types.roles[typeId] = m_types.roles[other];
     m_recordBytes += m_lastSize;
-    m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", entryOf(typeId),
+    m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", m_frame.entryOffset(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
 }
 

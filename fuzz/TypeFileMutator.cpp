@@ -1,7 +1,9 @@
 #include "fuzz/TypeFileMutator.h"
 
+#include "OVAT/MemoryBlockManager.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/TypeFileFrame.h"
 
 #include <algorithm>
 #include <iterator>
@@ -98,35 +100,22 @@ void claimSize(Parts& parts, std::mt19937& random) {
 } // namespace
 
 unsigned int typeCountOf(const void* data, std::size_t size) {
-    if (size < HEADER_SIZE)
-        return 0;
-    const auto count =
-        littleEndianAt<unsigned int>(static_cast<const char*>(data) + TYPE_COUNT_OFFSET);
-    return std::min(count, static_cast<unsigned int>(size / ADDRESS_SIZE));
+    OVAT::MemoryBlockManager storage(data, size);
+    const TypeFile::TypeFileFrame frame(storage, size);
+    return std::min(frame.typeCount(), static_cast<unsigned int>(size / ADDRESS_SIZE));
 }
 
 Parts takeApart(const std::uint8_t* data, std::size_t size) {
+    OVAT::MemoryBlockManager storage(data, size);
+    const TypeFile::TypeFileFrame frame(storage, size);
     Parts parts;
-    const char* bytes = reinterpret_cast<const char*>(data);
-    if (size < HEADER_SIZE)
-        return parts;
-    parts.version.assign(bytes, VERSION_SIZE);
-    const std::size_t table = littleEndianAt<unsigned int>(bytes + ADDRESS_TABLE_OFFSET);
-    const unsigned int count = typeCountOf(data, size);
-    for (std::size_t i = 0; i < count && parts.records.size() < MOST_RECORDS; ++i) {
-        const std::size_t entry = table + i * ADDRESS_SIZE;
-        if (entry > size - ADDRESS_SIZE)
-            break;
-        const auto address = littleEndianAt<unsigned long long>(bytes + entry);
-        if (address > size || size - address < RECORD_HEADER_SIZE)
-            continue;
-        const int claimed = littleEndianAt<int>(bytes + address);
-        const std::size_t left = size - static_cast<std::size_t>(address);
-        const std::size_t length = claimed < 0
-                                       ? RECORD_HEADER_SIZE
-                                       : std::clamp<std::size_t>(static_cast<std::size_t>(claimed),
-                                                                 RECORD_HEADER_SIZE, left);
-        parts.records.emplace_back(bytes + address, length);
+    parts.version = frame.version();
+    parts.version.resize(VERSION_SIZE);
+    for (const unsigned long long address : frame.addresses()) {
+        const TypeFile::RecordFrame record = frame.recordAt(address);
+        if (record.hasHead() && parts.records.size() < MOST_RECORDS)
+            parts.records.emplace_back(reinterpret_cast<const char*>(data) + address,
+                                       static_cast<std::size_t>(record.size()));
     }
     return parts;
 }

@@ -1,7 +1,7 @@
 #include "Inspect/bytes/FileAnnotator.h"
 
 #include "Inspect/bytes/AnnotationWriter.h"
-#include "RTTI/LittleEndian.h"
+#include "TypeFile/TypeFileFrame.h"
 #include "TypeFile/TypeFileVerifier.h"
 
 #include <fmt/format.h>
@@ -66,14 +66,13 @@ class FileAnnotator {
 public:
     FileAnnotator(std::ostream& out, OVAT::IBlockManager& storage, unsigned long long storageSize,
                   const Annotation& annotation)
-        : m_out(out), m_sweep(storage, storageSize, SWEEP_BLOCK),
+        : m_out(out), m_frame(storage, storageSize, annotation.baseOffset),
+          m_sweep(storage, storageSize, SWEEP_BLOCK),
           m_jumps(storage, storageSize, RECORD_HEAD_BLOCK), m_size(storageSize),
-          m_base(annotation.baseOffset), m_findings(TypeFile::verify(storage, storageSize, m_base)),
+          m_findings(TypeFile::verify(storage, storageSize, annotation.baseOffset)),
           m_progress(annotation.progress),
           m_writer(annotationWriter(out, annotation.form, annotation.style)),
-          m_describe([this](unsigned int id) { return describe(id); }) {
-        readHeader();
-    }
+          m_describe([this](unsigned int id) { return describe(id); }) {}
 
     void writeAll();
     void writeType(unsigned int typeId);
@@ -94,21 +93,12 @@ private:
         AnnotatedPart::Kind kind;
     };
 
-    void readHeader();
     std::string describe(unsigned int typeId);
-    unsigned long long addressOf(StorageWindow& window, unsigned int typeId) {
-        return littleEndianAt<unsigned long long>(window.at(entryOf(typeId), ADDRESS_SIZE));
-    }
-    unsigned long long entryOf(unsigned int typeId) const {
-        return m_table + typeId * static_cast<unsigned long long>(ADDRESS_SIZE);
-    }
-
     std::vector<Place> placesInOrder();
     void writeGap(unsigned long long begin, unsigned long long end);
     unsigned long long writeHeader();
     unsigned long long writeTable();
     void writeEntry(unsigned int typeId);
-    unsigned long long sizeAt(unsigned long long address);
     unsigned long long writeRecord(const std::vector<unsigned int>& typeIds,
                                    unsigned long long address, unsigned long long next);
     void writeOverlapping(unsigned long long address, unsigned long long next);
@@ -121,18 +111,14 @@ private:
     void write(const Finding& finding);
 
     std::ostream& m_out;
+    TypeFile::TypeFileFrame m_frame;
     StorageWindow m_sweep;
     StorageWindow m_jumps; ///< For the types that fields refer to, which lie anywhere.
     unsigned long long m_size;
-    unsigned long long m_base;
     FindingsByType m_findings;
     const std::function<void(unsigned long long)>& m_progress;
     std::unique_ptr<AnnotationWriter> m_writer;
     DescribeType m_describe;
-
-    unsigned int m_typeCount = 0; ///< That the header claims.
-    unsigned int m_entries = 0;   ///< Of the table, that are in the storage.
-    unsigned long long m_table = 0;
 
     FindingsByType::List m_pending; ///< Of the part that is being written, in their order.
     std::size_t m_nextPending = 0;
@@ -140,22 +126,12 @@ private:
     std::size_t m_warnings = 0;
 };
 
-void FileAnnotator::readHeader() {
-    if (m_base > m_size || m_size - m_base < HEADER_SIZE)
-        return;
-    const char* header = m_sweep.at(m_base, HEADER_SIZE);
-    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
-    m_table = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
-    const unsigned long long room = m_table < m_size ? (m_size - m_table) / ADDRESS_SIZE : 0;
-    m_entries = static_cast<unsigned int>(std::min<unsigned long long>(m_typeCount, room));
-}
-
 std::string FileAnnotator::describe(unsigned int typeId) {
-    if (typeId >= m_typeCount)
+    if (typeId >= m_frame.typeCount())
         return "there is no such type";
-    if (typeId >= m_entries)
+    if (typeId >= m_frame.entryCount())
         return "";
-    const RecordHead head = recordHeadAt(m_jumps, addressOf(m_jumps, typeId));
+    const RecordHead head = recordHeadAt(m_jumps, m_frame.addressOf(typeId));
     return head.isThere ? fmt::format("{} {}", head.kind, head.name)
                         : "its record is not in the storage";
 }
@@ -163,12 +139,13 @@ std::string FileAnnotator::describe(unsigned int typeId) {
 /// Those at the same offset: the header first, then the table, then records by their ids.
 std::vector<FileAnnotator::Place> FileAnnotator::placesInOrder() {
     std::vector<Place> places;
-    places.reserve(m_entries + std::size_t{2});
-    places.push_back({m_base, NO_TYPE_ID, AnnotatedPart::Kind::HEADER});
-    if (m_typeCount != 0)
-        places.push_back({m_table, NO_TYPE_ID, AnnotatedPart::Kind::ADDRESS_TABLE});
-    for (unsigned int id = 0; id < m_entries; ++id)
-        places.push_back({addressOf(m_sweep, id), id, AnnotatedPart::Kind::RECORD});
+    const std::vector<unsigned long long> addresses = m_frame.addresses();
+    places.reserve(addresses.size() + 2);
+    places.push_back({m_frame.baseOffset(), NO_TYPE_ID, AnnotatedPart::Kind::HEADER});
+    if (m_frame.typeCount() != 0)
+        places.push_back({m_frame.tableOffset(), NO_TYPE_ID, AnnotatedPart::Kind::ADDRESS_TABLE});
+    for (unsigned int id = 0; id < addresses.size(); ++id)
+        places.push_back({addresses[id], id, AnnotatedPart::Kind::RECORD});
     const auto isBefore = [](const Place& left, const Place& right) {
         return left.offset < right.offset;
     };
@@ -178,7 +155,7 @@ std::vector<FileAnnotator::Place> FileAnnotator::placesInOrder() {
 
 void FileAnnotator::writeAll() {
     const std::vector<Place> places = placesInOrder();
-    unsigned long long covered = m_base;
+    unsigned long long covered = m_frame.baseOffset();
     for (std::size_t i = 0; i < places.size() && m_out;) {
         const Place& place = places[i];
         writeGap(covered, place.offset);
@@ -206,13 +183,14 @@ void FileAnnotator::writeAll() {
 void FileAnnotator::writeType(unsigned int typeId) {
     if (!m_findings.of(NO_TYPE_ID).empty())
         writeHeader();
-    if (typeId < m_typeCount) {
-        m_writer->beginPart({AnnotatedPart::Kind::ADDRESS_TABLE, entryOf(typeId), ADDRESS_SIZE});
+    if (typeId < m_frame.typeCount()) {
+        m_writer->beginPart(
+            {AnnotatedPart::Kind::ADDRESS_TABLE, m_frame.entryOffset(typeId), ADDRESS_SIZE});
         writeEntry(typeId);
         m_writer->endPart();
     }
-    if (typeId < m_entries) {
-        const unsigned long long address = addressOf(m_sweep, typeId);
+    if (typeId < m_frame.entryCount()) {
+        const unsigned long long address = m_frame.addressOf(typeId);
         writeRecord({typeId}, address, m_size);
     }
 }
@@ -228,23 +206,24 @@ void FileAnnotator::writeGap(unsigned long long begin, unsigned long long end) {
 }
 
 unsigned long long FileAnnotator::writeHeader() {
-    m_writer->beginPart({AnnotatedPart::Kind::HEADER, m_base, HEADER_SIZE});
+    m_writer->beginPart({AnnotatedPart::Kind::HEADER, m_frame.baseOffset(), HEADER_SIZE});
     m_pending = m_findings.of(NO_TYPE_ID);
-    const unsigned long long end = readHeaderFields(
-        m_sweep, std::min(m_base, m_size), [this](const RecordField& f) { return writeField(f); });
+    const unsigned long long end =
+        readHeaderFields(m_sweep, std::min(m_frame.baseOffset(), m_size),
+                         [this](const RecordField& f) { return writeField(f); });
     endPart();
     return end;
 }
 
 unsigned long long FileAnnotator::writeTable() {
-    m_writer->beginPart({AnnotatedPart::Kind::ADDRESS_TABLE, m_table,
-                         m_typeCount * static_cast<unsigned long long>(ADDRESS_SIZE)});
-    for (unsigned int id = 0; id < m_entries && m_out; ++id)
+    m_writer->beginPart(
+        {AnnotatedPart::Kind::ADDRESS_TABLE, m_frame.tableOffset(), m_frame.tableSize()});
+    for (unsigned int id = 0; id < m_frame.entryCount() && m_out; ++id)
         writeEntry(id);
-    if (m_entries != m_typeCount)
-        writeEntry(m_entries);
+    if (m_frame.entryCount() != m_frame.typeCount())
+        writeEntry(m_frame.entryCount());
     m_writer->endPart();
-    return entryOf(m_entries);
+    return m_frame.entryOffset(m_frame.entryCount());
 }
 
 /// The entry of a type; where it is not in the storage, those behind it are not there either.
@@ -252,18 +231,20 @@ void FileAnnotator::writeEntry(unsigned int typeId) {
     RecordField field{FieldState::WHOLE,
                       FieldForm::OFFSET,
                       fmt::format("{}[{}]", ADDRESS, typeId),
-                      entryOf(typeId),
+                      m_frame.entryOffset(typeId),
                       ADDRESS_SIZE,
                       "",
                       "",
                       NO_TYPE_ID};
-    if (typeId < m_entries) {
-        field.value = fmt::format("{:#x}", addressOf(m_sweep, typeId));
+    if (typeId < m_frame.entryCount()) {
+        field.value = fmt::format("{:#x}", m_frame.addressOf(typeId));
         field.meaning = describe(typeId);
         field.typeId = typeId;
     } else {
         field.state = FieldState::MISSING;
-        field.name += m_typeCount - typeId > 1 ? fmt::format(" to [{}]", m_typeCount - 1) : "";
+        field.name += m_frame.typeCount() - typeId > 1
+                          ? fmt::format(" to [{}]", m_frame.typeCount() - 1)
+                          : "";
         field.offset = std::min(field.offset, m_size);
         field.size = m_size - field.offset < ADDRESS_SIZE ? m_size - field.offset : 0;
         field.value = "(missing)";
@@ -273,18 +254,6 @@ void FileAnnotator::writeEntry(unsigned int typeId) {
     for (const Finding* finding : m_findings.of(typeId))
         if (finding->field == ADDRESS)
             write(*finding);
-}
-
-/// What a record takes up of the storage.
-unsigned long long FileAnnotator::sizeAt(unsigned long long address) {
-    if (address >= m_size)
-        return 0;
-    const unsigned long long left = m_size - address;
-    if (left < RECORD_SIZE_SIZE)
-        return left;
-    const int size = littleEndianAt<int>(m_sweep.at(address, RECORD_SIZE_SIZE));
-    return std::min<unsigned long long>(
-        left, static_cast<unsigned int>(std::max(size, static_cast<int>(RECORD_HEADER_SIZE))));
 }
 
 /// The answer is where the record ends, at most the beginning of what is next in the storage. A
@@ -298,7 +267,7 @@ unsigned long long FileAnnotator::writeRecord(const std::vector<unsigned int>& t
                 m_pending.push_back(finding);
     std::stable_sort(m_pending.begin(), m_pending.end(),
                      [](const Finding* l, const Finding* r) { return l->offset < r->offset; });
-    const unsigned long long size = sizeAt(address);
+    const unsigned long long size = m_frame.recordAt(address).size();
     m_writer->beginPart(
         {AnnotatedPart::Kind::RECORD, address, size, typeIds, recordHeadAt(m_jumps, address)});
     if (address < m_size && address + size > next)
@@ -345,7 +314,8 @@ void FileAnnotator::endPart() {
 
 /// A finding that is about no bytes stands in a part of its own.
 void FileAnnotator::writeLoose(const Finding& finding) {
-    m_writer->beginPart({AnnotatedPart::Kind::FILE, m_base, m_size - std::min(m_base, m_size)});
+    m_writer->beginPart({AnnotatedPart::Kind::FILE, m_frame.baseOffset(),
+                         m_size - std::min(m_frame.baseOffset(), m_size)});
     write(finding);
     m_writer->endPart();
 }
@@ -365,16 +335,6 @@ bool annotate(std::ostream& out, OVAT::IBlockManager& storage, unsigned long lon
     else
         annotator.writeAll();
     return annotator.end();
-}
-
-std::optional<unsigned int> claimedTypeCount(OVAT::IBlockManager& storage,
-                                             unsigned long long storageSize,
-                                             unsigned long long baseOffset) {
-    if (baseOffset > storageSize || storageSize - baseOffset < HEADER_SIZE)
-        return std::nullopt;
-    char count[sizeof(unsigned int)];
-    storage.read(baseOffset + TYPE_COUNT_OFFSET, count, sizeof count);
-    return littleEndianAt<unsigned int>(count);
 }
 
 } // namespace Inspect

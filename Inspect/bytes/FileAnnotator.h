@@ -36,9 +36,4 @@ struct Annotation {
 bool annotate(std::ostream& out, OVAT::IBlockManager& storage, unsigned long long storageSize,
               const Annotation& annotation);
 
-/// The number of types that the header claims; nothing where the storage has no whole header.
-std::optional<unsigned int> claimedTypeCount(OVAT::IBlockManager& storage,
-                                             unsigned long long storageSize,
-                                             unsigned long long baseOffset);
-
 } // namespace Inspect

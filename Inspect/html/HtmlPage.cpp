@@ -7,9 +7,9 @@
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintStack.h"
-#include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/StorageWindow.h"
+#include "TypeFile/TypeFileFrame.h"
 
 #include <fmt/format.h>
 
@@ -120,11 +120,8 @@ class HtmlPage {
 public:
     HtmlPage(std::ostream& out, const HtmlSource& source)
         : m_out(out), m_source(source), m_storage(source.storage, source.storageSize, BLOCK),
-          m_declarations(source.types, Naming::DISTINCT) {
-        if (source.storageSize >= source.baseOffset + HEADER_SIZE)
-            m_table = littleEndianAt<unsigned int>(m_storage.at(source.baseOffset, HEADER_SIZE) +
-                                                   ADDRESS_TABLE_OFFSET);
-    }
+          m_frame(source.storage, source.storageSize, source.baseOffset),
+          m_declarations(source.types, Naming::DISTINCT) {}
 
     void write(const std::function<void(unsigned int)>& progress);
 
@@ -132,8 +129,6 @@ private:
     void writeData(const std::function<void(unsigned int)>& progress);
     void writeRecords(unsigned int first, unsigned int end);
     void writeDetails(unsigned int first, unsigned int end);
-    unsigned long long addressOf(unsigned int id);
-    unsigned long long sizeAt(unsigned long long address);
     Json detailsOf(unsigned int id) const;
     void writeBlock(std::string_view name, const Json& json) {
         m_out << fmt::format("<script type=\"application/json\" class=\"{}\">", name)
@@ -143,8 +138,8 @@ private:
     std::ostream& m_out;
     const HtmlSource& m_source;
     TypeFile::StorageWindow m_storage;
+    TypeFile::TypeFileFrame m_frame;
     TypeDeclarations m_declarations;
-    unsigned long long m_table = 0;
 };
 
 std::string base64OfHex(std::string_view digits) {
@@ -192,33 +187,18 @@ void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
     }
 }
 
-unsigned long long HtmlPage::addressOf(unsigned int id) {
-    const unsigned long long entry = m_table + id * static_cast<unsigned long long>(ADDRESS_SIZE);
-    if (entry + ADDRESS_SIZE > m_source.storageSize)
-        return m_source.storageSize;
-    return littleEndianAt<unsigned long long>(m_storage.at(entry, ADDRESS_SIZE));
-}
-
-/// Of the bytes of a record that are in the storage.
-unsigned long long HtmlPage::sizeAt(unsigned long long address) {
-    if (address > m_source.storageSize || m_source.storageSize - address < RECORD_HEADER_SIZE)
-        return 0;
-    const int size = littleEndianAt<int>(m_storage.at(address, RECORD_SIZE_SIZE));
-    return std::min<unsigned long long>(
-        m_source.storageSize - address,
-        static_cast<unsigned int>(std::max(size, static_cast<int>(RECORD_HEADER_SIZE))));
-}
-
 /// Addresses as text: not every one is a number in JavaScript.
 void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
     Json sizes = Json::array();
     Json addresses = Json::array();
     std::string bytes;
-    std::vector<unsigned long long> found;
-    for (unsigned int id = first; id < end; ++id)
-        found.push_back(addressOf(id));
-    for (const unsigned long long address : found) {
-        const unsigned long long size = std::min(sizeAt(address), MOST_RECORD_BYTES);
+    for (unsigned int id = first; id < end; ++id) {
+        const bool hasAddress = id < m_frame.entryCount();
+        const unsigned long long address =
+            hasAddress ? m_frame.addressOf(id) : m_source.storageSize;
+        const TypeFile::RecordFrame record = m_frame.recordAt(address);
+        const unsigned long long size =
+            record.hasHead() ? std::min(record.size(), MOST_RECORD_BYTES) : 0;
         sizes.push_back(size);
         addresses.push_back(fmt::format("{:x}", address));
         for (unsigned long long at = 0; at < size;) {

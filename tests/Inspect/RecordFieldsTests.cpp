@@ -6,6 +6,7 @@
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/LittleEndian.h"
 #include "TypeFile/StorageWindow.h"
+#include "TypeFile/TypeFileFrame.h"
 #include "support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
@@ -338,16 +339,12 @@ class RealFile : public testing::TestWithParam<std::string> {
 protected:
     RealFile()
         : m_storage(EXAMPLE_TYPEFILES_DIR "/" + GetParam() + ".typ"),
-          m_window(m_storage, m_storage.size(), BLOCK) {
+          m_window(m_storage, m_storage.size(), BLOCK), m_frame(m_storage, m_storage.size()),
+          m_count(m_frame.typeCount()) {
         m_manager.setupDeserializer(m_storage, 0);
-        const char* header = m_window.at(0, TypeFileFormat::HEADER_SIZE);
-        m_count = littleEndianAt<unsigned int>(header + TypeFileFormat::TYPE_COUNT_OFFSET);
-        m_table = littleEndianAt<unsigned int>(header + TypeFileFormat::ADDRESS_TABLE_OFFSET);
     }
 
-    unsigned long long addressOf(unsigned int id) {
-        return littleEndianAt<unsigned long long>(m_window.at(m_table + 8ULL * id, 8));
-    }
+    unsigned long long addressOf(unsigned int id) const { return m_frame.addressOf(id); }
 
     std::vector<RecordField> fields(unsigned int id) {
         std::vector<RecordField> fields;
@@ -361,8 +358,8 @@ protected:
     OVAT::FileBlockManager m_storage;
     TypeFile::StorageWindow m_window;
     RTTI::RTTypeManager m_manager;
-    unsigned int m_count = 0;
-    unsigned long long m_table = 0;
+    TypeFile::TypeFileFrame m_frame;
+    unsigned int m_count;
 };
 
 TEST_P(RealFile, HasRecordsThatTheirFieldsCoverWithoutGapOrOverlap) {

@@ -3,6 +3,7 @@
 #include "Inspect/views/TypeStatistics.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/CTType.h"
+#include "TypeFile/TypeFileFrame.h"
 #include "support/ModelStorage.h"
 #include "support/TypeTableModel.h"
 #include "support/WrittenTypes.h"
@@ -320,10 +321,7 @@ TEST(TypeStatistics, OfNothing) {
 /// Types by kind of a real file, with every fixed array, and every struct or record, as one kind.
 std::map<std::string, unsigned int> countsOf(const std::string& name) {
     OVAT::FileBlockManager storage(EXAMPLE_TYPEFILES_DIR "/" + name + ".typ");
-    char count[4];
-    storage.read(TypeFileFormat::TYPE_COUNT_OFFSET, count, sizeof count);
-    const unsigned int types =
-        static_cast<unsigned char>(count[0]) + 256u * static_cast<unsigned char>(count[1]);
+    const unsigned int types = TypeFile::TypeFileFrame(storage, storage.size()).typeCount();
     RTTypeManager manager;
     manager.setupDeserializer(storage, 0);
     std::map<std::string, unsigned int> counts;

@@ -3,6 +3,7 @@
 #include "Inspect/bytes/FileAnnotator.h"
 #include "OVAT/FileBlockManager.h"
 #include "Terminal.h"
+#include "TypeFile/TypeFileFrame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -25,10 +26,10 @@ struct AnnotateOptions {
 int runAnnotate(const AnnotateOptions& options) {
     OVAT::FileBlockManager storage(options.file);
     if (options.id) {
-        const auto count = Inspect::claimedTypeCount(storage, storage.size(), options.offset);
-        if (count && *options.id >= *count)
+        const TypeFile::TypeFileFrame frame(storage, storage.size(), options.offset);
+        if (frame.hasHeader() && *options.id >= frame.typeCount())
             throw CLI::ValidationError("ID " + std::to_string(*options.id) + ": the file has " +
-                                       std::to_string(*count) + " types");
+                                       std::to_string(frame.typeCount()) + " types");
     }
     Inspect::Annotation annotation;
     annotation.baseOffset = options.offset;

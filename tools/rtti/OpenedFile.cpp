@@ -1,6 +1,5 @@
 #include "OpenedFile.h"
 
-#include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 #include "ReadProgress.h"
 #include "TypeFile/TypeFileVerifier.h"
@@ -8,7 +7,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <string_view>
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
@@ -17,8 +15,6 @@ namespace {
 
 constexpr int FAULTY_FILE = 1;
 constexpr int NOT_READABLE = 2;
-
-bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
 
@@ -36,20 +32,21 @@ std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlo
 }
 
 OpenedFile::OpenedFile(const FileArguments& arguments)
-    : m_path(arguments.file), m_storage(arguments.file) {
-    checkHeader(arguments.offset);
+    : m_path(arguments.file), m_storage(arguments.file),
+      m_frame(m_storage, m_storage.size(), arguments.offset) {
+    checkFrame();
     if (!arguments.force)
         verify(arguments.offset);
     m_manager.setupDeserializer(m_storage, arguments.offset);
 }
 
 Inspect::TypeTable OpenedFile::types() {
-    return {m_typeCount, [this](unsigned int id) { return m_manager.getRTType(id); }};
+    return {typeCount(), [this](unsigned int id) { return m_manager.getRTType(id); }};
 }
 
 Inspect::TypeTable OpenedFile::loadedTypes() {
-    Progress progress("loading " + m_path, m_typeCount);
-    for (unsigned int id = 0; id < m_typeCount; ++id) {
+    Progress progress("loading " + m_path, typeCount());
+    for (unsigned int id = 0; id < typeCount(); ++id) {
         m_manager.getRTType(id);
         progress.at(id);
     }
@@ -57,44 +54,34 @@ Inspect::TypeTable OpenedFile::loadedTypes() {
 }
 
 void OpenedFile::checkId(const std::string& what, unsigned int id) const {
-    if (id >= m_typeCount)
+    if (id >= typeCount())
         throw CLI::ValidationError(what + " " + std::to_string(id) + ": the file has " +
-                                   std::to_string(m_typeCount) + " types");
+                                   std::to_string(typeCount()) + " types");
 }
 
-void OpenedFile::checkHeader(unsigned long long offset) {
-    const unsigned long long size = m_storage.size();
-    if (offset > size || size - offset < HEADER_SIZE)
+void OpenedFile::checkFrame() const {
+    const std::string offset = std::to_string(m_frame.baseOffset());
+    if (!m_frame.hasHeader())
         throw UnusableFile(m_path,
-                           "too short for a type file: " + std::to_string(size) +
+                           "too short for a type file: " + std::to_string(m_storage.size()) +
                                " bytes, and the header takes " + std::to_string(HEADER_SIZE) +
-                               " at offset " + std::to_string(offset),
+                               " at offset " + offset,
                            NOT_READABLE);
-    char header[HEADER_SIZE];
-    m_storage.read(offset, header, HEADER_SIZE);
-    const std::string_view version(header, std::find(header, header + VERSION_SIZE, '\0') - header);
-    m_version = version;
-    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
-    m_tableOffset = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
-    const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
-    if (isBlank || version.size() == VERSION_SIZE ||
-        !std::all_of(version.begin(), version.end(), isPrintable))
-        throw UnusableFile(
-            m_path, "no type file: there is no version text at offset " + std::to_string(offset),
-            NOT_READABLE);
-    if (version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
+    if (!m_frame.hasVersionText())
+        throw UnusableFile(m_path, "no type file: there is no version text at offset " + offset,
+                           NOT_READABLE);
+    if (m_frame.isMarkedUnusable())
         throw UnusableFile(m_path,
                            "its writer marked it as holding no usable types (version \"" +
-                               std::string(version) + "\")",
+                               m_frame.version() + "\")",
                            FAULTY_FILE);
-    const unsigned long long tableSize =
-        m_typeCount * static_cast<unsigned long long>(ADDRESS_SIZE);
-    if (m_typeCount != 0 && (m_tableOffset > size || size - m_tableOffset < tableSize))
+    if (!m_frame.hasTable())
         throw UnusableFile(m_path,
-                           "too short for its " + std::to_string(m_typeCount) +
-                               " types: the address table at " + std::to_string(m_tableOffset) +
-                               " takes " + std::to_string(tableSize) + " bytes, and the file has " +
-                               std::to_string(size),
+                           "too short for its " + std::to_string(m_frame.typeCount()) +
+                               " types: the address table at " +
+                               std::to_string(m_frame.tableOffset()) + " takes " +
+                               std::to_string(m_frame.tableSize()) + " bytes, and the file has " +
+                               std::to_string(m_storage.size()),
                            NOT_READABLE);
 }
 
@@ -112,19 +99,12 @@ void OpenedFile::verify(unsigned long long offset) {
                        FAULTY_FILE);
 }
 
-unsigned int OpenedFile::kindOf(unsigned int typeId) {
-    return wordOfRecord(typeId, RECORD_KIND_OFFSET);
+unsigned int OpenedFile::kindOf(unsigned int typeId) const { return recordOf(typeId).kind; }
+
+unsigned int OpenedFile::recordSizeOf(unsigned int typeId) const {
+    return static_cast<unsigned int>(std::max(0, recordOf(typeId).claimedSize));
 }
 
-unsigned int OpenedFile::recordSizeOf(unsigned int typeId) {
-    return static_cast<unsigned int>(std::max(0, static_cast<int>(wordOfRecord(typeId, 0))));
-}
-
-unsigned int OpenedFile::wordOfRecord(unsigned int typeId, unsigned long long offset) {
-    char address[ADDRESS_SIZE];
-    m_storage.read(m_tableOffset + typeId * static_cast<unsigned long long>(ADDRESS_SIZE), address,
-                   ADDRESS_SIZE);
-    char word[sizeof(unsigned int)];
-    m_storage.read(littleEndianAt<unsigned long long>(address) + offset, word, sizeof word);
-    return littleEndianAt<unsigned int>(word);
+TypeFile::RecordFrame OpenedFile::recordOf(unsigned int typeId) const {
+    return m_frame.recordAt(m_frame.addressOf(typeId));
 }

@@ -5,6 +5,7 @@
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/Finding.h"
+#include "TypeFile/TypeFileFrame.h"
 
 #include <stdexcept>
 #include <string>
@@ -36,13 +37,13 @@ public:
     /// throws.
     explicit OpenedFile(const FileArguments& arguments);
 
-    unsigned int typeCount() const { return m_typeCount; }
+    unsigned int typeCount() const { return m_frame.typeCount(); }
 
     /// The version text in the file's header.
-    const std::string& version() const { return m_version; }
+    const std::string& version() const { return m_frame.version(); }
 
     /// Where the address table begins in the storage.
-    unsigned int tableOffset() const { return m_tableOffset; }
+    unsigned int tableOffset() const { return m_frame.tableOffset(); }
     RTTI::RTTypeManager& manager() { return m_manager; }
     OVAT::FileBlockManager& storage() { return m_storage; }
 
@@ -57,20 +58,18 @@ public:
     void checkId(const std::string& what, unsigned int id) const;
 
     /// The kind code of a type's record, as the storage has it.
-    unsigned int kindOf(unsigned int typeId);
+    unsigned int kindOf(unsigned int typeId) const;
 
     /// The bytes of a type's record, as its size field has it; 0 for a negative size.
-    unsigned int recordSizeOf(unsigned int typeId);
+    unsigned int recordSizeOf(unsigned int typeId) const;
 
 private:
-    void checkHeader(unsigned long long offset);
+    void checkFrame() const;
     void verify(unsigned long long offset);
-    unsigned int wordOfRecord(unsigned int typeId, unsigned long long offset);
+    TypeFile::RecordFrame recordOf(unsigned int typeId) const;
 
     std::string m_path;
     OVAT::FileBlockManager m_storage;
+    TypeFile::TypeFileFrame m_frame;
     RTTI::RTTypeManager m_manager; ///< Reads from the storage.
-    std::string m_version;
-    unsigned int m_typeCount = 0;
-    unsigned int m_tableOffset = 0;
 };

@@ -1,0 +1,104 @@
+#include "TypeFile/TypeFileFrame.h"
+
+#include "RTTI/LittleEndian.h"
+#include "RTTI/TypeFileFormat.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace TypeFile {
+
+using namespace RTTI;
+using namespace RTTI::TypeFileFormat;
+
+namespace {
+
+bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+
+} // namespace
+
+bool RecordFrame::hasHead() const { return room >= RECORD_HEADER_SIZE; }
+
+bool RecordFrame::isWhole() const {
+    return claimedSize >= static_cast<int>(RECORD_HEADER_SIZE) &&
+           static_cast<unsigned int>(claimedSize) <= room;
+}
+
+unsigned long long RecordFrame::size() const {
+    const int least = static_cast<int>(RECORD_HEADER_SIZE);
+    return std::min<unsigned long long>(room,
+                                        static_cast<unsigned int>(std::max(claimedSize, least)));
+}
+
+TypeFileFrame::TypeFileFrame(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                             unsigned long long baseOffset)
+    : m_storage(storage), m_storageSize(storageSize), m_baseOffset(baseOffset),
+      m_hasHeader(baseOffset <= storageSize && storageSize - baseOffset >= HEADER_SIZE) {
+    if (!m_hasHeader)
+        return;
+    char header[HEADER_SIZE];
+    storage.read(baseOffset, header, HEADER_SIZE);
+    m_version.assign(header, std::find(header, header + VERSION_SIZE, '\0'));
+    m_typeCount = littleEndianAt<unsigned int>(header + TYPE_COUNT_OFFSET);
+    m_tableOffset = littleEndianAt<unsigned int>(header + ADDRESS_TABLE_OFFSET);
+    // A header of zeros is no text of length 0.
+    const bool isBlank = std::all_of(header, header + HEADER_SIZE, [](char c) { return c == 0; });
+    m_hasVersionText = !isBlank && m_version.size() < VERSION_SIZE &&
+                       std::all_of(m_version.begin(), m_version.end(), isPrintable);
+}
+
+bool TypeFileFrame::isMarkedUnusable() const {
+    return m_version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID;
+}
+
+unsigned long long TypeFileFrame::tableSize() const {
+    return m_typeCount * static_cast<unsigned long long>(ADDRESS_SIZE);
+}
+
+unsigned int TypeFileFrame::entryCount() const {
+    const unsigned long long room =
+        m_tableOffset < m_storageSize ? (m_storageSize - m_tableOffset) / ADDRESS_SIZE : 0;
+    return static_cast<unsigned int>(std::min<unsigned long long>(m_typeCount, room));
+}
+
+unsigned long long TypeFileFrame::entryOffset(unsigned int typeId) const {
+    return m_tableOffset + typeId * static_cast<unsigned long long>(ADDRESS_SIZE);
+}
+
+unsigned long long TypeFileFrame::addressOf(unsigned int typeId) const {
+    if (typeId >= entryCount())
+        throw std::out_of_range("there is no address of type " + std::to_string(typeId) +
+                                " in the storage");
+    char entry[ADDRESS_SIZE];
+    m_storage.read(entryOffset(typeId), entry, ADDRESS_SIZE);
+    return littleEndianAt<unsigned long long>(entry);
+}
+
+std::vector<unsigned long long> TypeFileFrame::addresses() const {
+    std::vector<unsigned long long> addresses(entryCount());
+    if (addresses.empty())
+        return addresses;
+    char* const bytes = reinterpret_cast<char*>(addresses.data());
+    const std::size_t size = addresses.size() * ADDRESS_SIZE;
+    m_storage.read(m_tableOffset, bytes, static_cast<long long>(size));
+    for (std::size_t i = 0; i < addresses.size(); ++i)
+        addresses[i] = littleEndianAt<unsigned long long>(bytes + i * ADDRESS_SIZE);
+    return addresses;
+}
+
+RecordFrame TypeFileFrame::recordAt(unsigned long long address) const {
+    RecordFrame frame;
+    frame.address = address;
+    frame.room = address < m_storageSize ? m_storageSize - address : 0;
+    char head[RECORD_HEADER_SIZE];
+    const auto count = std::min<unsigned long long>(frame.room, RECORD_HEADER_SIZE);
+    if (count != 0)
+        m_storage.read(address, head, static_cast<long long>(count));
+    if (count >= RECORD_SIZE_SIZE)
+        frame.claimedSize = littleEndianAt<int>(head);
+    if (count == RECORD_HEADER_SIZE)
+        frame.kind = littleEndianAt<unsigned int>(head + RECORD_KIND_OFFSET);
+    return frame;
+}
+
+} // namespace TypeFile
