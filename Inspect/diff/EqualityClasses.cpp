@@ -1,7 +1,7 @@
 #include "Inspect/diff/EqualityClasses.h"
 
 #include "Inspect/diff/KeyNumbers.h"
-#include "Inspect/diff/StablePartition.h"
+#include "TypeFile/StablePartition.h"
 
 #include <utility>
 
@@ -86,7 +86,7 @@ private:
             m_classes[m_circular[i]] = i;
         const unsigned int grounded = m_keys.count();
         std::vector<unsigned int> blocks;
-        std::vector<LabelledEdge> edges;
+        std::vector<TypeFile::LabelledEdge> edges;
         for (unsigned int i = 0; i < m_circular.size(); ++i) {
             const unsigned int node = m_circular[i];
             m_key.assign({m_graph.content(node), m_graph.name(node)});
@@ -101,7 +101,7 @@ private:
             }
             blocks.push_back(numberOfKey() - grounded);
         }
-        const std::vector<unsigned int> stable = stablePartition(blocks, edges);
+        const std::vector<unsigned int> stable = TypeFile::stablePartition(blocks, edges);
         for (unsigned int i = 0; i < m_circular.size(); ++i)
             m_classes[m_circular[i]] = grounded + stable[i];
     }

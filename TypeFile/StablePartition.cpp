@@ -1,10 +1,10 @@
-#include "Inspect/diff/StablePartition.h"
+#include "TypeFile/StablePartition.h"
 
 #include <algorithm>
 #include <numeric>
 #include <utility>
 
-namespace Inspect {
+namespace TypeFile {
 
 namespace {
 
@@ -141,4 +141,4 @@ std::vector<unsigned int> stablePartition(const std::vector<unsigned int>& block
     return nodes.blockOf();
 }
 
-} // namespace Inspect
+} // namespace TypeFile

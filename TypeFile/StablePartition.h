@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace Inspect {
+namespace TypeFile {
 
 /// An edge of a graph. Edges that leave one node have different labels.
 struct LabelledEdge {
@@ -18,4 +18,4 @@ struct LabelledEdge {
 std::vector<unsigned int> stablePartition(const std::vector<unsigned int>& blockOf,
                                           const std::vector<LabelledEdge>& edges);
 
-} // namespace Inspect
+} // namespace TypeFile
