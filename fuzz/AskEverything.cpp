@@ -54,6 +54,8 @@ unsigned int askEverything(RTTypeManager& manager, unsigned int typeCount) {
     NoOutput out;
     unsigned int holes = 0;
     manager.readAllRTTypes();
+    const Inspect::TypeTable types{typeCount,
+                                   [&](unsigned int id) { return manager.getRTType(id); }};
     for (unsigned int id = 0; id < typeCount; ++id) {
         RTBaseType* type = manager.getRTType(id);
         if (type == nullptr) {
@@ -61,10 +63,9 @@ unsigned int askEverything(RTTypeManager& manager, unsigned int typeCount) {
             continue;
         }
         ask(*type);
-        Inspect::dumpType(out, id, *type,
-                          [&](unsigned int other) { return manager.getRTType(other); });
+        Inspect::dumpType(out, id, *type, types);
     }
-    declareAll(out, {typeCount, [&](unsigned int id) { return manager.getRTType(id); }});
+    declareAll(out, types);
     return holes;
 }
 

@@ -160,7 +160,7 @@ std::string SystemVerilogDeclarations::typedefOf(unsigned int id, const Parts& p
 void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
                                             const RTDiscreteEnumType& type) const {
     const std::vector<std::string> literals = m_names.literalNames(id);
-    const bool isFourState = type.getValueEncoding() == ENCODING_4_STATE;
+    const bool isFourState = m_types.encodings->of(type) == ENCODING_4_STATE;
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
     const unsigned int width = packedWidth(type.m_baseType).value_or(std::max(bytes, 1U) * 8);
     out << "typedef enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";

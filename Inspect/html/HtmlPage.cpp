@@ -233,7 +233,7 @@ Json HtmlPage::detailsOf(unsigned int id) const {
     for (std::size_t i = 0; i < std::min(flattened.size(), MOST_RANGES); ++i)
         for (const int number : {flattened[i].si, flattened[i].ei, flattened[i].dir})
             ranges.push_back(number);
-    return Json::array({static_cast<int>(type->getValueEncoding()), type->getValueSize(),
+    return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
                         m_declarations.declarationOf(id), flattened.size(), std::move(ranges)});
 }
 

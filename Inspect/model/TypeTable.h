@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Inspect/model/TypeEncodings.h"
 #include "RTTI/RTType.h"
 
 #include <functional>
+#include <memory>
 
 /// Types as text and as JSON, for people and for other programs.
 namespace Inspect {
@@ -15,6 +17,9 @@ using TypeLookup = std::function<const RTTI::RTBaseType*(unsigned int)>;
 struct TypeTable {
     unsigned int count = 0; ///< Ids go from 0 up to this.
     TypeLookup typeOf;      ///< Null for an id whose record builds no type.
+
+    /// The encodings of the types, whatever was asked before. Copies of a table share it.
+    std::shared_ptr<TypeEncodings> encodings = std::make_shared<TypeEncodings>();
 };
 
 } // namespace Inspect

@@ -23,7 +23,7 @@ namespace {
 /// Writes the fields of a type's own class, in the order of its record.
 class FieldWriter : public RTTypeVisitor {
 public:
-    FieldWriter(std::ostream& out, const TypeLookup& types, const TextStyle& style)
+    FieldWriter(std::ostream& out, const TypeTable& types, const TextStyle& style)
         : m_out(out), m_types(types), m_style(style) {}
 
     // Classes without fields, and those that no object has.
@@ -135,7 +135,7 @@ public:
 
     /// What the type answers when it is asked, whatever its class.
     void writeAnswers(const RTBaseType& type) {
-        line("value encoding", encodingText(type.getValueEncoding()));
+        line("value encoding", encodingText(m_types.encodings->of(type)));
         const unsigned int size = type.getValueSize();
         line("value size", size != 0 ? number(size) + " bytes" : "not recorded");
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
@@ -201,7 +201,7 @@ private:
         return number(id) + ' ' + (type != nullptr ? name(quotedName(type->m_name)) : "(no type)");
     }
 
-    std::string reference(unsigned int id) const { return reference(id, m_types(id)); }
+    std::string reference(unsigned int id) const { return reference(id, m_types.typeOf(id)); }
 
     /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
     std::string behind(const RTTypedefType& type) const {
@@ -227,7 +227,7 @@ private:
     }
 
     std::ostream& m_out;
-    const TypeLookup& m_types;
+    const TypeTable& m_types;
     const TextStyle& m_style;
 };
 
@@ -285,11 +285,13 @@ void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type,
         << style.paint(Ink::NAME, quotedName(type.m_name)) << '\n';
 }
 
-void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeLookup& types,
+void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeTable& types,
               const TextStyle& style) {
     dumpHeading(out, id, type, style);
-    const auto lookup = [&](unsigned int other) { return other == id ? &type : types(other); };
-    const TypeDeclarations declarations({0, lookup}, Naming::OWN);
+    const auto lookup = [&](unsigned int other) {
+        return other == id ? &type : types.typeOf(other);
+    };
+    const TypeDeclarations declarations({0, lookup, types.encodings}, Naming::OWN);
     {
         DeclarationField field(out);
         std::ostream lines(&field);

@@ -13,8 +13,9 @@ void dumpHeading(std::ostream& out, unsigned int id, const RTTI::RTBaseType& typ
 
 /// Writes a type as one block of lines: id, kind, name, its declaration in its own language, every
 /// field and what the type answers to its queries, with other types shown as id and name, and an
-/// empty line at the end. `types` gives the types that a field holds by id.
+/// empty line at the end. `types` gives the types that a field holds by id, and the encoding: the one
+/// that the type answers when it is asked before all others.
 void dumpType(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type,
-              const TypeLookup& types, const TextStyle& style = TextStyle::plain());
+              const TypeTable& types, const TextStyle& style = TextStyle::plain());
 
 } // namespace Inspect

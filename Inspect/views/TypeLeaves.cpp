@@ -30,9 +30,9 @@ std::string typeText(const LeafWalk& leaf) {
     return leaf.isSeenAbove() ? text + " (seen above)" : text;
 }
 
-std::string encodingOf(const LeafWalk& leaf) {
+std::string encodingOf(const LeafWalk& leaf, const TypeTable& types) {
     const RTBaseType* encoded = leaf.encoded();
-    return encoded != nullptr ? encodingText(encoded->getValueEncoding()) : "-";
+    return encoded != nullptr ? encodingText(types.encodings->of(*encoded)) : "-";
 }
 
 std::string rangesOf(const LeafWalk& leaf) {
@@ -58,12 +58,12 @@ Json dimensionToJson(const Dimension& dimension) {
     return dimensionText(dimension);
 }
 
-Json leafToJson(const LeafWalk& leaf) {
+Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
     Json json{{"path", leaf.path()}};
     json.update(typeToJson(leaf.typeId(), leaf.type()));
     json["declaredType"] =
         leaf.declaredTypeId() != TypeFileFormat::NO_TYPE_ID ? Json(leaf.declaredTypeId()) : Json();
-    json["encoding"] = leaf.encoded() != nullptr ? Json(encodingOf(leaf)) : Json();
+    json["encoding"] = leaf.encoded() != nullptr ? Json(encodingOf(leaf, types)) : Json();
     Json& dimensions = json["dimensions"] = Json::array();
     for (const Dimension& dimension : leaf.dimensions())
         dimensions.push_back(dimensionToJson(dimension));
@@ -82,7 +82,7 @@ void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
     while (out && leaf.next())
         out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
             << column(style, Ink::KEYWORD, typeText(leaf), TYPE_WIDTH)
-            << column(style, Ink::COMMENT, encodingOf(leaf), ENCODING_WIDTH)
+            << column(style, Ink::COMMENT, encodingOf(leaf, types), ENCODING_WIDTH)
             << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
 }
 
@@ -90,7 +90,7 @@ void writeLeavesJson(std::ostream& out, const TypeTable& types, unsigned int id,
     LeafWalk leaf(id, types.typeOf(id));
     JsonLines lines(out, form, {{"id", id}}, "leaves");
     while (out && leaf.next())
-        lines.add(leafToJson(leaf));
+        lines.add(leafToJson(leaf, types));
     lines.end();
 }
 

@@ -35,7 +35,7 @@ std::string withoutColours(const std::string& text) {
 
 std::string dump(const RTTI::RTBaseType& type, const TypeLookup& types, const TextStyle& style) {
     std::ostringstream out;
-    dumpType(out, 0, type, types, style);
+    dumpType(out, 0, type, {1, types}, style);
     return out.str();
 }
 

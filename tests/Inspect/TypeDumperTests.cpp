@@ -24,7 +24,7 @@ char* copyOf(const std::string& text) {
 
 std::string dump(unsigned int id, const RTBaseType& type, const RTBaseType* others = nullptr) {
     std::ostringstream out;
-    dumpType(out, id, type, [=](unsigned int) { return others; });
+    dumpType(out, id, type, {id + 1, [=](unsigned int) { return others; }});
     return out.str();
 }
 

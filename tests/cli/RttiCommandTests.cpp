@@ -70,6 +70,11 @@ TEST(RttiDump, PrintsTheIdsThatAreAskedFor) {
     EXPECT_EQ(count("\n" + result.out, "\ntype "), 2u);
 }
 
+TEST(RttiDump, ShowsTheEncodingOfATypeThatIsAskedFirstHoweverOftenItIsShown) {
+    const Result result = rtti("dump --id 170 --id 170 " + example("uvm_slang"));
+    EXPECT_EQ(count(result.out, "\n  value encoding: 4-State\n"), 2u);
+}
+
 TEST(RttiDump, FiltersByKind) {
     EXPECT_EQ(count("\n" + rtti("dump --kind class " + example("uvm_slang")).out, "\ntype "), 739u);
     EXPECT_EQ(count("\n" + rtti("dump --kind STRUCT " + example("uvm_slang")).out, "\ntype "), 10u);

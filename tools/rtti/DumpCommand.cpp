@@ -113,7 +113,7 @@ private:
         else if (m_declarations)
             m_declarations->add(id);
         else
-            Inspect::dumpType(std::cout, id, *type, m_file.types().typeOf, m_style);
+            Inspect::dumpType(std::cout, id, *type, m_types, m_style);
     }
 
     bool isWanted(const RTBaseType& type) const {
@@ -145,7 +145,7 @@ private:
     OpenedFile m_file;
     std::optional<Inspect::TypeJsonWriter> m_json;
     const Inspect::TextStyle m_style = outputStyle();
-    Inspect::TypeTable m_types;
+    Inspect::TypeTable m_types = m_file.types();
     std::optional<Inspect::DeclarationFile> m_declarations; ///< Of `m_types`.
     bool m_faults = false;
 };

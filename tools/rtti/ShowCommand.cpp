@@ -27,7 +27,7 @@ public:
 
     void type(unsigned int id) const {
         if (const RTBaseType* shown = m_types.typeOf(id))
-            Inspect::dumpType(std::cout, id, *shown, m_types.typeOf, m_style);
+            Inspect::dumpType(std::cout, id, *shown, m_types, m_style);
         else
             std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
                       << " builds no type\n\n";

@@ -18,6 +18,6 @@ int main(int argc, char** argv) {
     if (type == nullptr)
         return 1;
     Inspect::dumpType(std::cout, id, *type,
-                      [&](unsigned int other) { return manager.getRTType(other); });
+                      {id + 1, [&](unsigned int other) { return manager.getRTType(other); }});
     return 0;
 }

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "RTTI/RTType.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace Inspect {
+
+/// The value encodings of types as each answers when it is asked before any other.
+///
+/// A class that answers "4-State" because of its base class says "2-State" from then on, and so may
+/// whatever leads to it: the answers of `getValueEncoding` depend on what was asked before. These
+/// do not, and asking here leaves no mark. An object of this class remembers what it has found:
+/// asking for all types of a table takes time and memory in proportion to the table. The types must
+/// stay alive, and threads need objects of their own.
+class TypeEncodings {
+public:
+    /// Never asks a type for more than `getValueEncoding` of one that leads to no class.
+    RTTI::ValueEncoding of(const RTTI::RTBaseType& type);
+
+private:
+    /// What decides about a type: an aggregate, or itself.
+    const RTTI::RTBaseType& endOf(const RTTI::RTBaseType& type);
+    bool isTwoState(const RTTI::RTAggregateType& aggregate);
+    void explore(const RTTI::RTAggregateType& first);
+
+    /// At the end of a chain of types that answer for one another.
+    std::unordered_map<const RTTI::RTBaseType*, const RTTI::RTBaseType*> m_ends;
+
+    /// Of the aggregates that were reached, with everything below them.
+    std::unordered_map<const RTTI::RTBaseType*, bool> m_isTwoState;
+};
+
+} // namespace Inspect
