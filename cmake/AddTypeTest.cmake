@@ -1,13 +1,49 @@
 # The tests: GoogleTest, Debian's package, because its cases and failures read well.
-find_package(GTest REQUIRED)
+find_package(GTest)
+if(NOT GTest_FOUND)
+    message(FATAL_ERROR "The tests need GoogleTest (on Debian libgtest-dev and libgmock-dev); "
+        "-DBUILD_TESTING=OFF builds without them")
+endif()
 include(GoogleTest)
 
-# add_type_test(NAME SOURCE... [LINK LIBRARY...]): a test program whose cases CTest knows by name.
-function(add_type_test name)
+# The groups of tests that need no more than an optimised build: `ctest -L GROUP` runs one of them,
+# the presets "quick" build and run them all. Others have their groups, too, and are left to
+# ./check --full.
+set(quick_groups library threads writer verifier printers program import documents)
+add_custom_target(quick_tests)
+
+# group_tests(GROUP TEST... [PROGRAMS TARGET...]): puts tests into a group; PROGRAMS are built for it, by
+# the target test_group_GROUP.
+function(group_tests group)
+    cmake_parse_arguments(arg "" "" "PROGRAMS" ${ARGN})
+    if(arg_UNPARSED_ARGUMENTS)
+        set_tests_properties(${arg_UNPARSED_ARGUMENTS} PROPERTIES LABELS ${group})
+    endif()
+    if(NOT arg_PROGRAMS)
+        return()
+    endif()
+    if(NOT TARGET test_group_${group})
+        add_custom_target(test_group_${group})
+        if(group IN_LIST quick_groups)
+            add_dependencies(quick_tests test_group_${group})
+        endif()
+    endif()
+    add_dependencies(test_group_${group} ${arg_PROGRAMS})
+endfunction()
+
+# add_type_test(NAME GROUP SOURCE... [LINK LIBRARY...]): a test program whose cases CTest knows by name.
+# EXAMPLE_TYPEFILES_DIR names the real type files. The headers that every test includes are compiled
+# once, with test_support.
+function(add_type_test name group)
     cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
-    target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gmock GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    target_link_libraries(${name} PRIVATE
+        test_support ${arg_LINK} GTest::gmock GTest::gtest_main)
+    target_compile_definitions(${name} PRIVATE
+        EXAMPLE_TYPEFILES_DIR="${PROJECT_SOURCE_DIR}/examples/typefiles")
+    target_precompile_headers(${name} REUSE_FROM test_support)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 LABELS ${group})
+    group_tests(${group} PROGRAMS ${name})
 endfunction()
 
 # add_header_test(): every public header compiles on its own, as C++17 and as C++20.
@@ -27,7 +63,7 @@ function(add_header_test)
             endforeach()
         endforeach()
         add_library(headers_cxx${standard} OBJECT ${sources})
-        target_link_libraries(headers_cxx${standard} PRIVATE OVAT_interface)
+        target_link_libraries(headers_cxx${standard} PRIVATE RTTI::OVAT_interface)
         set_target_properties(headers_cxx${standard} PROPERTIES CXX_STANDARD ${standard})
     endforeach()
 endfunction()

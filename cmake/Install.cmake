@@ -1,7 +1,19 @@
-# The CMake package RTTI and the pkg-config module qd_wavedata_RTTI_RTType. Neither names the prefix:
-# an installed tree may be moved.
+# The CMake package RTTI. It does not name the prefix: an installed tree may be moved.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/RTTI)
+install(EXPORT RTTITargets NAMESPACE RTTI:: DESTINATION ${package_dir} COMPONENT Development)
+
+get_property(RTTI_PLAIN_COMPONENTS GLOBAL PROPERTY RTTI_PLAIN_COMPONENTS)
+# rtti_component(NAME PACKAGE...) for each library that links other projects.
+get_property(components GLOBAL PROPERTY RTTI_COMPONENTS_WITH_PACKAGES)
+set(RTTI_COMPONENT_CALLS)
+foreach(component IN LISTS components)
+    get_property(packages GLOBAL PROPERTY RTTI_PACKAGES_OF_${component})
+    list(JOIN packages " " packages)
+    string(APPEND RTTI_COMPONENT_CALLS "rtti_component(${component} ${packages})\n")
+    install(EXPORT RTTI${component}Targets NAMESPACE RTTI:: DESTINATION ${package_dir}
+        COMPONENT Development)
+endforeach()
 
 configure_package_config_file(cmake/RTTIConfig.cmake.in ${PROJECT_BINARY_DIR}/RTTIConfig.cmake
     INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO)
@@ -9,18 +21,4 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/RTTIConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/RTTIConfig.cmake ${PROJECT_BINARY_DIR}/RTTIConfigVersion.cmake
     DESTINATION ${package_dir} COMPONENT Development)
-install(EXPORT RTTITargets NAMESPACE RTTI:: DESTINATION ${package_dir} COMPONENT Development)
-if(RTTI_BUILD_INSPECT)
-    install(EXPORT RTTIInspectTargets NAMESPACE RTTI:: DESTINATION ${package_dir}
-        COMPONENT Development)
-endif()
-
-# From the folder of the module to the prefix, and from there to the libraries and headers.
-set(prefix ${CMAKE_INSTALL_PREFIX})
-file(RELATIVE_PATH RTTI_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${prefix})
-string(REGEX REPLACE "/$" "" RTTI_PC_PREFIX ${RTTI_PC_PREFIX})
-file(RELATIVE_PATH RTTI_PC_LIBDIR ${prefix} ${CMAKE_INSTALL_FULL_LIBDIR})
-file(RELATIVE_PATH RTTI_PC_INCLUDEDIR ${prefix} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-configure_file(cmake/qd_wavedata_RTTI_RTType.pc.in qd_wavedata_RTTI_RTType.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/qd_wavedata_RTTI_RTType.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documents)
