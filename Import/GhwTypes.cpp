@@ -1,0 +1,260 @@
+#include "Import/GhwTypes.h"
+
+#include "Import/ImportError.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace Import {
+
+namespace {
+
+bool isNumber(GhwKind kind) { return kind >= GhwKind::INTEGER && kind <= GhwKind::LONG_PHYSICAL; }
+
+bool isEnumeration(GhwKind kind) {
+    return kind >= GhwKind::ENUM_OF_TWO && kind <= GhwKind::ENUM_OF_WORDS;
+}
+
+VhdlKind numberKind(GhwKind kind) {
+    if (kind == GhwKind::REAL)
+        return VhdlKind::REAL;
+    return kind >= GhwKind::PHYSICAL ? VhdlKind::PHYSICAL : VhdlKind::INTEGER;
+}
+
+/// What becomes of one type of the file.
+struct Made {
+    std::uint32_t type = VhdlType::NONE; ///< None of composite subtypes without a name.
+    VhdlUse use;                         ///< Where another type uses it.
+    std::uint64_t open = 0;              ///< How many ranges it leaves open,
+    std::uint64_t levels = 0;            ///< of how many arrays in it.
+};
+
+/// GHDL splits the declaration of a number type, or of an array type with ranges, into a base and
+/// its first subtype, of the same name. One type is made of the two again.
+class GhwTypeMaker {
+public:
+    GhwTypeMaker(const GhwFile& file, const Input& input, bool keepAnonymous, VhdlTypes& types)
+        : m_file(file), m_input(input), m_keepAnonymous(keepAnonymous), m_types(types),
+          m_made(file.types.size()), m_firstSubtypes(file.types.size()) {}
+
+    void make() {
+        for (std::uint32_t number = 1; number < m_file.types.size(); ++number)
+            findFirstSubtype(number);
+        for (std::uint32_t number = 1; number < m_file.types.size(); ++number)
+            make(number);
+        for (std::uint32_t number = 1; number < m_file.types.size(); ++number)
+            declare(number);
+    }
+
+private:
+    [[noreturn]] void fail(const GhwType& type, const std::string& reason) const {
+        throw ImportError(m_input.offsetPlace(type.offset), reason);
+    }
+
+    const std::string& nameOf(const GhwType& type) const { return m_file.strings[type.name]; }
+
+    void findFirstSubtype(std::uint32_t number) {
+        const GhwType& type = m_file.types[number];
+        if (type.kind < GhwKind::SCALAR_SUBTYPE || type.name == 0)
+            return;
+        const GhwType& base = m_file.types[type.base];
+        std::uint32_t& first = m_firstSubtypes[type.base];
+        const bool areScalar = isNumber(base.kind) && type.kind == GhwKind::SCALAR_SUBTYPE;
+        const bool areArrays =
+            base.kind == GhwKind::ARRAY &&
+            (type.kind == GhwKind::ARRAY_SUBTYPE || type.kind == GhwKind::OPEN_ARRAY_SUBTYPE);
+        if (base.name == type.name && first == 0 && (areScalar || areArrays))
+            first = number;
+    }
+
+    void make(std::uint32_t number) {
+        const GhwType& type = m_file.types[number];
+        Made made;
+        switch (type.kind) {
+        case GhwKind::ARRAY: made = makeArray(type); break;
+        case GhwKind::RECORD: made = makeRecord(type); break;
+        case GhwKind::SCALAR_SUBTYPE: made.type = scalarSubtype(number); break;
+        case GhwKind::ARRAY_SUBTYPE: made = makeSubtype(number, GhwKind::ARRAY); break;
+        case GhwKind::RECORD_SUBTYPE: made = makeSubtype(number, GhwKind::RECORD); break;
+        case GhwKind::OPEN_ARRAY_SUBTYPE: made = makeOpenSubtype(number, GhwKind::ARRAY); break;
+        case GhwKind::OPEN_RECORD_SUBTYPE: made = makeOpenSubtype(number, GhwKind::RECORD); break;
+        default:
+            made.type = isEnumeration(type.kind) ? enumeration(type) : numberType(number);
+            break;
+        }
+        if (made.type != VhdlType::NONE && made.use.ranges.empty())
+            made.use = {made.type, std::vector<VhdlRange>(made.open), {}};
+        m_made[number] = std::move(made);
+    }
+
+    VhdlType begin(const GhwType& type, VhdlKind kind) const {
+        VhdlType result;
+        result.kind = kind;
+        result.name = nameOf(type);
+        result.place = m_input.offsetPlace(type.offset);
+        return result;
+    }
+
+    void addParts(const GhwType& type, VhdlType& result) const {
+        for (const GhwPart& part : type.parts)
+            result.parts.push_back({m_file.strings[part.name], part.value, {}});
+    }
+
+    std::uint32_t enumeration(const GhwType& type) {
+        if (type.parts.empty())
+            fail(type, "an enumeration without literals");
+        VhdlType result = begin(type, VhdlKind::ENUMERATION);
+        addParts(type, result);
+        return m_types.intern(std::move(result));
+    }
+
+    std::uint32_t numberType(std::uint32_t number) {
+        const GhwType& type = m_file.types[number];
+        VhdlType result = begin(type, numberKind(type.kind));
+        addParts(type, result);
+        if (m_firstSubtypes[number] != 0)
+            setRange(m_file.types[m_firstSubtypes[number]], result);
+        return m_types.intern(std::move(result));
+    }
+
+    /// Takes the range of a scalar subtype.
+    void setRange(const GhwType& subtype, VhdlType& result) const {
+        const GhwType& base = m_file.types[subtype.base];
+        const GhwRange& range = subtype.ranges.front();
+        if (range.isReal != (base.kind == GhwKind::REAL))
+            fail(subtype, "the range of a subtype is not of its base's kind");
+        if (range.isReal)
+            result.realRange = {true, true, range.isDownto, range.realLeft, range.realRight};
+        else
+            result.range = {false, range.isDownto, range.left, range.right};
+        if (isEnumeration(base.kind) &&
+            std::max(range.left, range.right) >= static_cast<std::int64_t>(base.parts.size()))
+            fail(subtype, "the range of a subtype has more literals than its base");
+    }
+
+    std::uint32_t scalarSubtype(std::uint32_t number) {
+        const GhwType& type = m_file.types[number];
+        const GhwKind baseKind = m_file.types[type.base].kind;
+        if (!isNumber(baseKind) && !isEnumeration(baseKind))
+            fail(type, "the base of a scalar subtype is no scalar type");
+        if (m_firstSubtypes[type.base] == number)
+            return m_made[type.base].type;
+        // A record of a real type has its range, one of a typedef none of reals.
+        const bool isReal = baseKind == GhwKind::REAL;
+        VhdlType result = begin(type, isReal ? VhdlKind::REAL : VhdlKind::SUBTYPE);
+        if (!isReal)
+            result.of.type = m_made[type.base].type;
+        setRange(type, result);
+        return m_types.intern(std::move(result));
+    }
+
+    Made makeArray(const GhwType& type) {
+        VhdlType result = begin(type, VhdlKind::ARRAY);
+        const Made& element = m_made[type.base];
+        result.of = element.use;
+        result.of.ranges.insert(result.of.ranges.begin(), type.indexes.size(), VhdlRange());
+        for (const std::uint32_t index : type.indexes) {
+            const GhwKind kind = m_file.types[index].kind;
+            if (kind != GhwKind::SCALAR_SUBTYPE && !isNumber(kind) && !isEnumeration(kind))
+                fail(type, "an index of an array is not of a scalar type");
+            result.indexes.push_back(m_made[index].type);
+        }
+        Made made;
+        made.open = type.indexes.size() + element.open;
+        made.levels = 1 + element.levels;
+        made.type = m_types.intern(std::move(result));
+        return made;
+    }
+
+    Made makeRecord(const GhwType& type) {
+        VhdlType result = begin(type, VhdlKind::RECORD);
+        Made made;
+        for (const GhwPart& part : type.parts) {
+            const Made& member = m_made[part.type];
+            result.parts.push_back({m_file.strings[part.name], 0, member.use});
+            made.open += member.open;
+            made.levels += member.levels;
+        }
+        made.type = m_types.intern(std::move(result));
+        return made;
+    }
+
+    /// The type that a composite subtype is of, and what has been made of it.
+    const Made& baseOf(const GhwType& subtype, GhwKind kind) const {
+        std::uint32_t base = subtype.base;
+        while (m_file.types[base].kind >= GhwKind::ARRAY_SUBTYPE)
+            base = m_file.types[base].base;
+        if (m_file.types[base].kind != kind)
+            fail(subtype, "a subtype and its base do not fit together");
+        return m_made[base];
+    }
+
+    std::vector<VhdlRange> rangesOf(const GhwType& subtype) const {
+        std::vector<VhdlRange> ranges;
+        for (const GhwRange& range : subtype.ranges) {
+            if (range.isReal)
+                fail(subtype, "a dimension of an array has a range of reals");
+            ranges.push_back({false, range.isDownto, range.left, range.right});
+        }
+        return ranges;
+    }
+
+    Made makeSubtype(std::uint32_t number, GhwKind kind) {
+        const GhwType& type = m_file.types[number];
+        const Made& base = baseOf(type, kind);
+        Made made;
+        if (kind == GhwKind::ARRAY && m_file.types[type.base].name == type.name && type.name != 0) {
+            VhdlType array = m_types[base.type];
+            array.place = m_input.offsetPlace(type.offset);
+            const std::vector<VhdlRange> ranges = rangesOf(type);
+            std::copy(ranges.begin(), ranges.end(), array.of.ranges.begin());
+            made.type = m_types.intern(std::move(array));
+            return made;
+        }
+        made.use = {base.type, rangesOf(type), {}};
+        if (type.name == 0 && !m_keepAnonymous)
+            return made;
+        VhdlType result = begin(type, VhdlKind::SUBTYPE);
+        result.of = made.use;
+        made.type = m_types.intern(std::move(result));
+        if (type.name != 0)
+            made.use = {made.type, {}, {}};
+        return made;
+    }
+
+    Made makeOpenSubtype(std::uint32_t number, GhwKind kind) {
+        const GhwType& type = m_file.types[number];
+        Made made = baseOf(type, kind);
+        if (m_file.types[type.base].name == type.name)
+            return made;
+        VhdlType result = begin(type, VhdlKind::SUBTYPE);
+        result.of = made.use;
+        result.mayBePart = made.levels > 1;
+        made.type = m_types.intern(std::move(result));
+        made.use = {};
+        return made;
+    }
+
+    void declare(std::uint32_t number) {
+        const GhwType& type = m_file.types[number];
+        const bool isHalf = m_firstSubtypes[number] != 0;
+        if (m_made[number].type != VhdlType::NONE && !isHalf && (type.name != 0 || m_keepAnonymous))
+            m_types.declare(m_made[number].type, "");
+    }
+
+    const GhwFile& m_file;
+    const Input& m_input;
+    bool m_keepAnonymous;
+    VhdlTypes& m_types;
+    std::vector<Made> m_made;                   ///< Of each type.
+    std::vector<std::uint32_t> m_firstSubtypes; ///< Of each base type; 0 where there is none.
+};
+
+} // namespace
+
+void addGhwTypes(const GhwFile& file, const Input& input, bool keepAnonymous, VhdlTypes& types) {
+    GhwTypeMaker(file, input, keepAnonymous, types).make();
+}
+
+} // namespace Import

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "Import/Place.h"
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Import {
+
+/// What a VHDL type is. UNKNOWN is one of which the input says no more than the name.
+enum class VhdlKind : std::uint8_t {
+    UNKNOWN,
+    ENUMERATION,
+    INTEGER,
+    REAL,
+    PHYSICAL,
+    ARRAY,
+    RECORD,
+    ACCESS,
+    FILE_TYPE,
+    SUBTYPE,
+};
+
+/// A range of whole numbers or positions, or none yet.
+struct VhdlRange {
+    bool isOpen = true;
+    bool isDownto = false;
+    std::int64_t left = 0;
+    std::int64_t right = 0;
+
+    bool operator==(const VhdlRange&) const = default;
+};
+
+/// A range of reals.
+struct VhdlRealRange {
+    bool isKnown = false;
+    bool isExact = true; ///< Else both bounds have six digits.
+    bool isDownto = false;
+    double left = 0;
+    double right = 0;
+};
+
+/// A type where another one uses it.
+struct VhdlUse {
+    std::uint32_t type = 0;
+
+    /// What is said about the ranges that the type leaves open, in their order: its own dimensions,
+    /// then those of its element; those of a record's members. Empty where it leaves none open.
+    std::vector<VhdlRange> ranges;
+
+    /// Other types that may be meant, because they have the same name.
+    std::vector<std::uint32_t> alternatives;
+};
+
+/// A literal, a unit or a member.
+struct VhdlPart {
+    std::string name;
+    std::int64_t value = 0; ///< Of a unit: in primary units.
+    VhdlUse use;            ///< Of a member.
+};
+
+/// A type as VHDL declares it. Names are Latin-1, in lower case but for literals of one character
+/// and extended identifiers.
+struct VhdlType {
+    VhdlKind kind = VhdlKind::UNKNOWN;
+    std::string name; ///< Empty where the source gives it none.
+    Place place;
+
+    /// The element of an array, with the ranges of the array's own dimensions in front; the base of
+    /// a subtype; what an access or file type is of.
+    VhdlUse of;
+
+    std::vector<std::uint32_t> indexes; ///< Of an array; NONE where the input does not say.
+    std::vector<VhdlPart> parts;
+    VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
+    VhdlRealRange realRange;
+    bool mayBeReal = false; ///< An integer type by the look of its bounds alone.
+    bool mayBePart = false; ///< A subtype that may have ranges which the input does not say.
+
+    static constexpr std::uint32_t NONE = 0xFFFFFFFF;
+};
+
+/// A declaration: of which type, and where.
+struct VhdlDeclaration {
+    std::uint32_t type = 0;
+    std::string package; ///< Empty outside a package.
+};
+
+/// The types of a design, and which of them were declared.
+class VhdlTypes {
+public:
+    /// Adds a type, or finds the equal one that is there. The types that it refers to have to be
+    /// there.
+    std::uint32_t intern(VhdlType type);
+
+    /// Adds a type that may refer to others which are still to come.
+    std::uint32_t add(VhdlType type);
+
+    VhdlType& operator[](std::uint32_t id) { return m_types[id]; }
+    const VhdlType& operator[](std::uint32_t id) const { return m_types[id]; }
+    std::uint32_t size() const { return static_cast<std::uint32_t>(m_types.size()); }
+
+    void declare(std::uint32_t type, std::string package) {
+        m_declarations.push_back({type, std::move(package)});
+    }
+    std::vector<VhdlDeclaration>& declarations() { return m_declarations; }
+    const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
+
+private:
+    std::vector<VhdlType> m_types;
+    std::vector<VhdlDeclaration> m_declarations;
+    std::unordered_map<std::string, std::uint32_t> m_byContent;
+};
+
+} // namespace Import
