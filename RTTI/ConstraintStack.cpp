@@ -42,7 +42,7 @@ void ConstraintStack<Constraint>::pushFilled(const std::vector<Constraint>& own,
         makeRoom();
     const Constraint* const filling = findFilling(own);
     if (filling == nullptr && !copies) {
-        m_frames[m_depth++] = {&own, 0, false};
+        append(own, false);
         return;
     }
     auto copy = std::make_unique<std::vector<Constraint>>(own);
@@ -52,7 +52,7 @@ void ConstraintStack<Constraint>::pushFilled(const std::vector<Constraint>& own,
                            return hasBounds(range) ? range : bottom;
                        });
     }
-    m_frames[m_depth++] = {copy.release(), 0, true};
+    append(*copy.release(), true);
     ++m_copies;
 }
 
@@ -78,16 +78,32 @@ ConstraintStack<Constraint>::findFilling(const std::vector<Constraint>& own) con
 }
 
 template <typename Constraint> const Constraint& ConstraintStack<Constraint>::findConstraint() {
-    static const Constraint dummy{};
-    for (std::size_t depth = m_depth; depth > 0; --depth) {
+    static constexpr Constraint dummy{};
+    for (std::size_t depth = m_depth; depth != 0;) {
         Frame& frame = m_frames[depth - 1];
-        if (frame.m_cursor >= frame.m_constraints->size())
-            continue;
-        const Constraint& next = (*frame.m_constraints)[frame.m_cursor++];
-        if (!isOpen(next))
-            return next;
+        if (!isUsedUp(frame)) {
+            const Constraint& next = (*frame.m_constraints)[frame.m_cursor++];
+            if (!isOpen(next))
+                return next;
+        }
+        depth = nextBelow(frame);
     }
     return dummy;
+}
+
+/// The depth of the next frame below that has entries left, 0 for none. A frame that has none will
+/// not have any again while it is on the stack, so the ways past such frames are shortened as they
+/// are gone: each new way past a million of them is a few steps.
+template <typename Constraint> std::size_t ConstraintStack<Constraint>::nextBelow(Frame& frame) {
+    std::size_t depth = frame.m_below;
+    while (depth != 0 && isUsedUp(m_frames[depth - 1])) {
+        Frame& passed = m_frames[depth - 1];
+        depth = passed.m_below;
+        if (depth != 0 && isUsedUp(m_frames[depth - 1]))
+            depth = passed.m_below = m_frames[depth - 1].m_below;
+    }
+    frame.m_below = static_cast<unsigned int>(depth) & 0x7FFFFFFF;
+    return depth;
 }
 
 template class ConstraintStack<FullConstraints>;

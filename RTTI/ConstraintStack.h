@@ -21,7 +21,9 @@ public:
     struct Frame {
         const std::vector<Constraint>* m_constraints; ///< The entries.
         unsigned int m_cursor;                        ///< The entry that is used next.
-        bool m_isCopy; ///< Then the ranges belong to the frame, else to the level's type.
+        unsigned int m_below : 31; ///< The depth at which a question goes on below this frame.
+        unsigned int
+            m_isCopy : 1; ///< Then the ranges belong to the frame, else to the level's type.
     };
 
     /// Empty. Constant time; nothing is allocated.
@@ -67,16 +69,26 @@ public:
     }
 
     /// The next range, valid until the frame that gave it is popped. All zero where every level
-    /// leaves it open or has no entry left. Grows with the number of levels that are asked.
+    /// leaves it open or has no entry left. Grows with the levels that have an entry left: those
+    /// that have none are passed over for good.
     const Constraint& getConstraint();
 
 private:
     static constexpr std::size_t FRAMES_INSIDE = 12;
 
+    static bool isUsedUp(const Frame& frame) {
+        return frame.m_cursor >= frame.m_constraints->size();
+    }
+
     void makeRoom();
+    void append(const std::vector<Constraint>& ranges, bool isCopy) {
+        m_frames[m_depth] = {&ranges, 0, static_cast<unsigned int>(m_depth) & 0x7FFFFFFF, isCopy};
+        ++m_depth;
+    }
     void pushFilled(const std::vector<Constraint>& own, bool copies);
     const Constraint* findFilling(const std::vector<Constraint>& own) const;
     const Constraint& findConstraint();
+    std::size_t nextBelow(Frame& frame);
 
     Frame* m_frames = m_inside; ///< Bottom first.
     std::size_t m_depth = 0;
@@ -93,7 +105,7 @@ inline void ConstraintStack<Constraint>::pushLasting(const std::vector<Constrain
     if (m_depth == m_room || (m_depth != 0 && hasOpenEntries(own)))
         pushFilled(own, false);
     else
-        m_frames[m_depth++] = {&own, 0, false};
+        append(own, false);
 }
 
 template <typename Constraint> inline void ConstraintStack<Constraint>::popTo(std::size_t depth) {

@@ -9,7 +9,6 @@
 #include <set>
 #include <typeinfo>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -156,9 +155,12 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
 /// The walk of an aggregate. Its output is that of the walk over every path on which no class comes
 /// twice, and no struct twice without a class in between.
 ///
-/// So that the cost grows with the output and not with the paths, an aggregate below which nothing
-/// was found is barren: it is passed by until something below it changes, that is, until a class
-/// that ended a path there has itself left the path and had something to give.
+/// So that the cost grows with the output and not with the paths, the walk blocks aggregates as
+/// Johnson's enumeration of elementary circuits blocks vertices (SIAM J. Comput. 4, 1975): one that
+/// gave nothing is blocked, that is, passed by, until one of its parts has left the path and gave
+/// something. Where a path through a struct ended at a struct around it, the block holds in this
+/// segment alone, the path since its last class, for behind another class the walk goes on there.
+/// Once the outermost struct of the segment is left and gave nothing, the block holds everywhere.
 ///
 /// Nothing is allocated for an aggregate that holds no other one. Frames that an exception leaves
 /// on the stack are the caller's.
@@ -193,21 +195,31 @@ private:
         std::size_t depthBefore = 0; ///< Of the stack, before the frames on the way to it.
         std::size_t outputBefore = 0;
         std::size_t outerSegment = 0; ///< What m_segment, or a struct's entry, said before.
+        const RTAggregateType* outermost = nullptr; ///< Struct of the segment; null for a class.
+        bool hasEnded = false; ///< A path through it ended at a struct around it.
+    };
+
+    /// Where an aggregate is blocked: everywhere or, with an outermost struct, in its segment.
+    struct Block {
+        const RTAggregateType* outermost;
+        std::size_t segment;
     };
 
     /// A walk of ranges given before it started counts them as well: only a fresh one has a limit.
     std::size_t stepsTaken() const { return m_out.size() + m_fruitfulVisits; }
 
     bool enter(const RTAggregateType& aggregate, std::size_t depthBefore);
-    bool endsPath(const RTAggregateType& aggregate, bool isClass);
+    bool isPassedBy(const RTAggregateType& aggregate, bool isClass);
+    bool isOnSegment(const RTAggregateType& structure) const;
+    bool isBlockedEverywhere(const RTAggregateType* aggregate) const;
     void keepStep();
     void advance();
     bool walkPart(const Ranges* memberRanges, const RTBaseType* type);
     void leave();
     void comeBack();
-    void waitForParts(const RTAggregateType& barren);
-    void waitFor(const RTBaseType* part, const RTAggregateType& barren);
-    void revive(const RTAggregateType& changed);
+    void block(const Step& left);
+    void unblockWith(const RTBaseType* part, const RTAggregateType& blocked);
+    void unblock(const RTAggregateType& changed);
 
     Stack& m_stack;
     Ranges& m_out;
@@ -218,37 +230,56 @@ private:
     std::size_t m_classesEntered = 1; ///< From 1 on: 0 is no segment.
     std::size_t m_segment = 1;        ///< Of the path, from its last class on.
     std::unordered_map<const RTAggregateType*, std::size_t> m_structs; ///< Outer ones; segment.
-    std::vector<const RTAggregateType*> m_endedAt; ///< Structs that ended a path.
-    std::unordered_set<const RTAggregateType*> m_barren;
-    std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_waiting;
+    std::unordered_map<const RTAggregateType*, Block> m_blocked;
+    /// What is unblocked with a part.
+    std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_unblockedWith;
 };
 
 /// Whether the aggregate is on the path now.
 bool ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBefore) {
     const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
-    if (m_barren.count(&aggregate) != 0 || endsPath(aggregate, isClass))
+    if (isPassedBy(aggregate, isClass))
         return false;
     keepStep();
-    if (isClass)
-        classesOnPath().insert(static_cast<const RTClassType*>(&aggregate));
+    const bool isOutermost = m_step.outermost == nullptr;
+    const RTAggregateType* const outermost = isOutermost ? &aggregate : m_step.outermost;
     m_step = {&aggregate, isClass, isClass, 0, depthBefore, m_out.size(), m_segment};
     if (isClass) {
+        classesOnPath().insert(static_cast<const RTClassType*>(&aggregate));
         m_segment = ++m_classesEntered;
-        for (const RTAggregateType* ended : m_endedAt) // From here they may be walked again.
-            revive(*ended);
-        m_endedAt.clear();
+    } else {
+        m_step.outermost = outermost;
     }
     return true;
 }
 
-bool ConstraintWalk::endsPath(const RTAggregateType& aggregate, bool isClass) {
-    if (isClass)
-        return classesOnPath().count(static_cast<const RTClassType*>(&aggregate)) != 0;
-    const auto outer = m_structs.find(&aggregate);
-    if (&aggregate != m_step.aggregate && (outer == m_structs.end() || outer->second != m_segment))
+bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate, bool isClass) {
+    if (isClass && classesOnPath().count(static_cast<const RTClassType*>(&aggregate)) != 0)
+        return true;
+    if (!isClass && isOnSegment(aggregate)) {
+        m_step.hasEnded = true;
+        return true;
+    }
+    const auto blocked = m_blocked.find(&aggregate);
+    if (blocked == m_blocked.end())
         return false;
-    m_endedAt.push_back(&aggregate);
-    return true;
+    const Block& block = blocked->second;
+    if (block.outermost == nullptr || isBlockedEverywhere(block.outermost))
+        return true;
+    m_step.hasEnded = m_step.hasEnded || block.segment == m_segment;
+    return block.segment == m_segment;
+}
+
+/// Whether the path holds the struct behind its last class.
+bool ConstraintWalk::isOnSegment(const RTAggregateType& structure) const {
+    const auto outer = m_structs.find(&structure);
+    return &structure == m_step.aggregate ||
+           (outer != m_structs.end() && outer->second == m_segment);
+}
+
+bool ConstraintWalk::isBlockedEverywhere(const RTAggregateType* aggregate) const {
+    const auto blocked = m_blocked.find(aggregate);
+    return blocked != m_blocked.end() && blocked->second.outermost == nullptr;
 }
 
 /// Before another aggregate takes the place of the innermost one.
@@ -300,9 +331,9 @@ void ConstraintWalk::leave() {
     if (m_step.aggregate == nullptr)
         return;
     if (isFruitful)
-        revive(*left.aggregate);
-    else if (m_barren.insert(left.aggregate).second)
-        waitForParts(*left.aggregate);
+        unblock(*left.aggregate);
+    else
+        block(left);
 }
 
 /// Goes back to the aggregate around the innermost one. Allocates nothing, so that an exception can
@@ -322,37 +353,43 @@ void ConstraintWalk::comeBack() {
         m_structs[m_step.aggregate] = m_step.outerSegment;
 }
 
-/// A barren aggregate is looked at again once one of its parts has something to give.
-void ConstraintWalk::waitForParts(const RTAggregateType& barren) {
-    if (barren.GetClassId() == ClassId::CLASS)
-        waitFor(static_cast<const RTClassType&>(barren).m_baseClass, barren);
-    for (const RTBaseType* part : barren.m_memberTypes)
-        waitFor(part, barren);
+/// After an aggregate was left that gave nothing.
+void ConstraintWalk::block(const Step& left) {
+    const RTAggregateType& aggregate = *left.aggregate;
+    const bool holdsHere = left.hasEnded && !left.isClass && left.outermost != &aggregate;
+    m_step.hasEnded = m_step.hasEnded || holdsHere;
+    const Block block{holdsHere ? left.outermost : nullptr, m_segment};
+    if (!m_blocked.insert_or_assign(&aggregate, block).second)
+        return; // Its parts know.
+    if (left.isClass)
+        unblockWith(static_cast<const RTClassType&>(aggregate).m_baseClass, aggregate);
+    for (const RTBaseType* part : aggregate.m_memberTypes)
+        unblockWith(part, aggregate);
 }
 
-void ConstraintWalk::waitFor(const RTBaseType* part, const RTAggregateType& barren) {
+void ConstraintWalk::unblockWith(const RTBaseType* part, const RTAggregateType& blocked) {
     while (part != nullptr && !isAggregate(part->GetClassId()))
         part = passageThrough(*part).below;
     if (part != nullptr)
-        m_waiting[static_cast<const RTAggregateType*>(part)].push_back(&barren);
+        m_unblockedWith[static_cast<const RTAggregateType*>(part)].push_back(&blocked);
 }
 
-void ConstraintWalk::revive(const RTAggregateType& changed) {
-    std::vector<const RTAggregateType*> revived;
-    const RTAggregateType* type = &changed;
-    while (type != nullptr) {
-        m_barren.erase(type);
-        const auto waiting = m_waiting.find(type);
-        if (waiting != m_waiting.end()) {
-            for (const RTAggregateType* barren : waiting->second) {
-                if (m_barren.count(barren) != 0)
-                    revived.push_back(barren);
-            }
-            m_waiting.erase(waiting);
+void ConstraintWalk::unblock(const RTAggregateType& changed) {
+    if (m_blocked.empty())
+        return;
+    std::vector<const RTAggregateType*> unblocked{&changed};
+    while (!unblocked.empty()) {
+        const RTAggregateType* const type = unblocked.back();
+        unblocked.pop_back();
+        m_blocked.erase(type);
+        const auto followers = m_unblockedWith.find(type);
+        if (followers == m_unblockedWith.end())
+            continue;
+        for (const RTAggregateType* follower : followers->second) {
+            if (m_blocked.count(follower) != 0)
+                unblocked.push_back(follower);
         }
-        type = revived.empty() ? nullptr : revived.back();
-        if (!revived.empty())
-            revived.pop_back();
+        m_unblockedWith.erase(followers);
     }
 }
 

@@ -160,23 +160,31 @@ void ConstraintModel::walk(const RTBaseType* type) {
         walk(as<RTDiscreteEnumType>(*type).m_baseType);
         pop();
         break;
-    case RECORD_ID:
-        if (m_structs.back().insert(type).second) {
-            walkMembers(as<RTAggregateType>(*type));
-            m_structs.back().erase(type);
-        }
-        break;
-    case CLASS_ID:
-        if (m_classes.insert(type).second) {
-            m_structs.emplace_back();
-            walk(as<RTClassType>(*type).m_baseClass);
-            walkMembers(as<RTAggregateType>(*type));
-            m_structs.pop_back();
-            m_classes.erase(type);
-        }
-        break;
+    case RECORD_ID: walkRecord(as<RTRecordType>(*type)); break;
+    case CLASS_ID: walkClass(as<RTClassType>(*type)); break;
     default: break;
     }
+}
+
+void ConstraintModel::walkRecord(const RTRecordType& record) {
+    if (!m_structs.back().insert(&record).second)
+        return;
+    const std::size_t outputBefore = m_output.size();
+    walkMembers(record);
+    m_structs.back().erase(&record);
+    m_fruitfulVisits += m_output.size() != outputBefore ? 1 : 0;
+}
+
+void ConstraintModel::walkClass(const RTClassType& type) {
+    if (!m_classes.insert(&type).second)
+        return;
+    const std::size_t outputBefore = m_output.size();
+    m_structs.emplace_back();
+    walk(type.m_baseClass);
+    walkMembers(type);
+    m_structs.pop_back();
+    m_classes.erase(&type);
+    m_fruitfulVisits += m_output.size() != outputBefore ? 1 : 0;
 }
 
 void ConstraintModel::walkMembers(const RTAggregateType& aggregate) {

@@ -55,16 +55,22 @@ public:
     void walk(const RTTI::RTBaseType* type);
     const Ranges& output() const { return m_output; }
 
+    /// How often an aggregate was walked below which there was a range.
+    std::size_t fruitfulVisits() const { return m_fruitfulVisits; }
+
 private:
     struct Level {
         Ranges ranges;
         std::size_t used;
     };
 
+    void walkRecord(const RTTI::RTRecordType& record);
+    void walkClass(const RTTI::RTClassType& type);
     void walkMembers(const RTTI::RTAggregateType& aggregate);
 
     std::size_t m_limit;
     std::size_t m_steps = 0;
+    std::size_t m_fruitfulVisits = 0;
     std::vector<Level> m_frames;
     Ranges m_output;
     std::set<const RTTI::RTBaseType*> m_classes;

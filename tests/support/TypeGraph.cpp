@@ -158,12 +158,13 @@ private:
             }
             return;
         }
-        switch (below(m_random, 4)) {
+        switch (below(m_random, 5)) {
         case 0: m_graph.seqEnum(static_cast<ValueEncoding>(below(m_random, 4))); break;
         case 1:
             m_graph.add<RTFloatType>().m_floatKind = static_cast<int>(below(m_random, 3));
             break;
         case 2: m_graph.add<RTIntType>().m_flags = static_cast<unsigned int>(m_random()); break;
+        case 3: m_graph.add<RTAccessType>(); break;
         default: m_graph.container<RTQueueType>(nullptr);
         }
     }
@@ -183,8 +184,11 @@ private:
         return nullptr;
     }
 
-    /// Passages lead to passages that were made before them, to aggregates and to leaves.
+    /// Passages lead to passages that were made before them, to aggregates and to leaves; access
+    /// types, which no query looks behind, anywhere.
     void linkPassage(std::size_t index) {
+        if (auto* access = dynamic_cast<RTAccessType*>(&m_graph[index]))
+            access->m_refType = &m_graph[below(m_random, m_graph.size())];
         const RTBaseType** link = passageLink(m_graph[index]);
         if (link == nullptr || oneIn(m_random, 12))
             return;
