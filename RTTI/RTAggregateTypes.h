@@ -2,9 +2,12 @@
 
 #include "RTTI/RTBaseType.h"
 
+#include <atomic>
 #include <vector>
 
 namespace RTTI {
+
+class KeptMark;
 
 /// What records, structs, unions and classes have in common: named members.
 class RTTI_EXPORT RTAggregateType : public RTBaseType {
@@ -81,10 +84,10 @@ public:
     /// "2-State" if the base class and every member are, else "4-State"; a class that is reached
     /// again from itself counts as "2-State" there.
     ///
-    /// A class that is "4-State" because of its base class answers so once: it stays marked in a
-    /// set of the whole process and answers "2-State" from then on, until it is destroyed. No lock
-    /// guards the set: in a process, classes are asked and destroyed by one thread at a time. Each
-    /// type below is looked at once.
+    /// A class that is "4-State" because of its base class answers so once: it stays marked and
+    /// answers "2-State" from then on, until it is destroyed. Any number of threads may ask at the
+    /// same time; those that ask before the mark is there each get the first answer. Each type
+    /// below is looked at once.
     ValueEncoding getValueEncoding() const override;
 
     /// The base class's ranges first, then the members'. A class that is reached again from itself
@@ -93,7 +96,14 @@ public:
                                  std::vector<FullConstraints>& out) const override;
 
     unsigned int m_baseClassTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
-    const RTBaseType* m_baseClass = nullptr;                     ///< Null for none.
+
+private:
+    friend class KeptMark;
+
+    mutable std::atomic<bool> m_isMarked{false}; // In what would be padding: no other field moves.
+
+public:
+    const RTBaseType* m_baseClass = nullptr; ///< Null for none.
 };
 
 } // namespace RTTI

@@ -71,6 +71,10 @@ static_assert(sizeof(FullConstraints) == TypeFileFormat::CONSTRAINT_SIZE);
 /// its name, its vectors and its member records. Fields are public and are read directly; once a
 /// type is loaded nothing but its SV type id changes. The order of the virtual operations and of
 /// the fields is a binary interface.
+///
+/// Once its manager has loaded a type and all that it leads to, any number of threads may call its
+/// constant member functions at the same time, `setSVTypeId` included, with a ConstraintStack of
+/// their own each.
 class RTTI_EXPORT RTBaseType {
 public:
     /// Without a name.

@@ -2,6 +2,7 @@
 
 #include "RTTI/TypeDeserializer.h"
 
+#include <atomic>
 #include <utility>
 
 namespace RTTI {
@@ -10,7 +11,13 @@ RTTypeManager* RTTypeManager::m_instance = nullptr;
 
 RTTypeManager::RTTypeManager() = default;
 
-RTTypeManager::~RTTypeManager() { m_instance = nullptr; }
+/// Managers may end in several threads at once: it is written only where there is something to
+/// clear.
+RTTypeManager::~RTTypeManager() {
+    const std::atomic_ref<RTTypeManager*> instance(m_instance);
+    if (instance.load(std::memory_order_relaxed) != nullptr)
+        instance.store(nullptr, std::memory_order_relaxed);
+}
 
 bool RTTypeManager::setupDeserializer(OVAT::IBlockManager& blockManager,
                                       unsigned long long baseOffset) {

@@ -16,10 +16,11 @@ class TypeDeserializer;
 /// The types of one design: reads a type file out of block storage and owns every type read.
 ///
 /// Construct, call `setupDeserializer`, then ask. Types are valid until the manager is destroyed.
-/// One thread uses a manager at a time; managers of different threads load without disturbing each
-/// other, and RTClassType says what the classes of all managers share. Exceptions come from the
-/// storage and the allocator alone. One that leaves `getRTType` or `readAllRTTypes` takes back all
-/// that the call had read, so that the call can be made again.
+/// One thread uses a manager at a time, and managers of different threads never disturb each other.
+/// Once `readAllRTTypes` has given the last type, any number of threads may call `getRTType` and
+/// ask the types at the same time. Exceptions come from the storage and the allocator alone. One
+/// that leaves `getRTType` or `readAllRTTypes` takes back all that the call had read, so that the
+/// call can be made again.
 ///
 /// However deep types nest, a stack of 1 MiB is enough. Types are read depth first. Where 1000
 /// records (`TypeFileFormat::NESTING_LIMIT`) nest, the members of the innermost class or struct,
@@ -36,8 +37,9 @@ public:
     RTTypeManager(const RTTypeManager&) = delete;
     RTTypeManager& operator=(const RTTypeManager&) = delete;
 
-    /// Sets `m_instance` to null, whichever manager it names, and deletes all types. No lock guards
-    /// `m_instance` and the marks of classes: managers are destroyed one at a time.
+    /// Sets `m_instance` to null, whichever manager it names, and deletes all types. Any number of
+    /// threads may destroy managers at the same time; one that reads or sets `m_instance` meanwhile
+    /// has to wait for them.
     ~RTTypeManager();
 
     /// Reads the header at the absolute storage offset `baseOffset`, and the address table with one

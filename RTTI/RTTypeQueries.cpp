@@ -2,9 +2,21 @@
 
 #include "RTTI/RTType.h"
 
+#include <atomic>
+
 namespace RTTI {
 
 using namespace TypeFileFormat;
+
+namespace {
+
+// SV type ids are set through constant types, in one thread while another one asks.
+void storeShared(int& field, int value) {
+    std::atomic_ref<int>(field).store(value, std::memory_order_relaxed);
+}
+int loadShared(int& field) { return std::atomic_ref<int>(field).load(std::memory_order_relaxed); }
+
+} // namespace
 
 const RTBaseType* RTBaseType::getSelf(bool) const { return this; }
 void RTBaseType::setSVTypeId(int) const {}
@@ -39,11 +51,11 @@ int RTTypedefType::getSVTypeId() const {
     return type != nullptr ? type->getSVTypeId() : RTBaseType::getSVTypeId();
 }
 
-void RTArrayType::setSVTypeId(int svTypeId) const { m_svTypeId = svTypeId; }
-int RTArrayType::getSVTypeId() const { return m_svTypeId; }
+void RTArrayType::setSVTypeId(int svTypeId) const { storeShared(m_svTypeId, svTypeId); }
+int RTArrayType::getSVTypeId() const { return loadShared(m_svTypeId); }
 
-void RTAbstractArrayType::setSVTypeId(int svTypeId) const { m_svTypeId = svTypeId; }
-int RTAbstractArrayType::getSVTypeId() const { return m_svTypeId; }
+void RTAbstractArrayType::setSVTypeId(int svTypeId) const { storeShared(m_svTypeId, svTypeId); }
+int RTAbstractArrayType::getSVTypeId() const { return loadShared(m_svTypeId); }
 ArrayKind RTAbstractArrayType::getArrayKind() { return ARRAY_KIND_INVALID; }
 unsigned int RTAbstractArrayType::getIndexTypeId() const { return NO_TYPE_ID; }
 unsigned int RTAbstractArrayType::getNumArrayDimensions() const { return 1; }
@@ -53,8 +65,8 @@ ArrayKind RTQueueType::getArrayKind() { return VLOG_QUEUE; }
 ArrayKind RTAssocArrayType::getArrayKind() { return VLOG_ASSOCIATIVE_ARRAY; }
 unsigned int RTAssocArrayType::getIndexTypeId() const { return m_indexTypeId; }
 
-void RTAggregateType::setSVTypeId(int svTypeId) const { m_svTypeId = svTypeId; }
-int RTAggregateType::getSVTypeId() const { return m_svTypeId; }
+void RTAggregateType::setSVTypeId(int svTypeId) const { storeShared(m_svTypeId, svTypeId); }
+int RTAggregateType::getSVTypeId() const { return loadShared(m_svTypeId); }
 
 unsigned int RTAbstractArrayType::getTotalNumDimensions(bool keepDiscreteEnums) const {
     unsigned int count = 0;

@@ -3,32 +3,26 @@
 #include "RTTI/RTType.h"
 
 #include <algorithm>
-#include <set>
+#include <atomic>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 namespace RTTI {
 
-namespace {
-
-/// The classes that answered "4-State" because of their base class, until they are destroyed.
-class MarkedClasses {
+/// The mark of a class that answered "4-State" because of its base class. It is set once and guards
+/// nothing else, so that threads need no order among its readers and writers.
+class KeptMark {
 public:
-    ~MarkedClasses() { s_ended = true; }
-
-    /// The one set of the process; null once the process has destroyed it.
-    static std::set<const RTClassType*>* get() {
-        static MarkedClasses visitedRTClassTypeSet;
-        return s_ended ? nullptr : &visitedRTClassTypeSet.m_classes;
+    static bool isOn(const RTClassType& type) {
+        return type.m_isMarked.load(std::memory_order_relaxed);
     }
-
-private:
-    std::set<const RTClassType*> m_classes;
-    static bool s_ended;
+    static void putOn(const RTClassType& type) {
+        type.m_isMarked.store(true, std::memory_order_relaxed);
+    }
 };
 
-bool MarkedClasses::s_ended = false;
+namespace {
 
 bool isStructOrUnion(const RTRecordType& record) {
     return record.m_recordKind >= VLOG_UNPACKED_STRUCT &&
@@ -107,55 +101,61 @@ private:
     std::vector<const RTBaseType*> m_stations; ///< Of the chain that is being followed.
 };
 
-/// Whether an aggregate and everything below it is "2-State": one walk that enters each type once.
+/// Whether an aggregate and everything below it is "2-State": one walk over the types.
 ///
 /// The answer is defined by a walk over every path, on which a class ends the path where it is met
 /// again, and so does a struct unless a class was entered in between. That walk ends altogether at
 /// the first part that is not "2-State", so as long as it goes on, whatever it has left behind
-/// needs no second look. A class is therefore entered once. A struct that is left may still lead to
-/// parts that nobody has seen: to those of a struct around it, which ended the path because no
-/// class was entered in between. Such structs stay unsettled until the outermost struct of their
-/// cycle is left, and are entered again from within a class that is met before. No legal struct
-/// contains itself, so this is rare. A struct that holds many classes that hold the struct is not:
-/// its parts are passed by from the front as soon as they need no second look.
+/// needs no second look. A class is therefore entered once.
+///
+/// A struct may be entered again behind a class, and has to be where it leads to parts that nobody
+/// has seen: to those of a struct around it that ended the path because no class was entered in
+/// between. A cursor, which all open occurrences of a struct share, passes the parts at its front
+/// that need no second look; a struct is done once all of its parts are passed. The path since the
+/// last class is a segment. The outermost struct of a segment passes each part that it has
+/// followed, for there is nothing else that could have ended a path in it, and once it is done, so
+/// is whatever was entered below it. No legal struct contains itself, so all this is rare. A struct
+/// that holds many classes that hold the struct is not.
 class EncodingQuery {
 public:
     bool isTwoState(const RTAggregateType& outermost);
 
 private:
-    struct StructState {
-        unsigned int segment;
-        std::size_t order;
-        bool settled;
-        std::size_t partsDone; ///< So many of the first parts need no second look.
+    struct Struct {
+        unsigned int segment;    ///< Where it was entered last.
+        const Struct* outermost; ///< Of that segment.
+        std::size_t cursor;
+        std::size_t partCount;
+
+        bool isOutermost() const { return outermost == this; }
+        bool isDone() const {
+            return cursor == partCount || outermost->cursor == outermost->partCount;
+        }
     };
-    /// An aggregate on the path. `low` is the first struct on the path that ended one below it.
+    /// An aggregate on the path.
     struct Step {
         const RTAggregateType* aggregate;
-        StructState* structure; ///< Null for a class.
-        unsigned int segment;   ///< Counts the classes entered: the path since the last one.
+        Struct* structure;    ///< Null for a class.
+        unsigned int segment; ///< Counts the classes entered.
         std::size_t nextPart;
-        std::size_t order;
-        std::size_t low;
     };
 
     /// Part 0 of a class is its base class.
     static std::size_t partCount(const Step& step) {
         return step.aggregate->m_memberTypes.size() + (step.structure == nullptr ? 1 : 0);
     }
-    bool followPart(Step& step);
+    static void passPart(const Step& step);
+    bool followPart();
     bool meet(const RTAggregateType& aggregate);
     void enterClass(const RTClassType& type);
-    void enterStruct(const RTAggregateType& type, unsigned int segment);
+    bool meetStruct(const RTAggregateType& type);
     void leave();
     void markDerivedClasses() const;
 
     ChainEnds m_chains;
     std::vector<Step> m_path;
     std::unordered_set<const RTAggregateType*> m_classes;
-    std::unordered_map<const RTAggregateType*, StructState> m_structs;
-    std::vector<const RTAggregateType*> m_unsettled; ///< Structs, in the order of their entering.
-    std::size_t m_order = 0;
+    std::unordered_map<const RTAggregateType*, Struct> m_structs;
     unsigned int m_segments = 0;
 };
 
@@ -164,10 +164,11 @@ bool EncodingQuery::isTwoState(const RTAggregateType& outermost) {
     while (!m_path.empty()) {
         Step& step = m_path.back();
         if (step.structure != nullptr)
-            step.nextPart = std::max(step.nextPart, step.structure->partsDone);
-        if (step.nextPart == partCount(step)) {
+            step.nextPart = std::max(step.nextPart, step.structure->cursor);
+        if (step.nextPart == partCount(step) ||
+            (step.structure != nullptr && step.structure->isDone())) {
             leave();
-        } else if (!followPart(step)) {
+        } else if (!followPart()) {
             markDerivedClasses();
             return false;
         }
@@ -175,88 +176,86 @@ bool EncodingQuery::isTwoState(const RTAggregateType& outermost) {
     return true;
 }
 
-/// False where the part is not "2-State". `step` is not valid afterwards.
-bool EncodingQuery::followPart(Step& step) {
-    StructState* const structure = step.structure;
+/// False where the part is not "2-State".
+bool EncodingQuery::followPart() {
+    Step& step = m_path.back();
+    const std::size_t place = m_path.size() - 1;
     const std::size_t part = step.nextPart++;
     const RTBaseType* type = nullptr;
-    if (structure == nullptr && part == 0) {
+    if (step.structure != nullptr) {
+        type = step.aggregate->m_memberTypes[part];
+    } else if (part != 0) {
+        type = step.aggregate->m_memberTypes[part - 1];
+    } else {
         type = static_cast<const RTClassType*>(step.aggregate)->m_baseClass;
         if (type == nullptr)
             return true;
-    } else {
-        type = step.aggregate->m_memberTypes[structure == nullptr ? part - 1 : part];
-        if (type == nullptr)
-            return false;
     }
+    if (type == nullptr)
+        return false;
     const Encoded end = m_chains.endOf(*type);
     if (end.aggregate == nullptr && end.encoding != ENCODING_2_STATE)
         return false;
-    const bool isDone = end.aggregate == nullptr || meet(*end.aggregate);
-    if (isDone && structure != nullptr && structure->partsDone == part)
-        ++structure->partsDone;
+    if (end.aggregate == nullptr || meet(*end.aggregate))
+        passPart(m_path[place]);
     return true;
 }
 
-/// Whether the aggregate needs no second look, however often it is met.
+/// After the part that the step followed last turned out to need no second look.
+void EncodingQuery::passPart(const Step& step) {
+    if (step.structure != nullptr && step.structure->cursor + 1 == step.nextPart)
+        ++step.structure->cursor;
+}
+
+/// Whether the part that led here needs no second look.
 bool EncodingQuery::meet(const RTAggregateType& aggregate) {
-    if (aggregate.GetClassId() == ClassId::CLASS) {
-        enterClass(static_cast<const RTClassType&>(aggregate));
-        return true;
-    }
-    const unsigned int segment = m_path.empty() ? m_segments : m_path.back().segment;
-    const auto known = m_structs.find(&aggregate);
-    if (known == m_structs.end() || (!known->second.settled && known->second.segment != segment))
-        enterStruct(aggregate, segment);
-    else if (known->second.settled)
-        return true;
-    else if (m_path.back().structure != nullptr)
-        m_path.back().low = std::min(m_path.back().low, known->second.order);
-    return false;
+    if (aggregate.GetClassId() != ClassId::CLASS)
+        return meetStruct(aggregate);
+    enterClass(static_cast<const RTClassType&>(aggregate));
+    return true;
 }
 
 void EncodingQuery::enterClass(const RTClassType& type) {
-    const std::set<const RTClassType*>* marked = MarkedClasses::get();
-    if ((marked != nullptr && marked->count(&type) != 0) || !m_classes.insert(&type).second)
-        return;
-    const std::size_t order = m_order++;
-    m_path.push_back({&type, nullptr, ++m_segments, 0, order, order});
+    if (!KeptMark::isOn(type) && m_classes.insert(&type).second)
+        m_path.push_back({&type, nullptr, ++m_segments, 0});
 }
 
-void EncodingQuery::enterStruct(const RTAggregateType& type, unsigned int segment) {
-    const std::size_t order = m_order++;
-    StructState& state = m_structs[&type];
-    state = {segment, order, false, state.partsDone};
-    m_path.push_back({&type, &state, segment, 0, order, order});
-    m_unsettled.push_back(&type);
+bool EncodingQuery::meetStruct(const RTAggregateType& type) {
+    const Step* const outer = m_path.empty() ? nullptr : &m_path.back();
+    const unsigned int segment = outer != nullptr ? outer->segment : 0;
+    const auto [known, isNew] = m_structs.try_emplace(&type);
+    Struct& structure = known->second;
+    if (isNew)
+        structure = {segment, &structure, 0, type.m_memberTypes.size()};
+    else if (structure.isDone())
+        return true;
+    else if (structure.segment == segment)
+        return outer->structure != nullptr && outer->structure->isOutermost();
+    structure.segment = segment;
+    structure.outermost =
+        outer != nullptr && outer->structure != nullptr ? outer->structure->outermost : &structure;
+    m_path.push_back({&type, &structure, segment, structure.cursor});
+    return false;
 }
 
 void EncodingQuery::leave() {
-    const Step left = m_path.back();
+    Struct* const left = m_path.back().structure;
     m_path.pop_back();
-    if (left.structure == nullptr)
+    if (left == nullptr)
         return;
-    if (left.low == left.order) {
-        const RTAggregateType* settled = nullptr;
-        do {
-            settled = m_unsettled.back();
-            m_unsettled.pop_back();
-            m_structs[settled].settled = true;
-        } while (settled != left.aggregate);
-    } else if (m_path.back().structure != nullptr) {
-        m_path.back().low = std::min(m_path.back().low, left.low);
-    }
+    if (left->isDone() || left->isOutermost())
+        left->cursor = left->partCount;
+    if (!m_path.empty() && m_path.back().structure != nullptr &&
+        (left->isDone() || m_path.back().structure->isOutermost()))
+        passPart(m_path.back());
 }
 
 /// The classes on the path that had come to their base class keep their mark.
 void EncodingQuery::markDerivedClasses() const {
-    std::set<const RTClassType*> kept;
     for (const Step& step : m_path) {
         if (step.structure == nullptr && step.nextPart == 1)
-            kept.insert(static_cast<const RTClassType*>(step.aggregate));
+            KeptMark::putOn(static_cast<const RTClassType&>(*step.aggregate));
     }
-    if (std::set<const RTClassType*>* marked = MarkedClasses::get())
-        marked->merge(kept);
 }
 
 ValueEncoding encodingOf(const RTBaseType& type) {
@@ -287,9 +286,6 @@ ValueEncoding RTArrayType::getValueEncoding() const { return encodingOf(*this); 
 ValueEncoding RTRecordType::getValueEncoding() const { return encodingOf(*this); }
 ValueEncoding RTClassType::getValueEncoding() const { return encodingOf(*this); }
 
-RTClassType::~RTClassType() {
-    if (std::set<const RTClassType*>* marked = MarkedClasses::get())
-        marked->erase(this);
-}
+RTClassType::~RTClassType() = default;
 
 } // namespace RTTI
