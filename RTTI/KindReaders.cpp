@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace RTTI {
 
@@ -25,8 +26,8 @@ int truncatedDirection(double direction) {
 
 /// A name without its terminating zero byte ends with the record, behind which there is one.
 inline std::string_view TypeDeserializer::readName() {
-    const std::string_view name(m_cursor);
-    m_cursor = std::min(m_cursor + name.size(), m_limit) + 1;
+    const std::string_view name(m_record + m_cursor);
+    m_cursor = std::min(m_cursor + name.size() + 1, m_limit);
     return name;
 }
 
@@ -39,7 +40,7 @@ inline char* TypeDeserializer::readOwnedName() {
 }
 
 inline void TypeDeserializer::readRTBaseType(RTBaseType& type) {
-    m_cursor = std::min(m_cursor + RECORD_HEADER_SIZE, m_limit + 1);
+    m_cursor = std::min(RECORD_HEADER_SIZE, m_limit);
     type.m_name = readOwnedName();
     type.m_flags = readField<unsigned int>();
 }
@@ -49,9 +50,10 @@ inline void TypeDeserializer::readConstraint(FullConstraints* constraint) {
         *constraint = {readField<int>(), readField<int>(), readField<int>()};
         return;
     }
-    constraint->si = littleEndianAt<int>(m_cursor);
-    constraint->ei = littleEndianAt<int>(m_cursor + 4);
-    constraint->dir = littleEndianAt<int>(m_cursor + 8);
+    const char* const bytes = m_record + m_cursor;
+    constraint->si = littleEndianAt<int>(bytes);
+    constraint->ei = littleEndianAt<int>(bytes + 4);
+    constraint->dir = littleEndianAt<int>(bytes + 8);
     m_cursor += CONSTRAINT_SIZE;
 }
 
@@ -72,25 +74,25 @@ void TypeDeserializer::readConstraints(std::vector<FullConstraints>& constraints
         readConstraint(&constraint);
 }
 
-template <typename Type>
-std::unique_ptr<Type> TypeDeserializer::beginType(const char* record, const char* heading) {
-    auto type = std::make_unique_for_overwrite<Type>();
-    m_cursor = record;
-    readRTBaseType(*type);
+/// The innermost record's object, with what all kinds begin with.
+template <typename Type> Type& TypeDeserializer::beginType(const char* heading) {
+    auto* const object = new Type;
+    m_open.back().object.reset(object);
+    Type& type = *object;
+    readRTBaseType(type);
     if (isTracing())
-        traceTypeHead(heading, *type);
+        traceTypeHead(heading, type);
     return type;
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTSeqEnumType(const char* record) {
-    auto type = beginType<RTSeqEnumType>(record, "** Sequential Enum ");
-    type->m_valueEncoding = static_cast<ValueEncoding>(readField<int>());
-    type->m_enumKind = static_cast<EnumKind>(readField<int>());
-    readEnumeratorNames(*type);
-    type->m_valueSize = static_cast<unsigned int>(readField<int>(1));
+void TypeDeserializer::readRTSeqEnumType() {
+    auto& type = beginType<RTSeqEnumType>("** Sequential Enum ");
+    type.m_valueEncoding = static_cast<ValueEncoding>(readField<int>());
+    type.m_enumKind = static_cast<EnumKind>(readField<int>());
+    readEnumeratorNames(type);
+    type.m_valueSize = static_cast<unsigned int>(readField<int>(1));
     if (isTracing())
-        traceFields(*type);
-    return type;
+        traceFields(type);
 }
 
 void TypeDeserializer::readEnumeratorNames(RTSeqEnumType& type) {
@@ -105,135 +107,122 @@ inline void TypeDeserializer::readEnumerator(t_enumNameAndValuePair& enumerator,
     enumerator.enumName = readName();
     enumerator.value = new char[valueSize];
     const std::size_t stored = std::min(valueSize, bytesLeft());
-    std::memcpy(enumerator.value, m_cursor, stored);
+    std::memcpy(enumerator.value, m_record + m_cursor, stored);
     m_cursor += stored;
     if (stored != valueSize)
         std::fill(enumerator.value + stored, enumerator.value + valueSize, '\0');
 }
 
-/// By itself, so that the frame of the reader stays small while other types are read.
-[[gnu::noinline]] void TypeDeserializer::readEnumerators(RTDiscreteEnumType& type,
-                                                         std::size_t count) {
+void TypeDeserializer::readEnumerators(RTDiscreteEnumType& type, std::size_t count) {
     type.m_enumerators = std::vector<t_enumNameAndValuePair>(count);
     for (t_enumNameAndValuePair& enumerator : type.m_enumerators)
         readEnumerator(enumerator, type.m_valueSize);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTDiscreteEnumType(const char* record) {
-    auto type = beginType<RTDiscreteEnumType>(record, "** Discrete Enum Type ");
-    type->m_baseTypeId = readField<unsigned int>();
-    type->m_baseType = readRTType(type->m_baseTypeId);
-    const int count = readField<int>();
-    const int valueSize = readField<int>();
-    type->m_valueSize = static_cast<unsigned int>(countOrNone(valueSize));
-    readEnumerators(*type, countOrNone(count));
-    readConstraintVector(type->m_constraints);
-    if (isTracing())
-        traceFields(*type, count, valueSize);
-    return type;
+void TypeDeserializer::readRTDiscreteEnumType() {
+    auto& type = beginType<RTDiscreteEnumType>("** Discrete Enum Type ");
+    type.m_baseTypeId = readField<unsigned int>();
+    follow(type.m_baseTypeId, type.m_baseType, [this, &type] {
+        const int count = readField<int>();
+        const int valueSize = readField<int>();
+        type.m_valueSize = static_cast<unsigned int>(countOrNone(valueSize));
+        readEnumerators(type, countOrNone(count));
+        readConstraintVector(type.m_constraints);
+        if (isTracing())
+            traceFields(type, count, valueSize);
+    });
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTIntType(const char* record) {
-    auto type = beginType<RTIntType>(record, "** Built in Int Type ");
-    readConstraint(&type->m_constraint);
+void TypeDeserializer::readRTIntType() {
+    auto& type = beginType<RTIntType>("** Built in Int Type ");
+    readConstraint(&type.m_constraint);
     if (isTracing())
-        traceConstraint(type->m_constraint);
-    return type;
+        traceConstraint(type.m_constraint);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTFloatType(const char* record) {
-    auto type = beginType<RTFloatType>(record, "** Built in Real Type ");
+void TypeDeserializer::readRTFloatType() {
+    auto& type = beginType<RTFloatType>("** Built in Real Type ");
     const int floatKind = readField<int>();
-    type->m_floatKind = floatKind <= LAST_FLOAT_KIND ? floatKind : 0;
-    type->m_left = readField<double>();
-    type->m_right = readField<double>();
-    type->m_direction = truncatedDirection(readField<double>());
+    type.m_floatKind = floatKind <= LAST_FLOAT_KIND ? floatKind : 0;
+    type.m_left = readField<double>();
+    type.m_right = readField<double>();
+    type.m_direction = truncatedDirection(readField<double>());
     if (isTracing())
-        traceFields(*type);
-    return type;
+        traceFields(type);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTTypedefType(const char* record) {
-    auto type = beginType<RTTypedefType>(record, "** Typedef Type ");
-    type->m_dataTypeId = readField<unsigned int>();
-    trace("** Data Type Id = ", type->m_dataTypeId, " ** ", true);
-    type->m_dataType = readRTType(type->m_dataTypeId);
-    readConstraintVector(type->m_constraints);
+void TypeDeserializer::readRTTypedefType() {
+    auto& type = beginType<RTTypedefType>("** Typedef Type ");
+    type.m_dataTypeId = readField<unsigned int>();
+    trace("** Data Type Id = ", type.m_dataTypeId, " ** ", true);
+    follow(type.m_dataTypeId, type.m_dataType, [this, &type] {
+        readConstraintVector(type.m_constraints);
+        if (isTracing())
+            traceConstraints(type.m_constraints);
+    });
+}
+
+template <typename Type> Type& TypeDeserializer::readReference(const char* heading) {
+    auto& type = beginType<Type>(heading);
+    type.m_refTypeId = readField<unsigned int>();
+    type.m_alignment = readField<unsigned int>();
+    type.m_valueSize = readField<unsigned int>();
     if (isTracing())
-        traceConstraints(type->m_constraints);
+        traceReference(type.m_refTypeId, type.m_alignment, type.m_valueSize);
     return type;
 }
 
-template <typename Type>
-std::unique_ptr<Type> TypeDeserializer::readReference(const char* record, const char* heading) {
-    auto type = beginType<Type>(record, heading);
-    type->m_refTypeId = readField<unsigned int>();
-    type->m_alignment = readField<unsigned int>();
-    type->m_valueSize = readField<unsigned int>();
-    if (isTracing())
-        traceReference(type->m_refTypeId, type->m_alignment, type->m_valueSize);
-    return type;
+/// The designated type is followed once the access type is in the table: it may lead back here.
+void TypeDeserializer::readRTAccessType() {
+    auto& type = readReference<RTAccessType>("** Access Type ");
+    if (enterType())
+        follow(type.m_refTypeId, type.m_refType, [] {});
 }
 
-/// The designated type is resolved once the access type is in the table: it may lead back here.
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTAccessType(const char* record) {
-    return readReference<RTAccessType>(record, "** Access Type ");
-}
-
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTFileType(const char* record) {
-    auto type = readReference<RTFileType>(record, "** File Type ");
-    type->m_refType = readRTType(type->m_refTypeId);
-    return type;
+void TypeDeserializer::readRTFileType() {
+    auto& type = readReference<RTFileType>("** File Type ");
+    follow(type.m_refTypeId, type.m_refType, [] {});
 }
 
 /// Traced with the string's heading, and so is every chandle in the traces that exist.
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTCHandle(const char* record) {
-    return beginType<RTCHandle>(record, "** Built in String Type ");
-}
+void TypeDeserializer::readRTCHandle() { beginType<RTCHandle>("** Built in String Type "); }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTEventType(const char* record) {
-    auto type = beginType<RTEventType>(record, "** Built in Event Type ");
+void TypeDeserializer::readRTEventType() {
+    auto& type = beginType<RTEventType>("** Built in Event Type ");
     const int eventKind = readField<int>();
-    type->m_eventKind = eventKind <= LAST_EVENT_KIND ? eventKind : 0;
-    return type;
+    type.m_eventKind = eventKind <= LAST_EVENT_KIND ? eventKind : 0;
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTStringType(const char* record) {
-    return beginType<RTStringType>(record, "** Built in String Type ");
-}
+void TypeDeserializer::readRTStringType() { beginType<RTStringType>("** Built in String Type "); }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTWildCardType(const char* record) {
-    return beginType<RTWildCardType>(record, "** WildCard Type ");
-}
+void TypeDeserializer::readRTWildCardType() { beginType<RTWildCardType>("** WildCard Type "); }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTPhysicalType(const char* record) {
-    auto type = beginType<RTPhysicalType>(record, "** Physical Type ");
+void TypeDeserializer::readRTPhysicalType() {
+    auto& type = beginType<RTPhysicalType>("** Physical Type ");
     const int count = readField<int>();
-    type->m_units = std::vector<t_unitNameAndValuePair>(countOrNone(count));
-    for (t_unitNameAndValuePair& unit : type->m_units) {
+    type.m_units = std::vector<t_unitNameAndValuePair>(countOrNone(count));
+    for (t_unitNameAndValuePair& unit : type.m_units) {
         unit.unitName = readName();
         unit.value = readField<long long>();
     }
     if (isTracing())
-        traceFields(*type, count);
-    return type;
+        traceFields(type, count);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTArrayType(const char* record) {
-    auto type = beginType<RTArrayType>(record, "** Array Type ");
-    type->m_arrayKind = static_cast<ArrayKind>(readField<unsigned int>());
-    type->m_elementTypeId = readField<unsigned int>();
+void TypeDeserializer::readRTArrayType() {
+    auto& type = beginType<RTArrayType>("** Array Type ");
+    type.m_arrayKind = static_cast<ArrayKind>(readField<unsigned int>());
+    type.m_elementTypeId = readField<unsigned int>();
     if (isTracing())
-        traceKindAndElement(*type);
-    type->m_elementType = readRTType(type->m_elementTypeId);
-    readDimensions(*type);
-    if (isTracing())
-        traceDimensions(*type);
-    return type;
+        traceKindAndElement(type);
+    follow(type.m_elementTypeId, type.m_elementType, [this, &type] {
+        readDimensions(type);
+        if (isTracing())
+            traceDimensions(type);
+    });
 }
 
-/// By itself, so that the frame of the reader stays small while the element type is read.
-[[gnu::noinline]] void TypeDeserializer::readDimensions(RTArrayType& type) {
+void TypeDeserializer::readDimensions(RTArrayType& type) {
     type.m_indexTypeIds = std::vector<unsigned int>(countOrNone(readField<int>()));
     for (unsigned int& id : type.m_indexTypeIds)
         id = readField<unsigned int>();
@@ -241,38 +230,50 @@ std::unique_ptr<RTBaseType> TypeDeserializer::readRTArrayType(const char* record
     type.m_svTypeId = readField<int>(NO_SV_TYPE_ID);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTDynamicArrayType(const char* record) {
-    auto type = beginType<RTDynamicArrayType>(record, "** SV Dynamic Array Type ");
-    type->m_elementTypeId = readField<unsigned int>();
-    trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
-    type->m_elementType = readRTType(type->m_elementTypeId);
-    type->m_svTypeId = readField<int>();
-    trace("** Dynamic Array SV Type Id = ", type->m_svTypeId, " ** ", true);
-    return type;
+void TypeDeserializer::readRTDynamicArrayType() {
+    auto& type = beginType<RTDynamicArrayType>("** SV Dynamic Array Type ");
+    type.m_elementTypeId = readField<unsigned int>();
+    trace("** Element Type Id = ", type.m_elementTypeId, "**", true);
+    follow(type.m_elementTypeId, type.m_elementType, [this, &type] {
+        type.m_svTypeId = readField<int>();
+        trace("** Dynamic Array SV Type Id = ", type.m_svTypeId, " ** ", true);
+    });
 }
 
 /// Traced in the reverse order of the fields, after the element type.
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTQueueType(const char* record) {
-    auto type = beginType<RTQueueType>(record, "** SV Queue Type ");
-    type->m_elementTypeId = readField<unsigned int>();
-    type->m_svTypeId = readField<int>();
-    type->m_elementType = readRTType(type->m_elementTypeId);
-    trace("** Queue SV Type Id = ", type->m_svTypeId, " ** ", true);
-    trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
-    return type;
+void TypeDeserializer::readRTQueueType() {
+    auto& type = beginType<RTQueueType>("** SV Queue Type ");
+    type.m_elementTypeId = readField<unsigned int>();
+    type.m_svTypeId = readField<int>();
+    follow(type.m_elementTypeId, type.m_elementType, [this, &type] {
+        trace("** Queue SV Type Id = ", type.m_svTypeId, " ** ", true);
+        trace("** Element Type Id = ", type.m_elementTypeId, "**", true);
+    });
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTAssocArrayType(const char* record) {
-    auto type = beginType<RTAssocArrayType>(record, "** SV Associative Array Type ");
-    type->m_elementTypeId = readField<unsigned int>();
-    type->m_elementType = readRTType(type->m_elementTypeId);
-    trace("** Element Type Id = ", type->m_elementTypeId, "**", true);
-    type->m_svTypeId = readField<int>();
-    trace("** Associative Array SV Type Id = ", type->m_svTypeId, " ** ", true);
-    type->m_indexTypeId = readField<unsigned int>();
-    type->m_indexType = readRTType(type->m_indexTypeId);
-    trace("** Index Type Id = ", type->m_indexTypeId, "**", true);
-    return type;
+void TypeDeserializer::readRTAssocArrayType() {
+    auto& type = beginType<RTAssocArrayType>("** SV Associative Array Type ");
+    type.m_elementTypeId = readField<unsigned int>();
+    follow(type.m_elementTypeId, type.m_elementType, [this, &type] {
+        trace("** Element Type Id = ", type.m_elementTypeId, "**", true);
+        type.m_svTypeId = readField<int>();
+        trace("** Associative Array SV Type Id = ", type.m_svTypeId, " ** ", true);
+        type.m_indexTypeId = readField<unsigned int>();
+        follow(type.m_indexTypeId, type.m_indexType,
+               [this, &type] { trace("** Index Type Id = ", type.m_indexTypeId, "**", true); });
+    });
+}
+
+/// Follows the members of an aggregate, which is in its slot: they may lead back to it.
+void TypeDeserializer::followMembers(RTAggregateType& aggregate, std::size_t first) {
+    if (first == 0)
+        aggregate.m_memberTypes = std::vector<const RTBaseType*>(aggregate.m_members.size());
+    for (std::size_t i = first; i < aggregate.m_members.size(); ++i) {
+        if (!isKnown(aggregate.m_members[i]->m_typeId, aggregate.m_memberTypes[i])) {
+            m_open.back().rest = [this, &aggregate, i] { followMembers(aggregate, i + 1); };
+            return;
+        }
+    }
 }
 
 /// Name, type id and constraints: all of a record's member, the beginning of a class's.
@@ -285,36 +286,39 @@ TypeDeserializer::readMemberHead(RTAggregateType::t_Member& member) {
         traceMember(member);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTRecordType(const char* record) {
-    auto type = beginType<RTRecordType>(record, "** Record Type ");
-    type->m_recordKind = static_cast<RecordKind>(readField<unsigned int>());
+void TypeDeserializer::readRTRecordType() {
+    auto& type = beginType<RTRecordType>("** Record Type ");
+    type.m_recordKind = static_cast<RecordKind>(readField<unsigned int>());
     if (isTracing())
-        traceKind(*type);
-    type->m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
-    for (RTAggregateType::t_Member*& member : type->m_members) {
+        traceKind(type);
+    type.m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    for (RTAggregateType::t_Member*& member : type.m_members) {
         member = new RTAggregateType::t_Member;
         readMemberHead(*member);
     }
-    type->m_svTypeId = readField<int>(NO_SV_TYPE_ID);
-    if (type->m_svTypeId != NO_SV_TYPE_ID)
-        trace("** Struct with SV Type Id = ", type->m_svTypeId, " ** ", true);
-    return type;
+    type.m_svTypeId = readField<int>(NO_SV_TYPE_ID);
+    if (type.m_svTypeId != NO_SV_TYPE_ID)
+        trace("** Struct with SV Type Id = ", type.m_svTypeId, " ** ", true);
+    if (enterType())
+        followMembers(type, 0);
 }
 
-std::unique_ptr<RTBaseType> TypeDeserializer::readRTClassType(const char* record) {
-    auto type = beginType<RTClassType>(record, "** Class Type ");
-    type->m_baseClassTypeId = readField<unsigned int>();
-    if (type->m_baseClassTypeId != NO_TYPE_ID)
-        type->m_baseClass = readRTType(type->m_baseClassTypeId);
-    type->m_svTypeId = readField<int>();
-    trace("** Class with SV Type Id = ", type->m_svTypeId, " ** ", true);
-    trace("** Class derived from ", type->m_baseClassTypeId, " ** ", true);
-    readMembers(*type);
-    return type;
+void TypeDeserializer::readRTClassType() {
+    auto& type = beginType<RTClassType>("** Class Type ");
+    type.m_baseClassTypeId = readField<unsigned int>();
+    follow(type.m_baseClassTypeId, type.m_baseClass, [this, &type] {
+        type.m_svTypeId = readField<int>();
+        trace("** Class with SV Type Id = ", type.m_svTypeId, " ** ", true);
+        trace("** Class derived from ", type.m_baseClassTypeId, " ** ", true);
+        readMembers(type);
+        if (enterType()) {
+            m_classTypeIds.push_back(m_open.back().typeId);
+            followMembers(type, 0);
+        }
+    });
 }
 
-/// By itself, so that the frame of the reader stays small while the base class is read.
-[[gnu::noinline]] void TypeDeserializer::readMembers(RTClassType& type) {
+void TypeDeserializer::readMembers(RTClassType& type) {
     type.m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
     for (RTAggregateType::t_Member*& member : type.m_members) {
         auto* const classMember = new RTClassType::t_ClassMember;

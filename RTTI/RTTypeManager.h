@@ -22,14 +22,11 @@ class TypeDeserializer;
 /// that leaves `getRTType` or `readAllRTTypes` takes back all that the call had read, so that the
 /// call can be made again.
 ///
-/// However deep types nest, a stack of 1 MiB is enough. Types are read depth first. Where 1000
-/// records (`TypeFileFormat::NESTING_LIMIT`) nest, the members of the innermost class or struct,
-/// and the type that an access type designates, are read later in the same call: the answer is
-/// whole however long a chain of classes is, but the trace then shows the end of a record before
-/// the records of its members. References that a type cannot do without (aliased, element, index,
-/// enumeration base, file element and base class types) are followed through 1000 records in a row
-/// (`TypeFileFormat::CHAIN_LIMIT`), counted from the class, struct or access type that leads there,
-/// or from the type asked for; the last of these has a null link.
+/// Types are read depth first: a type that another refers to is read, whole, where the reference
+/// stands. However deep they nest, a stack of 1 MiB is enough, and no reference is left out for it.
+/// A record can lead back to itself while it is read, and is then read again; at most 16 readings
+/// (`TypeFileFormat::REOPEN_LIMIT`) of it go on at once, and a further reference to it is null. No
+/// file of a real design comes near.
 class RTTI_EXPORT RTTypeManager {
 public:
     /// A manager without types; every question is answered as for an empty file.

@@ -19,44 +19,31 @@ public:
     RecordBuffers(const RecordBuffers&) = delete;
     RecordBuffers& operator=(const RecordBuffers&) = delete;
 
-    /// The bytes of one record, until the end of the scope.
-    class Buffer {
-    public:
-        Buffer(RecordBuffers& buffers, std::size_t size)
-            : m_buffers(buffers), m_bytes(buffers.take(size + 1)) {
-            m_bytes[size] = '\0';
-        }
-        Buffer(const Buffer&) = delete;
-        Buffer& operator=(const Buffer&) = delete;
-
-        ~Buffer() { m_buffers.giveBack(m_bytes); }
-
-        char* bytes() const { return m_bytes; }
-
-    private:
-        RecordBuffers& m_buffers;
-        char* m_bytes;
-    };
-
-private:
+    /// Room for a record of `size` bytes. Throws std::bad_alloc.
     char* take(std::size_t size) {
-        if (size <= BLOCK_SIZE - m_used) {
-            char* const bytes = m_block + m_used;
-            m_used += size;
-            return bytes;
-        }
-        if (void* const bytes = std::malloc(size))
-            return static_cast<char*>(bytes);
-        throw std::bad_alloc();
+        char* bytes = m_block + m_used;
+        if (size < BLOCK_SIZE - m_used)
+            m_used += size + 1;
+        else
+            bytes = allocate(size + 1);
+        bytes[size] = '\0';
+        return bytes;
     }
 
-    /// The bytes that were taken last.
+    /// The bytes that were taken last, or null.
     void giveBack(char* bytes) {
         const std::less<const char*> isBefore;
         if (isBefore(bytes, m_block) || !isBefore(bytes, m_block + BLOCK_SIZE))
             std::free(bytes);
         else
             m_used = static_cast<std::size_t>(bytes - m_block);
+    }
+
+private:
+    static char* allocate(std::size_t size) {
+        if (void* const bytes = std::malloc(size))
+            return static_cast<char*>(bytes);
+        throw std::bad_alloc();
     }
 
 #if defined(__SANITIZE_ADDRESS__)

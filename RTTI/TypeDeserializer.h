@@ -5,14 +5,15 @@
 #include "RTTI/RTType.h"
 #include "RTTI/RecordBuffers.h"
 #include "RTTI/TypeFileFormat.h"
-#include "RTTI/ZeroedTable.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace RTTI {
@@ -30,15 +31,13 @@ static_assert(sizeof(TypeFileHeader) == TypeFileFormat::HEADER_SIZE);
 
 /// Turns the records of one type file into type objects, which it owns.
 ///
-/// Reading recurs: a record that refers to another type has it read at once. Each record is read
-/// into a buffer of its own; cursor and limit point into the innermost one. A field that does not
-/// lie wholly inside the record has its default, and nothing outside a buffer is ever touched.
-///
-/// A reference is followed either by the record's reader, before there is an object, or once the
-/// object is in its slot: members and designated types. The latter wait in a list where records
-/// nest too deep (`NESTING_LIMIT`); the former are null there (`CHAIN_LIMIT`). A reader's link
-/// always leads to an object that was in its slot before the reader was done, so that no cycle of
-/// links is without a member or an access type.
+/// A record that refers to another has it read at once, as if reading recurred, but nothing nests
+/// on the call stack: open records stand in a list, innermost last. A reader that needs a type
+/// which is not there leaves behind what it has still to do (`follow`), and returns; `readRTType`
+/// opens the wanted record and, once that is closed, has the reader taken up again where it
+/// stopped. Members and designated types are followed in the same way, once their object is in its
+/// slot. An open record owns its bytes and its unfinished object. A field that does not lie wholly
+/// inside the record has its default, and nothing outside the bytes is ever touched.
 class TypeDeserializer {
 public:
     TypeDeserializer(OVAT::IBlockManager& blockManager, unsigned long long baseOffset);
@@ -71,35 +70,63 @@ public:
 
 private:
     class LoadScope;
-    class RecordScope;
 
-    /// A record that is open: it is being read, or what its object refers to is.
+    /// What is left to do of a record when the type that it waits for is there: a closure of up to
+    /// two pointers, held in place.
+    class Rest {
+    public:
+        Rest() = default;
+        template <typename Closure> void operator=(const Closure& closure) {
+            static_assert(sizeof(Closure) <= sizeof(m_closure));
+            static_assert(std::is_trivially_copyable_v<Closure>);
+            new (m_closure) Closure(closure);
+            m_call = [](void* held) { (*static_cast<Closure*>(held))(); };
+        }
+        explicit operator bool() const { return m_call != nullptr; }
+        void operator()() { m_call(m_closure); }
+
+    private:
+        void (*m_call)(void*) = nullptr;
+        alignas(void*) unsigned char m_closure[3 * sizeof(void*)];
+    };
+
+    /// A record that is being read, or whose object's references are being followed.
     struct OpenRecord {
+        OpenRecord(unsigned int id, unsigned int times, unsigned int outer, std::size_t filled)
+            : typeId(id), timesOpen(times), outerOpening(outer), filledBefore(filled) {}
+
         unsigned int typeId;
-        unsigned int chain;       ///< Readers that wait for one another; 0 when this one is done.
-        std::size_t filledBefore; ///< How many slots were filled when its reading began.
-        const OpenRecord* outer;
+        unsigned int timesOpen;             ///< This time included.
+        unsigned int outerOpening;          ///< What stood in m_openings before.
+        unsigned int wanted;                ///< The type that is waited for,
+        const RTBaseType** link;            ///< where it is to be stored,
+        Rest rest;                          ///< and what follows; nothing while none is waited for.
+        std::size_t cursor;                 ///< Where reading stopped, while a type is waited for.
+        std::size_t size;                   ///< In bytes.
+        std::size_t filledBefore;           ///< How many slots were filled when it was opened.
+        char* bytes = nullptr;              ///< Until all are read.
+        std::unique_ptr<RTBaseType> object; ///< Until it is in its slot.
     };
 
     // Record framing.
-    RTBaseType* readCompletely(unsigned int typeId);
     RTBaseType* readRTType(unsigned int typeId);
-    RTBaseType* readRecord(unsigned int typeId);
-    RTBaseType* buildType(unsigned int typeId);
-    std::unique_ptr<RTBaseType> readKind(unsigned int kind, const char* record);
-    bool canBeReached(unsigned int typeId) const;
-    bool comesBackWithoutEnd(unsigned int typeId) const;
-    RTBaseType* enterType(unsigned int typeId, unsigned int kind, std::unique_ptr<RTBaseType> type);
+    bool canBeOpened(unsigned int typeId) const;
+    void openRecord(unsigned int typeId);
+    unsigned int readBytes(unsigned int typeId);
+    void readKind(unsigned int kind);
+    void takeUpRecord();
+    bool enterType();
+    void closeRecord();
+    void dropRecord();
 
-    // References that are followed once the object is in its slot.
-    bool isTooDeep() const;
-    void resolveDeferred(std::size_t first);
-    void resolveReferences(RTBaseType& type);
-    void resolveAccess(RTAccessType& access);
-    void resolveMembers(RTAggregateType& aggregate);
+    // References.
+    bool isKnown(unsigned int typeId, const RTBaseType*& link);
+    template <typename Closure>
+    void follow(unsigned int typeId, const RTBaseType*& link, const Closure& rest);
+    void followMembers(RTAggregateType& aggregate, std::size_t first);
 
     // Fields of a record.
-    std::size_t bytesLeft() const { return static_cast<std::size_t>(m_limit + 1 - m_cursor); }
+    std::size_t bytesLeft() const { return m_limit - m_cursor; }
     template <typename T> T readField(T shortValue = 0);
     std::string_view readName();
     char* readOwnedName();
@@ -108,31 +135,30 @@ private:
     void readConstraintVector(std::vector<FullConstraints>& constraints);
     void readConstraints(std::vector<FullConstraints>& constraints, unsigned int count);
 
-    // One reader a kind. `record` is the start of the record, its header included.
-    std::unique_ptr<RTBaseType> readRTSeqEnumType(const char* record);
-    std::unique_ptr<RTBaseType> readRTDiscreteEnumType(const char* record);
-    std::unique_ptr<RTBaseType> readRTIntType(const char* record);
-    std::unique_ptr<RTBaseType> readRTFloatType(const char* record);
-    std::unique_ptr<RTBaseType> readRTTypedefType(const char* record);
-    std::unique_ptr<RTBaseType> readRTAccessType(const char* record);
-    std::unique_ptr<RTBaseType> readRTCHandle(const char* record);
-    std::unique_ptr<RTBaseType> readRTEventType(const char* record);
-    std::unique_ptr<RTBaseType> readRTFileType(const char* record);
-    std::unique_ptr<RTBaseType> readRTPhysicalType(const char* record);
-    std::unique_ptr<RTBaseType> readRTArrayType(const char* record);
-    std::unique_ptr<RTBaseType> readRTRecordType(const char* record);
-    std::unique_ptr<RTBaseType> readRTDynamicArrayType(const char* record);
-    std::unique_ptr<RTBaseType> readRTQueueType(const char* record);
-    std::unique_ptr<RTBaseType> readRTAssocArrayType(const char* record);
-    std::unique_ptr<RTBaseType> readRTClassType(const char* record);
-    std::unique_ptr<RTBaseType> readRTStringType(const char* record);
-    std::unique_ptr<RTBaseType> readRTWildCardType(const char* record);
+    // One reader a kind. Each begins the innermost record's object, and finishes it unless it
+    // waits.
+    void readRTSeqEnumType();
+    void readRTDiscreteEnumType();
+    void readRTIntType();
+    void readRTFloatType();
+    void readRTTypedefType();
+    void readRTAccessType();
+    void readRTCHandle();
+    void readRTEventType();
+    void readRTFileType();
+    void readRTPhysicalType();
+    void readRTArrayType();
+    void readRTRecordType();
+    void readRTDynamicArrayType();
+    void readRTQueueType();
+    void readRTAssocArrayType();
+    void readRTClassType();
+    void readRTStringType();
+    void readRTWildCardType();
 
     // What several kinds share.
-    template <typename Type>
-    std::unique_ptr<Type> beginType(const char* record, const char* heading);
-    template <typename Type>
-    std::unique_ptr<Type> readReference(const char* record, const char* heading);
+    template <typename Type> Type& beginType(const char* heading);
+    template <typename Type> Type& readReference(const char* heading);
     void readMemberHead(RTAggregateType::t_Member& member);
     void readEnumeratorNames(RTSeqEnumType& type);
     void readDimensions(RTArrayType& type);
@@ -140,8 +166,8 @@ private:
     void readEnumerators(RTDiscreteEnumType& type, std::size_t count);
     void readEnumerator(t_enumNameAndValuePair& enumerator, std::size_t valueSize);
 
-    // The trace. Nothing of it is made while it is off, nor ever in the frame of a reader, which
-    // nests with others; where several items follow one another, one test is enough for them all.
+    // The trace. Nothing of it is made while it is off; where several items follow one another, one
+    // test is enough for them all.
     bool isTracing() const;
     template <typename T> void trace(const char* label, T value, const char* tail, bool newline);
     template <typename T>
@@ -169,20 +195,20 @@ private:
     OVAT::IBlockManager& m_blockManager;
     unsigned long long m_baseOffset;
     TypeFileHeader m_header;
-    ZeroedTable<RTBaseType*> m_types; ///< Owned; null until the id is read.
+    std::vector<RTBaseType*> m_types; ///< Owned; null until the id is read.
     std::vector<unsigned int> m_classTypeIds;
-    ZeroedTable<unsigned long long> m_typeAddresses;
+    std::vector<unsigned long long> m_typeAddresses;
     bool m_debug = false;
-    const char* m_cursor = nullptr; ///< At most one past the limit.
-    const char* m_limit = nullptr;  ///< Last byte of the record.
+
+    const char* m_record =
+        nullptr;              ///< Bytes of the innermost open record, a zero byte behind them.
+    std::size_t m_cursor = 0; ///< Position of the next one to be read; at most the limit.
+    std::size_t m_limit = 0;  ///< How many there are.
 
     RecordBuffers m_recordBuffers;
-    const OpenRecord* m_openRecord = nullptr; ///< The innermost one.
-    unsigned int m_depth = 0;                 ///< How many records are open.
-    std::vector<unsigned int> m_filledSlots;  ///< Filled by the call from outside that goes on.
-
-    /// Types whose references are followed later, in the order of their reading.
-    std::vector<RTBaseType*> m_deferred;
+    std::vector<OpenRecord> m_open;       ///< Can move wherever the storage or the trace is called.
+    std::vector<unsigned int> m_openings; ///< By type id: 1 + index in m_open of the last, or 0.
+    std::vector<unsigned int> m_filledSlots; ///< Filled by the call from outside that goes on.
     std::unique_ptr<TypeDeserializer> m_previous;
 };
 
@@ -190,22 +216,65 @@ private:
 inline std::size_t countOrNone(int count) { return static_cast<std::size_t>(std::max(count, 0)); }
 
 template <typename T> T TypeDeserializer::readField(T shortValue) {
-    if (m_limit - m_cursor < static_cast<std::ptrdiff_t>(sizeof(T)) - 1) [[unlikely]] {
-        m_cursor = m_limit + 1;
+    if (bytesLeft() < sizeof(T)) [[unlikely]] {
+        m_cursor = m_limit;
         return shortValue;
     }
-    const T value = littleEndianAt<T>(m_cursor);
+    const T value = littleEndianAt<T>(m_record + m_cursor);
     m_cursor += sizeof(T);
     return value;
 }
 
-inline bool TypeDeserializer::isTracing() const {
-#ifdef RTTI_WITHOUT_TRACE // Only to measure what the trace costs while it is off.
-    return false;
-#else
-    return m_debug;
-#endif
+/// A record that is open is opened once more only if a slot was filled in between: only then can
+/// the second reading come to an end.
+inline bool TypeDeserializer::canBeOpened(unsigned int typeId) const {
+    const unsigned int opening = m_openings[typeId];
+    if (opening == 0) [[likely]]
+        return true;
+    const OpenRecord& open = m_open[opening - 1];
+    return open.filledBefore != m_filledSlots.size() &&
+           open.timesOpen < TypeFileFormat::REOPEN_LIMIT;
 }
+
+/// Whether it is known what a reference leads to, which `link` then says; if not, the innermost
+/// record waits for it, and its `rest` has to be given.
+inline bool TypeDeserializer::isKnown(unsigned int typeId, const RTBaseType*& link) {
+    link = typeId < m_types.size() ? m_types[typeId] : nullptr;
+    if (link != nullptr || typeId >= m_types.size() || !canBeOpened(typeId)) [[likely]]
+        return true;
+    OpenRecord& record = m_open.back();
+    record.cursor = m_cursor;
+    record.wanted = typeId;
+    record.link = &link;
+    return false;
+}
+
+/// Does the rest once `link` leads to the type: at once, or when its record has been read.
+template <typename Closure>
+void TypeDeserializer::follow(unsigned int typeId, const RTBaseType*& link, const Closure& rest) {
+    if (isKnown(typeId, link))
+        rest();
+    else
+        m_open.back().rest = rest;
+}
+
+/// The innermost record has been read: puts its object into the slot, if that is free. An inner
+/// reading of the same record may have filled it first; then this object is released, since other
+/// types may already point at the one in the slot.
+[[gnu::always_inline]] inline bool TypeDeserializer::enterType() {
+    OpenRecord& record = m_open.back();
+    m_recordBuffers.giveBack(std::exchange(record.bytes, nullptr));
+    RTBaseType*& slot = m_types[record.typeId];
+    if (slot != nullptr) {
+        record.object.reset();
+        return false;
+    }
+    m_filledSlots.push_back(record.typeId);
+    slot = record.object.release();
+    return true;
+}
+
+inline bool TypeDeserializer::isTracing() const { return m_debug; }
 
 template <typename T>
 void TypeDeserializer::trace(const char* label, T value, const char* tail, bool newline) {

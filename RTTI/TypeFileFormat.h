@@ -111,18 +111,10 @@ inline constexpr int LAST_FLOAT_KIND = 3;
 inline constexpr int LAST_EVENT_KIND = 1;
 /// @}
 
-/// How far the loader follows references at once. Records nest on the call stack, so both limits
-/// together have to fit the smallest stack that it is called on, 1 MiB: an optimised build takes up
-/// to 300 bytes a record.
-///
-/// Where this many records nest, the members of the innermost, or the type that it designates, are
-/// read later in the same call; in the end nothing is missing.
-inline constexpr unsigned int NESTING_LIMIT = 1000;
-
-/// This many records in a row may wait, each for the next, to be read: for an aliased, element,
-/// index, enumeration base, file element or base class type. The last one's link is null. The row
-/// begins behind a class, struct or access type that is already built.
-inline constexpr unsigned int CHAIN_LIMIT = 1000;
+/// A record can lead back to itself while it is read, and is then opened again. It is open at most
+/// so often at once; a further reference to it is null. Without a limit, a chain of readers whose
+/// members lead back to its beginning would be read once for each of them.
+inline constexpr unsigned int REOPEN_LIMIT = 16;
 
 } // namespace TypeFileFormat
 

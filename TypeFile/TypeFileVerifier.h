@@ -15,9 +15,8 @@ struct VerifyLimits {
     /// Nobody reads more, and memory must not grow with the number of faults.
     std::size_t maxFindings = 1000;
 
-    /// Records that may wait in a row, each for the next to be read. The loader follows no more:
-    /// the link behind them would be null. Real files nest 26 deep.
-    unsigned int maxNesting = RTTI::TypeFileFormat::CHAIN_LIMIT;
+    /// Records that may wait in a row, each for the next to be read. Real files nest 26 deep.
+    unsigned int maxNesting = 1000;
 
     /// Bytes of all records, each counted once a type id: the objects of a load take a small
     /// multiple. Records that many ids share could ask for much more than the file is long.

@@ -17,18 +17,18 @@
 namespace {
 
 using namespace RTTI;
-using TypeFileFormat::NESTING_LIMIT;
 using TypeFileFormat::NO_TYPE_ID;
 
+constexpr unsigned int DEPTH = 1000;
 constexpr unsigned int FAN = 20;
 
-/// Classes down to the deepest that are read at once; the last has members of more classes, all of
-/// which have to wait, and each of those has a member of its own.
+/// Classes within each other, all of which are open when the last is read; that has members of more
+/// classes, each of which has a member of its own.
 TypeFileBuilder deepFan() {
     TypeFileBuilder file;
-    for (unsigned int id = 1; id < NESTING_LIMIT - 1; ++id)
+    for (unsigned int id = 1; id < DEPTH; ++id)
         file.record(0xA0000017, "c").u32(NO_TYPE_ID).i32(0).i32(1).str("m").u32(id).u32(0).u32(1);
-    const unsigned int first = NESTING_LIMIT - 1;
+    const unsigned int first = DEPTH;
     file.record(0xA0000017, "fan").u32(NO_TYPE_ID).i32(0).i32(FAN);
     for (unsigned int i = 0; i < FAN; ++i)
         file.str("m").u32(first + i).u32(0).u32(0);
@@ -52,7 +52,7 @@ bool isWhole(LoadedTypes& types) {
                 return false;
         }
     }
-    return types.manager().getRTClassTypeIds().size() == NESTING_LIMIT - 1 + FAN;
+    return types.manager().getRTClassTypeIds().size() == DEPTH + FAN;
 }
 
 /// How many allocations a load of the whole file makes.
@@ -73,14 +73,14 @@ void loadWithFailureAt(const TypeFileBuilder& file, std::size_t number) {
     EXPECT_TRUE(types.manager().getRTClassTypeIds().empty());
     types.storage().takeReads();
     types[0];
-    EXPECT_EQ(types.storage().takeReads().size(), 3 * (NESTING_LIMIT - 1 + 2 * FAN));
+    EXPECT_EQ(types.storage().takeReads().size(), 3 * (DEPTH + 2 * FAN));
     EXPECT_TRUE(isWhole(types));
 }
 
 TEST(AllocationFailures, AtTheDeepEndOfALoadLeaveNothingBehind) {
     const TypeFileBuilder file = deepFan();
     const std::size_t all = allocationsOf(file);
-    const std::size_t end = 400; // The fan and what waits; before it one class is like the next.
+    const std::size_t end = 400; // The fan; before it one class is like the next.
     ASSERT_GT(all, end);
     for (std::size_t number = 1; number <= all; number += number + end < all ? 311 : 1) {
         SCOPED_TRACE("allocation " + std::to_string(number) + " of " + std::to_string(all));

@@ -1,4 +1,5 @@
-// Types that nest deep: whole loads on a small stack, what the limits cut, and the queries.
+// Types that nest deep: whole loads on a small stack in the order of plain recursion, and the
+// queries.
 
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/ConstraintStack.h"
@@ -9,7 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,9 +22,8 @@ namespace {
 
 using namespace RTTI;
 using namespace RTTITest;
-using TypeFileFormat::CHAIN_LIMIT;
-using TypeFileFormat::NESTING_LIMIT;
 using TypeFileFormat::NO_TYPE_ID;
+using TypeFileFormat::REOPEN_LIMIT;
 
 constexpr unsigned int CLASS = 0xA0000017;
 constexpr unsigned int QUEUE = 0xA0000014;
@@ -46,7 +49,11 @@ void addTypedef(TypeFileBuilder& file, unsigned int next) {
     file.record(TYPEDEF, "t").u32(next).u32(0);
 }
 void addArray(TypeFileBuilder& file, unsigned int next) {
-    file.record(0xA0000010, "a").u32(VLOG_FIXED_UNPACKED_ARRAY).u32(next).i32(0).u32(0).i32(-99);
+    file.record(0xA0000010, "a").u32(VLOG_FIXED_UNPACKED_ARRAY).u32(next).i32(0).u32(0).i32(7);
+}
+void addArrayWithRange(TypeFileBuilder& file, unsigned int next) {
+    file.record(0xA0000010, "a").u32(VLOG_FIXED_UNPACKED_ARRAY).u32(next).i32(1).u32(NO_TYPE_ID);
+    file.u32(1).range(0, 7, 1).i32(7);
 }
 void addDynamicArray(TypeFileBuilder& file, unsigned int next) {
     file.record(0xA0000013, "d").u32(next).i32(7);
@@ -105,12 +112,14 @@ Ranges rangesOf(const RTBaseType& type) {
 
 // ---- Chains of a million, on the smallest stack that there is.
 
-/// One link of a chain: a class, struct or access type, and perhaps what it leads through.
+/// What a chain is made of, and what its first type answers.
 struct LinkStyle {
     const char* name;
-    std::vector<AddRecord> records;
-    ValueEncoding encoding; ///< Of the first type, over a "2-State" end.
-    std::size_t ranges;     ///< That come through to the first type.
+    std::vector<AddRecord> records; ///< Of one link.
+    ValueEncoding encoding;         ///< Over a "2-State" end.
+    std::size_t ranges;             ///< Of the end alone; links with ranges add theirs.
+    int svTypeId = 7;               ///< Of the first type.
+    unsigned int valueSize = 0;     ///< Of the first type.
 };
 
 void PrintTo(const LinkStyle& style, std::ostream* out) { *out << style.name; }
@@ -128,24 +137,28 @@ std::string chainImage(const LinkStyle& style, unsigned int links) {
     return file.image();
 }
 
+/// `CHAIN` types in a row and two at the end, loaded from the first one on.
 class MillionLinks : public testing::TestWithParam<LinkStyle> {
 protected:
     void askEverything(const RTBaseType& first) const {
         EXPECT_EQ(first.getValueEncoding(), GetParam().encoding);
-        EXPECT_EQ(first.getSelf(false), &first);
+        const bool isTypedef = first.GetClassId() == ClassId::TYPEDEF;
+        EXPECT_EQ(first.getSelf(false) == &first, !isTypedef);
         EXPECT_EQ(first.getSelf(true), &first);
-        EXPECT_EQ(first.getSVTypeId(), first.GetClassId() == ClassId::ACCESS ? -99 : 7);
-        EXPECT_EQ(first.getValueSize(), first.GetClassId() == ClassId::ACCESS ? 8u : 0u);
-        EXPECT_EQ(triples(rangesOf(first)),
-                  triples(Ranges(GetParam().ranges, FullConstraints{0, 7, 1})));
-        const auto* queue = dynamic_cast<const RTQueueType*>(behind(first));
-        EXPECT_TRUE(queue == nullptr || queue->getTotalNumDimensions(true) == 1);
+        EXPECT_EQ(first.getSVTypeId(), GetParam().svTypeId);
+        EXPECT_EQ(first.getValueSize(), GetParam().valueSize);
+        const std::vector<std::vector<int>> ranges = triples(rangesOf(first));
+        EXPECT_EQ(ranges.size(), GetParam().ranges);
+        if (!ranges.empty()) {
+            EXPECT_EQ(ranges.back(), (std::vector<int>{0, 7, 1}));
+        }
     }
 };
 
 TEST_P(MillionLinks, LoadAnswerAndEndOnASmallStack) {
-    const std::string image = chainImage(GetParam(), CHAIN);
-    const std::size_t types = CHAIN * GetParam().records.size() + 2;
+    const std::size_t records = GetParam().records.size();
+    const std::string image = chainImage(GetParam(), CHAIN / static_cast<unsigned int>(records));
+    const std::size_t types = CHAIN / records * records + 2;
     runOnStack(smallStack(), [&] {
         OVAT::MemoryBlockManager storage(image.data(), image.size());
         RTTypeManager manager;
@@ -160,101 +173,50 @@ TEST_P(MillionLinks, LoadAnswerAndEndOnASmallStack) {
 
 INSTANTIATE_TEST_SUITE_P(
     Chains, MillionLinks,
-    testing::Values(LinkStyle{"Classes", {addClass}, ENCODING_2_STATE, 1},
-                    LinkStyle{"ClassesThroughQueues", {addClass, addQueue}, ENCODING_4_STATE, 0},
-                    LinkStyle{
-                        "ClassesThroughTypedefs", {addClass, addTypedef}, ENCODING_2_STATE, 1},
-                    LinkStyle{"ClassesThroughStructs", {addClass, addStruct}, ENCODING_2_STATE, 1},
-                    LinkStyle{"Structs", {addStruct}, ENCODING_2_STATE, 1},
-                    LinkStyle{"AccessTypes", {addAccess}, ENCODING_BYTE, 0}),
+    testing::Values(
+        LinkStyle{"Classes", {addClass}, ENCODING_2_STATE, 1},
+        LinkStyle{"ClassesThroughQueues", {addClass, addQueue}, ENCODING_4_STATE, 0},
+        LinkStyle{"ClassesThroughTypedefs", {addClass, addTypedef}, ENCODING_2_STATE, 1},
+        LinkStyle{"ClassesThroughStructs", {addClass, addStruct}, ENCODING_2_STATE, 1},
+        LinkStyle{"Structs", {addStruct}, ENCODING_2_STATE, 1},
+        LinkStyle{"AccessTypes", {addAccess}, ENCODING_BYTE, 0, -99, 8},
+        LinkStyle{"Typedefs", {addTypedef}, ENCODING_2_STATE, 1, -99},
+        LinkStyle{"Arrays", {addArray}, ENCODING_2_STATE, 1},
+        LinkStyle{"ArraysWithRanges", {addArrayWithRange}, ENCODING_2_STATE, CHAIN + 1},
+        LinkStyle{"DynamicArrays", {addDynamicArray}, ENCODING_BYTE, 0},
+        LinkStyle{"Queues", {addQueue}, ENCODING_BYTE, 0},
+        LinkStyle{"AssocArrays", {addAssocArray}, ENCODING_BYTE, 0},
+        LinkStyle{"Files", {addFile}, ENCODING_BYTE, 0, -99, 8},
+        LinkStyle{"DiscreteEnums", {addDiscreteEnum}, ENCODING_2_STATE, 1, -99},
+        LinkStyle{"BaseClasses", {addDerivedClass}, ENCODING_2_STATE, 1},
+        LinkStyle{"KindsWithRangesInTurn",
+                  {addTypedef, addStruct, addDiscreteEnum, addArray, addClass, addDerivedClass},
+                  ENCODING_2_STATE,
+                  1},
+        LinkStyle{"AllKindsInTurn",
+                  {addClass, addStruct, addAccess, addTypedef, addArray, addDynamicArray, addQueue,
+                   addAssocArray, addFile, addDiscreteEnum, addDerivedClass},
+                  ENCODING_4_STATE,
+                  0}),
     [](const testing::TestParamInfo<LinkStyle>& test) { return std::string(test.param.name); });
 
-// ---- Chains through readers, which are cut.
-
-struct ReaderLink {
-    const char* name;
-    AddRecord add;
-};
-
-void PrintTo(const ReaderLink& link, std::ostream* out) { *out << link.name; }
-
-class ReaderChains : public testing::TestWithParam<ReaderLink> {
-protected:
-    /// `length` records, each of which refers to the next, and an integer.
-    TypeFileBuilder chain(unsigned int length, unsigned int firstId = 0) const {
-        TypeFileBuilder file;
-        for (unsigned int id = firstId + 1; id <= firstId + length; ++id)
-            GetParam().add(file, id);
-        file.integer("int");
-        return file;
-    }
-};
-
-TEST_P(ReaderChains, UpToTheLimitAreWhole) {
-    const TypeFileBuilder file = chain(CHAIN_LIMIT - 1);
-    runOnStack(smallStack(), [&] {
-        LoadedTypes types(file, false);
-        EXPECT_EQ(lengthOf(types[0]), CHAIN_LIMIT);
-    });
-}
-
-TEST_P(ReaderChains, BehindTheLimitAreNullAndWholeBeforeIt) {
-    const TypeFileBuilder file = chain(CHAIN_LIMIT);
-    runOnStack(smallStack(), [&] {
-        LoadedTypes types(file, false);
-        EXPECT_EQ(lengthOf(types[0]), CHAIN_LIMIT);
-        EXPECT_EQ(types.storage().takeReads().size(), 3 * CHAIN_LIMIT);
-        EXPECT_STREQ(types[CHAIN_LIMIT]->m_name, "int");
-        EXPECT_EQ(behind(*types[CHAIN_LIMIT - 1]), nullptr) << "a link does not change any more";
-    });
-}
-
-TEST_P(ReaderChains, ReadFromTheirEndHaveNoLimit) {
-    TypeFileBuilder file;
-    file.integer("int");
-    for (unsigned int id = 0; id < 3 * CHAIN_LIMIT; ++id)
-        GetParam().add(file, id);
-    LoadedTypes types(file);
-    EXPECT_EQ(lengthOf(types[3 * CHAIN_LIMIT]), 3 * CHAIN_LIMIT + 1);
-}
-
-TEST_P(ReaderChains, OfAMillionLoadInPieces) {
-    const std::string image = chain(CHAIN).image();
+TEST(DeepDimensions, OfQueuesThatLoadInOneCallAreCountedToTheEnd) {
+    const LinkStyle queues{"", {addQueue}, ENCODING_BYTE, 0};
+    const std::string image = chainImage(queues, CHAIN);
     runOnStack(smallStack(), [&] {
         OVAT::MemoryBlockManager storage(image.data(), image.size());
         RTTypeManager manager;
         manager.setupDeserializer(storage, 0);
-        ASSERT_NE(manager.readAllRTTypes(), nullptr);
-        for (unsigned int id = 0; id < CHAIN; id += CHAIN / 50)
-            EXPECT_EQ(lengthOf(manager.getRTType(id)), CHAIN_LIMIT - id % CHAIN_LIMIT);
+        const auto& queue = dynamic_cast<const RTQueueType&>(*manager.getRTType(0));
+        EXPECT_EQ(queue.getTotalNumDimensions(true), CHAIN + 1);
+        EXPECT_EQ(queue.getTotalNumDimensions(false), CHAIN + 1);
     });
 }
-
-/// The classes nest as deep as they can before the chain begins, so that this is the most that the
-/// loader asks of the stack.
-TEST_P(ReaderChains, BelowClassesHaveTheirWholeLength) {
-    TypeFileBuilder file;
-    for (unsigned int id = 1; id < NESTING_LIMIT; ++id)
-        addClass(file, id);
-    for (unsigned int id = NESTING_LIMIT; id < NESTING_LIMIT + CHAIN_LIMIT; ++id)
-        GetParam().add(file, id);
-    file.integer("int");
-    runOnStack(smallStack(), [&] {
-        LoadedTypes types(file, false);
-        EXPECT_EQ(lengthOf(types[0]), NESTING_LIMIT - 1 + CHAIN_LIMIT);
-    });
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, ReaderChains,
-    testing::Values(ReaderLink{"Typedefs", addTypedef}, ReaderLink{"Arrays", addArray},
-                    ReaderLink{"DynamicArrays", addDynamicArray}, ReaderLink{"Queues", addQueue},
-                    ReaderLink{"AssocArrays", addAssocArray}, ReaderLink{"Files", addFile},
-                    ReaderLink{"DiscreteEnums", addDiscreteEnum},
-                    ReaderLink{"BaseClasses", addDerivedClass}),
-    [](const testing::TestParamInfo<ReaderLink>& test) { return std::string(test.param.name); });
 
 // ---- Order.
+
+/// More than any stack that is at hand has room for, were each record read within the one before.
+constexpr unsigned int DEEP = 20000;
 
 TypeFileBuilder classes(unsigned int count) {
     TypeFileBuilder file;
@@ -264,57 +226,64 @@ TypeFileBuilder classes(unsigned int count) {
     return file;
 }
 
-std::size_t placeOf(const std::string& trace, unsigned int id, const char* what) {
-    return trace.find("**** Type Id  =  " + std::to_string(id) + what);
+/// The ids of the records in the order in which the trace says that they begin, or end.
+std::vector<unsigned int> idsIn(const std::string& trace, const std::string& what) {
+    const std::string label = "**** Type Id  =  ";
+    std::vector<unsigned int> ids;
+    for (std::size_t at = trace.find(label); at != std::string::npos; at = trace.find(label, at)) {
+        at += label.size();
+        const std::size_t end = trace.find(' ', at);
+        if (trace.compare(end, what.size(), what) == 0)
+            ids.push_back(static_cast<unsigned int>(std::stoul(trace.substr(at, end - at))));
+    }
+    return ids;
 }
 
-TEST(DeepOrder, MembersOfAnOrdinaryClassAreTracedBeforeItsEnd) {
-    const std::string trace = LoadedTypes(classes(NESTING_LIMIT + 5), false).trace();
-    const unsigned int id = NESTING_LIMIT - 2;
-    EXPECT_LT(placeOf(trace, id + 1, "   begin"), placeOf(trace, id, "   end"));
+std::vector<unsigned int> upTo(unsigned int count) {
+    std::vector<unsigned int> ids(count);
+    std::iota(ids.begin(), ids.end(), 0u);
+    return ids;
 }
 
-TEST(DeepOrder, MembersOfADeeperClassAreTracedBehindTheEndsOfAllThatAreOpen) {
-    const std::string trace = LoadedTypes(classes(NESTING_LIMIT + 5), false).trace();
-    const unsigned int id = NESTING_LIMIT - 1;
-    ASSERT_NE(placeOf(trace, id + 1, "   begin"), std::string::npos);
-    EXPECT_LT(placeOf(trace, id, "   end"), placeOf(trace, 0, "   end"));
-    EXPECT_LT(placeOf(trace, 0, "   end"), placeOf(trace, id + 1, "   begin"));
+/// Each class ends behind its member, however deep: the innermost ends first.
+TEST(DeepOrder, RecordsBeginFromTheOutermostAndEndFromTheInnermost) {
+    const std::string trace = LoadedTypes(classes(DEEP), false).trace();
+    std::vector<unsigned int> ids = upTo(DEEP);
+    EXPECT_EQ(idsIn(trace, "   begin"), ids);
+    std::reverse(ids.begin(), ids.end());
+    EXPECT_EQ(idsIn(trace, "   end"), ids);
 }
 
-/// At the limit a struct has two classes of two integers; those are read class by class.
-TEST(DeepOrder, WhatWaitsIsCompletedInTheOrderOfItsReading) {
+/// Far down a struct has two classes of an integer each; the first class's integer is read before
+/// the second class.
+TEST(DeepOrder, MembersOfAMemberAreReadBeforeTheNextMember) {
     TypeFileBuilder file;
-    for (unsigned int id = 1; id < NESTING_LIMIT - 1; ++id)
+    for (unsigned int id = 1; id < DEEP; ++id)
         addClass(file, id);
-    unsigned int next = NESTING_LIMIT - 1;
     file.record(0xA0000011, "s").u32(VLOG_UNPACKED_STRUCT).i32(2);
-    file.str("x").u32(next).u32(0).str("y").u32(next + 1).u32(0).i32(-99);
-    addClass(file, next + 2);
-    addClass(file, next + 3);
+    file.str("x").u32(DEEP).u32(0).str("y").u32(DEEP + 1).u32(0).i32(-99);
+    addClass(file, DEEP + 2);
+    addClass(file, DEEP + 3);
     file.integer("of x").integer("of y");
     LoadedTypes types(file, false);
     types[0];
     const auto reads = types.storage().takeReads();
-    ASSERT_EQ(reads.size(), 3 * (NESTING_LIMIT + 3));
-    EXPECT_EQ(reads[3 * (NESTING_LIMIT + 1)].first, file.address(next + 2));
-    EXPECT_EQ(reads[3 * (NESTING_LIMIT + 2)].first, file.address(next + 3));
+    ASSERT_EQ(reads.size(), 3 * (DEEP + 4));
+    const unsigned int order[] = {DEEP, DEEP + 2, DEEP + 1, DEEP + 3};
+    for (std::size_t i = 0; i < std::size(order); ++i)
+        EXPECT_EQ(reads[3 * (DEEP + i)].first, file.address(order[i])) << i;
 }
 
 TEST(DeepOrder, ClassesAreListedFromTheOutermost) {
-    const TypeFileBuilder file = classes(3 * NESTING_LIMIT);
-    LoadedTypes types(file, false);
+    LoadedTypes types(classes(DEEP), false);
     types[0];
-    const std::vector<unsigned int>& ids = types.manager().getRTClassTypeIds();
-    ASSERT_EQ(ids.size(), 3 * NESTING_LIMIT);
-    for (unsigned int id = 0; id < ids.size(); ++id)
-        ASSERT_EQ(ids[id], id);
+    EXPECT_EQ(types.manager().getRTClassTypeIds(), upTo(DEEP));
 }
 
 // ---- Failures far down.
 
 TEST(DeepFailures, LeaveNothingBehindAndTheNextCallIsComplete) {
-    const unsigned int count = 2 * NESTING_LIMIT + 10;
+    const unsigned int count = 2000;
     const TypeFileBuilder file = classes(count);
     for (unsigned int read = 0; read < 3 * count; read += 211) {
         LoadedTypes types(file, false);
@@ -326,10 +295,10 @@ TEST(DeepFailures, LeaveNothingBehindAndTheNextCallIsComplete) {
 }
 
 TEST(DeepFailures, KeepTheTypesOfEarlierCalls) {
-    const unsigned int count = 2 * NESTING_LIMIT;
+    const unsigned int count = 2000;
     LoadedTypes types(classes(count), false);
     const RTBaseType* last = types[count - 1];
-    types.storage().failAtRead(1 + count + 3 + 3 * NESTING_LIMIT + 30);
+    types.storage().failAtRead(1 + count + 3 + 3 * (count / 2));
     EXPECT_THROW(types[0], std::runtime_error);
     EXPECT_EQ(types.manager().getRTClassTypeIds(), std::vector<unsigned int>{count - 1});
     EXPECT_EQ(lengthOf(types[0]), count);
@@ -343,14 +312,21 @@ public:
     AskingStorage(std::string image, RTTypeManager& manager)
         : m_storage(std::move(image)), m_manager(manager) {}
 
-    void askFor(unsigned int id, std::size_t failingRead) {
+    /// In the next read; the load that this asks for fails at a read counted from the first of all.
+    void askFor(unsigned int id, std::size_t failingRead = static_cast<std::size_t>(-1)) {
         m_id = id;
         m_storage.failAtRead(failingRead);
         m_asks = true;
     }
+    const RTBaseType* answer() const { return m_answer; }
+    bool hasFailed() const { return m_hasFailed; }
     bool read(unsigned long long offset, void* buffer, long long count) override {
         if (std::exchange(m_asks, false)) {
-            EXPECT_THROW(m_manager.getRTType(m_id), std::runtime_error);
+            try {
+                m_answer = m_manager.getRTType(m_id);
+            } catch (const std::runtime_error&) {
+                m_hasFailed = true;
+            }
         }
         return m_storage.read(offset, buffer, count);
     }
@@ -360,24 +336,59 @@ private:
     RTTypeManager& m_manager;
     unsigned int m_id = 0;
     bool m_asks = false;
+    bool m_hasFailed = false;
+    const RTBaseType* m_answer = nullptr;
 };
 
-TEST(DeepFailures, OfACallFromWithinTheStorageLeaveNothingToTheOuterCall) {
-    const unsigned int count = 2 * NESTING_LIMIT;
+/// Two chains of classes, `count` types each.
+TypeFileBuilder twoChains(unsigned int count) {
     TypeFileBuilder file;
-    for (unsigned int id = 1; id <= 2 * count; ++id) { // Two chains.
+    for (unsigned int id = 1; id <= 2 * count; ++id) {
         if (id % count == 0)
             file.integer("end");
         else
             addClass(file, id);
     }
+    return file;
+}
+
+TEST(DeepFailures, OfACallFromWithinTheStorageLeaveNothingToTheOuterCall) {
+    const unsigned int count = 2000;
     RTTypeManager manager;
-    AskingStorage storage(file.image(), manager);
+    AskingStorage storage(twoChains(count).image(), manager);
     manager.setupDeserializer(storage, 0);
-    storage.askFor(count, 1 + 2 * count + 3 * (NESTING_LIMIT + 10));
+    storage.askFor(count, 1 + 2 * count + 3 * (count / 2));
     EXPECT_EQ(lengthOf(manager.getRTType(0)), count);
+    EXPECT_TRUE(storage.hasFailed());
     EXPECT_EQ(manager.getRTClassTypeIds().size(), count - 1);
     EXPECT_EQ(lengthOf(manager.getRTType(count)), count);
+}
+
+/// The list of open records moves while the outer one's bytes are being read.
+TEST(CallsFromWithinTheStorage, LoadWholeAndLeaveTheOuterRecordAsItWas) {
+    const unsigned int count = 2000;
+    RTTypeManager manager;
+    AskingStorage storage(twoChains(count).image(), manager);
+    manager.setupDeserializer(storage, 0);
+    storage.askFor(count);
+    EXPECT_EQ(lengthOf(manager.getRTType(0)), count);
+    EXPECT_EQ(lengthOf(storage.answer()), count);
+    EXPECT_EQ(manager.getRTClassTypeIds().size(), 2 * (count - 1));
+    EXPECT_EQ(storage.answer(), manager.getRTType(count));
+}
+
+/// What the outer call gave up had been given to nobody but the inner call.
+TEST(CallsFromWithinTheStorage, GoBackWithAnOuterCallThatFails) {
+    const unsigned int count = 100;
+    RTTypeManager manager;
+    AskingStorage storage(twoChains(count).image(), manager);
+    manager.setupDeserializer(storage, 0);
+    storage.askFor(count, 1 + 2 * count + 3 * count + 10);
+    EXPECT_THROW(manager.getRTType(0), std::runtime_error);
+    EXPECT_FALSE(storage.hasFailed());
+    EXPECT_TRUE(manager.getRTClassTypeIds().empty());
+    EXPECT_EQ(lengthOf(manager.getRTType(0)), count);
+    EXPECT_EQ(manager.getRTClassTypeIds().size(), count - 1) << "the inner call's are gone";
 }
 
 // ---- Hostile files.
@@ -398,6 +409,41 @@ TEST(HostileFiles, ClassesThatLeadBackToTheMostDerivedOneAreReadAFewTimesEach) {
             EXPECT_LT(types.storage().takeReads().size(), 3u * 25 * count) << family;
         });
     }
+}
+
+/// A chain of classes, each the base of the one before it; each has a member of the first.
+TypeFileBuilder leadingBack(unsigned int count) {
+    TypeFileBuilder file;
+    for (unsigned int id = 0; id < count; ++id) {
+        file.record(CLASS, "c").u32(id + 1 < count ? id + 1 : NO_TYPE_ID).i32(0).i32(1);
+        file.str("m").u32(0).u32(0).u32(0);
+    }
+    return file;
+}
+
+/// The last class is read while the first is open once; the last but one while it is open twice.
+/// When it would be opened once too often, the reference is null, and all that are open are done.
+TEST(HostileFiles, ARecordIsOpenSixteenTimesAtOnceAndNoMore) {
+    ASSERT_EQ(REOPEN_LIMIT, 16u);
+    const unsigned int count = 40;
+    LoadedTypes types(leadingBack(count), false);
+    types[0];
+    EXPECT_EQ(types.storage().takeReads().size(), 3u * (16 * count - (1 + 15) * 15 / 2));
+    for (unsigned int id = 0; id < count; ++id) {
+        const auto& type = types.as<RTClassType>(id);
+        const bool isCut = id != 0 && id <= count - 16;
+        EXPECT_EQ(type.m_memberTypes[0], isCut ? nullptr : types[0]) << id;
+        EXPECT_EQ(type.m_baseClass, id + 1 < count ? types[id + 1] : nullptr) << id;
+    }
+}
+
+TEST(HostileFiles, AChainThatLeadsBackFromEachOfItsClassesTakesSixteenReadingsOfEach) {
+    const unsigned int count = 3000;
+    runOnStack(smallStack(), [&] {
+        LoadedTypes types(leadingBack(count), false);
+        types[0];
+        EXPECT_EQ(types.storage().takeReads().size(), 3u * (16 * count - (1 + 15) * 15 / 2));
+    });
 }
 
 // ---- Queries over chains that no loader builds.

@@ -1,6 +1,7 @@
 #include "tests/support/ReferenceLoader.h"
 
 #include <bit>
+#include <cstddef>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -13,9 +14,9 @@ constexpr std::size_t RECORD_HEAD = 8;
 constexpr long long FILE_HEAD = 40;
 constexpr std::uint32_t NO_ID = 0xFFFFFFFF;
 
-/// The loader's limits, stated a second time, so that a wrong number in the library shows.
-constexpr std::size_t DEEPEST_NESTING = 1000;
-constexpr std::size_t LONGEST_CHAIN = 1000;
+/// How often a record is open at most, stated a second time, so that a wrong number in the library
+/// shows.
+constexpr unsigned int MOST_OPENINGS = 16;
 
 constexpr const char* ENCODING_NAMES[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
 constexpr const char* ENUM_KIND_NAMES[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
@@ -134,6 +135,7 @@ private:
 
 ReferenceLoader::ReferenceLoader(const ModelFile& file) : m_file(file) {
     m_types.resize(file.records.size());
+    m_timesOpen.resize(file.records.size());
 }
 
 std::string ReferenceLoader::takeTrace() {
@@ -159,35 +161,35 @@ Link ReferenceLoader::readAll() {
 }
 
 Link ReferenceLoader::get(std::uint32_t id) {
-    const Link answer = follow(id);
-    while (!m_deferred.empty()) {
-        const Deferred next = m_deferred.front();
-        m_deferred.pop_front();
-        resolve(next);
-    }
-    return answer;
-}
-
-Link ReferenceLoader::follow(std::uint32_t id) {
     if (id >= m_types.size())
         return {};
     if (m_types[id])
         return id;
-    const std::size_t chain = m_open.empty() ? 0 : m_open.back().chain;
-    if (chain == LONGEST_CHAIN) {
-        ++m_cutChains;
+    if (isEndless(id)) {
+        ++m_endlessReferences;
         return {};
     }
-    for (const OpenRecord& open : m_open) {
-        if (open.id == id && open.filledBefore == m_filled) {
-            ++m_endlessReferences;
-            return {};
-        }
+    if (m_timesOpen[id] == MOST_OPENINGS) {
+        ++m_cutReferences;
+        return {};
     }
-    m_open.push_back({id, m_filled, chain + 1});
+    ++m_timesOpen[id];
+    m_open.push_back({id, m_filled});
     readRecord(id);
     m_open.pop_back();
+    --m_timesOpen[id];
     return m_types[id] ? Link(id) : Link();
+}
+
+/// Whether the record is open, and no slot was filled since it was opened.
+bool ReferenceLoader::isEndless(std::uint32_t id) const {
+    for (auto open = m_open.rbegin(); open != m_open.rend(); ++open) {
+        if (open->filledBefore != m_filled)
+            return false;
+        if (open->id == id)
+            return true;
+    }
+    return false;
 }
 
 void ReferenceLoader::readRecord(std::uint32_t id) {
@@ -310,7 +312,7 @@ void ReferenceLoader::discreteEnum(Fields& fields, Description& out) {
     common("** Discrete Enum Type ", fields, out);
     const std::uint32_t baseId = fields.u32();
     out.push_back(line("m_baseTypeId", baseId));
-    out.push_back("m_baseType=" + linkText(follow(baseId)));
+    out.push_back("m_baseType=" + linkText(get(baseId)));
     const std::int32_t count = fields.i32();
     const std::int32_t size = fields.i32();
     const std::size_t stored = size > 0 ? static_cast<std::size_t>(size) : 0;
@@ -376,7 +378,7 @@ void ReferenceLoader::typedefType(Fields& fields, Description& out) {
     const std::uint32_t dataId = fields.u32();
     number("** Data Type Id = ", dataId, " ** ", true);
     out.push_back(line("m_dataTypeId", dataId));
-    out.push_back("m_dataType=" + linkText(follow(dataId)));
+    out.push_back("m_dataType=" + linkText(get(dataId)));
     constraintVector(fields, out);
 }
 
@@ -396,14 +398,14 @@ std::uint32_t ReferenceLoader::reference(const char* heading, Fields& fields, De
 
 void ReferenceLoader::file(Fields& fields, Description& out) {
     const std::uint32_t refId = reference("** File Type ", fields, out);
-    out.push_back("m_refType=" + linkText(follow(refId)));
+    out.push_back("m_refType=" + linkText(get(refId)));
 }
 
 void ReferenceLoader::access(std::uint32_t id, Fields& fields) {
     Description out{line("kind", m_file.records[id].kind)};
     const std::uint32_t refId = reference("** Access Type ", fields, out);
     if (enter(id, std::move(out)))
-        resolveOrDefer({id, "m_refType=", {refId}});
+        resolve(id, "m_refType=", {refId});
 }
 
 void ReferenceLoader::array(Fields& fields, Description& out) {
@@ -415,7 +417,7 @@ void ReferenceLoader::array(Fields& fields, Description& out) {
     number("** Element Type Id = ", elementId, " ** ", true);
     out.push_back(line("m_arrayKind", kind));
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(follow(elementId)));
+    out.push_back("m_elementType=" + linkText(get(elementId)));
     const std::int32_t dimensions = fields.i32();
     for (std::int32_t i = 0; i < dimensions; ++i) {
         const std::uint32_t indexId = fields.u32();
@@ -435,7 +437,7 @@ void ReferenceLoader::dynamicArray(Fields& fields, Description& out) {
     const std::uint32_t elementId = fields.u32();
     number("** Element Type Id = ", elementId, "**", true);
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(follow(elementId)));
+    out.push_back("m_elementType=" + linkText(get(elementId)));
     const std::int32_t svTypeId = fields.i32();
     number("** Dynamic Array SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
@@ -446,7 +448,7 @@ void ReferenceLoader::queue(Fields& fields, Description& out) {
     const std::uint32_t elementId = fields.u32();
     const std::int32_t svTypeId = fields.i32();
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(follow(elementId)));
+    out.push_back("m_elementType=" + linkText(get(elementId)));
     number("** Queue SV Type Id = ", svTypeId, " ** ", true);
     number("** Element Type Id = ", elementId, "**", true);
     out.push_back(line("m_svTypeId", svTypeId));
@@ -456,14 +458,14 @@ void ReferenceLoader::assocArray(Fields& fields, Description& out) {
     common("** SV Associative Array Type ", fields, out);
     const std::uint32_t elementId = fields.u32();
     out.push_back(line("m_elementTypeId", elementId));
-    out.push_back("m_elementType=" + linkText(follow(elementId)));
+    out.push_back("m_elementType=" + linkText(get(elementId)));
     number("** Element Type Id = ", elementId, "**", true);
     const std::int32_t svTypeId = fields.i32();
     number("** Associative Array SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
     const std::uint32_t indexId = fields.u32();
     out.push_back(line("m_indexTypeId", indexId));
-    out.push_back("m_indexType=" + linkText(follow(indexId)));
+    out.push_back("m_indexType=" + linkText(get(indexId)));
     number("** Index Type Id = ", indexId, "**", true);
 }
 
@@ -479,20 +481,11 @@ std::uint32_t ReferenceLoader::member(Fields& fields, Description& out) {
     return typeId;
 }
 
-/// Follows what an object in its slot refers to, unless too many records are open already.
-void ReferenceLoader::resolveOrDefer(const Deferred& references) {
-    if (m_open.size() >= DEEPEST_NESTING) {
-        ++m_deferrals;
-        m_deferred.push_back(references);
-        return;
-    }
-    m_open.back().chain = 0;
-    resolve(references);
-}
-
-void ReferenceLoader::resolve(const Deferred& references) {
-    for (const std::uint32_t typeId : references.typeIds)
-        m_types[references.id]->push_back(references.field + linkText(follow(typeId)));
+/// Follows what an object in its slot refers to.
+void ReferenceLoader::resolve(std::uint32_t id, const char* field,
+                              const std::vector<std::uint32_t>& typeIds) {
+    for (const std::uint32_t typeId : typeIds)
+        m_types[id]->push_back(field + linkText(get(typeId)));
 }
 
 void ReferenceLoader::record(std::uint32_t id, Fields& fields) {
@@ -511,7 +504,7 @@ void ReferenceLoader::record(std::uint32_t id, Fields& fields) {
         number("** Struct with SV Type Id = ", svTypeId, " ** ", true);
     out.push_back(line("m_svTypeId", svTypeId));
     if (enter(id, std::move(out)))
-        resolveOrDefer({id, "memberType=", memberTypes});
+        resolve(id, "memberType=", memberTypes);
 }
 
 void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
@@ -519,7 +512,7 @@ void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
     common("** Class Type ", fields, out);
     const std::uint32_t baseId = fields.u32();
     out.push_back(line("m_baseClassTypeId", baseId));
-    out.push_back("m_baseClass=" + linkText(baseId == NO_ID ? Link() : follow(baseId)));
+    out.push_back("m_baseClass=" + linkText(baseId == NO_ID ? Link() : get(baseId)));
     const std::int32_t svTypeId = fields.i32();
     number("** Class with SV Type Id = ", svTypeId, " ** ", true);
     number("** Class derived from ", baseId, " ** ", true);
@@ -533,7 +526,7 @@ void ReferenceLoader::classType(std::uint32_t id, Fields& fields) {
     if (!enter(id, std::move(out)))
         return;
     m_classIds.push_back(id);
-    resolveOrDefer({id, "memberType=", memberTypes});
+    resolve(id, "memberType=", memberTypes);
 }
 
 } // namespace RTTITest

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -54,28 +53,17 @@ public:
     /// How many references were given up because they can never end.
     std::size_t endlessReferences() const { return m_endlessReferences; }
 
-    /// How many references were given up because too many readers wait for them.
-    std::size_t cutChains() const { return m_cutChains; }
-
-    /// How many records were too deep for their references to be followed at once.
-    std::size_t deferrals() const { return m_deferrals; }
+    /// How many references were given up because their record is open too often.
+    std::size_t cutReferences() const { return m_cutReferences; }
 
 private:
     class Fields;
     struct OpenRecord {
         std::uint32_t id;
         std::size_t filledBefore;
-        std::size_t chain; ///< Open records in a row that wait for this one's object.
-    };
-    /// What an object in its slot refers to.
-    struct Deferred {
-        std::uint32_t id;
-        std::string field;
-        std::vector<std::uint32_t> typeIds;
     };
 
-    Link follow(std::uint32_t id);
-
+    bool isEndless(std::uint32_t id) const;
     void readRecord(std::uint32_t id);
     void dispatch(std::uint32_t id, Fields& fields);
     bool enter(std::uint32_t id, Description description);
@@ -104,8 +92,7 @@ private:
     void record(std::uint32_t id, Fields& fields);
     void classType(std::uint32_t id, Fields& fields);
     std::uint32_t member(Fields& fields, Description& out);
-    void resolveOrDefer(const Deferred& references);
-    void resolve(const Deferred& references);
+    void resolve(std::uint32_t id, const char* field, const std::vector<std::uint32_t>& typeIds);
 
     const ModelFile& m_file;
     std::vector<std::unique_ptr<Description>> m_types;
@@ -113,12 +100,11 @@ private:
     std::vector<StorageRead> m_reads;
     std::ostringstream m_trace;
     std::vector<OpenRecord> m_open;
-    std::deque<Deferred> m_deferred;
+    std::vector<unsigned int> m_timesOpen; ///< By id.
     std::size_t m_filled = 0;
     std::size_t m_lostReads = 0;
     std::size_t m_endlessReferences = 0;
-    std::size_t m_cutChains = 0;
-    std::size_t m_deferrals = 0;
+    std::size_t m_cutReferences = 0;
 };
 
 } // namespace RTTITest

@@ -128,6 +128,8 @@ private:
 std::uint32_t FileMaker::nextTypeId() {
     if (std::exchange(m_isFirstLink, false))
         return oneIn(m_count / 2) ? below(m_count) : m_id + 1;
+    if (m_deepKinds == DeepKinds::BASE_CLASSES_THAT_LEAD_BACK)
+        return below(3);
     if (oneIn(3))
         return below(m_count + 2);
     return oneIn(2) ? m_id + 1 + below(3) : m_id - std::min(m_id, below(40));
@@ -267,7 +269,8 @@ void FileMaker::record() {
 }
 
 void FileMaker::classBody() {
-    u32(oneIn(3) ? NO_ID : typeId());
+    const bool isBase = m_deepKinds != DeepKinds::BASE_CLASSES_THAT_LEAD_BACK && oneIn(3);
+    u32(isBase ? NO_ID : typeId());
     i32(svTypeId());
     for (std::uint32_t entries = count(); entries > 0; --entries) {
         name();
@@ -320,6 +323,7 @@ std::uint32_t FileMaker::kind() {
     switch (m_deepKinds) {
     case DeepKinds::RESOLVED_IN_THE_SLOT: return oneOf(SLOT_KINDS);
     case DeepKinds::RESOLVED_BY_THE_READER: return oneOf(READER_KINDS);
+    case DeepKinds::BASE_CLASSES_THAT_LEAD_BACK: return CLASS_KIND;
     default: return oneOf(LINKING_KINDS);
     }
 }

@@ -61,7 +61,12 @@ struct ModelFile {
 ModelFile randomFile(std::uint64_t seed, unsigned int maxTypes);
 
 /// Which kinds the records of a deep file have.
-enum class DeepKinds { ANY_THAT_LINK, RESOLVED_IN_THE_SLOT, RESOLVED_BY_THE_READER };
+enum class DeepKinds {
+    ANY_THAT_LINK,
+    RESOLVED_IN_THE_SLOT,
+    RESOLVED_BY_THE_READER,
+    BASE_CLASSES_THAT_LEAD_BACK ///< Members of each lead to the beginning of the chain.
+};
 
 /// A well-formed file of `types` types, most of which refer to the next one, so that records nest.
 ModelFile deepFile(std::uint64_t seed, unsigned int types, DeepKinds kinds);
