@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -258,11 +259,45 @@ void EncodingQuery::markDerivedClasses() const {
     }
 }
 
+/// The end of a short chain; of a longer one some station, which is followed by `next`.
+Encoded shortEndOf(const RTBaseType& first) {
+    constexpr int LINKS = 8;
+    Encoded end = encodedAs(first);
+    for (int links = 0; end.next != nullptr && links < LINKS; ++links)
+        end = encodedAs(*end.next);
+    return end;
+}
+
+/// What most aggregates answer without a query, for they hold no other one before the first part
+/// that decides. Nothing where they do.
+std::optional<bool> isTwoStateAtOnce(const RTAggregateType& type) {
+    if (type.GetClassId() == ClassId::CLASS) {
+        const auto& classType = static_cast<const RTClassType&>(type);
+        if (classType.m_baseClass != nullptr || KeptMark::isOn(classType))
+            return std::nullopt;
+    }
+    for (const RTBaseType* part : type.m_memberTypes) {
+        if (part == nullptr)
+            return false;
+        const Encoded end = shortEndOf(*part);
+        if (end.next != nullptr || end.aggregate != nullptr)
+            return std::nullopt;
+        if (end.encoding != ENCODING_2_STATE)
+            return false;
+    }
+    return true;
+}
+
 ValueEncoding encodingOf(const RTBaseType& type) {
-    const Encoded end = ChainEnds().endOf(type);
+    Encoded end = shortEndOf(type);
+    if (end.next != nullptr)
+        end = ChainEnds().endOf(*end.next);
     if (end.aggregate == nullptr)
         return end.encoding;
-    return EncodingQuery().isTwoState(*end.aggregate) ? ENCODING_2_STATE : ENCODING_4_STATE;
+    std::optional<bool> isTwoState = isTwoStateAtOnce(*end.aggregate);
+    if (!isTwoState)
+        isTwoState = EncodingQuery().isTwoState(*end.aggregate);
+    return *isTwoState ? ENCODING_2_STATE : ENCODING_4_STATE;
 }
 
 } // namespace
