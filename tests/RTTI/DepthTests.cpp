@@ -388,7 +388,8 @@ TEST(CallsFromWithinTheStorage, GoBackWithAnOuterCallThatFails) {
     EXPECT_FALSE(storage.hasFailed());
     EXPECT_TRUE(manager.getRTClassTypeIds().empty());
     EXPECT_EQ(lengthOf(manager.getRTType(0)), count);
-    EXPECT_EQ(manager.getRTClassTypeIds().size(), count - 1) << "the inner call's are gone";
+    EXPECT_EQ(lengthOf(manager.getRTType(count)), count);
+    EXPECT_EQ(manager.getRTClassTypeIds().size(), 2 * (count - 1)) << "the inner call's are gone";
 }
 
 // ---- Hostile files.
