@@ -292,6 +292,21 @@ TEST_F(ValueEncodings, ClassIsMarkedForAPartOfTheStructsAroundItThatItsBaseClass
     EXPECT_EQ(base.getValueEncoding(), ENCODING_4_STATE);
 }
 
+TEST_F(ValueEncodings, ClassIsMarkedForAPartThatAnEarlierPartOfItsStructLeadsBackTo) {
+    // outer {inner, logic}; inner {back, derived}; back {outer}. The base class comes to `inner`
+    // again, and through `back`, which ended at `outer` before, to the last member of `outer`.
+    auto& outer = types.structure();
+    auto& inner = types.structure({&types.structure({&outer})});
+    auto& base = types.classType({&inner});
+    auto& derived = types.classType({}, &base);
+    addMember(inner, &derived);
+    addMember(outer, &inner);
+    addMember(outer, logic);
+    EXPECT_EQ(outer.getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(derived.getValueEncoding(), ENCODING_2_STATE);
+    EXPECT_EQ(base.getValueEncoding(), ENCODING_4_STATE);
+}
+
 TEST_F(ValueEncodings, TypedefOfAClassLeavesAndSeesTheMark) {
     auto& base = types.classType({byte});
     auto& type = types.classType({}, &base);
