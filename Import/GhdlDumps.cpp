@@ -1,14 +1,20 @@
 #include "Import/GhdlDumps.h"
 
+#include "Import/GhdlListing.h"
+#include "Import/GhdlTypes.h"
 #include "Import/GhwFile.h"
 #include "Import/GhwTypes.h"
+#include "Import/VhdlMatching.h"
 #include "Import/VhdlRecords.h"
 #include "Import/VhdlTypes.h"
+
+#include <utility>
 
 namespace Import {
 
 struct GhdlDumps::Types {
     VhdlTypes ofWaves;
+    VhdlTypes ofListings;
 };
 
 GhdlDumps::GhdlDumps(bool keepAnonymous)
@@ -20,8 +26,12 @@ void GhdlDumps::readWave(Input& input) {
     addGhwTypes(readGhw(input), input, m_keepAnonymous, m_types->ofWaves);
 }
 
+void GhdlDumps::readListing(Input& input, Notes& notes) {
+    addGhdlTypes(readGhdlListing(input, notes), input, m_keepAnonymous, m_types->ofListings);
+}
+
 void GhdlDumps::addTo(TypeTable& table, Notes& notes) {
-    addVhdlRecords(m_types->ofWaves, table, notes);
+    addVhdlRecords(joinDumps(std::move(m_types->ofWaves), m_types->ofListings), table, notes);
 }
 
 } // namespace Import

@@ -8,8 +8,8 @@
 
 namespace Import {
 
-/// The types of VHDL designs from what GHDL dumps of them: waves (GHW, `--wave`). First every dump is
-/// read, then the table gets the types of all of them together.
+/// The types of VHDL designs from what GHDL dumps of them: waves (GHW, `--wave`). First every dump
+/// is read, then the table gets the types of all of them together.
 class GhdlDumps {
 public:
     /// Subtypes without a name that no declaration needs, such as those of signals, are taken as
@@ -22,6 +22,10 @@ public:
     /// Reads a GHW file, in either byte order. Throws ImportError for a damaged one; the dumps
     /// cannot be used afterwards. Takes time by the size of the file, memory by that of its types.
     void readWave(Input& input);
+
+    /// Reads a type listing. Throws ImportError for a damaged one, and notes lines that it does not
+    /// know; otherwise as above, with memory by the declarations.
+    void readListing(Input& input, Notes& notes);
 
     /// Hands the types over, in the order in which they were met, and notes what a record cannot
     /// hold or no dump said. Called once, last.

@@ -68,7 +68,7 @@ public:
 
     void make() {
         for (const VhdlDeclaration& declaration : m_types.declarations())
-            m_table.want(idOf(declaration.type), declaration.package);
+            want(declaration);
         // Types that were met on the way can lead to more of them.
         for (std::size_t i = 0; i < m_waiting.size(); ++i) {
             const VhdlType& type = m_types[m_waiting[i]];
@@ -81,6 +81,14 @@ public:
     }
 
 private:
+    void want(const VhdlDeclaration& declaration) {
+        const VhdlType& type = m_types[declaration.type];
+        if (type.kind == VhdlKind::UNKNOWN)
+            note(type, type.reason);
+        else
+            m_table.want(idOf(declaration.type), declaration.package);
+    }
+
     unsigned int idOf(std::uint32_t type) {
         if (m_ids[type] == VhdlType::NONE) {
             m_ids[type] = m_table.reserve(labelOf(m_types[type]));
@@ -99,6 +107,9 @@ private:
 
     /// Null for a type of which there is no record.
     std::unique_ptr<RTBaseType> recordOf(const VhdlType& type) {
+        noteAlternatives(type, type.of);
+        for (const VhdlPart& part : type.parts)
+            noteAlternatives(type, part.use);
         switch (type.kind) {
         case VhdlKind::UNKNOWN: break;
         case VhdlKind::ENUMERATION: return enumeration(type);
@@ -112,6 +123,13 @@ private:
         case VhdlKind::SUBTYPE: return subtype(type);
         }
         return nullptr;
+    }
+
+    void noteAlternatives(const VhdlType& type, const VhdlUse& use) {
+        if (!use.alternatives.empty())
+            note(type, "the input does not say which " + m_types[use.type].name +
+                           " it uses; there are " + std::to_string(use.alternatives.size() + 1) +
+                           ", the nearest is taken");
     }
 
     static std::unique_ptr<RTBaseType> enumeration(const VhdlType& type) {

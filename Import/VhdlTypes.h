@@ -76,6 +76,7 @@ struct VhdlType {
     std::vector<VhdlPart> parts;
     VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
     VhdlRealRange realRange;
+    std::string reason;     ///< Of one that is not known: why, for a note.
     bool mayBeReal = false; ///< An integer type by the look of its bounds alone.
     bool mayBePart = false; ///< A subtype that may have ranges which the input does not say.
 

@@ -1,0 +1,119 @@
+#include "Import/GhdlScopes.h"
+
+#include <algorithm>
+#include <set>
+
+namespace Import {
+
+namespace {
+
+const std::vector<std::size_t>*
+placesOf(const std::unordered_map<std::string, std::vector<std::size_t>>& places,
+         const std::string& name) {
+    const auto at = places.find(name);
+    return at != places.end() ? &at->second : nullptr;
+}
+
+} // namespace
+
+void GhdlScopes::Index::add(const std::string& name, std::size_t type, const GhdlListing& listing) {
+    const std::size_t scope = listing.types[type].scope;
+    ofScopes[scope][name].push_back(type);
+    if (listing.scopes[scope].isPackage)
+        ofPackages[name].push_back(type);
+}
+
+GhdlScopes::GhdlScopes(const GhdlListing& listing) : m_listing(listing) {
+    m_names.ofScopes.resize(listing.scopes.size());
+    m_literals.ofScopes.resize(listing.scopes.size());
+    for (std::size_t i = 0; i < listing.types.size(); ++i) {
+        const ListedType& type = listing.types[i];
+        m_names.add(type.name, i, listing);
+        if (type.form != ListedType::Form::ENUMERATION)
+            continue;
+        for (const ListedPart& literal : type.parts)
+            m_literals.add(literal.name, i, listing);
+    }
+}
+
+std::size_t GhdlScopes::nearest(const std::vector<std::size_t>& places, std::size_t from,
+                                bool isInFront, const Fits& fits) const {
+    auto at = std::lower_bound(places.begin(), places.end(), from);
+    const auto isMeant = [&](std::size_t type) {
+        return type != from && fits(m_listing.types[type]);
+    };
+    if (!isInFront) {
+        at = std::find_if(at, places.end(), isMeant);
+        return at != places.end() ? *at : from;
+    }
+    while (at != places.begin()) {
+        if (isMeant(*--at))
+            return *at;
+    }
+    return from;
+}
+
+std::vector<std::size_t> GhdlScopes::findInPackages(const Places& places, const std::string& name,
+                                                    std::size_t from, bool isInFront,
+                                                    const Fits& fits) const {
+    std::vector<std::size_t> found;
+    const std::vector<std::size_t>* const all = placesOf(places, name);
+    if (all == nullptr)
+        return found;
+    std::set<std::size_t> scopes;
+    for (auto at = all->rbegin(); at != all->rend(); ++at) {
+        const ListedType& type = m_listing.types[*at];
+        if (*at != from && (*at < from) == isInFront && fits(type) &&
+            scopes.insert(type.scope).second)
+            found.push_back(*at);
+    }
+    return found;
+}
+
+std::vector<std::size_t> GhdlScopes::find(const std::string& name, std::size_t from,
+                                          const Fits& fits) const {
+    for (const bool isInFront : {true, false}) {
+        std::size_t scope = m_listing.types[from].scope;
+        while (true) {
+            const std::vector<std::size_t>* const places = placesOf(m_names.ofScopes[scope], name);
+            const std::size_t found =
+                places == nullptr ? from : nearest(*places, from, isInFront, fits);
+            if (found != from)
+                return {found};
+            if (scope == 0)
+                break;
+            scope = m_listing.scopes[scope].parent;
+        }
+        std::vector<std::size_t> found =
+            findInPackages(m_names.ofPackages, name, from, isInFront, fits);
+        if (!found.empty())
+            return found;
+    }
+    return {};
+}
+
+std::vector<std::size_t> GhdlScopes::findWithLiteral(const std::string& literal,
+                                                     std::size_t from) const {
+    const Fits all = [](const ListedType&) { return true; };
+    std::vector<std::size_t> found;
+    std::size_t scope = m_listing.types[from].scope;
+    while (true) {
+        if (const std::vector<std::size_t>* const places =
+                placesOf(m_literals.ofScopes[scope], literal)) {
+            for (auto at = places->rbegin(); at != places->rend(); ++at) {
+                if (*at < from)
+                    found.push_back(*at);
+            }
+        }
+        if (scope == 0)
+            break;
+        scope = m_listing.scopes[scope].parent;
+    }
+    for (const std::size_t type : findInPackages(m_literals.ofPackages, literal, from, true, all)) {
+        if (std::find(found.begin(), found.end(), type) == found.end())
+            found.push_back(type);
+    }
+    return found;
+}
+
+} // namespace Import

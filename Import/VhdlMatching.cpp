@@ -1,0 +1,221 @@
+#include "Import/VhdlMatching.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace Import {
+
+namespace {
+
+constexpr std::uint32_t NONE = VhdlType::NONE;
+
+bool haveSameNames(const std::vector<VhdlPart>& a, const std::vector<VhdlPart>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
+        return x.name == y.name && x.value == y.value;
+    });
+}
+
+/// Whether a listing that says `listed` can mean `exact`.
+bool isPrintedAlike(double listed, double exact) {
+    char digits[2][32];
+    std::snprintf(digits[0], sizeof digits[0], "%g", listed);
+    std::snprintf(digits[1], sizeof digits[1], "%g", exact);
+    return std::string(digits[0]) == digits[1];
+}
+
+bool canMean(const VhdlRealRange& listed, const VhdlRealRange& exact) {
+    return !exact.isKnown || !listed.isKnown ||
+           (listed.isDownto == exact.isDownto && isPrintedAlike(listed.left, exact.left) &&
+            isPrintedAlike(listed.right, exact.right));
+}
+
+/// A range that the listing has, as one of reals.
+VhdlRealRange asReal(const VhdlRange& range) {
+    return {true, false, range.isDownto, static_cast<double>(range.left),
+            static_cast<double>(range.right)};
+}
+
+bool isClosed(const std::vector<VhdlRange>& ranges) {
+    return std::none_of(ranges.begin(), ranges.end(),
+                        [](const auto& range) { return range.isOpen; });
+}
+
+/// Finds what types of a listing are among those of waves.
+class DumpJoiner {
+public:
+    DumpJoiner(VhdlTypes waves, const VhdlTypes& listings)
+        : m_waves(std::move(waves)), m_listings(listings), m_offset(m_waves.size()),
+          m_joined(listings.size(), NONE), m_isDeclared(m_waves.size()) {
+        for (const VhdlDeclaration& declaration : m_waves.declarations())
+            m_isDeclared[declaration.type] = true;
+        for (std::uint32_t id = 0; id < m_waves.size(); ++id)
+            m_byName[m_waves[id].name].push_back(id);
+    }
+
+    VhdlTypes join() {
+        std::uint32_t next = m_offset;
+        for (std::uint32_t id = 0; id < m_listings.size(); ++id) {
+            const std::uint32_t wave = findWave(id);
+            m_joined[id] = wave != NONE ? wave : next++;
+        }
+        for (std::uint32_t id = 0; id < m_listings.size(); ++id) {
+            if (m_joined[id] < m_offset)
+                complete(m_waves[m_joined[id]], m_listings[id]);
+            else
+                m_waves.add(joinedType(m_listings[id]));
+        }
+        std::vector<VhdlDeclaration> declarations;
+        for (const VhdlDeclaration& declaration : m_listings.declarations())
+            declarations.push_back({m_joined[declaration.type], declaration.package});
+        std::vector<VhdlDeclaration>& all = m_waves.declarations();
+        all.insert(all.begin(), declarations.begin(), declarations.end());
+        return std::move(m_waves);
+    }
+
+private:
+    /// The type of waves that one of a listing means: the one that says the same, or else one that
+    /// says less; NONE if there is none.
+    std::uint32_t findWave(std::uint32_t listed) {
+        const VhdlType& type = m_listings[listed];
+        const auto at = m_byName.find(type.name);
+        if (at == m_byName.end() || type.name.empty())
+            return NONE;
+        std::uint32_t found = NONE;
+        std::size_t count = 0;
+        for (const std::uint32_t wave : at->second) {
+            if (!canMean(listed, wave))
+                continue;
+            count += m_isDeclared[wave] ? 1 : 0;
+            if (found == NONE || (saysLess(found) && !saysLess(wave)))
+                found = wave;
+        }
+        // A name alone means a type only if no other one of that name was declared.
+        return type.kind == VhdlKind::UNKNOWN && count > 1 ? NONE : found;
+    }
+
+    bool saysLess(std::uint32_t wave) const {
+        const VhdlType& type = m_waves[wave];
+        return type.kind == VhdlKind::ARRAY && !isClosed(type.of.ranges);
+    }
+
+    bool canMean(std::uint32_t listed, std::uint32_t wave) {
+        const std::uint64_t key = std::uint64_t(listed) << 32 | wave;
+        const auto [at, isNew] = m_canMean.emplace(key, true);
+        if (isNew) {
+            const bool result = compare(m_listings[listed], m_waves[wave]);
+            m_canMean[key] = result;
+            return result;
+        }
+        return at->second;
+    }
+
+    bool compare(const VhdlType& listed, const VhdlType& wave) {
+        if (listed.kind == VhdlKind::UNKNOWN && listed.name.empty())
+            return true;
+        if (listed.name != wave.name)
+            return false;
+        if (listed.kind == VhdlKind::UNKNOWN)
+            return true;
+        if (listed.mayBeReal && wave.kind == VhdlKind::REAL)
+            return Import::canMean(asReal(listed.range), wave.realRange);
+        if (listed.kind != wave.kind || !haveSameRange(listed, wave))
+            return false;
+        switch (listed.kind) {
+        case VhdlKind::ENUMERATION:
+        case VhdlKind::PHYSICAL: return haveSameNames(listed.parts, wave.parts);
+        case VhdlKind::REAL: return Import::canMean(listed.realRange, wave.realRange);
+        case VhdlKind::ARRAY: return compareArrays(listed, wave);
+        case VhdlKind::RECORD:
+            return std::equal(listed.parts.begin(), listed.parts.end(), wave.parts.begin(),
+                              wave.parts.end(), [&](const VhdlPart& a, const VhdlPart& b) {
+                                  return a.name == b.name && a.use.ranges == b.use.ranges &&
+                                         canMeanUse(a.use, b.use.type);
+                              });
+        case VhdlKind::SUBTYPE:
+            return canMeanUse(listed.of, wave.of.type) && haveSameRanges(listed, wave);
+        default: return true;
+        }
+    }
+
+    static bool haveSameRange(const VhdlType& listed, const VhdlType& wave) {
+        return listed.range.isOpen || wave.range.isOpen || listed.range == wave.range;
+    }
+
+    bool canMeanUse(const VhdlUse& listed, std::uint32_t wave) {
+        return canMean(listed.type, wave) ||
+               std::any_of(listed.alternatives.begin(), listed.alternatives.end(),
+                           [&](std::uint32_t type) { return canMean(type, wave); });
+    }
+
+    /// Waves can have the open half of an array alone that was declared in one piece.
+    bool compareArrays(const VhdlType& listed, const VhdlType& wave) {
+        const std::vector<VhdlRange>& ranges = listed.of.ranges;
+        const std::vector<VhdlRange>& others = wave.of.ranges;
+        if (listed.indexes.size() != wave.indexes.size() || ranges.size() != others.size())
+            return false;
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            const bool isOpenHalf = i < listed.indexes.size() && others[i].isOpen;
+            if (ranges[i] != others[i] && !isOpenHalf)
+                return false;
+        }
+        for (std::size_t i = 0; i < listed.indexes.size(); ++i) {
+            if (listed.indexes[i] != NONE && !canMean(listed.indexes[i], wave.indexes[i]))
+                return false;
+        }
+        return canMeanUse(listed.of, wave.of.type);
+    }
+
+    /// A subtype of an array in one piece has no ranges in a listing, and the array's in waves.
+    bool haveSameRanges(const VhdlType& listed, const VhdlType& wave) const {
+        if (listed.of.ranges == wave.of.ranges)
+            return true;
+        return listed.of.ranges.empty() && m_listings[listed.of.type].of.ranges == wave.of.ranges;
+    }
+
+    VhdlUse joinedUse(VhdlUse use) const {
+        use.type = m_joined[use.type];
+        for (std::uint32_t& type : use.alternatives)
+            type = m_joined[type];
+        return use;
+    }
+
+    VhdlType joinedType(VhdlType type) const {
+        type.of = joinedUse(std::move(type.of));
+        for (std::uint32_t& index : type.indexes)
+            index = index == NONE ? NONE : m_joined[index];
+        for (VhdlPart& part : type.parts)
+            part.use = joinedUse(std::move(part.use));
+        return type;
+    }
+
+    /// Gives a type of waves what a listing says and they do not.
+    void complete(VhdlType& wave, const VhdlType& listed) const {
+        if (wave.range.isOpen)
+            wave.range = listed.range;
+        if (!wave.realRange.isKnown)
+            wave.realRange = listed.realRange;
+        if (listed.kind == VhdlKind::ARRAY)
+            wave.of.ranges = listed.of.ranges;
+        if (listed.kind == VhdlKind::SUBTYPE && listed.of.ranges != wave.of.ranges)
+            wave.of = joinedUse(listed.of);
+    }
+
+    VhdlTypes m_waves;
+    const VhdlTypes& m_listings;
+    std::uint32_t m_offset;
+    std::vector<std::uint32_t> m_joined; ///< What each type of the listings has become.
+    std::vector<bool> m_isDeclared;      ///< Of each type of the waves.
+    std::unordered_map<std::string, std::vector<std::uint32_t>> m_byName;
+    std::unordered_map<std::uint64_t, bool> m_canMean;
+};
+
+} // namespace
+
+VhdlTypes joinDumps(VhdlTypes waves, const VhdlTypes& listings) {
+    return DumpJoiner(std::move(waves), listings).join();
+}
+
+} // namespace Import
