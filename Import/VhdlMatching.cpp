@@ -38,11 +38,6 @@ VhdlRealRange asReal(const VhdlRange& range) {
             static_cast<double>(range.right)};
 }
 
-bool isClosed(const std::vector<VhdlRange>& ranges) {
-    return std::none_of(ranges.begin(), ranges.end(),
-                        [](const auto& range) { return range.isOpen; });
-}
-
 /// Finds what types of a listing are among those of waves.
 class DumpJoiner {
 public:
@@ -86,19 +81,25 @@ private:
         std::uint32_t found = NONE;
         std::size_t count = 0;
         for (const std::uint32_t wave : at->second) {
-            if (!canMean(listed, wave))
+            if (!canMean(listed, wave) || (saysLess(wave, type) && !mayComplete(wave, type)))
                 continue;
             count += m_isDeclared[wave] ? 1 : 0;
-            if (found == NONE || (saysLess(found) && !saysLess(wave)))
+            if (found == NONE || (saysLess(found, type) && !saysLess(wave, type)))
                 found = wave;
         }
         // A name alone means a type only if no other one of that name was declared.
         return type.kind == VhdlKind::UNKNOWN && count > 1 ? NONE : found;
     }
 
-    bool saysLess(std::uint32_t wave) const {
-        const VhdlType& type = m_waves[wave];
-        return type.kind == VhdlKind::ARRAY && !isClosed(type.of.ranges);
+    /// Whether the waves have the open half alone of an array that was declared in one piece.
+    bool saysLess(std::uint32_t wave, const VhdlType& listed) const {
+        return listed.kind == VhdlKind::ARRAY && m_waves[wave].of.ranges != listed.of.ranges;
+    }
+
+    /// An open half gets the ranges of one declaration.
+    bool mayComplete(std::uint32_t wave, const VhdlType& listed) {
+        return m_isDeclared[wave] &&
+               m_completed.emplace(wave, listed.of.ranges).first->second == listed.of.ranges;
     }
 
     bool canMean(std::uint32_t listed, std::uint32_t wave) {
@@ -150,7 +151,6 @@ private:
                            [&](std::uint32_t type) { return canMean(type, wave); });
     }
 
-    /// Waves can have the open half of an array alone that was declared in one piece.
     bool compareArrays(const VhdlType& listed, const VhdlType& wave) {
         const std::vector<VhdlRange>& ranges = listed.of.ranges;
         const std::vector<VhdlRange>& others = wave.of.ranges;
@@ -208,6 +208,7 @@ private:
     std::uint32_t m_offset;
     std::vector<std::uint32_t> m_joined; ///< What each type of the listings has become.
     std::vector<bool> m_isDeclared;      ///< Of each type of the waves.
+    std::unordered_map<std::uint32_t, std::vector<VhdlRange>> m_completed;
     std::unordered_map<std::string, std::vector<std::uint32_t>> m_byName;
     std::unordered_map<std::uint64_t, bool> m_canMean;
 };

@@ -1,0 +1,332 @@
+#include "Import/GhdlDumps.h"
+
+#include "Import/ImportError.h"
+#include "support/GhwBuilder.h"
+#include "support/ImportedTypes.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Import;
+using Lines = std::vector<std::string>;
+
+/// The kinds, as GHW files number them.
+enum Kind : unsigned {
+    ENUM = 23,
+    INTEGER = 25,
+    REAL = 27,
+    PHYSICAL = 29,
+    ARRAY = 31,
+    SCALAR_SUBTYPE = 34,
+    ARRAY_SUBTYPE = 35,
+};
+
+std::string refusalOfListing(const std::string& text) {
+    std::istringstream stream(text);
+    Input input(stream, "l");
+    Notes notes;
+    try {
+        GhdlDumps().readListing(input, notes);
+    } catch (const ImportError& error) {
+        return error.what();
+    }
+    return "no refusal";
+}
+
+TEST(Waves, AnIntegerAndItsFirstSubtypeAreOneType) {
+    GhwBuilder file;
+    file.names({"my_int"}).type(INTEGER, {1}).type(SCALAR_SUBTYPE, {1, 1}).range(INTEGER, -5, 10);
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines(), (Lines{"my_int: integer (-5 to 10)"}));
+}
+
+TEST(Waves, ASubtypeOfRealsIsARealTypeWithItsRange) {
+    GhwBuilder file;
+    file.names({"prob", "real"})
+        .type(REAL, {2})
+        .type(SCALAR_SUBTYPE, {2, 1})
+        .reals(REAL, -1e308, 1e308);
+    file.type(SCALAR_SUBTYPE, {1, 1}).reals(REAL, 0, 0.1);
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
+              (Lines{"real: real -1.7976931348623157e+308 to 1.7976931348623157e+308",
+                     "prob: real 0 to 0.10000000000000001"}));
+}
+
+TEST(Waves, AnArrayAndItsFirstSubtypeAreOneType) {
+    GhwBuilder file;
+    file.names({"integer", "mem"}).type(INTEGER, {1});
+    file.type(ARRAY, {2, 1, 1, 1}).type(ARRAY_SUBTYPE, {2, 2}).range(INTEGER | 128, 3, 1);
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
+              (Lines{"integer: integer (-2147483648 to 2147483647)",
+                     "mem: array [0] of 0 (3 downto 1)"}));
+}
+
+TEST(Waves, AnElementWithoutANameGivesItsRangesToTheArray) {
+    GhwBuilder file;
+    file.names({"bytes", "integer", "vec"}).type(INTEGER, {2}).type(ARRAY, {3, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER | 128, 7, 0).type(ARRAY, {1, 3, 1, 1});
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines()[2],
+              "bytes: array [0] of 1 (open, 7 downto 0)");
+}
+
+TEST(Waves, SubtypesWithoutANameAreKeptOnDemandAndEqualOnesOnce) {
+    GhwBuilder file;
+    file.names({"integer"}).type(INTEGER, {1});
+    file.type(SCALAR_SUBTYPE, {0, 1})
+        .range(INTEGER, 0, 3)
+        .type(SCALAR_SUBTYPE, {0, 1})
+        .range(INTEGER, 0, 3);
+    EXPECT_EQ(ImportedTypes(false).wave(file.file()).lines().size(), 1u);
+    EXPECT_EQ(ImportedTypes(true).wave(file.file()).lines()[1], ": subtype of 0 (0 to 3)");
+    EXPECT_EQ(ImportedTypes(true).wave(file.file()).lines().size(), 2u);
+}
+
+TEST(Waves, RangesOfPhysicalTypesAreNoted) {
+    GhwBuilder file;
+    file.names({"dist", "um"}).type(PHYSICAL, {1, 1, 2}).value(1);
+    file.type(SCALAR_SUBTYPE, {1, 1}).range(PHYSICAL, 0, 99);
+    ImportedTypes types;
+    EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"dist: physical um=1"}));
+    EXPECT_EQ(types.notes(), (Lines{"w: offset 56: type dist: its range 0 to 99 um is not kept"}));
+}
+
+TEST(Waves, RangesOfMoreThan32BitsAreCutAndNoted) {
+    GhwBuilder file;
+    file.names({"l"}).type(26, {1}).type(SCALAR_SUBTYPE, {1, 1}).range(26, -5, 1LL << 40);
+    ImportedTypes types;
+    EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"l: integer (-5 to 2147483647)"}));
+    EXPECT_EQ(types.notes().size(), 1u);
+}
+
+TEST(Waves, invalid_range_of_literals) {
+    GhwBuilder file;
+    file.names({"a", "t"}).type(ENUM, {2, 1, 1}).type(SCALAR_SUBTYPE, {0, 1}).positions(ENUM, 0, 1);
+    EXPECT_THROW(ImportedTypes().wave(file.file()), ImportError);
+}
+
+TEST(Listings, EveryScalarHasItsForm) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_e8: e is (run, ')', '(', ',', \\a, b\\, \\c\\\\d)\\)\n"
+                  " ghdl_rtik_subtype_scalar, D=0: w is e range run to ','\n"
+                  " ghdl_rtik_subtype_scalar, D=0: n is 9 downto -2000000\n"
+                  " ghdl_rtik_subtype_scalar, D=0: r is -1.5 to 1e+10\n"
+                  " ghdl_rtik_subtype_scalar, D=0: d is 0 to 1000000\n"
+                  "  ghdl_rtik_unit64: um = 1\n"
+                  "  ghdl_rtik_unitptr: \\M m\\ = 1000\n"
+                  " ghdl_rtik_subtype_scalar, D=0: s is n range 3 to 4\n");
+    EXPECT_EQ(types.lines(),
+              (Lines{"e: enum run ')' '(' ',' \\a, b\\ \\c\\\\d)\\", "w: subtype of 0 (0 to 3)",
+                     "n: integer (9 downto -2000000)", "r: real -1.5 to 10000000000",
+                     "d: physical um=1 \\M m\\=1000", "s: subtype of 2 (3 to 4)"}));
+}
+
+TEST(Listings, ArraysHaveTheRangesOfTheirElements) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_b1: bit is ('0', '1')\n"
+                  " ghdl_rtik_type_array: v is array (bit range <>) of bit\n"
+                  " ghdl_rtik_type_array: vv is array (bit range <>) of v\n"
+                  " ghdl_rtik_subtype_array: m is m (0 to 1, '0' to '1') of v ('1' downto '0')\n"
+                  " ghdl_rtik_subtype_array: s is vv ('0' to '0') ('1' to '1')\n"
+                  " ghdl_rtik_subtype_unbounded_array: o is v\n"
+                  " ghdl_rtik_subtype_array: t is m (0 to 1, '0' to '1') of v ('1' downto '0')\n");
+    EXPECT_EQ(
+        types.lines(),
+        (Lines{"bit: enum '0' '1'", "v: array [0] of 0 (open)", "vv: array [0] of 1 (open, open)",
+               "m: array [-]0] of 1 (0 to 1, 0 to 1, 1 downto 0)",
+               "s: subtype of 2 (0 to 0, 1 to 1)", "o: subtype of 1 (open)", "t: subtype of 3"}));
+}
+
+TEST(Listings, RecordsHaveTheRangesOfTheirMembers) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_b1: bit is ('0', '1')\n"
+                  " ghdl_rtik_type_array: v is array (bit range <>) of bit\n"
+                  " ghdl_rtik_type_unbounded_record: r is record\n"
+                  "  ghdl_rtik_element: a: v\n"
+                  "  ghdl_rtik_element: \\x: y\\: v ('0' to '1')\n"
+                  " ghdl_rtik_type_unbounded_record: q is record\n"
+                  "  ghdl_rtik_element: k: r\n"
+                  "  ghdl_rtik_element: l: v\n"
+                  " ghdl_rtik_subtype_record: s is q (k (a ('1' to '1')), l ('0' to '0'))\n");
+    EXPECT_EQ(types.lines(),
+              (Lines{"bit: enum '0' '1'", "v: array [0] of 0 (open)",
+                     "r: record a:1 (open) \\x: y\\:1 (0 to 1)", "q: record k:2 (open) l:1 (open)",
+                     "s: subtype of 3 (1 to 1, 0 to 0)"}));
+}
+
+TEST(Listings, AccessTypesMayLeadBackToTheirRecord) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_record: node is record\n"
+                  "  ghdl_rtik_element: next: ptr\n"
+                  " ghdl_rtik_type_access: ptr is access node\n"
+                  " ghdl_rtik_type_record: node is record\n"
+                  "  ghdl_rtik_element: next: ptr\n"
+                  " ghdl_rtik_type_file: f is file node\n");
+    EXPECT_EQ(types.lines().size(), 3u); // The two lines about the record are about one type.
+}
+
+TEST(Listings, AnAccessTypeOfASubtypeWithoutANameHasOne) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_b1: bit is ('0', '1')\n"
+                  " ghdl_rtik_type_array: v is array (bit range <>) of bit\n"
+                  " ghdl_rtik_type_access: p is access v ('0' to '1')\n");
+    EXPECT_EQ(types.lines()[2], ": subtype of 1 (0 to 1)");
+}
+
+TEST(Listings, AliasesAreWhatOtherReleasesPrintForThem) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: n is -9 to 9999999\n"
+                  " ghdl_rtik_subtype_scalar, D=0: s is n range 0 to 3\n"
+                  " ghdl_rtik_subtype_alias: a is s\n"
+                  " ghdl_rtik_subtype_alias: b is n\n");
+    EXPECT_EQ(types.lines(),
+              (Lines{"n: integer (-9 to 9999999)", "s: subtype of 0 (0 to 3)",
+                     "a: subtype of 0 (0 to 3)", "b: subtype of 0 (-9 to 9999999)"}));
+}
+
+TEST(Listings, TheNearestDeclarationIsMeant) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (outer, other)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_access: far is access e\n"
+                  " ghdl_rtik_process, D=2, sloc=1:1: x\n"
+                  "  ghdl_rtik_type_e8: e is (inner)\n"
+                  "  ghdl_rtik_type_access: near is access e\n");
+    EXPECT_EQ(types.lines(),
+              (Lines{"e: enum outer other", "far: access 0", "e: enum inner", "near: access 2"}));
+}
+
+TEST(Listings, ANameOfTwoPackagesIsNoted) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (a)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_e8: e is (b)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: r\n"
+                  " ghdl_rtik_type_access: t is access e\n");
+    EXPECT_EQ(types.lines()[2], "t: access 1");
+    EXPECT_EQ(types.notes(), (Lines{"l:7: type t: the input does not say which e it uses; there "
+                                    "are 2, the nearest is taken"}));
+}
+
+TEST(Listings, ATypeThatIsNotToldLeavesOutThoseThatNeedIt) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: rb is rb\n"
+                  " ghdl_rtik_type_protected: prot is protected\n"
+                  " ghdl_rtik_type_access: t is access rb\n"
+                  " ghdl_rtik_type_e8: e is (a)\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum a"}));
+    EXPECT_EQ(types.notes(), (Lines{"l:3: type rb: the listing does not say what it is",
+                                    "l:4: type prot: there are no records of protected types",
+                                    "l:5: t is left out: it needs type rb"}));
+}
+
+TEST(Listings, ALineOfAnUnknownKindIsNoted) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_view: v is view\n ghdl_rtik_type_e8: e is (a)\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum a"}));
+    EXPECT_EQ(types.notes(), (Lines{"l:3: a line of the kind ghdl_rtik_type_view, which is not "
+                                    "known, is passed over"}));
+}
+
+TEST(Listings, PackagesAreKept) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (a)\n"
+                  "ghdl_rtik_package_body, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: f is (a)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_e8: g is (a)\n");
+    EXPECT_EQ(types.lines({"p"}), (Lines{"e: enum a", "f: enum a"}));
+}
+
+TEST(Listings, ValuesOfObjectsArePassedOver) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_constant, D=0, sloc=1:1; c: t := (a => 1, ) := \"ghdl_rtik_type_e8:\n"
+                  " ghdl_rtik_type_e8: e is (a)\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum a"}));
+}
+
+TEST(ListingRefusals, invalid_beginning_and_end) {
+    const std::string header = "DISP_RTI.Disp_All: ghdl_rtik_top\n";
+    const std::string package =
+        "ghdl_rtik_package, D=1, sloc=1:1: p\n ghdl_rtik_type_e8: e is (a)\n";
+    const std::string design = "ghdl_rtik_architecture, D=1, sloc=1:1: a\n";
+    EXPECT_EQ(refusalOfListing(package + design), "l: no type listing of GHDL (--dump-rti)");
+    const std::string cut = "the listing ends in the middle: GHDL failed, was stopped, or is still "
+                            "writing it";
+    EXPECT_EQ(refusalOfListing(header + package), "l:3: " + cut);
+    EXPECT_EQ(refusalOfListing(header + package + design + " ghdl_rtik_type_e8: f is (b)"),
+              "l:5: " + cut);
+    EXPECT_EQ(refusalOfListing("start\n" + header + package + design + "the design's own"),
+              "no refusal");
+}
+
+TEST(ListingRefusals, invalid_line) {
+    EXPECT_EQ(refusalOfListing("DISP_RTI.Disp_All: ghdl_rtik_top\n"
+                               "ghdl_rtik_architecture, D=1, sloc=1:1: a\n"
+                               " ghdl_rtik_type_e8: e is (a; b)\n"),
+              "l:3: \")\" expected, \"; b)\" found");
+}
+
+TEST(JoinedDumps, WavesHaveTheDigitsAndTheListingThePackage) {
+    GhwBuilder file;
+    file.names({"third"}).type(REAL, {1}).type(SCALAR_SUBTYPE, {1, 1}).reals(REAL, 0, 1.0 / 3);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: third is 0 to 0.333333\n").wave(file.file());
+    EXPECT_EQ(types.lines({"p"}), (Lines{"third: real 0 to 0.33333333333333331"}));
+    EXPECT_EQ(types.notes(), Lines());
+}
+
+TEST(JoinedDumps, WavesTellRealsFromIntegers) {
+    GhwBuilder file;
+    file.names({"norm"}).type(REAL, {1}).type(SCALAR_SUBTYPE, {1, 1}).reals(REAL, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: norm is 0 to 1\n").wave(file.file());
+    EXPECT_EQ(types.lines(), (Lines{"norm: real 0 to 1"}));
+}
+
+TEST(JoinedDumps, WavesHaveIndexTypesAndTheListingTheRangesOfUnusedArrays) {
+    GhwBuilder file; // A subtype of the array is used, the array itself is not.
+    file.names({"integer", "mem", "sub"}).type(INTEGER, {1}).type(ARRAY, {2, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {3, 2}).range(INTEGER, 0, 3);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: integer is -2147483648 to 2147483647\n"
+                  " ghdl_rtik_subtype_array: mem is mem (0 to 3) of integer\n"
+                  " ghdl_rtik_subtype_array: sub is mem (0 to 3) of integer\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"integer: integer (-2147483648 to 2147483647)", "mem: array [0] of 0 (0 to 3)",
+                     "sub: subtype of 1"}));
+}
+
+TEST(JoinedDumps, WavesSayWhatTheListingHasNoWordsFor) {
+    GhwBuilder file;
+    file.names({"'0'", "'1'", "bit", "rb"}).type(22, {3, 2, 1, 2});
+    file.type(SCALAR_SUBTYPE, {4, 1}).positions(22, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_b1: bit is ('0', '1')\n"
+                  " ghdl_rtik_subtype_scalar, D=0: rb is rb\n"
+                  " ghdl_rtik_type_access: t is access rb\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"bit: enum '0' '1'", "rb: subtype of 0 (0 to 1)", "t: access 1"}));
+}
+
+TEST(JoinedDumps, TypesOfOneNameWithOtherRangesStayApart) {
+    GhwBuilder file;
+    file.names({"integer", "mem"}).type(INTEGER, {1}).type(ARRAY, {2, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {2, 2}).range(INTEGER, 0, 5);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: integer is -2147483648 to 2147483647\n"
+                  " ghdl_rtik_subtype_array: mem is mem (0 to 5) of integer\n"
+                  " ghdl_rtik_subtype_array: mem is mem (0 to 3) of integer\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"integer: integer (-2147483648 to 2147483647)", "mem: array [0] of 0 (0 to 5)",
+                     "mem: array [-] of 0 (0 to 3)"}));
+}
+
+} // namespace
