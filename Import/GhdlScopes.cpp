@@ -72,12 +72,18 @@ std::vector<std::size_t> GhdlScopes::findInPackages(const Places& places, const 
 
 std::vector<std::size_t> GhdlScopes::find(const std::string& name, std::size_t from,
                                           const Fits& fits) const {
+    // Access types alone lead to what follows, and from there back again.
+    const bool mayFollow = m_listing.types[from].form == ListedType::Form::ACCESS;
+    const Fits fitsBehind = [&](const ListedType& type) {
+        return (mayFollow || type.form == ListedType::Form::ACCESS) && fits(type);
+    };
     for (const bool isInFront : {true, false}) {
+        const Fits& isMeant = isInFront ? fits : fitsBehind;
         std::size_t scope = m_listing.types[from].scope;
         while (true) {
             const std::vector<std::size_t>* const places = placesOf(m_names.ofScopes[scope], name);
             const std::size_t found =
-                places == nullptr ? from : nearest(*places, from, isInFront, fits);
+                places == nullptr ? from : nearest(*places, from, isInFront, isMeant);
             if (found != from)
                 return {found};
             if (scope == 0)
@@ -85,7 +91,7 @@ std::vector<std::size_t> GhdlScopes::find(const std::string& name, std::size_t f
             scope = m_listing.scopes[scope].parent;
         }
         std::vector<std::size_t> found =
-            findInPackages(m_names.ofPackages, name, from, isInFront, fits);
+            findInPackages(m_names.ofPackages, name, from, isInFront, isMeant);
         if (!found.empty())
             return found;
     }

@@ -91,6 +91,8 @@ public:
         for (std::size_t i = 0; i < m_made.size(); ++i) {
             VhdlType type = typeOf(i);
             measure(type, m_made[i]);
+            if (m_made[i].open > MOST_OPEN_RANGES)
+                fail(i, "the type leaves more ranges open than any design does");
             m_types[idOf(i)] = std::move(type);
             declare(i);
         }

@@ -1,6 +1,7 @@
 #include "Import/GhwFile.h"
 
 #include "Import/ImportError.h"
+#include "Import/VhdlTypes.h"
 
 #include <algorithm>
 #include <bit>
@@ -220,6 +221,8 @@ private:
         for (std::uint64_t i = 0; i < count; ++i) {
             GhwType type = readType();
             m_open.push_back(openRanges(type));
+            if (m_open.back().inBase > MOST_OPEN_RANGES)
+                m_bytes.fail(type.offset, "the type leaves more ranges open than any design does");
             m_file.types.push_back(std::move(type));
         }
         if (m_bytes.byte() != 0)

@@ -23,6 +23,10 @@ enum class VhdlKind : std::uint8_t {
     SUBTYPE,
 };
 
+/// Types that leave more ranges open, those of their elements and members included, are refused:
+/// records of records can ask for any number of them in few bytes.
+inline constexpr std::size_t MOST_OPEN_RANGES = 4096;
+
 /// A range of whole numbers or positions, or none yet.
 struct VhdlRange {
     bool isOpen = true;
