@@ -93,7 +93,8 @@ public:
             at += count;
         } while (at < size);
         if (size < field.size)
-            m_out << fmt::format("  ... {} more bytes\n", field.size - size);
+            m_out << fmt::format("  ... {} more byte{}\n", field.size - size,
+                                 field.size - size == 1 ? "" : "s");
     }
 
     void finding(const Finding& finding) override {

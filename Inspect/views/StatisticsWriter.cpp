@@ -4,6 +4,7 @@
 #include "Inspect/json/PartJson.h"
 #include "Inspect/model/TypeReferences.h"
 #include "Inspect/views/TypeStatistics.h"
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeLabel.h"
 #include "Inspect/words/TypeText.h"
 
@@ -33,10 +34,10 @@ public:
 
     void header(const FileFacts& facts, const TypeStatistics& statistics) {
         m_out << fmt::format("version {} at {}\n", Inspect::quoted(facts.version), facts.offset)
-              << fmt::format("{} types in {} bytes of records\n", statistics.types,
-                             statistics.bytes)
-              << fmt::format("address table at {}, {} bytes\n\n", facts.tableOffset,
-                             tableBytes(statistics));
+              << fmt::format("{} in {} of records\n", counted(statistics.types, "type"),
+                             counted(statistics.bytes, "byte"))
+              << fmt::format("address table at {}, {}\n\n", facts.tableOffset,
+                             counted(tableBytes(statistics), "byte"));
     }
 
     void kinds(const TypeStatistics& statistics) {
@@ -44,12 +45,13 @@ public:
         for (const auto& kind : statistics.kinds)
             m_out << fmt::format("{:>10} {:>12}  {}\n", kind.types, kind.bytes,
                                  m_style.paint(Ink::KEYWORD, kind.kind));
-        m_out << fmt::format("\n{} types are VHDL's, {} SystemVerilog's\n\n", statistics.vhdlTypes,
-                             statistics.systemVerilogTypes);
+        m_out << fmt::format("\n{} of VHDL, {} of SystemVerilog\n\n",
+                             counted(statistics.vhdlTypes, "type"), statistics.systemVerilogTypes);
     }
 
     void nesting(const std::vector<unsigned int>& chain) {
-        heading(fmt::format("deepest nesting: {} types, each within the one before", chain.size()));
+        heading(fmt::format("deepest nesting: {}, each within the one before",
+                            counted(chain.size(), "type")));
         for (std::size_t i = 0; i < std::min<std::size_t>(chain.size(), m_top); ++i) {
             m_out << "  " << label(chain[i]);
             if (i + 1 < chain.size())
@@ -67,7 +69,7 @@ public:
     }
 
     void unused(const std::vector<unsigned int>& ids) {
-        heading(fmt::format("{} types that no other type refers to", ids.size()));
+        heading(fmt::format("{} that no other type refers to", counted(ids.size(), "type")));
         m_out << "(signals, variables and parameters may still be of them)\n";
         for (std::size_t i = 0; i < std::min<std::size_t>(ids.size(), m_top); ++i)
             m_out << "  " << label(ids[i]) << '\n';

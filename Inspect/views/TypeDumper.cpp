@@ -137,7 +137,8 @@ public:
     void writeAnswers(const RTBaseType& type) {
         line("value encoding", encodingText(m_types.encodings->of(type)));
         const unsigned int size = type.getValueSize();
-        line("value size", size != 0 ? number(size) + " bytes" : "not recorded");
+        line("value size",
+             size != 0 ? number(size) + (size == 1 ? " byte" : " bytes") : "not recorded");
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
             line("type behind", behind(*alias));
         if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))

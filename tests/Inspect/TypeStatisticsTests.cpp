@@ -264,7 +264,7 @@ TEST(TypeStatistics, AreWrittenAsText) {
                          "         1           52  typedef\n"
                          "         1           51  unpacked struct\n"
                          "\n"
-                         "0 types are VHDL's, 5 SystemVerilog's\n"
+                         "0 types of VHDL, 5 of SystemVerilog\n"
                          "\n"
                          "deepest nesting: 3 types, each within the one before\n"
                          "  2 typedef \"t\": aliased type\n"

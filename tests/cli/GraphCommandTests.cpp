@@ -71,7 +71,7 @@ TEST(RttiGraph, WritesALargeFileWhole) {
 TEST(RttiGraph, SaysWhenThereIsMoreThanMermaidDraws) {
     const Result result = rtti("graph --format mermaid " + example("uvm_slang"));
     EXPECT_THAT(result.err, HasSubstr(" edges: Mermaid draws 500 "));
-    EXPECT_THAT(result.err, EndsWith("(fewer with ID and --depth)\n"));
+    EXPECT_THAT(result.err, EndsWith("(fewer with TYPE and --depth)\n"));
     expectOneLine(result.err);
 }
 
@@ -129,7 +129,7 @@ TEST(RttiGraph, SaysThatASignalEndedGraphviz) {
 TEST(RttiGraph, RefusesADepthWithoutAnId) {
     const Result result = rtti("graph --depth 1 " + example("ieee_rti"));
     EXPECT_EQ(result.status, 2);
-    EXPECT_THAT(result.err, HasSubstr("needs an ID"));
+    EXPECT_THAT(result.err, HasSubstr("needs a TYPE"));
     expectOneLine(result.err);
 }
 

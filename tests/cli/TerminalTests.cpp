@@ -134,7 +134,7 @@ TEST(RttiProgress, OfABuildCountsTypes) {
         OnTerminal::ERROR, "{ head -n 10 " + text + "; sleep 1.2; tail -n +11 " + text + "; } |",
         "build --ndjson - -o " + output);
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, MatchesRegex("\r.\\[Ktypes read from -: 1025\r.\\[K"));
+    EXPECT_THAT(result.err, MatchesRegex("\r.\\[Ktypes read from standard input: 1025\r.\\[K"));
     std::remove(output.c_str());
 }
 

@@ -95,7 +95,7 @@ TEST(RttiStats, CountsTypesByKind) {
                 StartsWith("version \"Brakel Ovat TYPE FILE 001\" at 0\n1336 types in "));
     EXPECT_THAT(result.out, HasSubstr("\n      1134 "));
     EXPECT_THAT(result.out, HasSubstr("  typedef\n"));
-    EXPECT_THAT(result.out, HasSubstr("\n1336 types are VHDL's, 0 SystemVerilog's\n"));
+    EXPECT_THAT(result.out, HasSubstr("\n1336 types of VHDL, 0 of SystemVerilog\n"));
 }
 
 TEST(RttiStats, ShowsAsManyTypesAsItIsToldTo) {
@@ -119,7 +119,7 @@ TEST_P(TypeQueries, EndWith2ForAnIdThatTheFileDoesNotHave) {
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.out, "");
     expectOneLine(result.err);
-    EXPECT_THAT(result.err, HasSubstr("ID 46: the file has 46 types"));
+    EXPECT_THAT(result.err, HasSubstr("TYPE 46: the file has 46 types"));
 }
 
 TEST_P(TypeQueries, EndWith2ForTwoFormsAtOnce) {

@@ -1,8 +1,11 @@
 #include "Subcommand.h"
 
+#include "Arguments.h"
+#include "InputStorage.h"
 #include "Inspect/json/TypeJsonReader.h"
 #include "Terminal.h"
 #include "TypeFile/TypeFileWriter.h"
+#include "UnusableFile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,7 +31,9 @@ struct BuildOptions {
 /// The text, opened. Directories open like files and cannot be read.
 class InputText {
 public:
-    explicit InputText(const std::string& path) : m_isStandardInput(path == "-") {
+    explicit InputText(const std::string& path)
+        : m_isStandardInput(path == STANDARD_STREAM),
+          m_name(m_isStandardInput ? "standard input" : path) {
         if (m_isStandardInput)
             return;
         struct stat status {};
@@ -41,12 +46,34 @@ public:
             throw std::system_error(errno, std::generic_category(), path);
     }
 
+    /// As messages name it.
+    const std::string& name() const { return m_name; }
     std::istream& stream() { return m_isStandardInput ? std::cin : m_file; }
 
 private:
     bool m_isStandardInput;
+    std::string m_name;
     std::ifstream m_file;
 };
+
+/// The bytes of the storage file to standard output.
+void writeOut(TypeFile::TypeFileWriter& writer, const BuildOptions& options) {
+    std::vector<char> bytes;
+    if (!options.image.empty()) {
+        InputStorage image(options.image);
+        bytes.resize(image.size());
+        image.read(0, bytes.data(), static_cast<long long>(bytes.size()));
+    }
+    writer.finishInto(bytes);
+    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void write(TypeFile::TypeFileWriter& writer, const BuildOptions& options) {
+    if (options.output == STANDARD_STREAM)
+        writeOut(writer, options);
+    else
+        writer.finishFile(options.output, options.image);
+}
 
 /// Writes the types of a JSON text as a type file. The exit status is 0. Throws Inspect::JsonError
 /// and TypeFile::WriteError for what is wrong with the text, with the place in it; nothing is
@@ -54,7 +81,7 @@ private:
 int runBuild(const BuildOptions& options) {
     InputText text(options.file);
     TypeFile::TypeFileWriter writer(options.offset);
-    Progress progress("types read from " + options.file, 0);
+    Progress progress("types read from " + text.name(), 0);
     unsigned long long typesRead = 0;
     Inspect::TypeJsonReader reader(
         [&](unsigned int id, const RTTI::RTBaseType& type) {
@@ -62,18 +89,21 @@ int runBuild(const BuildOptions& options) {
             progress.at(++typesRead);
         },
         [&](std::string_view version) { writer.setVersion(version); });
-    if (options.ndjson)
-        reader.readLines(text.stream());
-    else
-        reader.readDocument(text.stream());
-    if (text.stream().bad())
-        throw std::system_error(EIO, std::generic_category(), options.file);
     try {
-        writer.finishFile(options.output, options.image);
+        if (options.ndjson)
+            reader.readLines(text.stream());
+        else
+            reader.readDocument(text.stream());
+        if (text.stream().bad())
+            throw std::system_error(EIO, std::generic_category(), options.file);
+        write(writer, options);
     } catch (const TypeFile::WriteError& error) {
-        throw Inspect::JsonError(reader.placeOf(error.typeId(), error.field()), error.reason());
+        throw UnusableFile(text.name(),
+                           reader.placeOf(error.typeId(), error.field()) + ": " + error.reason());
+    } catch (const Inspect::JsonError& error) {
+        throw UnusableFile(text.name(), error.what());
     }
-    return 0;
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -83,10 +113,12 @@ Subcommand addBuild(CLI::App& program) {
     CLI::App* build = program.add_subcommand("build", "Write a type file from its JSON form");
     build
         ->add_option("TYPES", options->file,
-                     "JSON text, as rtti dump --json prints it; - for input")
+                     "JSON text, as rtti dump --json prints it; - for standard input")
         ->required();
-    build->add_option("-o,--output", options->output, "Storage file to write")->required();
-    build->add_option("--offset", options->offset, "Where in it the type file begins (0)");
+    build
+        ->add_option("-o,--output", options->output, "Storage file to write; - for standard output")
+        ->required();
+    addNumber(*build, "--offset", options->offset, "Where in it the type file begins (0)");
     build
         ->add_option("--image", options->image,
                      "Storage file to take the bytes around the type file from")
@@ -94,5 +126,5 @@ Subcommand addBuild(CLI::App& program) {
     build->add_flag("--ndjson", options->ndjson, "TYPES has a JSON object a line");
     build->footer("Example:\n  rtti dump --json examples/typefiles/ibex_slang.typ > types.json\n"
                   "  rtti build types.json -o types.typ");
-    return {build, options->file, [options] { return runBuild(*options); }};
+    return {build, [options] { return runBuild(*options); }};
 }

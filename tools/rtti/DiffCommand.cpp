@@ -11,46 +11,27 @@
 
 namespace {
 
-constexpr int SAME = 0;
-constexpr int DIFFERENT = 1;
-
 /// `rtti diff`: which files, and how to print what differs.
-struct DiffOptions {
+struct DiffOptions : ColorArguments {
     FileArguments a, b;
-    bool force = false;
     bool json = false;
-    std::string file; ///< The one that is worked at, for messages.
 };
-
-/// Opens one of the files. Damage is no difference: a file with faults is as unusable as one that
-/// cannot be read.
-std::unique_ptr<OpenedFile> open(DiffOptions& options, FileArguments& arguments) {
-    options.file = arguments.file;
-    arguments.force = options.force;
-    try {
-        return std::make_unique<OpenedFile>(arguments);
-    } catch (const UnusableFile& error) {
-        throw error.asNotReadable();
-    }
-}
 
 /// Prints the differences between the types of two files to standard output. The exit status: 0 for
 /// the same types, under whatever ids, else 1. Throws for a wrong call or an unusable file.
-int runDiff(DiffOptions& options) {
-    const auto a = open(options, options.a);
-    const auto b = open(options, options.b);
-    options.file = options.a.file;
-    const Inspect::TypeTable typesOfA = a->loadedTypes();
-    options.file = options.b.file;
-    const Inspect::TypeTable typesOfB = b->loadedTypes();
+int runDiff(const DiffOptions& options) {
+    OpenedFile a(options.a);
+    OpenedFile b(options.b);
+    const Inspect::TypeTable typesOfA = a.loadedTypes();
+    const Inspect::TypeTable typesOfB = b.loadedTypes();
     const Inspect::TypeDiff diff(typesOfA, typesOfB);
     if (options.json)
         Inspect::printDiffJson(std::cout, diff);
     else
-        Inspect::printDiffText(std::cout, diff, outputStyle());
+        Inspect::printDiffText(std::cout, diff, options.style());
     const bool isSame = diff.verdict() == Inspect::DiffVerdict::IDENTICAL ||
                         diff.verdict() == Inspect::DiffVerdict::RENUMBERED;
-    return isSame ? SAME : DIFFERENT;
+    return isSame ? ExitStatus::DONE : ExitStatus::FAULTY;
 }
 
 } // namespace
@@ -60,10 +41,13 @@ Subcommand addDiff(CLI::App& program) {
     CLI::App* diff = program.add_subcommand("diff", "Compare the types of two type files");
     diff->add_option("A", options->a.file, "Storage file with the types before")->required();
     diff->add_option("B", options->b.file, "Storage file with the types after")->required();
-    diff->add_option("--offset-a", options->a.offset, "Where in A the type file begins (0)");
-    diff->add_option("--offset-b", options->b.offset, "Where in B the type file begins (0)");
-    diff->add_flag("--force", options->force, "Load files even if they have errors");
+    addNumber(*diff, "--offset-a", options->a.offset, "Where in A the type file begins (0)");
+    addNumber(*diff, "--offset-b", options->b.offset, "Where in B the type file begins (0)");
+    diff->add_flag_callback(
+        "--force", [options] { options->a.force = options->b.force = true; },
+        "Load files even if they have errors");
     diff->add_flag("--json", options->json, "Print the differences as JSON");
+    addColorArgument(*diff, *options);
     diff->footer("Types are told apart by kind, name and shape, never by id. The verdict is\n"
                  "  identical     every id has the same type in both files\n"
                  "  renumbered    both files have the same types, under other ids\n"
@@ -71,7 +55,7 @@ Subcommand addDiff(CLI::App& program) {
                  "  incompatible  a type of A was changed or removed\n\n"
                  "Example:\n  rtti diff examples/typefiles/ibex_slang.typ "
                  "examples/typefiles/ibex_vltree.typ\n\n"
-                 "Exit status: 0 identical or renumbered, 1 compatible or incompatible, 2 the call "
-                 "is wrong or\na file cannot be used.");
-    return {diff, options->file, [options] { return runDiff(*options); }};
+                 "The exit status is 0 for identical and renumbered, 1 for compatible and "
+                 "incompatible.");
+    return {diff, [options] { return runDiff(*options); }};
 }

@@ -20,11 +20,11 @@
 namespace {
 
 /// `rtti dump`: what to print.
-struct DumpOptions : FileArguments {
-    std::vector<unsigned int> ids; ///< None for all.
-    std::string kind;              ///< Empty for all.
-    std::string name;              ///< A glob; empty for all.
-    std::string format;            ///< A language; empty for the fields.
+struct DumpOptions : FileArguments, ColorArguments {
+    std::vector<std::string> types; ///< Ids and names; none for all.
+    std::string kind;               ///< Empty for all.
+    std::string name;               ///< A glob; empty for all.
+    std::string format;             ///< A language; empty for the fields.
     bool trace = false;
     bool json = false;
     bool ndjson = false;
@@ -71,23 +71,23 @@ public:
             m_json.emplace(std::cout,
                            m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
                            m_file.version());
-        if (m_options.ids.empty()) {
+        if (m_ids.empty()) {
             dumpAll();
         } else {
-            for (const unsigned int id : m_options.ids)
+            for (const unsigned int id : m_ids)
                 dump(id);
         }
         if (m_json)
             m_json->end();
         if (m_declarations)
             m_declarations->end();
-        return m_faults ? 1 : 0;
+        return m_faults ? ExitStatus::FAULTY : ExitStatus::DONE;
     }
 
     /// Before anything is printed, so that a wrong call prints nothing.
-    void checkIds() const {
-        for (const unsigned int id : m_options.ids)
-            m_file.checkId("--id", id);
+    void findTypes() {
+        for (const std::string& type : m_options.types)
+            m_ids.push_back(m_file.idOf("--id", type));
     }
 
 private:
@@ -143,8 +143,9 @@ private:
 
     const DumpOptions& m_options;
     OpenedFile m_file;
+    std::vector<unsigned int> m_ids; ///< None for all.
     std::optional<Inspect::TypeJsonWriter> m_json;
-    const Inspect::TextStyle m_style = outputStyle();
+    const Inspect::TextStyle m_style = m_options.style();
     Inspect::TypeTable m_types = m_file.types();
     std::optional<Inspect::DeclarationFile> m_declarations; ///< Of `m_types`.
     bool m_faults = false;
@@ -159,7 +160,7 @@ int runDump(const DumpOptions& options) {
     if (options.json + options.ndjson + options.trace + !options.format.empty() > 1)
         throw CLI::ValidationError("--format, --json, --ndjson and --trace exclude one another");
     Dump dump(options);
-    dump.checkIds();
+    dump.findTypes();
     return dump.run();
 }
 
@@ -169,23 +170,22 @@ Subcommand addDump(CLI::App& program) {
     const auto options = std::make_shared<DumpOptions>();
     CLI::App* dump = program.add_subcommand("dump", "Print the types of a type file");
     addFileArguments(*dump, *options);
-    dump->add_option("--id", options->ids, "Only the type of this id; may be repeated")
+    dump->add_option("--id", options->types, "Only the type with this id or name; may be repeated")
         ->take_all()
         ->expected(1)
-        ->type_name("N");
+        ->type_name("TYPE");
     dump->add_option("--kind", options->kind,
                      "Only types of this kind, such as \"packed struct\", struct or queue");
     dump->add_option("--name", options->name, "Only types whose name matches this shell pattern")
         ->type_name("GLOB");
-    dump->add_option("--format", options->format,
-                     "Print declarations that a compiler reads, in VHDL or SystemVerilog")
-        ->check(CLI::IsMember({"vhdl", "sv"}))
-        ->type_name("LANGUAGE");
+    addChoice(*dump, "--format", options->format, {"vhdl", "sv"}, "LANGUAGE",
+              "Print declarations that a compiler reads, in VHDL or SystemVerilog");
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
     dump->add_flag("--ndjson", options->ndjson, "The same with a JSON object a line");
+    addColorArgument(*dump, *options);
     dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
                  "examples/typefiles/ibex_slang.typ\n"
                  "  rtti dump --format vhdl examples/typefiles/ieee_ghw.typ");
-    return {dump, options->file, [options] { return runDump(*options); }};
+    return {dump, [options] { return runDump(*options); }};
 }

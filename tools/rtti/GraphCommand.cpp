@@ -10,7 +10,6 @@
 #include <iostream>
 #include <map>
 #include <memory>
-#include <optional>
 #include <sstream>
 
 using Inspect::GraphForm;
@@ -26,11 +25,12 @@ const std::map<std::string, Format> formats = {{"dot", Format::DOT},
 
 /// `rtti graph`: which types, in what form, and where to.
 struct GraphOptions : FileArguments {
-    std::optional<unsigned int> id;    ///< None for all types.
-    std::optional<unsigned int> depth; ///< None for no limit.
-    Format format = Format::DOT;
+    std::string type; ///< Empty for all types.
+    unsigned int depth = 0;
+    bool hasDepth = false; ///< Else there is no limit.
+    std::string format = "dot";
     bool json = false;
-    std::string output; ///< Empty for standard output.
+    std::string output = STANDARD_STREAM;
 };
 
 /// So many types Graphviz lays out within some seconds. Its time grows faster than their number.
@@ -41,7 +41,7 @@ constexpr unsigned long long MERMAID_EDGES = 500;
 
 void warn(const GraphOptions& options, const std::string& text) {
     std::cerr << "rtti: " << Inspect::escaped(options.file) << ": " << text
-              << " (fewer with ID and --depth)\n";
+              << " (fewer with TYPE and --depth)\n";
 }
 
 void writeSvg(std::ostream& out, const GraphOptions& options, const Inspect::TypeTable& types,
@@ -53,11 +53,9 @@ void writeSvg(std::ostream& out, const GraphOptions& options, const Inspect::Typ
     out << svgOf(dot.str());
 }
 
-void write(std::ostream& out, const GraphOptions& options, const Inspect::TypeTable& types) {
-    Inspect::GraphRequest request;
-    request.root = options.id;
-    request.depth = options.depth.value_or(request.depth);
-    switch (options.format) {
+void write(std::ostream& out, const GraphOptions& options, const Inspect::TypeTable& types,
+           const Inspect::GraphRequest& request) {
+    switch (options.json ? Format::JSON : formats.at(options.format)) {
     case Format::DOT: Inspect::writeGraph(out, types, request, GraphForm::DOT); return;
     case Format::JSON: Inspect::writeGraph(out, types, request, GraphForm::JSON); return;
     case Format::SVG: writeSvg(out, options, types, request); return;
@@ -72,15 +70,19 @@ void write(std::ostream& out, const GraphOptions& options, const Inspect::TypeTa
 /// Writes the types of a file as a graph. The exit status is 0. Throws for a wrong call, an
 /// unusable file, an output that cannot be written, and where Graphviz is missing or fails.
 int runGraph(const GraphOptions& options) {
-    if (options.depth && !options.id)
-        throw CLI::ValidationError("--depth counts the links from a type: it needs an ID");
+    const bool isOfAll = options.type.empty();
+    if (options.hasDepth && isOfAll)
+        throw CLI::ValidationError("--depth counts the links from a type: it needs a TYPE");
     OpenedFile file(options);
-    if (options.id)
-        file.checkId("ID", *options.id);
+    Inspect::GraphRequest request;
+    if (!isOfAll)
+        request.root = file.idOf("TYPE", options.type);
+    if (options.hasDepth)
+        request.depth = options.depth;
     OutputFile output(options.output);
-    write(output.stream(), options, options.id ? file.types() : file.loadedTypes());
+    write(output.stream(), options, isOfAll ? file.loadedTypes() : file.types(), request);
     output.commit();
-    return 0;
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -89,21 +91,21 @@ Subcommand addGraph(CLI::App& program) {
     const auto options = std::make_shared<GraphOptions>();
     CLI::App* graph = program.add_subcommand("graph", "Draw types and what they refer to");
     addFileArguments(*graph, *options);
-    graph->add_option("ID", options->id, "Only this type and what can be reached from it");
-    graph->add_option("--depth", options->depth, "Only what is at most N links away from ID")
-        ->type_name("N");
-    auto* format = graph->add_option("--format", options->format,
-                                     "Graphviz's language (the default), Mermaid's, a picture "
-                                     "that Graphviz draws, or JSON");
-    format->transform(CLI::CheckedTransformer(formats))->option_text("FORM:{dot,mermaid,svg,json}");
+    addTypeArgument(*graph, options->type)
+        ->description("Only the type with this id or name and what can be reached from it");
+    const CLI::Option* depth =
+        addNumber(*graph, "--depth", options->depth, "Only what is at most N links away from TYPE");
+    CLI::Option* format =
+        addChoice(*graph, "--format", options->format, {"dot", "mermaid", "svg", "json"}, "FORM",
+                  "Graphviz's language (the default), Mermaid's, a picture that "
+                  "Graphviz draws, or JSON");
     graph->add_flag("--json", options->json, "The same as --format json")->excludes(format);
-    graph->add_option("-o,--output", options->output, "File to write instead of standard output")
+    graph->add_option("-o,--output", options->output, "File to write; - for standard output (-)")
         ->type_name("FILE");
     graph->footer("Example:\n  rtti graph examples/typefiles/svkinds_slang.typ 71 --depth 1 "
                   "--format svg -o classes.svg");
-    return {graph, options->file, [options] {
-                if (options->json)
-                    options->format = Format::JSON;
+    return {graph, [options, depth] {
+                options->hasDepth = depth->count() != 0;
                 return runGraph(*options);
             }};
 }

@@ -49,6 +49,18 @@ private:
     std::unique_ptr<std::FILE, Close> m_file;
 };
 
+/// While it is there, a reader that goes away shows as a write that fails.
+class WithoutPipeSignal {
+public:
+    WithoutPipeSignal() : m_before(std::signal(SIGPIPE, SIG_IGN)) {}
+    WithoutPipeSignal(const WithoutPipeSignal&) = delete;
+    WithoutPipeSignal& operator=(const WithoutPipeSignal&) = delete;
+    ~WithoutPipeSignal() { std::signal(SIGPIPE, m_before); }
+
+private:
+    void (*m_before)(int);
+};
+
 /// Both ends are closed in a program that is started.
 class Pipe {
 public:
@@ -161,6 +173,7 @@ std::string svgOf(const std::string& dot) {
     const pid_t child =
         SpawnPlan(text.reader(), picture.descriptor(), complaints.descriptor()).start();
     text.closeReader();
+    const WithoutPipeSignal signal;
     text.write(dot);
     text.closeWriter();
     const int status = statusOf(child);

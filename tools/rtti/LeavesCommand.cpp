@@ -1,7 +1,6 @@
 #include "Subcommand.h"
 
 #include "Inspect/views/TypeLeaves.h"
-#include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 
@@ -13,8 +12,8 @@
 namespace {
 
 /// `rtti leaves`: which type of which file.
-struct LeavesOptions : FileArguments, JsonArguments {
-    unsigned int id = 0;
+struct LeavesOptions : FileArguments, JsonArguments, ColorArguments {
+    std::string type;
 };
 
 /// Prints the values that a type is made of. The exit status is 0. Throws for a wrong call or an
@@ -22,12 +21,12 @@ struct LeavesOptions : FileArguments, JsonArguments {
 int runLeaves(const LeavesOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
-    file.checkId("ID", options.id);
+    const unsigned int id = file.idOf("TYPE", options.type);
     if (form)
-        Inspect::writeLeavesJson(std::cout, file.types(), options.id, *form);
+        Inspect::writeLeavesJson(std::cout, file.types(), id, *form);
     else
-        Inspect::writeLeaves(std::cout, file.types(), options.id, outputStyle());
-    return 0;
+        Inspect::writeLeaves(std::cout, file.types(), id, options.style());
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -37,13 +36,14 @@ Subcommand addLeaves(CLI::App& program) {
     CLI::App* leaves = program.add_subcommand(
         "leaves", "List the values that a type is made of: path, type, encoding, ranges");
     addFileArguments(*leaves, *options);
-    leaves->add_option("ID", options->id, "The type's id")->required();
+    addTypeArgument(*leaves, options->type)->required();
     addJsonArguments(*leaves, *options);
+    addColorArgument(*leaves, *options);
     leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "
                    "of structs is\n"
                    "part of the path, with its ranges: pkt_t.lanes[0 to 3].data. Ranges are those "
                    "of rtti tree.\n"
                    "\n"
                    "Example:\n  rtti leaves examples/typefiles/svkinds_slang.typ 33");
-    return {leaves, options->file, [options] { return runLeaves(*options); }};
+    return {leaves, [options] { return runLeaves(*options); }};
 }

@@ -1,102 +1,94 @@
 #include "OpenedFile.h"
 
+#include "Inspect/words/Counted.h"
 #include "RTTI/TypeFileFormat.h"
 #include "ReadProgress.h"
 #include "TypeFile/TypeFileVerifier.h"
-
-#include <CLI/CLI.hpp>
+#include "TypeNames.h"
 
 #include <algorithm>
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
+using Inspect::counted;
 
-namespace {
-
-constexpr int FAULTY_FILE = 1;
-constexpr int NOT_READABLE = 2;
-
-} // namespace
-
-UnusableFile UnusableFile::asNotReadable() const {
-    UnusableFile error = *this;
-    error.m_exitStatus = NOT_READABLE;
-    return error;
-}
-
-std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
-                                          unsigned long long offset) {
-    Progress progress("verifying " + path, storage.size());
+std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long long offset) {
+    Progress progress("verifying " + storage.path(), storage.size());
     ReadProgress reads(storage, storage.size(), progress);
     return TypeFile::verify(reads, storage.size(), offset);
 }
 
 OpenedFile::OpenedFile(const FileArguments& arguments)
-    : m_path(arguments.file), m_storage(arguments.file),
-      m_frame(m_storage, m_storage.size(), arguments.offset) {
-    checkFrame();
-    if (!arguments.force)
-        verify(arguments.offset);
+    : m_storage(arguments.file), m_frame(m_storage, m_storage.size(), arguments.offset),
+      m_typeCount(m_frame.isMarkedUnusable() ? 0 : m_frame.typeCount()) {
+    if (!arguments.force) {
+        checkFrame();
+        verify(arguments);
+    }
     m_manager.setupDeserializer(m_storage, arguments.offset);
 }
 
 Inspect::TypeTable OpenedFile::types() {
-    return {typeCount(), [this](unsigned int id) { return m_manager.getRTType(id); }};
+    return {m_typeCount, [this](unsigned int id) { return load(id); }};
+}
+
+const RTBaseType* OpenedFile::load(unsigned int id) {
+    try {
+        return m_manager.getRTType(id);
+    } catch (const std::bad_alloc&) {
+        throw UnusableFile(m_storage.path(),
+                           "there is not enough memory for type " + std::to_string(id),
+                           ExitStatus::UNUSABLE);
+    }
 }
 
 Inspect::TypeTable OpenedFile::loadedTypes() {
-    Progress progress("loading " + m_path, typeCount());
-    for (unsigned int id = 0; id < typeCount(); ++id) {
-        m_manager.getRTType(id);
+    Progress progress("loading " + m_storage.path(), m_typeCount);
+    for (unsigned int id = 0; id < m_typeCount; ++id) {
+        load(id);
         progress.at(id);
     }
     return types();
 }
 
-void OpenedFile::checkId(const std::string& what, unsigned int id) const {
-    if (id >= typeCount())
-        throw CLI::ValidationError(what + " " + std::to_string(id) + ": the file has " +
-                                   std::to_string(typeCount()) + " types");
+unsigned int OpenedFile::idOf(const std::string& what, const std::string& type) {
+    return typeIdOf(what, type, m_typeCount, [this] { return loadedTypes(); });
 }
 
 void OpenedFile::checkFrame() const {
     const std::string offset = std::to_string(m_frame.baseOffset());
     if (!m_frame.hasHeader())
-        throw UnusableFile(m_path,
-                           "too short for a type file: " + std::to_string(m_storage.size()) +
-                               " bytes, and the header takes " + std::to_string(HEADER_SIZE) +
-                               " at offset " + offset,
-                           NOT_READABLE);
+        throw UnusableFile(m_storage.path(),
+                           "too short for a type file: " + counted(m_storage.size(), "byte") +
+                               ", and the header takes " + std::to_string(HEADER_SIZE) +
+                               " at offset " + offset);
     if (!m_frame.hasVersionText())
-        throw UnusableFile(m_path, "no type file: there is no version text at offset " + offset,
-                           NOT_READABLE);
+        throw UnusableFile(m_storage.path(),
+                           "no type file: there is no version text at offset " + offset);
     if (m_frame.isMarkedUnusable())
-        throw UnusableFile(m_path,
+        throw UnusableFile(m_storage.path(),
                            "its writer marked it as holding no usable types (version \"" +
-                               m_frame.version() + "\")",
-                           FAULTY_FILE);
+                               m_frame.version() + "\")");
     if (!m_frame.hasTable())
-        throw UnusableFile(m_path,
-                           "too short for its " + std::to_string(m_frame.typeCount()) +
-                               " types: the address table at " +
-                               std::to_string(m_frame.tableOffset()) + " takes " +
-                               std::to_string(m_frame.tableSize()) + " bytes, and the file has " +
-                               std::to_string(m_storage.size()),
-                           NOT_READABLE);
+        throw UnusableFile(m_storage.path(),
+                           "too short for its " + counted(m_typeCount, "type") +
+                               ": the address table at " + std::to_string(m_frame.tableOffset()) +
+                               " takes " + std::to_string(m_frame.tableSize()) +
+                               " bytes, and the file has " + std::to_string(m_storage.size()));
 }
 
-void OpenedFile::verify(unsigned long long offset) {
-    const auto findings = findingsOf(m_path, m_storage, offset);
+void OpenedFile::verify(const StorageArguments& arguments) {
+    const auto findings = findingsOf(m_storage, arguments.offset);
     const auto error = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == TypeFile::Severity::ERROR;
     });
     if (error == findings.end())
         return;
-    const std::string place = offset == 0 ? "" : " --offset " + std::to_string(offset);
-    throw UnusableFile(m_path,
-                       TypeFile::lineOf(*error) + " (see `rtti verify " + m_path + place +
-                           "`; --force loads it all the same)",
-                       FAULTY_FILE);
+    const std::string place =
+        arguments.offset == 0 ? "" : " --offset " + std::to_string(arguments.offset);
+    throw UnusableFile(m_storage.path(), TypeFile::lineOf(*error) + " (see `rtti verify " +
+                                             arguments.file + place +
+                                             "`; --force loads it all the same)");
 }
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) const { return recordOf(typeId).kind; }

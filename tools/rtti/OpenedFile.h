@@ -1,43 +1,28 @@
 #pragma once
 
-#include "FileArguments.h"
+#include "Arguments.h"
+#include "InputStorage.h"
 #include "Inspect/model/TypeTable.h"
-#include "OVAT/FileBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/Finding.h"
 #include "TypeFile/TypeFileFrame.h"
+#include "UnusableFile.h"
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-/// Why a file cannot be used, in one line that names it, and the exit status that says so.
-class UnusableFile : public std::runtime_error {
-public:
-    UnusableFile(const std::string& file, const std::string& reason, int exitStatus)
-        : std::runtime_error(file + ": " + reason), m_exitStatus(exitStatus) {}
-    int exitStatus() const { return m_exitStatus; }
-
-    /// The same with the exit status of a file that cannot be read.
-    UnusableFile asNotReadable() const;
-
-private:
-    int m_exitStatus;
-};
-
-/// What the verifier finds in a storage, with progress; `path` is what the progress names.
-std::vector<TypeFile::Finding> findingsOf(const std::string& path, OVAT::FileBlockManager& storage,
-                                          unsigned long long offset);
+/// What the verifier finds in a storage, with progress.
+std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long long offset);
 
 /// A type file in a storage file, verified and ready to be asked.
 class OpenedFile {
 public:
     /// Throws UnusableFile for what is no type file, is too short or holds no usable types, for
-    /// what the verifier finds an error in unless it is to be loaded by force, and what the storage
-    /// throws.
+    /// what the verifier finds an error in, and what the storage throws. By force it takes all that
+    /// the library loads.
     explicit OpenedFile(const FileArguments& arguments);
 
-    unsigned int typeCount() const { return m_frame.typeCount(); }
+    unsigned int typeCount() const { return m_typeCount; }
 
     /// The version text in the file's header.
     const std::string& version() const { return m_frame.version(); }
@@ -45,7 +30,7 @@ public:
     /// Where the address table begins in the storage.
     unsigned int tableOffset() const { return m_frame.tableOffset(); }
     RTTI::RTTypeManager& manager() { return m_manager; }
-    OVAT::FileBlockManager& storage() { return m_storage; }
+    InputStorage& storage() { return m_storage; }
 
     /// The types, each loaded when it is asked for.
     Inspect::TypeTable types();
@@ -53,9 +38,8 @@ public:
     /// Loads all types, with progress, and gives them.
     Inspect::TypeTable loadedTypes();
 
-    /// Throws CLI::ValidationError for an id that the file does not have; `what` is the argument
-    /// that gave it.
-    void checkId(const std::string& what, unsigned int id) const;
+    /// The id of a type that a call names, as typeIdOf finds it; a name takes a load of all types.
+    unsigned int idOf(const std::string& what, const std::string& type);
 
     /// The kind code of a type's record, as the storage has it.
     unsigned int kindOf(unsigned int typeId) const;
@@ -65,11 +49,12 @@ public:
 
 private:
     void checkFrame() const;
-    void verify(unsigned long long offset);
+    void verify(const StorageArguments& arguments);
+    const RTTI::RTBaseType* load(unsigned int id);
     TypeFile::RecordFrame recordOf(unsigned int typeId) const;
 
-    std::string m_path;
-    OVAT::FileBlockManager m_storage;
-    TypeFile::TypeFileFrame m_frame;
-    RTTI::RTTypeManager m_manager; ///< Reads from the storage.
+    InputStorage m_storage;
+    TypeFile::TypeFileFrame m_frame; ///< Reads from the storage.
+    RTTI::RTTypeManager m_manager;   ///< Likewise.
+    unsigned int m_typeCount;        ///< That the library loads.
 };

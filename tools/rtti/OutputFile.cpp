@@ -1,5 +1,7 @@
 #include "OutputFile.h"
 
+#include "InputStorage.h"
+
 #include <iostream>
 #include <vector>
 
@@ -39,8 +41,8 @@ private:
 };
 
 OutputFile::OutputFile(const std::string& path)
-    : m_buffer(path.empty() ? nullptr : std::make_unique<Buffer>(path)),
-      m_stream(path.empty() ? std::cout.rdbuf() : m_buffer.get()) {
+    : m_buffer(path == STANDARD_STREAM ? nullptr : std::make_unique<Buffer>(path)),
+      m_stream(m_buffer == nullptr ? std::cout.rdbuf() : m_buffer.get()) {
     if (m_buffer != nullptr)
         m_stream.exceptions(std::ios::badbit); // What the file throws passes through the stream.
 }

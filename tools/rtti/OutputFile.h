@@ -7,10 +7,10 @@
 #include <streambuf>
 #include <string>
 
-/// Where a subcommand writes its text: a file that appears whole or not at all, or standard output.
+/// Where a subcommand writes to: a file that appears whole or not at all, or standard output.
 class OutputFile {
 public:
-    /// An empty path is standard output. Throws what OVAT::WholeFile throws.
+    /// "-" is standard output. Throws what OVAT::WholeFile throws.
     explicit OutputFile(const std::string& path);
     ~OutputFile();
 

@@ -16,14 +16,14 @@ using RTTI::RTBaseType;
 namespace {
 
 /// `rtti show`: which type of which file.
-struct ShowOptions : FileArguments {
-    unsigned int id = 0;
+struct ShowOptions : FileArguments, ColorArguments {
+    std::string type;
 };
 
 /// Prints a type with its neighbours.
 class Show {
 public:
-    explicit Show(OpenedFile& file) : m_file(file) {}
+    Show(OpenedFile& file, const Inspect::TextStyle& style) : m_file(file), m_style(style) {}
 
     void type(unsigned int id) const {
         if (const RTBaseType* shown = m_types.typeOf(id))
@@ -64,19 +64,19 @@ private:
 
     OpenedFile& m_file;
     const Inspect::TypeTable m_types = m_file.types();
-    const Inspect::TextStyle m_style = outputStyle();
+    const Inspect::TextStyle m_style;
 };
 
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
 /// status is 0. Throws for a wrong call or an unusable file.
 int runShow(const ShowOptions& options) {
     OpenedFile file(options);
-    file.checkId("ID", options.id);
-    const Show show(file);
-    show.type(options.id);
-    show.referredTypes(options.id);
-    show.referringTypes(options.id);
-    return 0;
+    const unsigned int id = file.idOf("TYPE", options.type);
+    const Show show(file, options.style());
+    show.type(id);
+    show.referredTypes(id);
+    show.referringTypes(id);
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -85,7 +85,8 @@ Subcommand addShow(CLI::App& program) {
     const auto options = std::make_shared<ShowOptions>();
     CLI::App* show = program.add_subcommand("show", "Print one type with its neighbours");
     addFileArguments(*show, *options);
-    show->add_option("ID", options->id, "The type's id")->required();
-    show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ 4");
-    return {show, options->file, [options] { return runShow(*options); }};
+    addTypeArgument(*show, options->type)->required();
+    addColorArgument(*show, *options);
+    show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ ibex_pkg::md_op_e");
+    return {show, [options] { return runShow(*options); }};
 }

@@ -12,7 +12,7 @@
 namespace {
 
 /// `rtti stats`: how long its lists are.
-struct StatsOptions : FileArguments {
+struct StatsOptions : FileArguments, ColorArguments {
     unsigned int top = 10;
     bool json = false;
 };
@@ -28,8 +28,8 @@ int runStats(const StatsOptions& options) {
     if (options.json)
         Inspect::writeStatisticsJson(std::cout, types, facts, statistics);
     else
-        Inspect::writeStatistics(std::cout, types, facts, statistics, options.top, outputStyle());
-    return 0;
+        Inspect::writeStatistics(std::cout, types, facts, statistics, options.top, options.style());
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -38,8 +38,9 @@ Subcommand addStats(CLI::App& program) {
     const auto options = std::make_shared<StatsOptions>();
     CLI::App* stats = program.add_subcommand("stats", "Count what is in a type file");
     addFileArguments(*stats, *options);
-    stats->add_option("--top", options->top, "How many types each list shows (10)")->type_name("N");
+    addNumber(*stats, "--top", options->top, "How many types each list shows (10)");
     stats->add_flag("--json", options->json, "Print a JSON document");
+    addColorArgument(*stats, *options);
     stats->footer(
         "Nesting counts the types that lie within one another: aliased types, bases of "
         "enumerations\n"
@@ -51,5 +52,5 @@ Subcommand addStats(CLI::App& program) {
         "signals, variables and parameters have.\n"
         "\n"
         "Example:\n  rtti stats --top 3 examples/typefiles/ibex_slang.typ");
-    return {stats, options->file, [options] { return runStats(*options); }};
+    return {stats, [options] { return runStats(*options); }};
 }

@@ -1,20 +1,19 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 namespace CLI {
 class App;
 }
 
-/// One of the things that the program can do. What it refers to lives as long as `run`.
+/// One of the things that the program can do.
 struct Subcommand {
     const CLI::App* parser;
-    const std::string& file;  ///< That messages name; it may change while `run` runs.
-    std::function<int()> run; ///< The exit status. Throws for a wrong call or an unusable file.
+    std::function<int()> run; ///< Gives an ExitStatus. Throws for a wrong call or an unusable file.
 };
 
-// Each adds a subcommand with its arguments to the program.
+// Each adds a subcommand with its arguments to the program. main.cpp lists them in the order of
+// --help; a new one is a source with such a function, and a line there and here.
 Subcommand addAnnotate(CLI::App& program);
 Subcommand addBuild(CLI::App& program);
 Subcommand addDiff(CLI::App& program);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 using namespace std::chrono_literals;
@@ -37,9 +38,17 @@ bool isColourUnwanted() {
 
 } // namespace
 
-Inspect::TextStyle outputStyle() {
-    const bool isColoured = isOutputOnTerminal() && !isDumbTerminal() && !isColourUnwanted();
-    return isColoured ? Inspect::TextStyle::coloured() : Inspect::TextStyle::plain();
+bool isColorWelcome() { return isOutputOnTerminal() && !isDumbTerminal() && !isColourUnwanted(); }
+
+std::size_t textWidth() {
+    constexpr int LEAST = 40, USUAL = 80, MOST = 100;
+    winsize size{};
+    int width = 0;
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0)
+        width = size.ws_col;
+    else if (const char* const columns = std::getenv("COLUMNS"))
+        width = std::atoi(columns);
+    return static_cast<std::size_t>(width <= 0 ? USUAL : std::clamp(width, LEAST, MOST));
 }
 
 bool isOutputOnTerminal() { return isatty(STDOUT_FILENO) != 0; }

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "Inspect/words/TextStyle.h"
-
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <ostream>
 #include <string>
 
-/// How to print to standard output: coloured on a terminal alone, and not there either where the
-/// environment has NO_COLOR or says that the terminal is a dumb one.
-Inspect::TextStyle outputStyle();
+/// Whether standard output is a terminal that shows colours, and the environment does not say
+/// NO_COLOR.
+bool isColorWelcome();
+
+/// Columns of the text that standard output takes: those of the terminal, or what COLUMNS says
+/// elsewhere, but at least 40 and at most 100; 80 where nobody knows.
+std::size_t textWidth();
 
 /// Whether what is printed appears on a terminal, where it is progress enough.
 bool isOutputOnTerminal();

@@ -1,7 +1,6 @@
 #include "Subcommand.h"
 
 #include "Inspect/views/TypeTree.h"
-#include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 
@@ -13,21 +12,22 @@
 namespace {
 
 /// `rtti tree`: which type of which file, and how far down.
-struct TreeOptions : FileArguments, JsonArguments {
+struct TreeOptions : FileArguments, JsonArguments, ColorArguments {
+    std::string type;
     Inspect::TreeRequest request;
 };
 
 /// Prints what a type is made of. The exit status is 0. Throws for a wrong call or an unusable
 /// file.
-int runTree(const TreeOptions& options) {
+int runTree(TreeOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
-    file.checkId("ID", options.request.id);
+    options.request.id = file.idOf("TYPE", options.type);
     if (form)
         Inspect::writeTreeJson(std::cout, file.types(), options.request, *form);
     else
-        Inspect::writeTree(std::cout, file.types(), options.request, outputStyle());
-    return 0;
+        Inspect::writeTree(std::cout, file.types(), options.request, options.style());
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -36,11 +36,10 @@ Subcommand addTree(CLI::App& program) {
     const auto options = std::make_shared<TreeOptions>();
     CLI::App* tree = program.add_subcommand("tree", "Draw what a type is made of, with its ranges");
     addFileArguments(*tree, *options);
-    tree->add_option("ID", options->request.id, "The type's id")->required();
-    tree->add_option("--depth", options->request.depth, "Levels to show below the type (all)")
-        ->type_name("N")
-        ->default_str("");
+    addTypeArgument(*tree, options->type)->required();
+    addNumber(*tree, "--depth", options->request.depth, "Levels to show below the type (all)");
     addJsonArguments(*tree, *options);
+    addColorArgument(*tree, *options);
     tree->footer(
         "Each array has the ranges that apply to it here, those included that a member or a "
         "typedef\n"
@@ -51,5 +50,5 @@ Subcommand addTree(CLI::App& program) {
         "above)\" is a class or struct on the way to itself; its parts are not drawn again.\n"
         "\n"
         "Example:\n  rtti tree --depth 2 examples/typefiles/svkinds_slang.typ 33");
-    return {tree, options->file, [options] { return runTree(*options); }};
+    return {tree, [options] { return runTree(*options); }};
 }

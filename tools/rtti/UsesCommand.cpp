@@ -1,7 +1,6 @@
 #include "Subcommand.h"
 
 #include "Inspect/views/TypeUses.h"
-#include "JsonArguments.h"
 #include "OpenedFile.h"
 #include "Terminal.h"
 
@@ -13,8 +12,8 @@
 namespace {
 
 /// `rtti uses`: which type of which file, and who counts.
-struct UsesOptions : FileArguments, JsonArguments {
-    unsigned int id = 0;
+struct UsesOptions : FileArguments, JsonArguments, ColorArguments {
+    std::string type;
     bool all = false;
 };
 
@@ -22,15 +21,15 @@ struct UsesOptions : FileArguments, JsonArguments {
 int runUses(const UsesOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
-    file.checkId("ID", options.id);
+    const unsigned int id = file.idOf("TYPE", options.type);
     const Inspect::TypeTable types = file.loadedTypes();
     if (form)
-        (options.all ? Inspect::writeAllUsesJson : Inspect::writeUsesJson)(std::cout, types,
-                                                                           options.id, *form);
+        (options.all ? Inspect::writeAllUsesJson : Inspect::writeUsesJson)(std::cout, types, id,
+                                                                           *form);
     else
-        (options.all ? Inspect::writeAllUses : Inspect::writeUses)(std::cout, types, options.id,
-                                                                   outputStyle());
-    return 0;
+        (options.all ? Inspect::writeAllUses : Inspect::writeUses)(std::cout, types, id,
+                                                                   options.style());
+    return ExitStatus::DONE;
 }
 
 } // namespace
@@ -39,10 +38,11 @@ Subcommand addUses(CLI::App& program) {
     const auto options = std::make_shared<UsesOptions>();
     CLI::App* uses = program.add_subcommand("uses", "List who refers to a type");
     addFileArguments(*uses, *options);
-    uses->add_option("ID", options->id, "The type's id")->required();
+    addTypeArgument(*uses, options->type)->required();
     uses->add_flag("--all", options->all,
                    "Also who refers to it through others: nearest first, with the shortest way");
     addJsonArguments(*uses, *options);
+    addColorArgument(*uses, *options);
     uses->footer("Example:\n  rtti uses --all examples/typefiles/ieee_rti.typ 11");
-    return {uses, options->file, [options] { return runUses(*options); }};
+    return {uses, [options] { return runUses(*options); }};
 }

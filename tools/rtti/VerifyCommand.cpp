@@ -1,5 +1,6 @@
 #include "Subcommand.h"
 
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeText.h"
 #include "OpenedFile.h"
 #include "RTTI/TypeFileFormat.h"
@@ -19,9 +20,7 @@ using TypeFile::Severity;
 namespace {
 
 /// `rtti verify`: which file, and how to print what is found.
-struct VerifyOptions {
-    std::string file;
-    unsigned long long offset = 0;
+struct VerifyOptions : StorageArguments, ColorArguments {
     bool json = false;
 };
 
@@ -35,10 +34,6 @@ Inspect::Ink inkOf(Severity severity) {
     return severity == Severity::ERROR ? Inspect::Ink::ERROR : Inspect::Ink::WARNING;
 }
 
-std::string counted(std::size_t number, const std::string& what) {
-    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
-}
-
 /// A finding's line, its severity set off.
 std::string paintedLine(const Finding& finding, const Inspect::TextStyle& style) {
     const std::string line = TypeFile::lineOf(finding);
@@ -50,12 +45,12 @@ std::string paintedLine(const Finding& finding, const Inspect::TextStyle& style)
 std::string paintedCount(const std::vector<Finding>& findings, Severity severity,
                          const std::string& what, const Inspect::TextStyle& style) {
     const std::size_t number = count(findings, severity);
-    const std::string text = counted(number, what);
+    const std::string text = Inspect::counted(number, what);
     return number == 0 ? text : style.paint(inkOf(severity), text);
 }
 
-void printText(const std::string& file, const std::vector<Finding>& findings) {
-    const Inspect::TextStyle style = outputStyle();
+void printText(const std::string& file, const std::vector<Finding>& findings,
+               const Inspect::TextStyle& style) {
     for (const Finding& finding : findings)
         std::cout << paintedLine(finding, style) << '\n';
     std::cout << Inspect::escaped(file) << ": "
@@ -93,13 +88,13 @@ void printJson(const std::string& file, const std::vector<Finding>& findings) {
 /// Prints the findings of a file to standard output and a summary after them. The exit status: 0,
 /// or 1 if there are errors. Throws for a file that cannot be read.
 int runVerify(const VerifyOptions& options) {
-    OVAT::FileBlockManager storage(options.file);
-    const auto findings = findingsOf(options.file, storage, options.offset);
+    InputStorage storage(options.file);
+    const auto findings = findingsOf(storage, options.offset);
     if (options.json)
-        printJson(options.file, findings);
+        printJson(storage.path(), findings);
     else
-        printText(options.file, findings);
-    return TypeFile::hasErrors(findings) ? 1 : 0;
+        printText(storage.path(), findings, options.style());
+    return TypeFile::hasErrors(findings) ? ExitStatus::FAULTY : ExitStatus::DONE;
 }
 
 } // namespace
@@ -107,11 +102,9 @@ int runVerify(const VerifyOptions& options) {
 Subcommand addVerify(CLI::App& program) {
     const auto options = std::make_shared<VerifyOptions>();
     CLI::App* verify = program.add_subcommand("verify", "Say what is wrong with a type file");
-    verify->add_option("FILE", options->file, "Storage file")->required();
-    verify->add_option("--offset", options->offset, "Where in FILE the type file begins (0)");
+    addStorageArguments(*verify, *options);
     verify->add_flag("--json", options->json, "Print the findings as JSON");
-    verify->footer("Example:\n  rtti verify examples/typefiles/ibex_slang.typ\n\n"
-                   "Exit status: 0 no errors, 1 errors found, 2 the call is wrong or the file "
-                   "cannot be read.");
-    return {verify, options->file, [options] { return runVerify(*options); }};
+    addColorArgument(*verify, *options);
+    verify->footer("Example:\n  rtti verify examples/typefiles/ibex_slang.typ");
+    return {verify, [options] { return runVerify(*options); }};
 }

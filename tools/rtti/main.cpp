@@ -1,13 +1,15 @@
-#include "Inspect/json/JsonError.h"
+#include "ExitStatus.h"
+#include "HelpFormatter.h"
 #include "Inspect/words/TypeText.h"
-#include "OpenedFile.h"
+#include "NearestWord.h"
 #include "Subcommand.h"
+#include "Terminal.h"
+#include "UnusableFile.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -16,8 +18,12 @@
 
 namespace {
 
-constexpr int FAULTY_FILE = 1;
-constexpr int WRONG_CALL = 2;
+using AddSubcommand = Subcommand(CLI::App&);
+
+/// In the order of --help.
+constexpr AddSubcommand* SUBCOMMANDS[] = {addDump,     addShow,  addTree,  addLeaves,
+                                          addUses,     addStats, addGraph, addDiff,
+                                          addAnnotate, addHtml,  addBuild, addVerify};
 
 /// One line on standard error. What a file's bytes or a call's words brought along is escaped, so
 /// that it does nothing to a terminal.
@@ -27,33 +33,50 @@ int fail(const std::string& what, int exitStatus) {
     return exitStatus;
 }
 
+std::vector<std::string> subcommandNames(const CLI::App& program) {
+    std::vector<std::string> names;
+    for (const CLI::App* subcommand : program.get_subcommands({}))
+        names.push_back(subcommand->get_name());
+    return names;
+}
+
+/// Throws CLI::ParseError for a first word that is no subcommand.
+void checkSubcommand(const CLI::App& program, int argc, char** argv) {
+    const std::string word = argc > 1 ? argv[1] : "";
+    const std::vector<std::string> names = subcommandNames(program);
+    if (word.empty() || word.front() == '-' ||
+        std::find(names.begin(), names.end(), word) != names.end())
+        return;
+    throw CLI::ValidationError("there is no subcommand \"" + word + "\"; the nearest is \"" +
+                               nearestWord(word, names) + '"');
+}
+
+/// What is wrong with a call, and where to read more.
+int failCall(const CLI::App& program, const CLI::ParseError& error) {
+    const auto chosen = program.get_subcommands();
+    const std::string help = chosen.empty() ? "" : chosen.front()->get_name() + ' ';
+    return fail(std::string(error.what()) + " (see rtti " + help + "--help)", ExitStatus::UNUSABLE);
+}
+
 /// Calls the subcommand that the arguments ask for; whatever it throws becomes one line and an exit
 /// status.
 int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc, char** argv) {
-    static const std::string none;
-    const std::string* file = &none;
     try {
+        checkSubcommand(program, argc, argv);
         program.parse(argc, argv);
-        const auto chosen = std::find_if(subcommands.begin(), subcommands.end(),
-                                         [](const Subcommand& s) { return s.parser->parsed(); });
-        file = &chosen->file;
-        return chosen->run();
+        return std::find_if(subcommands.begin(), subcommands.end(),
+                            [](const Subcommand& s) { return s.parser->parsed(); })
+            ->run();
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
-            return program.exit(error); // --help
-        return fail(std::string(error.what()) + " (see rtti --help)", WRONG_CALL);
+            return program.exit(error); // --help and --version
+        return failCall(program, error);
     } catch (const UnusableFile& error) {
         return fail(error.what(), error.exitStatus());
-    } catch (const Inspect::JsonError& error) {
-        return fail(*file + ": " + error.what(), FAULTY_FILE);
     } catch (const std::bad_alloc&) {
-        return fail(*file + ": there is not enough memory for what it asks for", WRONG_CALL);
-    } catch (const std::out_of_range& error) {
-        return fail(*file + ": too short: " + error.what(), WRONG_CALL);
+        return fail("there is not enough memory", ExitStatus::UNUSABLE);
     } catch (const std::exception& error) {
-        const std::string text = error.what();
-        const bool namesFile = text.rfind(*file, 0) == 0 || text.find(": ") != std::string::npos;
-        return fail(namesFile ? text : *file + ": " + text, WRONG_CALL);
+        return fail(error.what(), ExitStatus::UNUSABLE);
     }
 }
 
@@ -61,20 +84,19 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
 
 // NOLINTNEXTLINE(bugprone-exception-escape): no memory for the options, before there is a call.
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN); // A reader that has gone shows as an output that fails.
+    std::signal(SIGPIPE, SIG_DFL); // A reader that has gone ends the program without a word.
     CLI::App program("Shows, makes, verifies and compares the type files of an HDL simulator.",
                      "rtti");
+    program.formatter(std::make_shared<HelpFormatter>(textWidth()));
     program.require_subcommand(1);
+    program.set_version_flag("--version", "rtti " RTTI_VERSION, "Print the version");
     program.footer(
-        "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ\n\n"
-        "Exit status: 0 done, 1 the file has faults, 2 the call is wrong or the file "
-        "cannot be read.");
-    const std::vector<Subcommand> subcommands = {
-        addDump(program),     addShow(program),  addTree(program),  addLeaves(program),
-        addUses(program),     addStats(program), addGraph(program), addDiff(program),
-        addAnnotate(program), addHtml(program),  addBuild(program), addVerify(program)};
+        "Example:\n  rtti dump --kind 'packed struct' examples/typefiles/ibex_slang.typ");
+    std::vector<Subcommand> subcommands;
+    for (AddSubcommand* const add : SUBCOMMANDS)
+        subcommands.push_back(add(program));
     const int status = run(program, subcommands, argc, argv);
     if (!std::cout.flush())
-        return fail("standard output: the text could not be written", WRONG_CALL);
+        return fail("standard output: the text could not be written", ExitStatus::UNUSABLE);
     return status;
 }

@@ -17,7 +17,7 @@ _rtti() {
     help=$("$program" ${subcommand:+"$subcommand"} --help 2>/dev/null)
 
     if [[ $previous == -* ]]; then
-        # What the option takes: the word after its names, such as UINT or LANGUAGE:{vhdl,sv};
+        # What the option takes: the word after its names, such as N or LANGUAGE:{vhdl,sv};
         # nothing for a flag.
         value=$(sed -nE "s/^  (-[^ ]*,)?$previous ([^ ]+).*/\2/p" <<<"$help")
         case $previous:$value in
@@ -31,7 +31,7 @@ _rtti() {
             mapfile -t COMPREPLY < <(compgen -W "${value//,/ }" -- "$current")
             return
             ;;
-        *:UINT | *:N | *:GLOB) return ;;
+        *:TYPE | *:N | *:GLOB) return ;;
         *:?*)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")

@@ -50,6 +50,6 @@ complete -c rtti -n __fish_use_subcommand -f -a '(__rtti_subcommands)'
 complete -c rtti -n __fish_use_subcommand -s h -l help -d 'Print help'
 complete -c rtti -n __rtti_wants_kind -f -a '(__rtti_kinds)'
 complete -c rtti -n '__rtti_choices >/dev/null' -f -a '(__rtti_choices)'
-complete -c rtti -n '__rtti_wants UINT N GLOB' -f
+complete -c rtti -n '__rtti_wants TYPE N GLOB' -f
 complete -c rtti -n 'not __fish_use_subcommand; and string match -q -- "-*" (commandline -ct)' \
     -f -a '(__rtti_options)'

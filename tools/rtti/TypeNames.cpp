@@ -1,0 +1,84 @@
+#include "TypeNames.h"
+
+#include "Inspect/words/Counted.h"
+#include "Inspect/words/TypeKind.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+using namespace RTTI;
+using Inspect::counted;
+
+namespace {
+
+/// So many of the types of one name are listed.
+constexpr std::size_t TYPES_LISTED = 20;
+
+/// The number that a text consists of; nothing for a name.
+std::optional<unsigned long long> numberOf(const std::string& text) {
+    if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos)
+        return std::nullopt;
+    unsigned long long number = 0;
+    const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
+    return end.ec == std::errc() ? number : ~0ULL;
+}
+
+/// Takes out the types that a typedef among them stands for.
+void keepTypedefs(std::vector<unsigned int>& ids, const Inspect::TypeTable& types) {
+    std::unordered_set<unsigned int> behind;
+    for (const unsigned int id : ids) {
+        const RTBaseType& type = *types.typeOf(id);
+        if (type.GetClassId() == ClassId::TYPEDEF)
+            behind.insert(static_cast<const RTTypedefType&>(type).m_dataTypeId);
+    }
+    const auto isBehind = [&](unsigned int id) { return behind.count(id) != 0; };
+    ids.erase(std::remove_if(ids.begin(), ids.end(), isBehind), ids.end());
+}
+
+/// In the order of the ids.
+std::vector<unsigned int> idsOfName(const std::string& name, const Inspect::TypeTable& types) {
+    std::vector<unsigned int> ids;
+    for (unsigned int id = 0; id < types.count; ++id) {
+        const RTBaseType* type = types.typeOf(id);
+        if (type != nullptr && type->m_name != nullptr && name == type->m_name)
+            ids.push_back(id);
+    }
+    keepTypedefs(ids, types);
+    return ids;
+}
+
+/// "4 (class), 7 (packed struct)".
+std::string listOf(const std::vector<unsigned int>& ids, const Inspect::TypeTable& types) {
+    std::string text;
+    for (std::size_t i = 0; i < std::min(ids.size(), TYPES_LISTED); ++i)
+        text += (i == 0 ? "" : ", ") + std::to_string(ids[i]) + " (" +
+                std::string(Inspect::kindOf(*types.typeOf(ids[i]))) + ')';
+    if (ids.size() > TYPES_LISTED)
+        text += " and " + std::to_string(ids.size() - TYPES_LISTED) + " more";
+    return text;
+}
+
+} // namespace
+
+unsigned int typeIdOf(const std::string& what, const std::string& type, unsigned int typeCount,
+                      const std::function<Inspect::TypeTable()>& loadedTypes) {
+    if (const auto number = numberOf(type)) {
+        if (*number >= typeCount)
+            throw CLI::ValidationError(what + ' ' + type + ": the file has " +
+                                       counted(typeCount, "type"));
+        return static_cast<unsigned int>(*number);
+    }
+    const Inspect::TypeTable types = loadedTypes();
+    const std::vector<unsigned int> ids = idsOfName(type, types);
+    if (ids.empty())
+        throw CLI::ValidationError(what + ' ' + type + ": no type has this name");
+    if (ids.size() > 1)
+        throw CLI::ValidationError(what + ' ' + type + ": " + std::to_string(ids.size()) +
+                                   " types have this name, give an id: " + listOf(ids, types));
+    return ids.front();
+}
