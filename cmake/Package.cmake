@@ -2,8 +2,8 @@
 # the program. `cpack --preset package` makes them of the build of that preset.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME qd-wavedata-rtti)
-set(CPACK_PACKAGE_VENDOR "The developers of the run-time type information library")
-set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <root@localhost>" CACHE STRING
+set(CPACK_PACKAGE_VENDOR "The RTTI developers")
+set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <maintainers@rtti.example>" CACHE STRING
     "Name and address of who maintains the Debian packages")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION}), libfmt-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "Headers, the storages, writer and printers as static libraries, the CMake package RTTI and the
- pkg-config module qd_wavedata_RTTI_RTType.")
+ pkg-config modules qd_wavedata_RTTI_*.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME qd-wavedata-rtti-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
@@ -36,5 +36,14 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS graphviz)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
     "The program rtti shows what is in a type file and makes one from JSON.")
+
+# A package carries its copyright under its own name. A plain installation has LICENSE in their place.
+foreach(component RUNTIME DEVELOPMENT TOOLS)
+    string(SUBSTRING ${component} 1 -1 rest)
+    string(TOLOWER ${rest} rest)
+    string(SUBSTRING ${component} 0 1 initial)
+    install(FILES cmake/copyright DESTINATION share/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME}
+        COMPONENT ${initial}${rest} EXCLUDE_FROM_ALL)
+endforeach()
 
 include(CPack)
