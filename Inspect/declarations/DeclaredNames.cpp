@@ -2,6 +2,7 @@
 
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/PredefinedTypes.h"
+#include "Inspect/words/TypeText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -24,29 +25,33 @@ constexpr int CHAIN_LIMIT = 1000;
 
 std::uint64_t typeOwner(unsigned int id) { return 2ull * id; }
 
+/// The name that somebody gave, else nothing.
 std::string_view nameOf(const RTBaseType& type) {
-    return type.m_name != nullptr ? type.m_name : "";
+    return isGivenName(type.m_name) ? type.m_name : "";
+}
+
+template <typename List, typename NameOf>
+std::vector<std::string_view> namesIn(const List& list, std::size_t most, NameOf nameOf) {
+    std::vector<std::string_view> names;
+    for (std::size_t i = 0; i < std::min(list.size(), most); ++i)
+        names.emplace_back(nameOf(list[i]));
+    return names;
 }
 
 /// The names of the literals or units of a type.
-std::vector<std::string_view> literalsOf(const RTBaseType& type) {
-    std::vector<std::string_view> names;
+std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t most = ALL_NAMES) {
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:
-        for (const char* name : static_cast<const RTSeqEnumType&>(type).m_enumeratorNames)
-            names.emplace_back(name != nullptr ? name : "");
-        break;
+        return namesIn(static_cast<const RTSeqEnumType&>(type).m_enumeratorNames, most,
+                       [](const char* name) { return name != nullptr ? name : ""; });
     case ClassId::DISCRETE_ENUM:
-        for (const auto& literal : static_cast<const RTDiscreteEnumType&>(type).m_enumerators)
-            names.emplace_back(literal.enumName);
-        break;
+        return namesIn(static_cast<const RTDiscreteEnumType&>(type).m_enumerators, most,
+                       [](const auto& literal) { return std::string_view(literal.enumName); });
     case ClassId::PHYSICAL:
-        for (const auto& unit : static_cast<const RTPhysicalType&>(type).m_units)
-            names.emplace_back(unit.unitName);
-        break;
-    default: break;
+        return namesIn(static_cast<const RTPhysicalType&>(type).m_units, most,
+                       [](const auto& unit) { return std::string_view(unit.unitName); });
+    default: return {};
     }
-    return names;
 }
 
 std::string spelled(SourceLanguage language, std::string_view name) {
@@ -253,11 +258,11 @@ std::string DeclaredNames::madeName(unsigned int id) const {
     return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
 }
 
-std::vector<std::string> DeclaredNames::literalNames(unsigned int id) const {
+std::vector<std::string> DeclaredNames::literalNames(unsigned int id, std::size_t most) const {
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         return {};
-    const std::vector<std::string_view> names = literalsOf(*type);
+    const std::vector<std::string_view> names = literalsOf(*type, most);
     std::vector<std::string> result;
     std::unordered_set<std::string> used;
     const Owner owner = literalOwner(id);
@@ -274,9 +279,12 @@ std::vector<std::string> DeclaredNames::literalNames(unsigned int id) const {
     return result;
 }
 
-std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type) const {
+std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
+                                                    std::size_t most) const {
     std::vector<std::string_view> names;
     for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (names.size() == most)
+            break;
         if (member != nullptr)
             names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
     }

@@ -4,6 +4,7 @@
 #include "Inspect/model/TypeTable.h"
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,6 +17,9 @@ enum class Naming {
     OWN,     ///< By the names that they have: nothing is looked at in advance.
     DISTINCT ///< By names that differ within the file, so that a compiler can read it.
 };
+
+/// For lists of names: all of them.
+inline constexpr std::size_t ALL_NAMES = std::numeric_limits<std::size_t>::max();
 
 /// The identifiers of types, and of the literals and units that share a scope with them, in
 /// declarations of one language.
@@ -46,11 +50,13 @@ public:
     /// where a declaration can be shown.
     bool isPredefined(unsigned int id) const;
 
-    /// The identifiers of a type's literals or units, which differ from one another.
-    std::vector<std::string> literalNames(unsigned int id) const;
+    /// The identifiers of a type's literals or units, which differ from one another; the first
+    /// `most` of them.
+    std::vector<std::string> literalNames(unsigned int id, std::size_t most = ALL_NAMES) const;
 
     /// The same for members, which have a scope of their own. Members that are null have no name.
-    std::vector<std::string> memberNames(const RTTI::RTAggregateType& type) const;
+    std::vector<std::string> memberNames(const RTTI::RTAggregateType& type,
+                                         std::size_t most = ALL_NAMES) const;
 
     /// Whether a literal of a predefined type is hidden by a declared type of the same name.
     bool isHidden(std::string_view literal) const;

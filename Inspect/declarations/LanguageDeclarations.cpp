@@ -4,6 +4,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <sstream>
+
 namespace Inspect {
 
 using namespace RTTI;
@@ -14,15 +17,29 @@ std::string_view LanguageDeclarations::comment() const {
 
 bool LanguageDeclarations::isUnnamed(unsigned int id) const {
     const RTBaseType* type = typeOf(id);
-    return type != nullptr && (type->m_name == nullptr || *type->m_name == '\0');
+    return type != nullptr && !isGivenName(type->m_name);
+}
+
+std::string LanguageDeclarations::shapeOf(unsigned int id) const {
+    constexpr std::size_t MOST_PARTS = 8;
+    std::ostringstream out;
+    const std::string behind = define(out, id, MOST_PARTS);
+    std::string line;
+    for (const char c : out.str() + behind) {
+        if ((c != ' ' && c != '\n') || (!line.empty() && line.back() != ' '))
+            line += c == '\n' ? ' ' : c;
+    }
+    if (!line.empty() && line.back() == ' ')
+        line.pop_back();
+    if (line.size() > MOST_CHARACTERS)
+        line.replace(MOST_CHARACTERS - 3, std::string::npos, "...");
+    return line;
 }
 
 std::string LanguageDeclarations::textOf(const std::vector<FullConstraints>& ranges,
                                          std::size_t first) {
-    std::string text;
-    for (std::size_t i = first; i < ranges.size(); ++i)
-        text += (i == first ? "" : ", ") + rangeText(ranges[i]);
-    return text;
+    const auto begin = static_cast<std::ptrdiff_t>(std::min(first, ranges.size()));
+    return runsText({ranges.begin() + begin, ranges.end()});
 }
 
 std::string LanguageDeclarations::remark(std::string_view text) const {

@@ -30,6 +30,15 @@ public:
     /// be declared it is what comes next to it.
     virtual void declare(std::ostream& out, unsigned int id) const = 0;
 
+    /// Writes what the declaration gives a name to, and gives what stands behind the name there:
+    /// `logic [7:0]` and `[0:3]`. Of members, literals and units the first `most` are written, with
+    /// dots for the others. Writes nothing where a declaration is more than a name for something.
+    virtual std::string define(std::ostream& out, unsigned int id, std::size_t most) const = 0;
+
+    /// The same in a line of at most `MOST_CHARACTERS`, cut where it is longer: how a user of the
+    /// type would spell it out. Empty where nothing can be spelled out.
+    std::string shapeOf(unsigned int id) const;
+
     /// Announces a type whose declaration follows: an incomplete type of VHDL, a forward typedef
     /// of SystemVerilog.
     virtual std::string announcementOf(unsigned int id) const = 0;
@@ -42,6 +51,9 @@ public:
 
     /// What comments begin with.
     std::string_view comment() const;
+
+    /// No line of a shape is longer.
+    static constexpr std::size_t MOST_CHARACTERS = 80;
 
 protected:
     /// Keeps references to both.
@@ -57,7 +69,7 @@ protected:
         return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     }
 
-    /// Whether the type has no name, or an empty one.
+    /// Whether the type has no name that somebody gave.
     bool isUnnamed(unsigned int id) const;
 
     /// The ranges from the index `first` on.

@@ -79,6 +79,16 @@ std::string scalarWord(const RTBaseType& type) {
     }
 }
 
+/// Whether the language has a typedef for the type.
+bool isTypedef(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::DISCRETE_ENUM:
+    case ClassId::RECORD:
+    case ClassId::TYPEDEF: return true;
+    default: return isArray(type) || !scalarWord(type).empty();
+    }
+}
+
 } // namespace
 
 bool SystemVerilogDeclarations::isClass(unsigned int id) const {
@@ -144,8 +154,8 @@ std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type) con
     return m_names.typeName(type.m_indexTypeId);
 }
 
-std::string SystemVerilogDeclarations::ending(const std::string& name, const Parts& parts) {
-    return (parts.after.empty() ? name : spaced(name)) + parts.after + ';';
+std::string SystemVerilogDeclarations::ending(const std::string& name, const std::string& behind) {
+    return (behind.empty() ? name : spaced(name)) + behind + ';';
 }
 
 std::string SystemVerilogDeclarations::withoutPlace(const std::vector<FullConstraints>& ranges,
@@ -153,44 +163,54 @@ std::string SystemVerilogDeclarations::withoutPlace(const std::vector<FullConstr
     return first < ranges.size() ? " // no place for: " + textOf(ranges, first) : "";
 }
 
-std::string SystemVerilogDeclarations::typedefOf(unsigned int id, const Parts& parts) const {
-    return "typedef " + spaced(parts.before) + ending(m_names.typeName(id), parts);
+std::string SystemVerilogDeclarations::withoutPlace(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::DISCRETE_ENUM:
+        return withoutPlace(static_cast<const RTDiscreteEnumType&>(type).m_constraints);
+    case ClassId::TYPEDEF:
+        return withoutPlace(static_cast<const RTTypedefType&>(type).m_constraints);
+    case ClassId::ARRAY: {
+        const auto& array = static_cast<const RTArrayType&>(type);
+        return withoutPlace(array.m_constraints, array.m_indexTypeIds.size());
+    }
+    default: return {};
+    }
 }
 
 void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
-                                            const RTDiscreteEnumType& type) const {
-    const std::vector<std::string> literals = m_names.literalNames(id);
+                                            const RTDiscreteEnumType& type,
+                                            std::size_t most) const {
+    const std::vector<std::string> literals = m_names.literalNames(id, most);
+    const std::size_t count = type.m_enumerators.size();
     const bool isFourState = m_types.encodings->of(type) == ENCODING_4_STATE;
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
     const unsigned int width = packedWidth(type.m_baseType).value_or(std::max(bytes, 1U) * 8);
-    out << "typedef enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
+    out << "enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
     for (std::size_t i = 0; i < literals.size(); ++i)
         out << "    " << spaced(literals[i]) << "= "
             << enumValue(type.m_enumerators[i].value, type.m_valueSize, width, isFourState)
-            << (i + 1 < literals.size() ? ",\n" : "\n");
-    out << "} " << ending(m_names.typeName(id), {}) << withoutPlace(type.m_constraints) << '\n';
+            << (i + 1 < count ? ",\n" : "\n");
+    out << (literals.size() < count ? "    ...\n} " : "} ");
 }
 
-void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType& type) const {
-    const std::vector<std::string> names = m_names.memberNames(type);
+void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType& type,
+                                        std::size_t most) const {
+    const std::vector<std::string> names = m_names.memberNames(type, most);
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
         if (member == nullptr)
             continue;
+        if (position == most) {
+            out << "    ...\n";
+            return;
+        }
         const Parts parts = partsOf(member->m_typeId, Spelling::NAME);
-        out << "    " << spaced(parts.before) << ending(names[position++], parts);
+        out << "    " << spaced(parts.before) << ending(names[position++], parts.after);
         const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(member);
         if (classMember != nullptr && classMember->m_memberFlag)
             out << " // flagged";
         out << withoutPlace(member->m_constraints) << '\n';
     }
-}
-
-void SystemVerilogDeclarations::aggregate(std::ostream& out, unsigned int id,
-                                          const RTRecordType& type) const {
-    out << "typedef " << aggregateWords(type.m_recordKind) << " {\n";
-    members(out, type);
-    out << "} " << ending(m_names.typeName(id), {}) << '\n';
 }
 
 void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int id,
@@ -201,16 +221,36 @@ void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int
         out << spaced(name) << "extends " << m_names.typeName(type.m_baseClassTypeId) << ";\n";
     else
         out << name << ";\n";
-    members(out, type);
+    members(out, type, ALL_NAMES);
     out << "endclass\n";
 }
 
-void SystemVerilogDeclarations::array(std::ostream& out, unsigned int id,
-                                      const RTBaseType& type) const {
-    out << typedefOf(id, partsOf(id, Spelling::BODY));
-    if (const auto* fixed = dynamic_cast<const RTArrayType*>(&type))
-        out << withoutPlace(fixed->m_constraints, fixed->m_indexTypeIds.size());
-    out << '\n';
+std::string SystemVerilogDeclarations::define(std::ostream& out, unsigned int id,
+                                              std::size_t most) const {
+    const RTBaseType* type = typeOf(id);
+    Parts parts;
+    switch (type != nullptr ? type->GetClassId() : ClassId::WILDCARD) {
+    case ClassId::DISCRETE_ENUM:
+        enumeration(out, id, static_cast<const RTDiscreteEnumType&>(*type), most);
+        return {};
+    case ClassId::RECORD: {
+        const auto& record = static_cast<const RTRecordType&>(*type);
+        out << aggregateWords(record.m_recordKind) << " {\n";
+        members(out, record, most);
+        out << "} ";
+        return {};
+    }
+    case ClassId::TYPEDEF:
+        parts = partsOf(static_cast<const RTTypedefType&>(*type).m_dataTypeId, Spelling::NAME);
+        break;
+    case ClassId::CLASS:
+    case ClassId::WILDCARD: return {};
+    default:
+        parts = isArray(*type) ? partsOf(id, Spelling::BODY) : Parts{scalarWord(*type), ""};
+        break;
+    }
+    out << spaced(parts.before);
+    return parts.after;
 }
 
 void SystemVerilogDeclarations::declare(std::ostream& out, unsigned int id) const {
@@ -225,24 +265,17 @@ void SystemVerilogDeclarations::declare(std::ostream& out, unsigned int id) cons
         return;
     }
     switch (type->GetClassId()) {
-    case ClassId::DISCRETE_ENUM:
-        return enumeration(out, id, static_cast<const RTDiscreteEnumType&>(*type));
-    case ClassId::TYPEDEF: {
-        const auto& alias = static_cast<const RTTypedefType&>(*type);
-        out << typedefOf(id, partsOf(alias.m_dataTypeId, Spelling::NAME))
-            << withoutPlace(alias.m_constraints) << '\n';
-        return;
-    }
-    case ClassId::RECORD: return aggregate(out, id, static_cast<const RTRecordType&>(*type));
     case ClassId::CLASS: return classDeclaration(out, id, static_cast<const RTClassType&>(*type));
     case ClassId::WILDCARD: out << remark("any index of an associative array: [*]"); return;
     default: break;
     }
-    if (isArray(*type))
-        return array(out, id, *type);
-    const std::string word = scalarWord(*type);
-    out << (word.empty() ? remark("SystemVerilog has no such type")
-                         : typedefOf(id, {word, ""}) + '\n');
+    if (!isTypedef(*type)) {
+        out << remark("SystemVerilog has no such type");
+        return;
+    }
+    out << "typedef ";
+    const std::string behind = define(out, id, ALL_NAMES);
+    out << ending(m_names.typeName(id), behind) << withoutPlace(*type) << '\n';
 }
 
 std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {

@@ -12,6 +12,7 @@ public:
         : LanguageDeclarations(SourceLanguage::SYSTEM_VERILOG, types, names) {}
 
     void declare(std::ostream& out, unsigned int id) const override;
+    std::string define(std::ostream& out, unsigned int id, std::size_t most) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
 
@@ -35,19 +36,18 @@ private:
                          int depth) const;
 
     /// `name after;`: the name that a typedef or a member ends with.
-    static std::string ending(const std::string& name, const Parts& parts);
+    static std::string ending(const std::string& name, const std::string& behind);
 
     /// Ranges that a declaration has no place for, as a comment at the end of its line.
     static std::string withoutPlace(const std::vector<RTTI::FullConstraints>& ranges,
                                     std::size_t first = 0);
 
-    std::string typedefOf(unsigned int id, const Parts& parts) const;
-    void enumeration(std::ostream& out, unsigned int id,
-                     const RTTI::RTDiscreteEnumType& type) const;
-    void aggregate(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
+    static std::string withoutPlace(const RTTI::RTBaseType& type);
+
+    void enumeration(std::ostream& out, unsigned int id, const RTTI::RTDiscreteEnumType& type,
+                     std::size_t most) const;
     void classDeclaration(std::ostream& out, unsigned int id, const RTTI::RTClassType& type) const;
-    void members(std::ostream& out, const RTTI::RTAggregateType& type) const;
-    void array(std::ostream& out, unsigned int id, const RTTI::RTBaseType& type) const;
+    void members(std::ostream& out, const RTTI::RTAggregateType& type, std::size_t most) const;
     std::string indexOf(const RTTI::RTAssocArrayType& type) const;
     bool isClass(unsigned int id) const;
 };

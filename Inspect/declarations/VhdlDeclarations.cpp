@@ -68,6 +68,22 @@ std::string lostRange(const RTArrayType& type, std::size_t dimension) {
     return " /* " + rangeText(type.m_constraints[dimension]) + " */";
 }
 
+/// Whether the language has a declaration for types of this kind.
+bool isDeclarable(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::SEQ_ENUM:
+    case ClassId::INT:
+    case ClassId::FLOAT:
+    case ClassId::PHYSICAL:
+    case ClassId::ACCESS:
+    case ClassId::FILE_TYPE:
+    case ClassId::ARRAY:
+    case ClassId::RECORD:
+    case ClassId::TYPEDEF: return true;
+    default: return false;
+    }
+}
+
 } // namespace
 
 std::string realLiteral(double number) {
@@ -210,7 +226,8 @@ std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId,
     const auto& literals = static_cast<const RTSeqEnumType*>(base)->m_enumeratorNames;
     if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
         literals.size() <= LITERAL_LIMIT) {
-        std::string literal = m_names.literalNames(baseId)[static_cast<std::size_t>(value)];
+        std::string literal = m_names.literalNames(baseId, static_cast<std::size_t>(value) +
+                                                               1)[static_cast<std::size_t>(value)];
         const bool isHidden = m_names.isPredefined(baseId) && !isCharacterLiteral(literal) &&
                               m_names.isHidden(literal);
         if (!isHidden)
@@ -268,13 +285,15 @@ std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) 
     return m_names.typeName(id) + constraint(id, ranges);
 }
 
-void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id) const {
-    const std::vector<std::string> literals = m_names.literalNames(id);
-    const std::string start = fmt::format("type {} is (", m_names.typeName(id));
-    std::size_t width = start.size() + 2;
+void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id, std::size_t most) const {
+    const auto& type = static_cast<const RTSeqEnumType&>(*typeOf(id));
+    std::vector<std::string> literals = m_names.literalNames(id, most);
+    if (literals.size() < type.m_enumeratorNames.size())
+        literals.emplace_back("...");
+    std::size_t width = m_names.typeName(id).size() + std::string_view("type  is ();").size();
     for (std::size_t i = 0; i < literals.size() && width <= LINE_WIDTH; ++i)
         width += literals[i].size() + (i == 0 ? 0 : 2);
-    out << start;
+    out << '(';
     if (width <= LINE_WIDTH) {
         for (std::size_t i = 0; i < literals.size(); ++i)
             out << (i == 0 ? "" : ", ") << literals[i];
@@ -282,7 +301,7 @@ void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id) const {
         out << '\n';
         writeFilled(out, literals);
     }
-    out << ");\n";
+    out << ')';
 }
 
 std::string VhdlDeclarations::real(const RTFloatType& type) const {
@@ -290,28 +309,27 @@ std::string VhdlDeclarations::real(const RTFloatType& type) const {
                        realLiteral(type.m_right));
 }
 
-void VhdlDeclarations::physical(std::ostream& out, unsigned int id,
-                                const RTPhysicalType& type) const {
-    out << "type " << m_names.typeName(id)
-        << " is range -9223372036854775807 to 9223372036854775807 -- not recorded\n"
+void VhdlDeclarations::physical(std::ostream& out, unsigned int id, const RTPhysicalType& type,
+                                std::size_t most) const {
+    out << "range -9223372036854775807 to 9223372036854775807 /* not recorded */\n"
            "    units\n";
-    const std::vector<std::string> units = m_names.literalNames(id);
+    const std::vector<std::string> units = m_names.literalNames(id, most);
     for (std::size_t i = 0; i < units.size(); ++i) {
         out << "        " << units[i];
         if (i != 0)
             out << " = " << type.m_units[i].value << ' ' << units[0];
         out << ";\n";
     }
-    out << "    end units;\n";
+    out << (units.size() < type.m_units.size() ? "        ...\n" : "") << "    end units";
 }
 
-void VhdlDeclarations::array(std::ostream& out, unsigned int id, const RTArrayType& type) const {
+void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
     const std::size_t count = type.m_indexTypeIds.size();
     const std::size_t given = std::min(count, type.m_constraints.size());
     const auto rest = type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given);
     const bool isConstrained =
         given == count && std::none_of(type.m_constraints.begin(), rest, isOpen);
-    out << "type " << m_names.typeName(id) << " is array (";
+    out << "array (";
     for (std::size_t i = 0; i < count; ++i) {
         const unsigned int index = type.m_indexTypeIds[i];
         const bool hasIndex = index != TypeFileFormat::NO_TYPE_ID;
@@ -323,32 +341,59 @@ void VhdlDeclarations::array(std::ostream& out, unsigned int id, const RTArrayTy
             out << (hasIndex ? name + " range " : "")
                 << discreteRange(index, type.m_constraints[i]);
     }
-    out << ") of " << indication(type.m_elementTypeId, Ranges(rest, type.m_constraints.end()))
-        << ";\n";
+    out << ") of " << indication(type.m_elementTypeId, Ranges(rest, type.m_constraints.end()));
 }
 
-void VhdlDeclarations::record(std::ostream& out, unsigned int id, const RTRecordType& type) const {
-    const std::vector<std::string> names = m_names.memberNames(type);
-    out << "type " << m_names.typeName(id) << " is record\n";
+void VhdlDeclarations::record(std::ostream& out, const RTRecordType& type, std::size_t most) const {
+    const std::vector<std::string> names = m_names.memberNames(type, most);
+    out << "record\n";
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
-        if (member != nullptr)
-            out << "    " << names[position++] << " : "
-                << indication(member->m_typeId, member->m_constraints) << ";\n";
+        if (member == nullptr)
+            continue;
+        if (position == most) {
+            out << "    ...\n";
+            break;
+        }
+        out << "    " << names[position++] << " : "
+            << indication(member->m_typeId, member->m_constraints) << ";\n";
     }
-    out << "end record;\n";
+    out << "end record";
 }
 
-void VhdlDeclarations::subtype(std::ostream& out, unsigned int id,
-                               const RTTypedefType& type) const {
-    const std::string name = m_names.typeName(id);
-    out << "subtype " << name << " is ";
-    if (typeOf(type.m_dataTypeId) != nullptr && m_names.typeName(type.m_dataTypeId) == name)
-        out << m_names.madeName(type.m_dataTypeId)
-            << constraint(type.m_dataTypeId, type.m_constraints);
-    else
-        out << indication(type.m_dataTypeId, type.m_constraints);
-    out << ";\n";
+std::string VhdlDeclarations::subtype(unsigned int id, const RTTypedefType& type) const {
+    if (typeOf(type.m_dataTypeId) != nullptr &&
+        m_names.typeName(type.m_dataTypeId) == m_names.typeName(id))
+        return m_names.madeName(type.m_dataTypeId) +
+               constraint(type.m_dataTypeId, type.m_constraints);
+    return indication(type.m_dataTypeId, type.m_constraints);
+}
+
+std::string VhdlDeclarations::define(std::ostream& out, unsigned int id, std::size_t most) const {
+    const RTBaseType* type = typeOf(id);
+    switch (type != nullptr ? type->GetClassId() : 0) {
+    case ClassId::SEQ_ENUM: enumeration(out, id, most); break;
+    case ClassId::INT:
+        out << "range "
+            << discreteRange(TypeFileFormat::NO_TYPE_ID,
+                             static_cast<const RTIntType*>(type)->m_constraint);
+        break;
+    case ClassId::FLOAT: out << "range " << real(static_cast<const RTFloatType&>(*type)); break;
+    case ClassId::PHYSICAL:
+        physical(out, id, static_cast<const RTPhysicalType&>(*type), most);
+        break;
+    case ClassId::ACCESS:
+        out << "access " << indication(designated(static_cast<const RTAccessType&>(*type)), {});
+        break;
+    case ClassId::FILE_TYPE:
+        out << "file of " << indication(static_cast<const RTFileType&>(*type).m_refTypeId, {});
+        break;
+    case ClassId::ARRAY: array(out, static_cast<const RTArrayType&>(*type)); break;
+    case ClassId::RECORD: record(out, static_cast<const RTRecordType&>(*type), most); break;
+    case ClassId::TYPEDEF: out << subtype(id, static_cast<const RTTypedefType&>(*type)); break;
+    default: break;
+    }
+    return {};
 }
 
 void VhdlDeclarations::declare(std::ostream& out, unsigned int id) const {
@@ -357,26 +402,14 @@ void VhdlDeclarations::declare(std::ostream& out, unsigned int id) const {
         out << remark("there is no such type");
         return;
     }
-    const auto line = [&](const std::string& definition) {
-        out << "type " << m_names.typeName(id) << " is " << definition << ";\n";
-    };
-    switch (type->GetClassId()) {
-    case ClassId::SEQ_ENUM: return enumeration(out, id);
-    case ClassId::INT:
-        return line("range " + discreteRange(TypeFileFormat::NO_TYPE_ID,
-                                             static_cast<const RTIntType*>(type)->m_constraint));
-    case ClassId::FLOAT: return line("range " + real(static_cast<const RTFloatType&>(*type)));
-    case ClassId::PHYSICAL: return physical(out, id, static_cast<const RTPhysicalType&>(*type));
-    case ClassId::ACCESS:
-        return line("access " +
-                    indication(designated(static_cast<const RTAccessType&>(*type)), {}));
-    case ClassId::FILE_TYPE:
-        return line("file of " + indication(static_cast<const RTFileType&>(*type).m_refTypeId, {}));
-    case ClassId::ARRAY: return array(out, id, static_cast<const RTArrayType&>(*type));
-    case ClassId::RECORD: return record(out, id, static_cast<const RTRecordType&>(*type));
-    case ClassId::TYPEDEF: return subtype(out, id, static_cast<const RTTypedefType&>(*type));
-    default: out << remark("VHDL has no such type");
+    if (!isDeclarable(*type)) {
+        out << remark("VHDL has no such type");
+        return;
     }
+    const bool isSubtype = type->GetClassId() == ClassId::TYPEDEF;
+    out << (isSubtype ? "subtype " : "type ") << m_names.typeName(id) << " is ";
+    define(out, id, ALL_NAMES);
+    out << ";\n";
 }
 
 std::string VhdlDeclarations::announcementOf(unsigned int id) const {

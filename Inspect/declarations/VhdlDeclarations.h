@@ -14,6 +14,7 @@ public:
         : LanguageDeclarations(SourceLanguage::VHDL, types, names) {}
 
     void declare(std::ostream& out, unsigned int id) const override;
+    std::string define(std::ostream& out, unsigned int id, std::size_t most) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
 
@@ -23,12 +24,13 @@ private:
 
     std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
 
-    void enumeration(std::ostream& out, unsigned int id) const;
+    void enumeration(std::ostream& out, unsigned int id, std::size_t most) const;
     std::string real(const RTTI::RTFloatType& type) const;
-    void physical(std::ostream& out, unsigned int id, const RTTI::RTPhysicalType& type) const;
-    void array(std::ostream& out, unsigned int id, const RTTI::RTArrayType& type) const;
-    void record(std::ostream& out, unsigned int id, const RTTI::RTRecordType& type) const;
-    void subtype(std::ostream& out, unsigned int id, const RTTI::RTTypedefType& type) const;
+    void physical(std::ostream& out, unsigned int id, const RTTI::RTPhysicalType& type,
+                  std::size_t most) const;
+    void array(std::ostream& out, const RTTI::RTArrayType& type) const;
+    void record(std::ostream& out, const RTTI::RTRecordType& type, std::size_t most) const;
+    std::string subtype(unsigned int id, const RTTI::RTTypedefType& type) const;
 
     /// What an access type designates: where that is a typedef that shares another type's
     /// declaration, the latter, which can be announced.

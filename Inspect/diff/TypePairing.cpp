@@ -4,6 +4,7 @@
 #include "Inspect/diff/ListAlignment.h"
 #include "Inspect/diff/TypeShape.h"
 #include "Inspect/diff/TypeWords.h"
+#include "Inspect/words/TypeText.h"
 
 #include <algorithm>
 #include <map>

@@ -80,10 +80,10 @@ public:
             return;
         }
         fmt::print(m_out, "  T{0} [label=<{0} <i>{1}</i>", node.id, htmlText(kindOf(*node.type)));
-        const std::string name = pictureName(node.type->m_name);
+        const std::string name = pictureName(node);
         if (!name.empty())
             fmt::print(m_out, "<br/><b>{}</b>", htmlText(name));
-        const std::string detail = pictureDetail(*node.type);
+        const std::string detail = pictureDetail(node);
         if (!detail.empty())
             fmt::print(m_out, "<br/>{}", htmlText(detail));
         fmt::print(m_out, ">, fillcolor=\"{}\"{}];\n", fillOf(node.type->GetClassId()),

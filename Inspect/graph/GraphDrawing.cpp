@@ -28,6 +28,11 @@ std::string rangesText(const std::vector<FullConstraints>& ranges) {
     return text;
 }
 
+std::string shortened(std::string_view whole) {
+    const std::string text = escaped(whole.substr(0, MAX_NAME + 1));
+    return text.size() <= MAX_NAME ? text : text.substr(0, MAX_NAME - 3) + "...";
+}
+
 const char* roleLabel(LinkRole role) {
     switch (role) {
     case LinkRole::INDEX: return "index";
@@ -40,15 +45,14 @@ const char* roleLabel(LinkRole role) {
 
 } // namespace
 
-std::string pictureName(const char* name) {
-    if (name == nullptr)
-        return "";
-    const std::string_view whole = name;
-    const std::string text = escaped(whole.substr(0, MAX_NAME + 1));
-    return text.size() <= MAX_NAME ? text : text.substr(0, MAX_NAME - 3) + "...";
+std::string pictureName(const GraphNode& node) {
+    return isGivenName(node.type->m_name) ? shortened(node.type->m_name) : "";
 }
 
-std::string pictureDetail(const RTBaseType& type) {
+std::string pictureDetail(const GraphNode& node) {
+    if (!node.shape.empty())
+        return shortened(node.shape);
+    const RTBaseType& type = *node.type;
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM: {
         const auto& enumeration = static_cast<const RTSeqEnumType&>(type);
@@ -81,7 +85,7 @@ std::vector<std::string> pictureLabels(const GraphEdge& edge) {
     const bool areAll = edge.members.size() <= MAX_LABELS + 1;
     const std::size_t shown = areAll ? edge.members.size() : MAX_LABELS;
     for (std::size_t i = 0; i < shown; ++i)
-        labels.push_back(pictureName(edge.members[i].data()));
+        labels.push_back(shortened(edge.members[i]));
     if (!areAll)
         labels.push_back(fmt::format("+{} more", edge.members.size() - shown));
     return labels;

@@ -14,6 +14,7 @@ namespace Inspect {
 struct GraphNode {
     unsigned int id;
     const RTTI::RTBaseType* type; ///< Null for an id that is referred to and has no type.
+    std::string shape;            ///< Of a type without a name; else empty.
     bool isCut;                   ///< Refers to types that the graph leaves out.
 };
 
@@ -47,12 +48,14 @@ std::unique_ptr<GraphDrawing> makeDotDrawing(std::ostream& out);
 std::unique_ptr<GraphDrawing> makeMermaidDrawing(std::ostream& out);
 std::unique_ptr<GraphDrawing> makeJsonDrawing(std::ostream& out);
 
-/// What stands in a picture for a name: escaped, and shortened so that the picture stays readable.
-std::string pictureName(const char* name);
+/// What stands in a picture for the name of a node's type: escaped, and shortened so that the
+/// picture stays readable. Empty where it has none.
+std::string pictureName(const GraphNode& node);
 
 /// The few words below a type's name that tell it from others of its kind: its ranges, or how many
-/// members, literals or units it has. Empty where there is nothing to say.
-std::string pictureDetail(const RTTI::RTBaseType& type);
+/// members, literals or units it has; the shape where it has no name. Empty where there is nothing
+/// to say.
+std::string pictureDetail(const GraphNode& node);
 
 /// The lines beside an edge: names of members, of which a picture has room for some, or the role.
 std::vector<std::string> pictureLabels(const GraphEdge& edge);

@@ -1,6 +1,8 @@
 #include "Inspect/graph/GraphWriter.h"
 
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/graph/GraphDrawing.h"
+#include "Inspect/words/TypeText.h"
 
 #include <algorithm>
 #include <map>
@@ -100,7 +102,7 @@ private:
                 missing.insert(id);
         }
         for (const unsigned int id : missing)
-            m_drawing.node({id, nullptr, false});
+            m_drawing.node({id, nullptr, "", false});
         m_size.types += static_cast<unsigned int>(missing.size());
     }
 
@@ -113,7 +115,8 @@ private:
             else if (m_types.typeOf(link.typeId) == nullptr)
                 missing.insert(link.typeId);
         }
-        m_drawing.node({id, &type, isCut});
+        const bool isNamed = isGivenName(type.m_name);
+        m_drawing.node({id, &type, isNamed ? "" : shapeOf(m_types, id, type), isCut});
         ++m_size.types;
     }
 

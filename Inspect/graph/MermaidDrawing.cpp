@@ -64,10 +64,10 @@ public:
             fmt::print(m_out, "  class T{0}[\"{0} builds no type\"]\n", node.id);
             return;
         }
-        const std::string name = pictureName(node.type->m_name);
+        const std::string name = pictureName(node);
         fmt::print(m_out, "  class T{0}[\"{0}{1}{2}\"] {{\n    <<{3}>>\n", node.id,
                    name.empty() ? "" : " ", mermaidText(name), mermaidText(kindOf(*node.type)));
-        const std::string detail = pictureDetail(*node.type);
+        const std::string detail = pictureDetail(node);
         if (!detail.empty())
             fmt::print(m_out, "    {}\n", mermaidText(detail));
         if (node.isCut)

@@ -2,11 +2,12 @@
 
 #include "Inspect/bytes/RecordLayout.h"
 #include "Inspect/declarations/TypeDeclarations.h"
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/html/PageText.h"
 #include "Inspect/json/JsonValues.h"
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
-#include "RTTI/ConstraintStack.h"
+#include "RTTI/ConstraintPopulation.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFileFrame.h"
@@ -30,7 +31,8 @@ namespace {
 /// types is shown.
 constexpr unsigned int TYPES_IN_CHUNK = 1000;
 
-constexpr std::size_t MOST_RANGES = 1000;
+/// Runs of equal ranges that the page has of a type.
+constexpr std::size_t MOST_RUNS = 1000;
 constexpr unsigned long long MOST_RECORD_BYTES = 1ULL << 20;
 
 /// Table and records lie in the order of the ids in most files.
@@ -129,6 +131,7 @@ private:
     void writeData(const std::function<void(unsigned int)>& progress);
     void writeRecords(unsigned int first, unsigned int end);
     void writeDetails(unsigned int first, unsigned int end);
+    Json shapesOf(unsigned int first, unsigned int end) const;
     Json detailsOf(unsigned int id) const;
     void writeBlock(std::string_view name, const Json& json) {
         m_out << fmt::format("<script type=\"application/json\" class=\"{}\">", name)
@@ -211,6 +214,7 @@ void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
     writeBlock("records", {{"first", first},
                            {"sizes", std::move(sizes)},
                            {"addresses", std::move(addresses)},
+                           {"shapes", shapesOf(first, end)},
                            {"bytes", base64Of(bytes)}});
 }
 
@@ -222,19 +226,28 @@ void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
 }
 
 /// Null where there is no type.
+/// What types without names are, by id.
+Json HtmlPage::shapesOf(unsigned int first, unsigned int end) const {
+    Json shapes = Json::object();
+    for (unsigned int id = first; id < end; ++id) {
+        const RTBaseType* type = m_source.types.typeOf(id);
+        if (type != nullptr && !isGivenName(type->m_name))
+            shapes[std::to_string(id)] = shapeOf(m_source.types, id, *type);
+    }
+    return shapes;
+}
+
 Json HtmlPage::detailsOf(unsigned int id) const {
     const RTBaseType* type = m_source.types.typeOf(id);
     if (type == nullptr)
         return {};
-    Brakel_tolv::ConstraintStack<FullConstraints> stack;
-    std::vector<FullConstraints> flattened;
-    type->populateTypeConstraints(stack, flattened);
-    Json ranges = Json::array();
-    for (std::size_t i = 0; i < std::min(flattened.size(), MOST_RANGES); ++i)
-        for (const int number : {flattened[i].si, flattened[i].ei, flattened[i].dir})
-            ranges.push_back(number);
+    const PopulatedConstraints flattened = populateTypeConstraints(*type, MOST_WALK_STEPS);
+    Json runs = Json::array();
+    for (const RangeRun& run : runsOf(flattened.ranges, MOST_RUNS))
+        runs.push_back(Json::array({run.count, run.range.si, run.range.ei, run.range.dir}));
     return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
-                        m_declarations.declarationOf(id), flattened.size(), std::move(ranges)});
+                        m_declarations.declarationOf(id), flattened.ranges.size(),
+                        flattened.isComplete, std::move(runs)});
 }
 
 } // namespace

@@ -144,18 +144,17 @@ class TypeList {
 
     fill(row, index) {
         const id = this.ids[index];
-        const name = this.records.names[id];
         row.id = `type-option-${index}`;
         row.dataset.index = index;
         row.setAttribute("aria-posinset", index + 1);
         row.setAttribute("aria-setsize", this.ids.length);
         row.setAttribute("aria-selected", id === this.opened);
         row.classList.toggle("cursor", index === this.cursor);
-        row.classList.toggle("nameless", name === "");
+        row.classList.toggle("nameless", this.records.isNameless(id));
         const [idText, nameText, kindText] = row.children;
         idText.textContent = id;
-        nameText.replaceChildren(...nameParts(name));
-        nameText.title = name;
+        nameText.replaceChildren(...labelParts(this.records, id));
+        nameText.title = this.records.labelOf(id);
         kindText.textContent = this.records.kinds[id];
     }
 

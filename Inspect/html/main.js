@@ -73,14 +73,15 @@ class Page {
         this.list.focus();
     }
 
-    /** Types whose name has the text in it; a number is an id as well, and that type is first. */
+    /** Types whose name, or shape if they have none, has the text in it; a number is an id as well, and that type is first. */
     applyFilter() {
         const { records } = this;
         const text = this.search.value.trim().toLowerCase();
         const kind = this.kind.value;
         const wantedId = /^#?\d+$/.test(text) ? Number(text.replace("#", "")) : -1;
         if (this.lowerNames === null && text !== "")
-            this.lowerNames = records.names.map((name) => name.toLowerCase());
+            this.lowerNames = records.names.map(
+                (name, id) => (records.isNameless(id) ? records.labelOf(id) : name).toLowerCase());
         const ids = [];
         for (let id = 0; id < records.count; ++id) {
             if (kind !== "" && records.kinds[id] !== kind)

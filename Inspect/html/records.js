@@ -91,6 +91,7 @@ class Records {
         this.count = this.file.count;
         this.starts = new Float64Array(this.count + 1);
         this.addresses = new Array(this.count);
+        this.shapes = new Map(); // What types without names are, by id.
         this.takeRecords(Array.from(root.querySelectorAll("script.records")));
         this.details = Array.from(root.querySelectorAll("script.details"));
         this.takenDetails = new Map();
@@ -102,6 +103,8 @@ class Records {
         const pieces = scripts.map((script) => {
             const piece = JSON.parse(script.textContent);
             script.remove();
+            for (const [id, shape] of Object.entries(piece.shapes))
+                this.shapes.set(Number(id), shape);
             return { first: piece.first, sizes: piece.sizes, addresses: piece.addresses,
                      bytes: atob(piece.bytes) };
         });
@@ -165,6 +168,15 @@ class Records {
         return text;
     }
 
+    isNameless(id) {
+        return this.names[id] === "" || this.shapes.has(id);
+    }
+
+    /** What a list shows for a type: its name, else what it is. */
+    labelOf(id) {
+        return this.shapes.get(id) || this.names[id] || this.kinds[id];
+    }
+
     size(id) {
         return this.starts[id + 1] - this.starts[id];
     }
@@ -177,12 +189,10 @@ class Records {
         const found = this.takenDetails.get(chunk)[id % this.file.chunk];
         if (found === null)
             return null;
-        const [encoding, valueSize, declaration, rangeCount, numbers] = found;
-        const ranges = [];
-        for (let i = 0; i < numbers.length; i += 3)
-            ranges.push(rangeText(numbers[i], numbers[i + 1], numbers[i + 2]));
+        const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers] = found;
+        const runs = numbers.map(([count, ...range]) => ({ count, text: rangeText(...range) }));
         return { encoding: this.file.encodings[encoding] || String(encoding), valueSize,
-                 declaration, rangeCount, ranges };
+                 declaration, rangeCount, isWalkWhole, runs };
     }
 
     /** The words for a type where another one refers to it. */

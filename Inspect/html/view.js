@@ -26,13 +26,14 @@ function element(name, attributes = {}, ...children) {
     return made;
 }
 
-/** A name in two parts, so that where it is too long what is lost is its scope. */
-function nameParts(name) {
-    const own = name.split("#", 1)[0];
-    const at = own.lastIndexOf("::");
-    const scope = at < 0 ? "" : name.slice(0, at + 2);
+/** A label in two parts, so that where a name is too long what is lost is its scope. */
+function labelParts(records, id) {
+    const label = records.labelOf(id);
+    const own = label.split("#", 1)[0];
+    const at = records.isNameless(id) ? -1 : own.lastIndexOf("::");
+    const scope = at < 0 ? "" : label.slice(0, at + 2);
     return [element("span", { class: "scope" }, scope),
-            element("span", { class: "own" }, name === "" ? "no name" : name.slice(scope.length))];
+            element("span", { class: "own" }, label.slice(scope.length))];
 }
 
 function counted(number, what) {
@@ -130,10 +131,9 @@ class DetailView {
     showType(id) {
         const { records } = this;
         this.shown = id;
-        const name = records.names[id];
         const details = records.detailsOf(id);
-        const title = element("h2", { tabindex: "-1" }, name === "" ? "no name" : name);
-        title.classList.toggle("nameless", name === "");
+        const title = element("h2", { tabindex: "-1" }, records.labelOf(id));
+        title.classList.toggle("nameless", records.isNameless(id));
         this.panel.replaceChildren(
             backToList(),
             element("p", { class: "above" }, element("span", { class: "kind" }, records.kinds[id]),
@@ -174,12 +174,16 @@ class DetailView {
         if (details.rangeCount === 0)
             return;
         const list = element("ol", { class: "ranges" });
-        const made = section(`Flattened constraints (${details.rangeCount.toLocaleString("en")})`,
-                             "constraints", list);
-        fillSlowly(list, details.ranges, (range) => element("li", {}, range));
-        if (details.rangeCount > details.ranges.length)
+        const count = details.rangeCount.toLocaleString("en");
+        const made = section(
+            `Flattened constraints (${details.isWalkWhole ? "" : "more than "}${count})`,
+            "constraints", list);
+        fillSlowly(list, details.runs, (run) => element(
+            "li", {}, run.count === 1 ? run.text : `${run.text} \u00d7 ${run.count.toLocaleString("en")}`));
+        const shown = details.runs.reduce((sum, run) => sum + run.count, 0);
+        if (shown < details.rangeCount || !details.isWalkWhole)
             made.append(element("p", { class: "hint" },
-                                `The page has the first ${details.ranges.length} of them.`));
+                                `The page has the first ${shown.toLocaleString("en")} of them.`));
         this.panel.append(made);
     }
 
@@ -212,9 +216,9 @@ class DetailView {
             item.append(element("span", { class: "hint" }, `type ${id}: there is no such type`));
             return item;
         }
-        const name = records.names[id];
-        const link = element("a", { href: typeHash(id), title: name }, ...nameParts(name));
-        link.classList.toggle("nameless", name === "");
+        const link = element("a", { href: typeHash(id), title: records.labelOf(id) },
+                             ...labelParts(records, id));
+        link.classList.toggle("nameless", records.isNameless(id));
         item.append(link, element("span", { class: "kind" }, records.kinds[id]),
                     element("span", { class: "id" }, String(id)));
         return item;

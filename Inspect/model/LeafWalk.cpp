@@ -1,6 +1,5 @@
 #include "Inspect/model/LeafWalk.h"
 
-#include "Inspect/words/TypeLabel.h"
 #include "Inspect/words/TypeText.h"
 
 namespace Inspect {
@@ -14,9 +13,7 @@ bool isAggregate(const RTBaseType* type) {
     return classId == ClassId::RECORD || classId == ClassId::CLASS;
 }
 
-bool hasName(const RTBaseType* type) {
-    return type != nullptr && type->m_name != nullptr && *type->m_name != '\0';
-}
+bool hasName(const RTBaseType* type) { return type != nullptr && isGivenName(type->m_name); }
 
 } // namespace
 

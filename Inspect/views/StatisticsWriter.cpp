@@ -1,11 +1,11 @@
 // TypeStatistics as text and as JSON.
 
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/json/JsonLines.h"
 #include "Inspect/json/PartJson.h"
 #include "Inspect/model/TypeReferences.h"
 #include "Inspect/views/TypeStatistics.h"
 #include "Inspect/words/Counted.h"
-#include "Inspect/words/TypeLabel.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
@@ -79,7 +79,9 @@ public:
 private:
     void heading(const std::string& text) { m_out << m_style.paint(Ink::HEADING, text) << '\n'; }
 
-    std::string label(unsigned int id) const { return labelOf(id, m_types.typeOf(id), m_style); }
+    std::string label(unsigned int id) const {
+        return labelOf(m_types, id, m_types.typeOf(id), m_style);
+    }
 
     std::string linkBetween(unsigned int from, unsigned int to) const {
         std::vector<TypeLink> links;

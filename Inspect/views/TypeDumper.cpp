@@ -1,10 +1,10 @@
 #include "Inspect/views/TypeDumper.h"
 
 #include "Inspect/declarations/TypeDeclarations.h"
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/words/IndentedLines.h"
-#include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
-#include "RTTI/ConstraintStack.h"
+#include "RTTI/ConstraintPopulation.h"
 #include "RTTI/RTTypeVisitor.h"
 
 #include <fmt/format.h>
@@ -20,11 +20,14 @@ using namespace RTTI;
 
 namespace {
 
+/// Steps of the walk where flattened ranges are wanted whole.
+constexpr std::size_t MOST_STEPS_WHOLE = 10'000'000;
+
 /// Writes the fields of a type's own class, in the order of its record.
 class FieldWriter : public RTTypeVisitor {
 public:
-    FieldWriter(std::ostream& out, const TypeTable& types, const TextStyle& style)
-        : m_out(out), m_types(types), m_style(style) {}
+    FieldWriter(std::ostream& out, const TypeTable& types, const TextStyle& style, RangeLists lists)
+        : m_out(out), m_types(types), m_style(style), m_lists(lists) {}
 
     // Classes without fields, and those that no object has.
     bool visit(const RTBaseType&) override { return true; }
@@ -52,7 +55,7 @@ public:
             item(i,
                  name(quoted(literal.enumName)) + " = " + bytes(literal.value, type.m_valueSize));
         }
-        line("constraints", ranges(type.m_constraints));
+        ranges("constraints", type.m_constraints);
         return true;
     }
 
@@ -83,7 +86,7 @@ public:
 
     bool visit(const RTTypedefType& type) override {
         line("data type", reference(type.m_dataTypeId, type.m_dataType));
-        line("constraints", ranges(type.m_constraints));
+        ranges("constraints", type.m_constraints);
         return true;
     }
 
@@ -96,7 +99,7 @@ public:
         line("dimensions", number(type.m_indexTypeIds.size()));
         for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i)
             item(i, "index type " + reference(type.m_indexTypeIds[i]));
-        line("constraints", ranges(type.m_constraints));
+        ranges("constraints", type.m_constraints);
         svTypeId(type);
         return true;
     }
@@ -118,7 +121,7 @@ public:
     bool visit(const RTAggregateType& type) override {
         line("members", number(type.m_members.size()));
         for (std::size_t i = 0; i < type.m_members.size(); ++i)
-            item(i, member(type, i));
+            member(type, i);
         svTypeId(type);
         return true;
     }
@@ -143,10 +146,9 @@ public:
             line("type behind", behind(*alias));
         if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))
             line("total dimensions", number(container->getTotalNumDimensions(false)));
-        Brakel_tolv::ConstraintStack<FullConstraints> stack;
-        std::vector<FullConstraints> flattened;
-        type.populateTypeConstraints(stack, flattened);
-        line("flattened constraints", ranges(flattened));
+        const PopulatedConstraints flattened = populateTypeConstraints(
+            type, m_lists == RangeLists::WHOLE ? MOST_STEPS_WHOLE : MOST_WALK_STEPS);
+        ranges("flattened constraints", flattened.ranges, flattened.isComplete);
     }
 
 private:
@@ -180,26 +182,29 @@ private:
 
     bool container(const RTAbstractArrayType& type) { return visit(type); }
 
-    std::string member(const RTAggregateType& type, std::size_t index) {
+    void member(const RTAggregateType& type, std::size_t index) {
         const RTAggregateType::t_Member* described = type.m_members[index];
         if (described == nullptr)
-            return "(no member)";
+            return item(index, "(no member)");
         const RTBaseType* linked =
             index < type.m_memberTypes.size() ? type.m_memberTypes[index] : nullptr;
         std::string text = fmt::format("{}: {}", name(quotedName(described->m_memberName)),
                                        reference(described->m_typeId, linked));
         if (!described->m_constraints.empty())
-            text += ", constraints: " + ranges(described->m_constraints);
+            text += ", constraints: " + rangesInLine(described->m_constraints, true);
         const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(described);
         if (classMember != nullptr)
             text += classMember->m_memberFlag ? ", flag: true" : ", flag: false";
-        return text;
+        item(index, text);
+        rangeLines("      ", described->m_constraints);
     }
 
     std::string reference(unsigned int id, const RTBaseType* type) const {
         if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr)
             return "none";
-        return number(id) + ' ' + (type != nullptr ? name(quotedName(type->m_name)) : "(no type)");
+        if (type == nullptr)
+            return number(id) + " (no type)";
+        return number(id) + ' ' + name(nameOrShape(m_types, id, *type));
     }
 
     std::string reference(unsigned int id) const { return reference(id, m_types.typeOf(id)); }
@@ -212,11 +217,29 @@ private:
         return reference(last->m_dataTypeId, type.getSelf(false));
     }
 
-    std::string ranges(const std::vector<FullConstraints>& constraints) const {
-        std::string text;
-        for (const FullConstraints& range : constraints)
-            text += (text.empty() ? "(" : ", (") + number(rangeText(range)) + ')';
-        return text.empty() ? "none" : text;
+    /// Whether a list has lines of its own, so that all of it can be there.
+    bool hasLines(const std::vector<FullConstraints>& list) const {
+        return m_lists == RangeLists::WHOLE &&
+               runsOf(list, MOST_RUNS_IN_LINE + 1).size() > MOST_RUNS_IN_LINE;
+    }
+
+    std::string rangesInLine(const std::vector<FullConstraints>& list, bool isComplete) const {
+        if (!hasLines(list))
+            return list.empty() ? "none" : number(runsText(list, isComplete));
+        return number(list.size()) + (isComplete ? "" : " and more");
+    }
+
+    void rangeLines(std::string_view indentation, const std::vector<FullConstraints>& list) {
+        if (!hasLines(list))
+            return;
+        for (const RangeRun& run : runsOf(list, list.size()))
+            m_out << indentation << number(runText(run)) << '\n';
+    }
+
+    void ranges(std::string_view label, const std::vector<FullConstraints>& list,
+                bool isComplete = true) {
+        line(label, rangesInLine(list, isComplete));
+        rangeLines("    ", list);
     }
 
     std::string bytes(const char* value, std::size_t size) const {
@@ -230,6 +253,7 @@ private:
     std::ostream& m_out;
     const TypeTable& m_types;
     const TextStyle& m_style;
+    const RangeLists m_lists;
 };
 
 /// Where a stream writes a declaration to: one of a single line stands behind its label, a longer
@@ -279,16 +303,15 @@ private:
 
 } // namespace
 
-void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type,
+void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeTable& types,
                  const TextStyle& style) {
     out << style.paint(Ink::HEADING, fmt::format("type {}:", id)) << ' '
-        << style.paint(Ink::KEYWORD, kindOf(type)) << ' '
-        << style.paint(Ink::NAME, quotedName(type.m_name)) << '\n';
+        << describedType(types, id, type, style) << '\n';
 }
 
 void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeTable& types,
-              const TextStyle& style) {
-    dumpHeading(out, id, type, style);
+              const TextStyle& style, RangeLists lists) {
+    dumpHeading(out, id, type, types, style);
     const auto lookup = [&](unsigned int other) {
         return other == id ? &type : types.typeOf(other);
     };
@@ -299,7 +322,7 @@ void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const 
         declarations.declare(lines, id);
     }
     out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
-    FieldWriter fields(out, types, style);
+    FieldWriter fields(out, types, style, lists);
     type.accept(fields);
     fields.writeAnswers(type);
     out << '\n';

@@ -1,10 +1,9 @@
 #include "Inspect/views/TypeLeaves.h"
 
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/json/JsonLines.h"
 #include "Inspect/json/PartJson.h"
 #include "Inspect/model/LeafWalk.h"
-#include "Inspect/words/TypeKind.h"
-#include "Inspect/words/TypeLabel.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
@@ -21,12 +20,12 @@ constexpr std::size_t PATH_WIDTH = 40;
 constexpr std::size_t TYPE_WIDTH = 24;
 constexpr std::size_t ENCODING_WIDTH = 13; ///< Of the longest name.
 
-std::string typeText(const LeafWalk& leaf) {
+std::string typeText(const TypeTable& types, const LeafWalk& leaf) {
     const RTBaseType* type = leaf.type();
     if (type == nullptr)
         return "(no type)";
-    const bool hasName = type->m_name != nullptr && *type->m_name != '\0';
-    std::string text = hasName ? pathName(type->m_name) : std::string(kindOf(*type));
+    std::string text =
+        isGivenName(type->m_name) ? pathName(type->m_name) : shapeOf(types, leaf.typeId(), *type);
     return leaf.isSeenAbove() ? text + " (seen above)" : text;
 }
 
@@ -81,7 +80,7 @@ void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
     LeafWalk leaf(id, types.typeOf(id));
     while (out && leaf.next())
         out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
-            << column(style, Ink::KEYWORD, typeText(leaf), TYPE_WIDTH)
+            << column(style, Ink::KEYWORD, typeText(types, leaf), TYPE_WIDTH)
             << column(style, Ink::COMMENT, encodingOf(leaf, types), ENCODING_WIDTH)
             << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
 }

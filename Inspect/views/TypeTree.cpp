@@ -1,9 +1,10 @@
 #include "Inspect/views/TypeTree.h"
 
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/json/JsonLines.h"
 #include "Inspect/json/PartJson.h"
 #include "Inspect/model/PartWalk.h"
-#include "Inspect/words/TypeLabel.h"
+#include "Inspect/words/TypeText.h"
 
 #include <string>
 
@@ -52,7 +53,7 @@ std::string roleText(const Part& part) {
 /// What a type refers to that is no part of it.
 std::string besides(const RTBaseType& type, const TypeTable& types, const TextStyle& style) {
     const auto label = [&](unsigned int id) {
-        return labelOf(id, id < types.count ? types.typeOf(id) : nullptr, style);
+        return labelOf(types, id, id < types.count ? types.typeOf(id) : nullptr, style);
     };
     switch (type.GetClassId()) {
     case ClassId::ASSOC_ARRAY:
@@ -69,7 +70,7 @@ std::string detailsOf(const Part& part, const TypeTable& types, const TextStyle&
         return "";
     std::string text;
     if (!part.ranges.empty())
-        text += ' ' + style.paint(Ink::NUMBER, '(' + rangeList(part.ranges) + ')');
+        text += ' ' + style.paint(Ink::NUMBER, runsText(part.ranges));
     const std::string range = valueRangeText(*part.type, part.narrowing);
     if (!range.empty())
         text += ' ' + style.paint(Ink::NUMBER, range);
@@ -101,8 +102,8 @@ void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& req
     Branches branches;
     while (out && walk.next()) {
         const Part& part = walk.part();
-        out << branches.before(part) << roleText(part) << labelOf(part.typeId, part.type, style)
-            << detailsOf(part, types, style);
+        out << branches.before(part) << roleText(part)
+            << labelOf(types, part.typeId, part.type, style) << detailsOf(part, types, style);
         if (part.hasParts && part.depth >= request.depth)
             out << ' ' << style.paint(Ink::COMMENT, "...");
         out << '\n';

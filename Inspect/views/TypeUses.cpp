@@ -1,9 +1,9 @@
 #include "Inspect/views/TypeUses.h"
 
+#include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/json/JsonLines.h"
 #include "Inspect/json/PartJson.h"
 #include "Inspect/model/UseIndex.h"
-#include "Inspect/words/TypeLabel.h"
 
 #include <string>
 #include <unordered_map>
@@ -46,7 +46,7 @@ Json useToJson(unsigned int id, const RTBaseType& type, const TypeLink& link) {
 
 void writeHeading(std::ostream& out, const TypeTable& types, unsigned int id, const char* text,
                   const TextStyle& style) {
-    out << labelOf(id, types.typeOf(id), style) << ' ' << text << ":\n";
+    out << labelOf(types, id, types.typeOf(id), style) << ' ' << text << ":\n";
 }
 
 /// The ways of uses to the type that they lead to, in words.
@@ -84,10 +84,11 @@ private:
 
 void writeUses(std::ostream& out, const TypeTable& types, unsigned int id, const TextStyle& style) {
     writeHeading(out, types, id, "is used by", style);
-    forEachUse(
-        out, types, id, [&](unsigned int user, const RTBaseType& type, const TypeLink& link) {
-            out << "  " << labelOf(user, &type, style) << ": " << linkText(type, link) << '\n';
-        });
+    forEachUse(out, types, id,
+               [&](unsigned int user, const RTBaseType& type, const TypeLink& link) {
+                   out << "  " << labelOf(types, user, &type, style) << ": " << linkText(type, link)
+                       << '\n';
+               });
 }
 
 void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
@@ -106,8 +107,8 @@ void writeAllUses(std::ostream& out, const TypeTable& types, unsigned int id,
     const Ways ways(types, uses);
     for (const Use& use : uses) {
         out << "  " << style.paint(Ink::NUMBER, std::to_string(use.distance)) << "  "
-            << labelOf(use.typeId, types.typeOf(use.typeId), style) << ": " << ways.textOf(use)
-            << '\n';
+            << labelOf(types, use.typeId, types.typeOf(use.typeId), style) << ": "
+            << ways.textOf(use) << '\n';
         if (!out)
             return;
     }

@@ -4,6 +4,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace Inspect {
 
 using namespace RTTI;
@@ -15,6 +18,24 @@ template <typename Value>
 std::string nameOr(const NamedValues& names, Value value, const char* format) {
     const char* name = names.nameOf(static_cast<unsigned int>(value));
     return name != nullptr ? name : fmt::format(fmt::runtime(format), value);
+}
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool isPlainInPath(char c) {
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '$' || c == ':';
+}
+
+/// Bounds beyond it stand for the whole range of a double, which some compilers round.
+constexpr double WHOLE_REAL = 1.797e308;
+
+bool hasAllLiterals(const RTSeqEnumType& type, const FullConstraints& range) {
+    return range.si == 0 && range.dir == TypeFileFormat::TO_DIRECTION &&
+           range.ei + 1LL == static_cast<long long>(type.m_enumeratorNames.size());
+}
+
+bool isSame(const FullConstraints& a, const FullConstraints& b) {
+    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
 }
 
 } // namespace
@@ -42,7 +63,20 @@ std::string quoted(std::string_view text) {
     return result + '"';
 }
 
+bool isGivenName(const char* name) {
+    const std::string_view text = name != nullptr ? name : "";
+    if (text.size() < 2 || text.front() != '<' || text.back() != '>')
+        return !text.empty();
+    return !std::all_of(text.begin() + 1, text.end() - 1, isLetter);
+}
+
 std::string quotedName(const char* name) { return name != nullptr ? quoted(name) : "(no name)"; }
+
+std::string pathName(const char* name) {
+    const std::string_view text = name != nullptr ? name : "";
+    return !text.empty() && std::all_of(text.begin(), text.end(), isPlainInPath) ? std::string(text)
+                                                                                 : quoted(text);
+}
 
 std::string rangeText(const FullConstraints& range) {
     if (range.dir == TypeFileFormat::TO_DIRECTION)
@@ -54,6 +88,61 @@ std::string rangeText(const FullConstraints& range) {
     if (range.si == 0 && range.ei == 0)
         return "open";
     return fmt::format("open ({}, {})", range.si, range.ei);
+}
+
+std::vector<RangeRun> runsOf(const std::vector<FullConstraints>& ranges, std::size_t most) {
+    std::vector<RangeRun> runs;
+    for (const FullConstraints& range : ranges) {
+        if (!runs.empty() && isSame(runs.back().range, range))
+            ++runs.back().count;
+        else if (runs.size() == most)
+            break;
+        else
+            runs.push_back({range, 1});
+    }
+    return runs;
+}
+
+std::string runText(const RangeRun& run) {
+    const std::string text = '(' + rangeText(run.range) + ')';
+    return run.count == 1 ? text : fmt::format("{} x {}", text, run.count);
+}
+
+std::string runsText(const std::vector<FullConstraints>& ranges, bool isComplete) {
+    std::string text;
+    std::size_t shown = 0;
+    for (const RangeRun& run : runsOf(ranges, MOST_RUNS_IN_LINE)) {
+        text += (text.empty() ? "" : ", ") + runText(run);
+        shown += run.count;
+    }
+    if (!isComplete)
+        return fmt::format("{}, ... more than {} in all", text, ranges.size());
+    if (shown < ranges.size())
+        return fmt::format("{}, ... {} in all", text, ranges.size());
+    return text.empty() ? "none" : text;
+}
+
+std::string valueRangeText(const RTBaseType& type, const FullConstraints* narrowing) {
+    switch (type.GetClassId()) {
+    case ClassId::INT:
+        return "range " + rangeText(narrowing != nullptr
+                                        ? *narrowing
+                                        : static_cast<const RTIntType&>(type).m_constraint);
+    case ClassId::FLOAT: {
+        const auto& real = static_cast<const RTFloatType&>(type);
+        if (std::abs(real.m_left) > WHOLE_REAL && std::abs(real.m_right) > WHOLE_REAL)
+            return "";
+        const bool ascends = real.m_direction == TypeFileFormat::TO_DIRECTION;
+        return fmt::format("range {} {} {}", real.m_left, ascends ? "to" : "downto", real.m_right);
+    }
+    case ClassId::SEQ_ENUM:
+        if (narrowing == nullptr ||
+            hasAllLiterals(static_cast<const RTSeqEnumType&>(type), *narrowing))
+            return "";
+        return "range " + rangeText(*narrowing);
+    case ClassId::PHYSICAL: return narrowing != nullptr ? "range " + rangeText(*narrowing) : "";
+    default: return "";
+    }
 }
 
 std::string encodingText(ValueEncoding encoding) {

@@ -142,11 +142,11 @@ TEST(GraphWriter, GivesEachNodeItsIdKindNameAndRange) {
                                                            "  }\n"));
 }
 
-TEST(GraphWriter, LeavesOutTheNameOfATypeWithoutOne) {
+TEST(GraphWriter, ShowsTheShapeOfATypeWithoutAName) {
     Types types;
     addInteger(types, nullptr);
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
-              "  T0 [label=<0 <i>integer</i><br/>0 to 255>, fillcolor=\"#FFFFFF\"];\n");
+              "  T0 [label=<0 <i>integer</i><br/>range 0 to 255>, fillcolor=\"#FFFFFF\"];\n");
     EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr("\"name\":null"));
 }
 

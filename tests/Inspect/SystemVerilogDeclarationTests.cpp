@@ -187,7 +187,7 @@ TEST(SystemVerilogDeclarations, RangesThatFindNoPlaceAreToldInAComment) {
     LinkedTypes types;
     const unsigned int logic = types.logic();
     types.alias("t", logic, {{0, 3, 1}});
-    EXPECT_EQ(declared(types), "typedef logic t; // no place for: 0 to 3\n");
+    EXPECT_EQ(declared(types), "typedef logic t; // no place for: (0 to 3)\n");
 }
 
 TEST(SystemVerilogDeclarations, AnOpenPackedDimensionIsNotLegal) {

@@ -65,7 +65,7 @@ TEST(TypeDiffText, OfTheSameTypesIsTheVerdictAlone) {
               "5 and 5 types: 5 equal, 0 removed, 0 changed, 0 containing changed ones, 0 added\n");
 }
 
-TEST(TypeDiffText, TellsTypesWithoutNamesByWhatTheyAreMadeOf) {
+TEST(TypeDiffText, TellsTypesWithoutNamesByTheirShapes) {
     TypeList a, b;
     a.integer("int");
     a.array("", 0, 3, 0);
@@ -75,9 +75,9 @@ TEST(TypeDiffText, TellsTypesWithoutNamesByWhatTheyAreMadeOf) {
     printDiffText(out, Inspect::TypeDiff(a.table(), b.table()), TextStyle::plain());
     EXPECT_EQ(out.str().substr(0, out.str().find("incompatible")),
               "removed type 0: integer \"int\"\n"
-              "removed type 1: packed array (3 downto 0) of integer \"int\"\n"
-              "removed type 2: typedef (1 to 2) (3 downto 0) of packed array (3 downto 0) of "
-              "integer \"int\"\n"
+              "removed type 1: packed array int\n"
+              "removed type 2: typedef \"<anonymous>\" type_1 /* no place for: (1 to 2), "
+              "(3 downto 0) */\n"
               "removed type 3: no type\n");
 }
 

@@ -8,8 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -34,7 +36,7 @@ TEST(TypeDumper, ShowsARealWithBoundsThatReadBack) {
     type.m_left = 0.1;
     type.m_right = 1e300;
     type.m_direction = 1;
-    EXPECT_EQ(dump(4, type), "type 4: real (no name)\n"
+    EXPECT_EQ(dump(4, type), "type 4: real realtime\n"
                              "  declaration: typedef realtime type_4;\n"
                              "  flags: 0x0\n"
                              "  real kind: 3\n"
@@ -51,23 +53,24 @@ TEST(TypeDumper, ShowsUnitsWithTheirValues) {
     RTPhysicalType type;
     type.m_flags = 0x10;
     type.m_units = {{"fs", 1}, {"ps", 1000}};
-    EXPECT_EQ(
-        dump(0, type),
-        "type 0: physical type (no name)\n"
-        "  declaration:\n"
-        "    type type_0 is range -9223372036854775807 to 9223372036854775807 -- not recorded\n"
-        "        units\n"
-        "            fs;\n"
-        "            ps = 1000 fs;\n"
-        "        end units;\n"
-        "  flags: 0x10\n"
-        "  units: 2\n"
-        "    [0] \"fs\" = 1\n"
-        "    [1] \"ps\" = 1000\n"
-        "  value encoding: Unpadded-Byte\n"
-        "  value size: not recorded\n"
-        "  flattened constraints: none\n"
-        "\n");
+    EXPECT_EQ(dump(0, type),
+              "type 0: physical type range -9223372036854775807 to 9223372036854775807 /* not "
+              "recorded */ units fs...\n"
+              "  declaration:\n"
+              "    type type_0 is range -9223372036854775807 to 9223372036854775807 /* not "
+              "recorded */\n"
+              "        units\n"
+              "            fs;\n"
+              "            ps = 1000 fs;\n"
+              "        end units;\n"
+              "  flags: 0x10\n"
+              "  units: 2\n"
+              "    [0] \"fs\" = 1\n"
+              "    [1] \"ps\" = 1000\n"
+              "  value encoding: Unpadded-Byte\n"
+              "  value size: not recorded\n"
+              "  flattened constraints: none\n"
+              "\n");
 }
 
 TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
@@ -84,7 +87,7 @@ TEST(TypeDumper, NamesTheIndexTypesOfAnArray) {
               "  array kind: VHDL_ARRAY\n"
               "  element type: 8 (no type)\n"
               "  dimensions: 1\n"
-              "    [0] index type 9 (no name)\n"
+              "    [0] index type 9 event\n"
               "  constraints: (7 downto 0), (open)\n"
               "  SV type id: 6\n"
               "  value encoding: Byte\n"
@@ -106,7 +109,7 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
     EXPECT_EQ(dump(2, type), "type 2: class \"pkt\"\n"
                              "  declaration:\n"
                              "    class pkt;\n"
-                             "        type_12 items; // flagged // no place for: 0 to 3\n"
+                             "        type_12 items; // flagged // no place for: (0 to 3)\n"
                              "    endclass\n"
                              "    // no legal declaration: type 12 is missing\n"
                              "  flags: 0x0\n"
@@ -123,7 +126,7 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
 TEST(TypeDumper, ShowsKindsOutsideTheirTablesAsNumbers) {
     CTRecordType type;
     type.m_recordKind = static_cast<RecordKind>(0xB0009);
-    EXPECT_EQ(dump(0, type), "type 0: record of unknown kind (no name)\n"
+    EXPECT_EQ(dump(0, type), "type 0: record of unknown kind record end record\n"
                              "  declaration:\n"
                              "    type type_0 is record\n"
                              "    end record;\n"
@@ -148,7 +151,7 @@ TEST(TypeDumper, ShowsTheTypeBehindTypedefs) {
     outer.m_constraints = {{0, 15, 1}};
     EXPECT_EQ(dump(1, outer), "type 1: typedef \"outer\"\n"
                               "  declaration:\n"
-                              "    typedef type_2 outer; // no place for: 0 to 15\n"
+                              "    typedef type_2 outer; // no place for: (0 to 15)\n"
                               "    // no legal declaration: type 2 is missing\n"
                               "  flags: 0x0\n"
                               "  data type: 2 \"inner\"\n"
@@ -180,6 +183,61 @@ TEST(TypeDumper, CountsTheDimensionsBelowAContainer) {
                               "\n");
 }
 
+/// Ranges of which each is unlike its neighbours.
+std::vector<FullConstraints> distinctRanges(int count) {
+    std::vector<FullConstraints> ranges;
+    for (int i = 0; i < count; ++i)
+        ranges.push_back({i, 0, 0});
+    return ranges;
+}
+
+std::string lineWith(const std::string& text, const std::string& label) {
+    const std::size_t begin = text.find(label);
+    return text.substr(begin, text.find('\n', begin) - begin);
+}
+
+TEST(TypeDumper, ShortensLongListsOfRanges) {
+    CTTypedefType type("t", 2);
+    type.m_constraints = distinctRanges(20);
+    EXPECT_EQ(
+        lineWith(dump(0, type), "  constraints:"),
+        "  constraints: (0 downto 0), (1 downto 0), (2 downto 0), (3 downto 0), (4 downto 0), "
+        "(5 downto 0), (6 downto 0), (7 downto 0), ... 20 in all");
+}
+
+TEST(TypeDumper, GivesLongListsWholeOnRequest) {
+    std::ostringstream out;
+    CTTypedefType type("t", 2);
+    type.m_constraints = distinctRanges(9);
+    dumpType(out, 0, type, {1, [](unsigned int) { return nullptr; }}, TextStyle::plain(),
+             RangeLists::WHOLE);
+    EXPECT_THAT(out.str(), testing::HasSubstr("  constraints: 9\n"
+                                              "    (0 downto 0)\n"
+                                              "    (1 downto 0)\n"));
+    EXPECT_THAT(out.str(), testing::HasSubstr("    (8 downto 0)\n  value encoding:"));
+}
+
+TEST(TypeDumper, EndsTheWalkOfATypeThatNeverEnds) {
+    // Forty arrays of structs, each with two members of the next: 2^40 ranges.
+    std::vector<std::unique_ptr<RTRecordType>> records;
+    CTArrayType word("word", VLOG_FIXED_PACKED_ARRAY, 1, 0);
+    word.m_constraints = {{7, 0, 0}};
+    const RTBaseType* next = &word;
+    for (int i = 0; i < 40; ++i) {
+        records.push_back(std::make_unique<RTRecordType>());
+        for (int m = 0; m < 2; ++m) {
+            auto* member = new RTAggregateType::t_Member;
+            member->m_memberName = copyOf("m");
+            records.back()->m_members.push_back(member);
+            records.back()->m_memberTypes.push_back(next);
+        }
+        next = records.back().get();
+    }
+    const std::string line = lineWith(dump(0, *records.back()), "  flattened constraints:");
+    EXPECT_THAT(line, testing::MatchesRegex("  flattened constraints: \\(7 downto 0\\) x [0-9]+, "
+                                            "\\.\\.\\. more than [0-9]+ in all"));
+}
+
 TEST(TypeReferences, AreTheIdsOfAllFieldsEachOnce) {
     CTArrayType array("a", VHDL_ARRAY, 8, 9);
     array.m_indexTypeIds = {9, 8, 9};
@@ -204,6 +262,23 @@ TEST(TypeText, WritesRangesAsTheLanguagesDo) {
     EXPECT_EQ(rangeText({0, 0, -2}), "open");
     EXPECT_EQ(rangeText({1, 2, -2}), "open (1, 2)");
     EXPECT_EQ(rangeText({1, 2, 7}), "1, 2, direction 7");
+}
+
+TEST(TypeText, CountsEqualRangesThatFollowOneAnother) {
+    const FullConstraints word = {31, 0, 0};
+    const FullConstraints byte = {7, 0, 0};
+    EXPECT_EQ(runsText({word, word, byte, word}), "(31 downto 0) x 2, (7 downto 0), (31 downto 0)");
+    EXPECT_EQ(runsText({word, word}, false), "(31 downto 0) x 2, ... more than 2 in all");
+    EXPECT_EQ(runsText({}), "none");
+}
+
+TEST(TypeText, KnowsNamesThatSomebodyGave) {
+    EXPECT_TRUE(isGivenName("a"));
+    EXPECT_TRUE(isGivenName("<a>b"));
+    EXPECT_TRUE(isGivenName("<a><b>"));
+    EXPECT_FALSE(isGivenName("<anonymous>"));
+    EXPECT_FALSE(isGivenName(""));
+    EXPECT_FALSE(isGivenName(nullptr));
 }
 
 TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {

@@ -100,7 +100,7 @@ TEST(TypeLeaves, EnumerationIsNamedForItself) {
     const auto list = types.packed(types.add(state), {LANES});
     const auto record = types.structure("r", {{"s", list}});
     EXPECT_EQ(squeezed(leavesOf(types, record)),
-              "r.s discrete enumeration 4-State 0 to 3, 1 downto 0\n");
+              "r.s enum logic [1:0] { } 4-State 0 to 3, 1 downto 0\n");
 }
 
 TEST(TypeLeaves, InheritedMembersComeFirst) {

@@ -272,8 +272,8 @@ TEST(TypeStatistics, AreWrittenAsText) {
                          "  ... and 1 more\n"
                          "\n"
                          "largest records, in bytes\n"
-                         "          54  4 queue\n"
-                         "          53  3 queue\n"
+                         "          54  4 queue string [$]\n"
+                         "          53  3 queue string [$]\n"
                          "\n"
                          "most members, literals or units\n"
                          "           1  1 unpacked struct \"r\\x1B\"\n"
@@ -281,7 +281,7 @@ TEST(TypeStatistics, AreWrittenAsText) {
                          "3 types that no other type refers to\n"
                          "(signals, variables and parameters may still be of them)\n"
                          "  2 typedef \"t\"\n"
-                         "  3 queue\n"
+                         "  3 queue string [$]\n"
                          "  ... and 1 more\n"
                          "\n");
 }

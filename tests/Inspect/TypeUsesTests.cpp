@@ -46,8 +46,8 @@ TEST(TypeUses, TellsTheRoleOfEachReference) {
                                      "  1 typedef \"alias\": aliased type\n"
                                      "  2 VHDL array \"grid\": element\n"
                                      "  2 VHDL array \"grid\": index type of dimension 2\n"
-                                     "  3 associative array: element\n"
-                                     "  3 associative array: index type\n"
+                                     "  3 associative array string [string]: element\n"
+                                     "  3 associative array string [string]: index type\n"
                                      "  4 unpacked struct \"\\x1B\": member \"a\"\n"
                                      "  4 unpacked struct \"\\x1B\": member \"\\n\"\n"
                                      "  5 access type \"ptr\": designated type\n"
@@ -66,7 +66,7 @@ TEST(TypeUses, TellsWhoExtendsAClassAndWhoseBaseAnEnumerationHas) {
     state.m_baseTypeId = others.logic();
     others.add(state);
     EXPECT_EQ(usesOf(others, 0), "0 sequential enumeration \"logic\" is used by:\n"
-                                 "  1 discrete enumeration: base type\n");
+                                 "  1 discrete enumeration enum logic { }: base type\n");
 }
 
 TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
@@ -78,10 +78,10 @@ TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
     types.queue(4);
     EXPECT_EQ(allUsesOf(types, logic),
               "0 sequential enumeration \"logic\" is used by, directly and through others:\n"
-              "  1  1 packed array: element 0\n"
+              "  1  1 packed array logic [7:0]: element 0\n"
               "  1  4 unpacked struct \"pkt_t\": member \"ok\" 0\n"
               "  2  2 typedef \"byte_t\": aliased type 1 > element 0\n"
-              "  2  5 queue: element 4 > member \"ok\" 0\n"
+              "  2  5 queue pkt_t [$]: element 4 > member \"ok\" 0\n"
               "  3  3 unpacked struct \"hdr_t\": member \"len\" 2 > aliased type 1 > element 0\n");
 }
 
@@ -100,9 +100,11 @@ TEST(TypeUses, ShowsTheBeginningOfALongWay) {
     for (int i = 0; i < 9; ++i)
         last = types.queue(last);
     const std::string text = allUsesOf(types, 0);
-    const std::string eighth = "  8  8 queue: element 7 > element 6 > element 5 > element 4 > "
+    const std::string eighth = "  8  8 queue string [$][$][$][$][$][$][$][$]: element 7 > element "
+                               "6 > element 5 > element 4 > "
                                "element 3 > element 2 > element 1 > element 0\n";
-    const std::string ninth = "  9  9 queue: element 8 > element 7 > element 6 > element 5 > "
+    const std::string ninth = "  9  9 queue type_1 [$][$][$][$][$][$][$][$]: element 8 > element 7 "
+                              "> element 6 > element 5 > "
                               "element 4 > element 3 > element 2 > element 1 > ...\n";
     ASSERT_GT(text.size(), eighth.size() + ninth.size());
     EXPECT_EQ(text.substr(text.size() - eighth.size() - ninth.size()), eighth + ninth);

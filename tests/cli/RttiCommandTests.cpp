@@ -50,7 +50,7 @@ TEST(RttiDump, PrintsAllFieldsOfAType) {
                           "        L_Z = 2'bzz\n"
                           "    } \\kinds_pkg::enum_logic_e ;\n"
                           "  flags: 0x0\n"
-                          "  base type: 4 \"\"\n"
+                          "  base type: 4 logic [1:0]\n"
                           "  literals: 4\n"
                           "    [0] \"L_0\" = 00 00\n"
                           "    [1] \"L_1\" = 01 00\n"
@@ -240,7 +240,7 @@ TEST(RttiShow, PrintsATypeWhatItRefersToAndWhatRefersToIt) {
     const Result result = rtti("show " + example("svkinds_slang") + " 5");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, StartsWith("type 5: discrete enumeration"));
-    EXPECT_THAT(result.out, HasSubstr("\nrefers to:\n\ntype 4: packed array \"\"\n"
+    EXPECT_THAT(result.out, HasSubstr("\nrefers to:\n\ntype 4: packed array logic [1:0]\n"
                                       "  declaration: typedef logic [1:0] type_4;\n"));
     EXPECT_THAT(result.out, EndsWith("\nreferred to by:\n\ntype 6: typedef "
                                      "\"kinds_pkg::enum_logic_e\"\n"));

@@ -28,6 +28,7 @@ struct DumpOptions : FileArguments, ColorArguments {
     bool trace = false;
     bool json = false;
     bool ndjson = false;
+    bool all = false; ///< Lists of ranges whole.
 };
 
 using namespace RTTI;
@@ -113,7 +114,9 @@ private:
         else if (m_declarations)
             m_declarations->add(id);
         else
-            Inspect::dumpType(std::cout, id, *type, m_types, m_style);
+            Inspect::dumpType(std::cout, id, *type, m_types, m_style,
+                              m_options.all ? Inspect::RangeLists::WHOLE
+                                            : Inspect::RangeLists::SHORT);
     }
 
     bool isWanted(const RTBaseType& type) const {
@@ -180,6 +183,7 @@ Subcommand addDump(CLI::App& program) {
         ->type_name("GLOB");
     addChoice(*dump, "--format", options->format, {"vhdl", "sv"}, "LANGUAGE",
               "Print declarations that a compiler reads, in VHDL or SystemVerilog");
+    dump->add_flag("--all", options->all, "Show long lists of ranges whole");
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
     dump->add_flag("--ndjson", options->ndjson, "The same with a JSON object a line");

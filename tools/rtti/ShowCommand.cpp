@@ -18,16 +18,19 @@ namespace {
 /// `rtti show`: which type of which file.
 struct ShowOptions : FileArguments, ColorArguments {
     std::string type;
+    bool all = false; ///< Lists of ranges whole.
 };
 
 /// Prints a type with its neighbours.
 class Show {
 public:
-    Show(OpenedFile& file, const Inspect::TextStyle& style) : m_file(file), m_style(style) {}
+    Show(OpenedFile& file, const Inspect::TextStyle& style, bool all)
+        : m_file(file), m_style(style),
+          m_lists(all ? Inspect::RangeLists::WHOLE : Inspect::RangeLists::SHORT) {}
 
     void type(unsigned int id) const {
         if (const RTBaseType* shown = m_types.typeOf(id))
-            Inspect::dumpType(std::cout, id, *shown, m_types, m_style);
+            Inspect::dumpType(std::cout, id, *shown, m_types, m_style, m_lists);
         else
             std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
                       << " builds no type\n\n";
@@ -53,7 +56,7 @@ public:
             Inspect::linksOf(*referring, links);
             if (std::any_of(links.begin(), links.end(),
                             [=](const auto& link) { return link.typeId == id; }))
-                Inspect::dumpHeading(std::cout, other, *referring, m_style);
+                Inspect::dumpHeading(std::cout, other, *referring, m_types, m_style);
         }
     }
 
@@ -65,6 +68,7 @@ private:
     OpenedFile& m_file;
     const Inspect::TypeTable m_types = m_file.types();
     const Inspect::TextStyle m_style;
+    const Inspect::RangeLists m_lists;
 };
 
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
@@ -72,7 +76,7 @@ private:
 int runShow(const ShowOptions& options) {
     OpenedFile file(options);
     const unsigned int id = file.idOf("TYPE", options.type);
-    const Show show(file, options.style());
+    const Show show(file, options.style(), options.all);
     show.type(id);
     show.referredTypes(id);
     show.referringTypes(id);
@@ -87,6 +91,7 @@ Subcommand addShow(CLI::App& program) {
     addFileArguments(*show, *options);
     addTypeArgument(*show, options->type)->required();
     addColorArgument(*show, *options);
+    show->add_flag("--all", options->all, "Show long lists of ranges whole");
     show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ ibex_pkg::md_op_e");
     return {show, [options] { return runShow(*options); }};
 }

@@ -77,7 +77,7 @@ package types is
     -- type 44: real "prob_t"
     type prob_t is range 0.0 to 1.0;
     -- type 45: physical type "resist"
-    type resist is range -9223372036854775807 to 9223372036854775807 -- not recorded
+    type resist is range -9223372036854775807 to 9223372036854775807 /* not recorded */
         units
             ohm;
             kohm = 1000 ohm;
