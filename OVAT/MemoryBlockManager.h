@@ -7,16 +7,16 @@
 
 namespace OVAT {
 
-/// Block storage over bytes in memory that somebody else owns and keeps alive.
+/// Block storage over bytes in memory that the caller owns and keeps alive.
 class MemoryBlockManager : public IBlockManager {
 public:
     /// A view of `size` bytes at `data`, which may be null when `size` is 0.
     MemoryBlockManager(const void* data, std::size_t size);
 
-    /// Always true. Throws std::out_of_range where the bytes do not all lie in the storage.
+    /// Always returns true. Throws std::out_of_range if any of the bytes lie outside the storage.
     bool read(unsigned long long offset, void* buffer, long long count) override;
 
-    /// Bytes of the view.
+    /// The size of the view in bytes.
     unsigned long long size() const { return m_size; }
 
 private:
@@ -24,16 +24,16 @@ private:
     std::size_t m_size;
 };
 
-/// Block storage over bytes of its own.
+/// Block storage that owns its bytes.
 class OwningMemoryBlockManager : public IBlockManager {
 public:
-    /// Takes the bytes; with std::move nothing is copied.
+    /// Takes over `bytes`. Pass them with std::move and nothing is copied.
     explicit OwningMemoryBlockManager(std::vector<char> bytes);
 
-    /// Always true. Throws std::out_of_range where the bytes do not all lie in the storage.
+    /// Always returns true. Throws std::out_of_range if any of the bytes lie outside the storage.
     bool read(unsigned long long offset, void* buffer, long long count) override;
 
-    /// Bytes of the storage.
+    /// The size of the storage in bytes.
     unsigned long long size() const { return m_bytes.size(); }
 
 private:

@@ -4,35 +4,35 @@
 
 namespace OVAT {
 
-/// A file that appears whole or not at all.
+/// A file that appears complete or not at all.
 ///
-/// The bytes go to a temporary file in the directory of the file to be; `commit` gives it the
-/// name, in place of a file that had it. Without `commit` nothing is left behind and an older file
-/// stays as it was. Every operation throws std::system_error, with the path in its text, where the
-/// operating system refuses.
+/// The bytes go to a temporary file in the same directory; `commit` renames it, and so replaces any
+/// older file of that name. Without `commit` nothing is left behind and an older file stays as it
+/// was. Every function throws std::system_error, with the path in its message, if the operating
+/// system reports an error.
 class WholeFile {
 public:
-    /// Symbolic links are followed. A path that names something else than a regular file, such as
-    /// a directory or a pipe, is refused.
+    /// Creates the temporary file. Symbolic links in `path` are followed. A path to anything other
+    /// than a regular file, such as a directory or a pipe, is refused.
     explicit WholeFile(const std::string& path);
     WholeFile(const WholeFile&) = delete;
     WholeFile& operator=(const WholeFile&) = delete;
     ~WholeFile();
 
-    /// Bytes in front of `offset` that nobody writes are zero.
+    /// Writes `count` bytes at `offset`. Bytes before `offset` that are never written are zero.
     void write(unsigned long long offset, const void* bytes, unsigned long long count);
 
-    /// Fills the file up to `size` with zeros where it is shorter.
+    /// Pads the file with zeros up to `size` bytes if it is shorter.
     void extend(unsigned long long size);
 
-    /// Where the bytes are until `commit`, so that they can be read again.
+    /// The path of the bytes until `commit`, for example to read them back.
     const std::string& temporaryPath() const { return m_temporaryPath; }
 
-    /// Brings the bytes to the disk and the file to its name. Called once, last.
+    /// Flushes the bytes to the disk and gives the file its name. Must be the last call, made once.
     void commit();
 
 private:
-    /// Closes the temporary file and, unless it got its name, removes it.
+    /// Closes the temporary file, and removes it unless it has been renamed.
     void discard() noexcept;
 
     std::string m_path;

@@ -4,23 +4,25 @@
 
 namespace RTTI {
 
-/// Tells a compile-time type's class. Not the way to destroy one: that is its run-time class.
+/// The common base of the compile-time types, which a compiler builds from a name and type ids
+/// instead of reading them from a file. Objects cannot be destroyed through a pointer to it; use
+/// their run-time class.
 ///
-/// The compile-time types are those that a compiler builds by name and type ids instead of reading
-/// them from a file. Each is its run-time class with constructors: names are copied, a null name
-/// stays null, and no id is resolved; whoever builds the type owns it and fills in its links,
-/// sizes, constraints and members (see TypeBuilding.h). The arrays of variable size have no
-/// CTBaseType part.
+/// Each compile-time class is its run-time class plus constructors. These copy the name (a null
+/// name stays null) and resolve no ids. The code that builds a type owns it and fills in its links,
+/// sizes, constraints and members (see TypeFile/TypeBuilding.h). The arrays of variable size do not
+/// derive from CTBaseType.
 class RTTI_EXPORT CTBaseType {
 public:
-    /// The class as a number of `ClassId`, the same as that of the run-time class. Constant time.
+    /// The class as one of the `ClassId` constants, the same as for the run-time class. Constant
+    /// time.
     virtual unsigned int GetClassId() const = 0;
 
 protected:
     ~CTBaseType() = default;
 };
 
-/// An enumeration whose literals stand for 0, 1, 2, ..., as a compiler builds it.
+/// An enumeration whose literals have the values 0, 1, 2, ..., as a compiler builds it.
 class RTTI_EXPORT CTSeqEnumType : public RTSeqEnumType, public CTBaseType {
 public:
     unsigned int GetClassId() const override;
@@ -59,7 +61,7 @@ class RTTI_EXPORT CTAccessType : public RTAccessType, public CTBaseType {
 public:
     CTAccessType() = default;
 
-    /// Designates the type with the id `refTypeId`.
+    /// An access type that designates the type with the id `refTypeId`.
     CTAccessType(const char* name, unsigned int refTypeId);
     unsigned int GetClassId() const override;
 };
@@ -75,7 +77,7 @@ class RTTI_EXPORT CTFileType : public RTFileType, public CTBaseType {
 public:
     CTFileType() = default;
 
-    /// A file of elements of the type with the id `refTypeId`.
+    /// A file whose elements have the type with the id `refTypeId`.
     CTFileType(const char* name, unsigned int refTypeId);
     unsigned int GetClassId() const override;
 };
@@ -91,7 +93,7 @@ class RTTI_EXPORT CTArrayType : public RTArrayType, public CTBaseType {
 public:
     CTArrayType() = default;
 
-    /// An array of one dimension.
+    /// An array with one dimension. The ids are those of its element type and index type.
     CTArrayType(const char* name, ArrayKind kind, unsigned int elementTypeId,
                 unsigned int indexTypeId);
     unsigned int GetClassId() const override;
@@ -106,7 +108,7 @@ public:
 /// A SystemVerilog dynamic array, as a compiler builds it.
 class RTTI_EXPORT CTDynamicArrayType : public RTDynamicArrayType {
 public:
-    /// Of elements of the type with the id `elementTypeId`.
+    /// An array whose elements have the type with the id `elementTypeId`.
     CTDynamicArrayType(const char* name, unsigned int elementTypeId);
     unsigned int GetClassId() const override;
 };
@@ -114,7 +116,7 @@ public:
 /// A SystemVerilog queue, as a compiler builds it.
 class RTTI_EXPORT CTQueueType : public RTQueueType {
 public:
-    /// Of elements of the type with the id `elementTypeId`.
+    /// A queue whose elements have the type with the id `elementTypeId`.
     CTQueueType(const char* name, unsigned int elementTypeId);
     unsigned int GetClassId() const override;
 };
@@ -122,7 +124,7 @@ public:
 /// A SystemVerilog associative array, as a compiler builds it.
 class RTTI_EXPORT CTAssocArrayType : public RTAssocArrayType {
 public:
-    /// Elements and indices are of the types with these ids.
+    /// An array whose elements and indices have the types with these ids.
     CTAssocArrayType(const char* name, unsigned int elementTypeId, unsigned int indexTypeId);
     unsigned int GetClassId() const override;
 };

@@ -6,60 +6,62 @@
 #include <memory>
 #include <vector>
 
-/// What walks over types carry along, apart from the types themselves.
+/// The state that a walk over types carries along.
 namespace Brakel_tolv {
 
-/// The ranges of the levels around a type, innermost on top, while a type's ranges are flattened.
+/// The ranges of the levels around a type, innermost on top, while the type's ranges are flattened.
 ///
-/// A level pushes the ranges that it adds; an array takes one range a dimension. Where a level
-/// leaves a range open (direction -2), the next level below answers, and each level that was asked
-/// has used up one of its entries. The stack owns its frames. The first few lie in the stack
-/// itself, so that walks of ordinary types allocate nothing for them.
+/// Each level pushes a frame with the ranges that it adds; an array takes one range for each of its
+/// dimensions. If a level leaves a range open (direction -2), the next level below supplies it, and
+/// each level that was asked has used up one of its entries. The stack owns its frames. The first
+/// few are stored in the stack object itself, so walks of ordinary types allocate nothing for them.
 template <typename Constraint> class ConstraintStack {
 public:
     /// The ranges of one level.
     struct Frame {
         const std::vector<Constraint>* m_constraints; ///< The entries.
-        unsigned int m_cursor;                        ///< The entry that is used next.
-        unsigned int m_below : 31; ///< The depth at which a question goes on below this frame.
+        unsigned int m_cursor;                        ///< The next entry to use.
+        unsigned int m_below : 31; ///< The depth at which the search continues below this frame.
         unsigned int
-            m_isCopy : 1; ///< Then the ranges belong to the frame, else to the level's type.
+            m_isCopy : 1; ///< Whether the frame owns its ranges; if not, the level's type does.
     };
 
-    /// Empty. Constant time; nothing is allocated.
+    /// An empty stack. Constant time; nothing is allocated.
     // cppcheck-suppress uninitMemberVar
-    ConstraintStack() {} // Leaves the room for frames as it is.
+    ConstraintStack() {} // Leaves the storage for frames uninitialised.
     ConstraintStack(const ConstraintStack&) = delete;
     ConstraintStack& operator=(const ConstraintStack&) = delete;
 
-    /// Removes the frames that are left.
+    /// Removes any remaining frames.
     ~ConstraintStack() { popTo(0); }
 
-    /// Pushes a frame with a copy of `own`. Entries that stand open are first filled from the
-    /// bottom frame, where both agree on the first entry of `own` that has bounds. Grows with the
-    /// entries of both frames; throws std::bad_alloc alone, and then nothing was pushed.
+    /// Pushes a frame with a copy of `own`. Open entries are first filled in from the bottom frame,
+    /// provided that both agree on the first entry of `own` that has bounds. Takes time
+    /// proportional to the entries of both frames; throws only std::bad_alloc, and then nothing has
+    /// been pushed.
     void push(const std::vector<Constraint>& own);
 
-    /// The same without a copy where nothing is filled: `own` must not change until its frame is
-    /// popped. Grows with the entries where some stand open; throws as `push` does.
+    /// Like `push`, but makes no copy unless an entry has to be filled in: `own` must not change
+    /// until its frame is popped. Takes time proportional to the entries if some are open, else
+    /// constant time; throws like `push`.
     void pushLasting(const std::vector<Constraint>& own);
 
     /// Removes the top frame; the stack must not be empty. Constant time.
     void pop() { popTo(m_depth - 1); }
 
-    /// Removes the frames above the lowest `depth`, of which there must be that many. Constant time
-    /// where none has ranges of its own, else linear in the frames removed.
+    /// Removes all but the lowest `depth` frames; there must be at least that many. Constant time
+    /// if no frame owns its ranges, else linear in the number of frames removed.
     void popTo(std::size_t depth);
 
-    /// Frames on the stack.
+    /// The number of frames on the stack.
     std::size_t depth() const { return m_depth; }
 
-    /// Whether a level leaves this range to the levels below it.
+    /// Whether a level leaves this range to the levels below.
     static bool isOpen(const Constraint& range) {
         return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
     }
 
-    /// Whether a level with these ranges leaves one of them to the levels below it.
+    /// Whether a level with these ranges leaves any of them to the levels below.
     static bool hasOpenEntries(const std::vector<Constraint>& ranges) {
         for (const Constraint& range : ranges) {
             if (isOpen(range))
@@ -68,9 +70,9 @@ public:
         return false;
     }
 
-    /// The next range, valid until the frame that gave it is popped. All zero where every level
-    /// leaves it open or has no entry left. Grows with the levels that have an entry left: those
-    /// that have none are passed over for good.
+    /// The next range, valid until the frame that it comes from is popped. All fields are zero if
+    /// every level leaves the range open or has no entry left. Takes time proportional to the
+    /// levels that have an entry left: a level without one is skipped from then on.
     const Constraint& getConstraint();
 
 private:
@@ -93,7 +95,7 @@ private:
     Frame* m_frames = m_inside; ///< Bottom first.
     std::size_t m_depth = 0;
     std::size_t m_room = FRAMES_INSIDE;
-    std::size_t m_copies = 0; ///< Frames with ranges of their own.
+    std::size_t m_copies = 0; ///< The number of frames that own their ranges.
     std::unique_ptr<Frame[]> m_outside;
     union {
         Frame m_inside[FRAMES_INSIDE];

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Marks what the shared library offers to programs that link it; everything else stays hidden.
+/// Marks the names that the shared library exports; all others stay hidden.
 #if defined(__GNUC__)
 #define RTTI_EXPORT __attribute__((visibility("default")))
 #else

@@ -13,7 +13,7 @@ namespace RTTI {
 
 class RTTypeVisitor;
 
-/// Kind of an array. A value outside the list is kept as the type file gives it.
+/// The kind of an array. Other values are kept as the type file has them.
 enum ArrayKind : unsigned int {
     ARRAY_KIND_INVALID = 0xA00000,
     VHDL_ARRAY = 0xA00001,
@@ -25,7 +25,7 @@ enum ArrayKind : unsigned int {
     BYTE_UNPADDED_ARRAY = 0xA00007
 };
 
-/// Kind of a record, struct or union. A value outside the list is kept as the type file gives it.
+/// The kind of a record, struct or union. Other values are kept as the type file has them.
 enum RecordKind : unsigned int {
     RECORD_KIND_INVALID = 0xB0000,
     VHDL_RECORD = 0xB0001,
@@ -38,7 +38,7 @@ enum RecordKind : unsigned int {
     BYTE_UNPADDED_STRUCT = 0xB0008
 };
 
-/// Kind of a sequential enumeration. A value outside the list is kept as the type file gives it.
+/// The kind of a sequential enumeration. Other values are kept as the type file has them.
 enum EnumKind : int {
     INVALID_ENUM = 0,
     VLOG_BUILTIN_ENUM = 1,
@@ -48,7 +48,7 @@ enum EnumKind : int {
     VHDL_OTHER_ENUM = 5
 };
 
-/// How a value lies in the simulator's memory.
+/// How a value is laid out in the simulator's memory.
 enum ValueEncoding : int {
     ENCODING_4_STATE = 0,
     ENCODING_2_STATE = 1,
@@ -56,28 +56,28 @@ enum ValueEncoding : int {
     ENCODING_UNPADDED_BYTE = 3
 };
 
-/// One index range. The same 12 bytes in memory and in the type file.
+/// An index range. Its 12 bytes are the same in memory and in the type file.
 struct FullConstraints {
     int si = 0;  ///< Left bound, as written in the source.
     int ei = 0;  ///< Right bound.
-    int dir = 0; ///< 1 for `to`, 0 for `downto`, -2 where the range stands open.
+    int dir = 0; ///< 1 for `to`, 0 for `downto`, -2 for an open range.
 };
 static_assert(sizeof(FullConstraints) == TypeFileFormat::CONSTRAINT_SIZE);
 
-/// A data type of the simulated design; the root of all run-time type classes.
+/// A data type of the simulated design; the base of all run-time type classes.
 ///
-/// A type that was loaded belongs to its RTTypeManager, and so do the types that it points to:
-/// every link from one type to another is a plain pointer that nobody deletes through. A type owns
-/// its name, its vectors and its member records. Fields are public and are read directly; once a
-/// type is loaded nothing but its SV type id changes. The order of the virtual operations and of
-/// the fields is a binary interface.
+/// A loaded type belongs to its RTTypeManager, and so do the types that it points to: a link from
+/// one type to another is a plain pointer without ownership. A type owns its name, its vectors and
+/// its members. Fields are public and read directly; once a type has been loaded, only its SV type
+/// id ever changes. The order of the virtual functions and of the fields is part of the binary
+/// interface.
 ///
-/// Once its manager has loaded a type and all that it leads to, any number of threads may call its
-/// constant member functions at the same time, `setSVTypeId` included, with a ConstraintStack of
-/// their own each.
+/// Once its manager has loaded a type and everything that it leads to, any number of threads may
+/// call its const member functions at the same time, `setSVTypeId` included, provided that each
+/// thread uses a ConstraintStack of its own.
 class RTTI_EXPORT RTBaseType {
 public:
-    /// Without a name.
+    /// A type without a name.
     RTBaseType() = default;
 
     /// Copies `name` into an array of its own; a null name stays null.
@@ -86,42 +86,42 @@ public:
     RTBaseType(const RTBaseType&) = delete;
     RTBaseType& operator=(const RTBaseType&) = delete;
 
-    /// The class as a number of `ClassId`. Constant time.
+    /// The class as one of the `ClassId` constants. Constant time.
     virtual unsigned int GetClassId() const;
 
     virtual ~RTBaseType();
 
-    /// Calls the visitor's overload for this class and returns its result. Typedefs are not looked
-    /// through. Constant time, besides what the visitor does; what it throws passes through.
+    /// Calls the visitor's overload for this class and returns its result. A typedef is visited as
+    /// itself. Constant time, apart from the visitor; exceptions of the visitor pass through.
     virtual bool accept(RTTypeVisitor& visitor) const = 0;
 
     /// How a value is encoded: for most classes "Unpadded-Byte" if bit 0x10 of the flags is set,
-    /// else "Byte". Constant time for scalars; else each type below is looked at once, and
-    /// std::bad_alloc can come out. Asking a class can leave a mark behind: see RTClassType.
+    /// else "Byte". Constant time for scalars. Other queries examine each type below once and can
+    /// throw std::bad_alloc. Asking a class can leave a mark on it: see RTClassType.
     virtual ValueEncoding getValueEncoding() const;
 
-    /// This type; for a typedef with `keepTypedefs` false, the first type behind it that is none.
-    /// Grows with the length of the chain of typedefs.
+    /// This type. For a typedef, unless `keepTypedefs` is true: the first type behind it that is
+    /// not a typedef. Takes time proportional to the length of the chain of typedefs.
     virtual const RTBaseType* getSelf(bool keepTypedefs) const;
 
-    /// Stores the SystemVerilog type id where the class has room for one, else does nothing.
+    /// Stores the SystemVerilog type id if the class has a field for it, else does nothing.
     virtual void setSVTypeId(int svTypeId) const;
 
-    /// The SystemVerilog type id, -99 for none. Constant time; for a typedef as `getSelf`.
+    /// The SystemVerilog type id; -99 means none. Constant time; for a typedef as for `getSelf`.
     virtual int getSVTypeId() const;
 
-    /// Bytes that one value takes; 0 where the type does not record it. Constant time.
+    /// The size of a value in bytes; 0 if the type does not record it. Constant time.
     virtual unsigned int getValueSize() const;
 
     /// Appends to `out` one range for each array dimension in and below this type. `stack` holds
-    /// the constraints of the levels above (normally none) and is left as it was, apart from the
-    /// entries that were used up. Grows with the types passed and the ranges appended; throws
-    /// std::bad_alloc alone.
+    /// the constraints of the levels above (normally none) and is left as it was, except for the
+    /// entries that have been used up. Takes time proportional to the types passed and the ranges
+    /// appended; throws only std::bad_alloc.
     virtual void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                          std::vector<FullConstraints>& out) const;
 
     char* m_name = nullptr;   ///< Zero-terminated, owned (array new); may be null.
-    unsigned int m_flags = 0; ///< As in the record; only bit 0x10 means something here.
+    unsigned int m_flags = 0; ///< As in the record. The library interprets only bit 0x10.
 };
 
 } // namespace RTTI

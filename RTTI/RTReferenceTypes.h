@@ -6,10 +6,10 @@
 
 namespace RTTI {
 
-/// A named alias of another type (VHDL subtype, SystemVerilog typedef) that can narrow it.
+/// A named alias of another type (VHDL subtype, SystemVerilog typedef), which can narrow that type.
 class RTTI_EXPORT RTTypedefType : public RTBaseType {
 public:
-    /// Of no type.
+    /// An alias of no type.
     using RTBaseType::RTBaseType;
     RTTypedefType() = default;
     ~RTTypedefType() override;
@@ -17,26 +17,26 @@ public:
     unsigned int GetClassId() const override;
     bool accept(RTTypeVisitor& visitor) const override;
 
-    /// The aliased type's encoding; without one, what the flags say.
+    /// The encoding of the aliased type. Without an aliased type, the flags decide.
     ValueEncoding getValueEncoding() const override;
 
-    /// Without an aliased type, null when typedefs are not kept.
+    /// Null if there is no aliased type and `keepTypedefs` is false.
     const RTBaseType* getSelf(bool keepTypedefs) const override;
 
-    /// The aliased type's id. Setting one on a typedef has no effect.
+    /// The SystemVerilog type id of the aliased type. Setting one on a typedef has no effect.
     int getSVTypeId() const override;
     void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                  std::vector<FullConstraints>& out) const override;
 
-    unsigned int m_dataTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
-    const RTBaseType* m_dataType = nullptr;                 ///< Null where there is none.
-    std::vector<FullConstraints> m_constraints; ///< What the alias adds, in record order.
+    unsigned int m_dataTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF means none.
+    const RTBaseType* m_dataType = nullptr;                 ///< Null if there is none.
+    std::vector<FullConstraints> m_constraints; ///< The ranges that the alias adds, in order.
 };
 
 /// A VHDL access type.
 class RTTI_EXPORT RTAccessType : public RTBaseType {
 public:
-    /// Designates no type.
+    /// An access type that designates no type.
     using RTBaseType::RTBaseType;
     RTAccessType() = default;
     ~RTAccessType() override;
@@ -45,16 +45,16 @@ public:
     bool accept(RTTypeVisitor& visitor) const override;
     unsigned int getValueSize() const override;
 
-    unsigned int m_refTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
-    const RTBaseType* m_refType = nullptr; ///< The designated type; it may lead back here.
-    unsigned int m_alignment = 0;          ///< Bytes.
-    unsigned int m_valueSize = 0;          ///< Bytes.
+    unsigned int m_refTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF means none.
+    const RTBaseType* m_refType = nullptr; ///< The designated type; may lead back to this one.
+    unsigned int m_alignment = 0;          ///< In bytes.
+    unsigned int m_valueSize = 0;          ///< In bytes.
 };
 
 /// A VHDL file type.
 class RTTI_EXPORT RTFileType : public RTBaseType {
 public:
-    /// Without an element type.
+    /// A file type without an element type.
     using RTBaseType::RTBaseType;
     RTFileType() = default;
     ~RTFileType() override;
@@ -63,10 +63,10 @@ public:
     bool accept(RTTypeVisitor& visitor) const override;
     unsigned int getValueSize() const override;
 
-    unsigned int m_refTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF for none.
+    unsigned int m_refTypeId = TypeFileFormat::NO_TYPE_ID; ///< 0xFFFFFFFF means none.
     const RTBaseType* m_refType = nullptr;                 ///< The type of the file's elements.
-    unsigned int m_alignment = 0;                          ///< Bytes.
-    unsigned int m_valueSize = 0;                          ///< Bytes.
+    unsigned int m_alignment = 0;                          ///< In bytes.
+    unsigned int m_valueSize = 0;                          ///< In bytes.
 };
 
 } // namespace RTTI

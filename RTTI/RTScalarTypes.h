@@ -7,7 +7,7 @@
 
 namespace RTTI {
 
-/// An integer type with its range.
+/// An integer type and its range.
 class RTTI_EXPORT RTIntType : public RTBaseType {
 public:
     unsigned int GetClassId() const override;
@@ -16,22 +16,22 @@ public:
     FullConstraints m_constraint; ///< The range of the type.
 };
 
-/// A real type with its range.
+/// A real type and its range.
 class RTTI_EXPORT RTFloatType : public RTBaseType {
 public:
     unsigned int GetClassId() const override;
     bool accept(RTTypeVisitor& visitor) const override;
 
-    /// "Byte" for flavour 0, "4-State" for every other.
+    /// "Byte" for flavour 0, "4-State" for all others.
     ValueEncoding getValueEncoding() const override;
 
-    int m_floatKind = 0;  ///< Flavour, 0 to 3; a negative one is kept as the record gives it.
+    int m_floatKind = 0;  ///< The flavour, 0 to 3. Negative values are kept as the record has them.
     double m_left = 0.0;  ///< Left bound, as written in the source.
     double m_right = 0.0; ///< Right bound.
-    int m_direction = 0;  ///< The record's double, truncated toward zero.
+    int m_direction = 0;  ///< The double in the record, truncated towards zero.
 };
 
-/// The type behind a wildcard index. Visited as an RTBaseType.
+/// The type of a wildcard index. A visitor receives it as an RTBaseType.
 class RTTI_EXPORT RTWildCardType : public RTBaseType {
 public:
     unsigned int GetClassId() const override;
@@ -54,7 +54,7 @@ public:
 /// The SystemVerilog chandle.
 class RTTI_EXPORT RTCHandle : public RTBaseType {
 public:
-    /// With a name, or without.
+    /// A chandle with a name; a null name stays null.
     using RTBaseType::RTBaseType;
 
     unsigned int GetClassId() const override;
@@ -73,12 +73,12 @@ public:
     /// Always -7.
     int getSVTypeId() const override;
 
-    int m_eventKind = 0; ///< Flavour, 0 or 1; a negative one is kept as the record gives it.
+    int m_eventKind = 0; ///< The flavour, 0 or 1. Negative values are kept as the record has them.
 };
 
 /// A unit of a physical type.
 struct t_unitNameAndValuePair {
-    std::string unitName; ///< Without its terminating zero byte.
+    std::string unitName; ///< The unit, without its terminating zero byte.
     long long value = 0;  ///< In multiples of the primary unit.
 };
 
@@ -88,7 +88,7 @@ public:
     unsigned int GetClassId() const override;
     bool accept(RTTypeVisitor& visitor) const override;
 
-    std::vector<t_unitNameAndValuePair> m_units; ///< In record order.
+    std::vector<t_unitNameAndValuePair> m_units; ///< In the order of the record.
 };
 
 } // namespace RTTI

@@ -1,6 +1,6 @@
 #pragma once
 
-// Every run-time type class. See RTBaseType for what they share: ownership, links, fields.
+// All run-time type classes. RTBaseType describes what they share: ownership, links, fields.
 
 #include "RTTI/RTAggregateTypes.h"
 #include "RTTI/RTArrayTypes.h"

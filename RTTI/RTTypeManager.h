@@ -8,64 +8,64 @@
 #include <memory>
 #include <vector>
 
-/// The run-time type information of a design: its types, how they are loaded, what they answer.
+/// Run-time type information of a design: loading its types, and asking them questions.
 namespace RTTI {
 
 class TypeDeserializer;
 
-/// The types of one design: reads a type file out of block storage and owns every type read.
+/// The types of one design: reads a type file from block storage and owns every type that it reads.
 ///
-/// Construct, call `setupDeserializer`, then ask. Types are valid until the manager is destroyed.
-/// One thread uses a manager at a time, and managers of different threads never disturb each other.
-/// Once `readAllRTTypes` has given the last type, any number of threads may call `getRTType` and
-/// ask the types at the same time. Exceptions come from the storage and the allocator alone. One
-/// that leaves `getRTType` or `readAllRTTypes` takes back all that the call had read, so that the
-/// call can be made again.
+/// Construct a manager, call `setupDeserializer`, then ask for types. They are valid until the
+/// manager is destroyed. Only one thread may use a manager at a time; managers in different threads
+/// do not affect one another. Once `readAllRTTypes` has returned the last type, any number of
+/// threads may call `getRTType` and query the types at the same time. Exceptions come only from the
+/// storage and the allocator. An exception that leaves `getRTType` or `readAllRTTypes` discards
+/// everything that the call had read, so the call can be repeated.
 ///
-/// Types are read depth first: a type that another refers to is read, whole, where the reference
-/// stands. However deep they nest, a stack of 1 MiB is enough, and no reference is left out for it.
-/// A record can lead back to itself while it is read, and is then read again; at most 16 readings
-/// (`TypeFileFormat::REOPEN_LIMIT`) of it go on at once, and a further reference to it is null. No
-/// file of a real design comes near.
+/// Types are read depth first: at each reference, the type referred to is read completely before
+/// reading continues. However deeply types nest, a stack of 1 MiB is enough, and no reference is
+/// dropped because of depth. A record that leads back to itself while it is being read is read
+/// again; at most 16 readings of a record (`TypeFileFormat::REOPEN_LIMIT`) are in progress at once,
+/// and a further reference to it becomes null. No file of a real design comes close to that limit.
 class RTTI_EXPORT RTTypeManager {
 public:
-    /// A manager without types; every question is answered as for an empty file.
+    /// A manager without types, which answers every call as for an empty file.
     RTTypeManager();
     RTTypeManager(const RTTypeManager&) = delete;
     RTTypeManager& operator=(const RTTypeManager&) = delete;
 
-    /// Sets `m_instance` to null, whichever manager it names, and deletes all types. Any number of
-    /// threads may destroy managers at the same time; one that reads or sets `m_instance` meanwhile
-    /// has to wait for them.
+    /// Sets `m_instance` to null, whichever manager it points to, and deletes all types. Any number
+    /// of threads may destroy managers at the same time, but no thread may read or set `m_instance`
+    /// meanwhile.
     ~RTTypeManager();
 
-    /// Reads the header at the absolute storage offset `baseOffset`, and the address table with one
-    /// read a type. Always true. `blockManager` must outlive the manager. After an exception the
-    /// manager is as it was. Called again, the manager answers from the new file alone, and what
-    /// the former one gave stays alive.
+    /// Reads the header at the absolute storage offset `baseOffset`, then the address table with
+    /// one read for each type. Always returns true. `blockManager` must exist for as long as types
+    /// may still be read. After an exception the manager is as it was before the call. After a
+    /// second call the manager answers only from the new file; types from the first one stay valid.
     bool setupDeserializer(OVAT::IBlockManager& blockManager, unsigned long long baseOffset);
 
-    /// Reads every type in the order of the ids, up to the first whose record builds nothing. The
-    /// last type, or null if there is none or a record built nothing.
+    /// Reads all types in the order of their ids and returns the last one. Stops and returns null
+    /// at the first record that builds no type; returns null as well if the file has no types.
     RTBaseType* readAllRTTypes();
 
-    /// The type of an id, read now if it was not yet (with all that it refers to). Null for an id
-    /// that is out of range, or whose record builds nothing; such a record is read at each call.
-    /// The manager keeps the type. Constant time once the type is there.
+    /// The type with this id. The first call reads it together with everything that it refers to;
+    /// later calls take constant time. Null if the id is out of range or its record builds no type;
+    /// such a record is read again by each call. The type belongs to the manager.
     RTBaseType* getRTType(unsigned int typeId);
 
-    /// The ids of the classes read so far, in the order of their reading; the list is the
-    /// manager's.
+    /// The ids of the classes read so far, in the order in which they were read. The list belongs
+    /// to the manager.
     std::vector<unsigned int>& getRTClassTypeIds();
 
-    /// Narrates every field that is read from now on, on the standard output. Without effect before
-    /// `setupDeserializer`, which starts with the trace off.
+    /// Turns the trace on: every field that is read is also printed to standard output. Has no
+    /// effect before `setupDeserializer`, which turns the trace off.
     void setDebugMode();
 
-    /// Ends the trace.
+    /// Turns the trace off.
     void unsetDebugMode();
 
-    /// For the embedding program, which may put the manager here that it wants to share.
+    /// For the embedding program, which may store a manager here to share it.
     static RTTypeManager* m_instance;
 
 private:

@@ -4,21 +4,21 @@
 
 namespace RTTI {
 
-// Declared for the visitor's overload set alone: no type of the library has one of these classes.
+// Declared only for the visitor's overload set: no type of the library has one of these classes.
 class RTClassHandle;
 class RTLogicType;
 class RTBitType;
 
-/// Acts on a type according to its class. `RTBaseType::accept` calls the overload for the type's
-/// own class and returns its result; following links to other types is up to the visitor. The
-/// order of the overloads is part of the binary interface. To act on a few classes only, derive
+/// Acts on a type according to its class. `RTBaseType::accept` calls the overload for the class of
+/// the type and returns its result; the visitor itself has to follow links to other types. The
+/// order of the overloads is part of the binary interface. To act on only a few classes, derive
 /// from RTTypeDefaultVisitor.
 class RTTI_EXPORT RTTypeVisitor {
 public:
     virtual ~RTTypeVisitor();
 
-    /// Acts on a type of this class; the result is that of `accept`. RTBaseType's is the wildcard
-    /// type's overload.
+    /// Acts on a type of this class; `accept` returns the result. The overload for RTBaseType
+    /// receives the wildcard type.
     /// @{
     virtual bool visit(const RTBaseType& type) = 0;
     virtual bool visit(const RTEnumType& type) = 0;
@@ -47,8 +47,8 @@ public:
     /// @}
 };
 
-/// A visitor whose overloads all do nothing and return true: derive from it and override the ones
-/// that matter.
+/// A visitor whose overloads all do nothing and return true: derive from it and override those that
+/// you need.
 class RTTI_EXPORT RTTypeDefaultVisitor : public RTTypeVisitor {
 public:
     /// Does nothing and returns true.
@@ -80,13 +80,13 @@ public:
     /// @}
 };
 
-/// A visitor with a second overload set, for pointers to types that may be changed; each of these
-/// does nothing and returns true. The overloads of RTTypeVisitor are left to a subclass.
+/// A visitor with a second set of overloads, which take pointers to non-const types, do nothing and
+/// return true. A subclass has to implement the overloads of RTTypeVisitor.
 class RTTI_EXPORT RTTypeDumperVisitor : public RTTypeVisitor {
 public:
     using RTTypeVisitor::visit;
 
-    /// Does nothing and returns true, unless a subclass overrides it. `accept` calls none of these.
+    /// Does nothing and returns true unless overridden. `accept` never calls these overloads.
     /// @{
     virtual bool visit(RTBaseType* type);
     virtual bool visit(RTEnumType* type);

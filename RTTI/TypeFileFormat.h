@@ -7,16 +7,16 @@
 
 namespace RTTI {
 
-/// Texts of the format.
+/// Text constants of the format.
 namespace RTTI_CONSTS {
 
-/// Version text of a type file that holds no usable types; compared with its terminating zero byte.
+/// Version text of a type file without usable types, compared including its terminating zero byte.
 inline constexpr char TYPE_FILE_VERSION_STR_INVALID[26] = "Brakel Ovat TYPE FILE 000";
 
 } // namespace RTTI_CONSTS
 
-/// What `GetClassId` answers, which is also the kind code of the record that a type is read from.
-/// Some are of records that build no object.
+/// The values of `GetClassId`, which are also the kind codes of the records that types are read
+/// from. Records of some kinds build no object.
 namespace ClassId {
 
 inline constexpr unsigned int BASE_TYPE = 0xA0000001;      ///< RTBaseType; no object.
@@ -47,32 +47,32 @@ inline constexpr unsigned int WILDCARD = 0xA0000019;       ///< RTWildCardType.
 
 } // namespace ClassId
 
-/// Sizes, offsets and markers of a type file, in bytes where nothing else is said.
+/// Sizes, offsets and markers of a type file, in bytes unless stated otherwise.
 namespace TypeFileFormat {
 
-/// In a field that holds a type id: no type.
+/// The type id that means "no type".
 inline constexpr unsigned int NO_TYPE_ID = 0xFFFFFFFF;
 
-/// SystemVerilog type ids that mean something to the library.
+/// SystemVerilog type ids with a meaning to the library: none, the string and the event.
 /// @{
 inline constexpr int NO_SV_TYPE_ID = -99;
 inline constexpr int STRING_SV_TYPE_ID = -5;
 inline constexpr int EVENT_SV_TYPE_ID = -7;
 /// @}
 
-/// Direction of a range that stands open until an enclosing level gives its bounds.
+/// The direction of an open range, whose bounds come from an enclosing level.
 inline constexpr int UNCONSTRAINED_DIRECTION = -2;
 
-/// Directions of a VHDL or SystemVerilog range with bounds.
+/// The directions of a VHDL or SystemVerilog range that has bounds.
 /// @{
 inline constexpr int DOWNTO_DIRECTION = 0;
 inline constexpr int TO_DIRECTION = 1;
 /// @}
 
-/// The one flag bit that the library reads: a value of the type is stored in unpadded bytes.
+/// The only flag bit that the library interprets: values of the type are stored in unpadded bytes.
 inline constexpr unsigned int UNPADDED_BYTE_FLAG = 0x10;
 
-/// The version text that writers give; readers take any but the one of an invalid file.
+/// The version text that the writer uses. Readers accept every text but that of an unusable file.
 inline constexpr char TYPE_FILE_VERSION[] = "Brakel Ovat TYPE FILE 001";
 
 /// Header: version text, type count, storage offset of the address table.
@@ -84,10 +84,10 @@ inline constexpr std::size_t HEADER_SIZE = 40;
 /// @}
 static_assert(TYPE_COUNT_OFFSET == VERSION_SIZE && HEADER_SIZE == ADDRESS_TABLE_OFFSET + 4);
 
-/// Address table: one storage offset a type.
+/// Address table: one storage offset for each type.
 inline constexpr std::size_t ADDRESS_SIZE = 8;
 
-/// Record: signed size of the whole record, kind code, then name, flags and the kind's body.
+/// Record: signed size of the whole record, kind code, then name, flags and the fields of the kind.
 /// @{
 inline constexpr std::size_t RECORD_SIZE_SIZE = 4;
 inline constexpr std::size_t RECORD_KIND_OFFSET = 4;
@@ -105,15 +105,16 @@ inline constexpr unsigned long long LARGEST_ADDRESS_TABLE_OFFSET = 0xFFFFFFFF;
 /// Constraint record: start index, end index, direction.
 inline constexpr std::size_t CONSTRAINT_SIZE = 12;
 
-/// Largest flavours that a record can give; a larger one is dropped.
+/// The largest flavours that a record can have; the loader ignores larger ones.
 /// @{
 inline constexpr int LAST_FLOAT_KIND = 3;
 inline constexpr int LAST_EVENT_KIND = 1;
 /// @}
 
-/// A record can lead back to itself while it is read, and is then opened again. It is open at most
-/// so often at once; a further reference to it is null. Without a limit, a chain of readers whose
-/// members lead back to its beginning would be read once for each of them.
+/// A record that leads back to itself while it is being read is read again. This is how many
+/// readings of one record may be in progress at once; a further reference to it becomes null.
+/// Without a limit, a chain of records whose members lead back to its beginning would be read once
+/// for each of them.
 inline constexpr unsigned int REOPEN_LIMIT = 16;
 
 } // namespace TypeFileFormat
