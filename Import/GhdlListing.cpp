@@ -111,8 +111,7 @@ public:
         if (!m_hasHeader)
             throw ImportError(m_input.place(), "no type listing of GHDL (--dump-rti)");
         if (!isWhole || !m_hasDesign)
-            throw ImportError(m_input.linePlace(), "the listing ends in the middle: GHDL failed, "
-                                                   "was stopped, or is still writing it");
+            failInTheMiddle();
         return std::move(m_listing);
     }
 
@@ -123,12 +122,19 @@ private:
         std::size_t scope;
     };
 
+    [[noreturn]] void failInTheMiddle() const {
+        throw ImportError(m_input.linePlace(), "the listing ends in the middle: GHDL failed, "
+                                               "was stopped, or is still writing it");
+    }
+
     /// False for a line that is none of a listing.
     bool readLine(std::string_view text) {
         const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());
         GhdlLine line(text.substr(indent), m_input.linePlace());
         if (!line.take(KIND)) {
             const bool isListed = line.isAt(FILE_NAME) && indent > 0;
+            if (m_hasError && line.isAt("instance: "))
+                failInTheMiddle();
             if (!isListed && m_foreignLine == 0)
                 m_foreignLine = m_input.line();
             return isListed;
@@ -138,6 +144,8 @@ private:
         const auto* const found = std::find_if(std::begin(KINDS), std::end(KINDS),
                                                [=](const Kind& k) { return k.name == kind; });
         const Line about = found != std::end(KINDS) ? found->line : Line::UNKNOWN;
+        // GHDL can fail at the value of an object; it says so in the midst of it.
+        m_hasError = about == Line::OBJECT && text.find(":error: ") != std::string_view::npos;
         if (about == Line::OBJECT)
             return true;
         if (about == Line::UNKNOWN)
@@ -335,6 +343,7 @@ private:
     bool m_isTaken = false;   ///< The last type may have parts that are still to come.
     bool m_hasHeader = false;
     bool m_hasDesign = false;
+    bool m_hasError = false;              ///< The last line has the words of one.
     unsigned long long m_foreignLine = 0; ///< The first one since the last that was not.
 };
 

@@ -101,8 +101,8 @@ public:
         for (m_window = m_input.peek(WINDOW); m_window.size() == WINDOW;
              m_window = m_input.peek(WINDOW))
             m_input.skip(WINDOW - count);
-        m_window.remove_prefix(m_window.size() - std::min(m_window.size(), count));
-        return m_window;
+        m_at = m_window.size();
+        return m_window.substr(m_at - std::min(m_at, count));
     }
 
 private:

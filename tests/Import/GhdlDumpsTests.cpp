@@ -201,6 +201,37 @@ TEST(Listings, TheNearestDeclarationIsMeant) {
               (Lines{"e: enum outer other", "far: access 0", "e: enum inner", "near: access 2"}));
 }
 
+TEST(Listings, DeclarationsOfTheScopesAroundAreInSight) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_architecture, D=1, sloc=1:1: a\n"
+                  " ghdl_rtik_entity, D=1, sloc=1:1: t\n"
+                  "  ghdl_rtik_type_e8: e is (a)\n"
+                  " ghdl_rtik_block, D=2, sloc=1:1: b\n"
+                  "  ghdl_rtik_process, D=3, sloc=1:1: x\n"
+                  "   ghdl_rtik_type_access: p is access e\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum a", "p: access 0"}));
+}
+
+TEST(Listings, WhatFollowsInAnotherPackageIsNotMeant) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (a)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_file: f is file e\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: r\n"
+                  " ghdl_rtik_type_e8: e is (b)\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum a", "f: file 0", "e: enum b"}));
+    EXPECT_EQ(types.notes(), Lines());
+}
+
+TEST(Listings, LiteralsOfAWholeTypeAreTakenForThatType) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_b1: bit is ('0', '1')\n"
+                  " ghdl_rtik_type_e8: logic is ('U', '0', '1')\n"
+                  " ghdl_rtik_subtype_array: m is m ('0' to '1') of bit\n");
+    EXPECT_EQ(types.lines()[2], "m: array [0] of 0 (0 to 1)");
+}
+
 TEST(Listings, ANameOfTwoPackagesIsNoted) {
     ImportedTypes types;
     types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
@@ -265,6 +296,17 @@ TEST(ListingRefusals, invalid_beginning_and_end) {
               "l:5: " + cut);
     EXPECT_EQ(refusalOfListing("start\n" + header + package + design + "the design's own"),
               "no refusal");
+}
+
+TEST(ListingRefusals, invalid_end_within_a_value) {
+    EXPECT_EQ(
+        refusalOfListing("DISP_RTI.Disp_All: ghdl_rtik_top\n"
+                         "ghdl_rtik_architecture, D=1, sloc=1:1: a\n"
+                         " ghdl_rtik_signal, D=1, sloc=1:1; s: t := (ghdl:error: NULL access\n"
+                         "  instance: /a/P0\n"
+                         "ghdl:error: simulation failed\n"),
+        "l:4: the listing ends in the middle: GHDL failed, was stopped, or is still writing "
+        "it");
 }
 
 TEST(ListingRefusals, invalid_line) {

@@ -148,6 +148,15 @@ TEST_P(GhwFiles, EveryBeginningOfAFileIsRefused) {
     EXPECT_EQ(refusalOf(bytes), "no refusal");
 }
 
+TEST(GhwRefusals, invalid_waves_without_an_end) {
+    std::string bytes = GhwBuilder().file();
+    bytes.insert(bytes.size() - 12, 300'000, 'w');
+    bytes.pop_back();
+    EXPECT_EQ(refusalOf(bytes),
+              "w.ghw: offset 300061: the file has no end: GHDL was stopped, or is still writing it "
+              "(--stop-time=0ns ends a run whose types alone are wanted)");
+}
+
 TEST(GhwRefusals, AnEmptyFileMeansThatElaborationFailed) {
     EXPECT_EQ(refusalOf(""),
               "w.ghw: offset 0: the file is empty: the elaboration by GHDL has failed");
