@@ -40,10 +40,11 @@ enum class FindingCode {
     LINK_TO_NO_TYPE,             ///< The id's record builds no type.
     BASE_IS_NO_CLASS,            ///< A class is derived from something else.
     REFERENCE_ENDLESS,           ///< A type needs itself before it can be read.
-    NESTING_TOO_DEEP,            ///< More types in a row than the limit.
+    RECORD_REOPENED,             ///< A load can need it again so often that it gives up.
     STRUCT_CONTAINS_ITSELF,      ///< Without a class or an access type in between.
     CONSTRAINT_LIST_TOO_SHORT,   ///< Fewer ranges than dimensions.
     WALK_TOO_LARGE,              ///< A constraint walk of more steps than the limit.
+    WALKS_NOT_COUNTED,           ///< Whether some walks are too large was not found out.
     MORE_FINDINGS                ///< As many more as the limit leaves out.
 };
 

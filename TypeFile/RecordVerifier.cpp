@@ -1,332 +1,302 @@
 #include "TypeFile/RecordVerifier.h"
 
-#include "RTTI/LittleEndian.h"
-#include "RTTI/RTBaseType.h"
+#include "TypeFile/RecordScan.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <limits>
 #include <utility>
 
 namespace TypeFile {
 
-using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
+using RTTI::littleEndianAt;
 
 namespace {
 
-constexpr std::size_t WORD_SIZE = 4;
-constexpr std::size_t UNIT_VALUE_SIZE = 8;
-constexpr std::size_t BOUND_SIZE = 8;
-constexpr std::size_t DIRECTION_OFFSET = 8; ///< In a constraint.
+/// Collects the parts of a record that is scanned.
+class PartSink {
+public:
+    PartSink(const char* begin, unsigned long long address, unsigned int typeCount,
+             RecordParts& record)
+        : m_begin(begin), m_address(address), m_typeCount(typeCount), m_record(record) {}
 
-/// The least that an entry of a list takes: an empty name and the fields after it.
-constexpr std::size_t SMALLEST_NAME = 1;
-constexpr std::size_t SMALLEST_UNIT = SMALLEST_NAME + UNIT_VALUE_SIZE;
-constexpr std::size_t SMALLEST_MEMBER = SMALLEST_NAME + 2 * WORD_SIZE;
-constexpr std::size_t SMALLEST_CLASS_MEMBER = SMALLEST_MEMBER + WORD_SIZE;
+    template <unsigned char LINK> bool reference(unsigned int target) {
+        if constexpr (!Link::has(LINK, Link::LINKED)) {
+            ++m_record.dimensions;
+            return target < m_typeCount || target == NO_TYPE_ID;
+        }
+        if constexpr (Link::has(LINK, Link::OR_NONE)) {
+            if (target == NO_TYPE_ID)
+                return true;
+        }
+        m_record.parts.push_back({target, 0, 0, LINK});
+        return true;
+    }
+
+    void ranges(const char* first, unsigned int count) {
+        Part& part = m_record.parts.back();
+        part.rangeCount = count;
+        part.rangesAt = m_address + static_cast<std::size_t>(first - m_begin);
+    }
+
+private:
+    const char* m_begin;
+    unsigned long long m_address;
+    unsigned int m_typeCount;
+    RecordParts& m_record;
+};
+
+/// Whether the field is a part: a reference that must lead to an object, if there is one.
+bool isPart(const ReadField& field) {
+    const unsigned char link = field.layout->link;
+    return field.layout->form == FieldForm::TYPE_ID && Link::has(link, Link::LINKED) &&
+           (field.word != NO_TYPE_ID || !Link::has(link, Link::OR_NONE));
+}
+
+/// Collects the parts of a record that is read field by field.
+void addPart(const ReadField& field, RecordParts& record) {
+    if (isPart(field)) {
+        record.parts.push_back({field.word, 0, 0, field.layout->link});
+    } else if (field.layout == &Layout::RANGE_COUNT) {
+        record.parts.back().rangeCount = field.word;
+        record.parts.back().rangesAt = field.offset + field.size;
+    } else if (field.layout->form == FieldForm::TYPE_ID &&
+               !Link::has(field.layout->link, Link::LINKED)) {
+        ++record.dimensions;
+    }
+}
+
+/// "Found 4": ids and codes have no sign.
+std::string foundText(const ReadField& field) {
+    const FieldLayout& layout = *field.layout;
+    const bool isCode = layout.names != nullptr && layout.names->first != 0;
+    return "Found " + (isCode || layout.form == FieldForm::TYPE_ID
+                           ? std::to_string(field.word)
+                           : std::to_string(static_cast<int>(field.word)));
+}
+
+/// Scans the body of a record.
+struct BodyScan {
+    RecordScan<PartSink>& scan;
+
+    template <const auto& LAYOUT> bool operator()() const { return scan.template read<LAYOUT>(); }
+    bool none() const { return true; }
+};
 
 } // namespace
 
-void RecordVerifier::verify(unsigned int typeId, unsigned int size) {
-    TypeFacts& facts = m_types.facts[typeId];
+void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int kind,
+                            RecordParts& record) {
+    record.clear();
+    if (scan(m_sweep, typeId, size, kind, record))
+        return;
+    record.clear();
     m_typeId = typeId;
-    m_facts = &facts;
-    const std::size_t keptBefore = m_types.members.size();
-    m_at = facts.address + RECORD_HEADER_SIZE;
-    m_end = facts.address + size;
-    m_isWhole = true;
-    endOfItems();
-    name("name");
-    word("flags");
-    body(facts.kind);
-    if (m_isWhole && m_at != m_end)
-        add(FindingCode::LEFTOVER_BYTES, "record size", facts.address,
-            "The last field ends " + std::to_string(m_end - m_at) + " bytes before the record.");
-    facts.isWhole = m_isWhole;
-    if (isAggregate(facts.kind))
-        keepMembers(keptBefore);
+    readFields(size, kind, record);
+    if (!m_isBelieved)
+        record.clear();
 }
 
-/// All of them, or none where the record is not whole or there was no room.
-void RecordVerifier::keepMembers(std::size_t first) {
-    if (!m_isWhole || m_types.members.size() - first != m_facts->listCount)
-        m_types.members.resize(first);
-    else if (m_facts->listCount != 0)
-        m_facts->second = static_cast<unsigned int>(first) + 1;
+bool RecordVerifier::scan(StorageWindow& window, unsigned int typeId, unsigned int size,
+                          unsigned int kind, RecordParts& record) {
+    if (size > window.blockSize())
+        return false;
+    const unsigned long long address = m_types.addresses[typeId];
+    const char* const begin = window.at(address, size);
+    PartSink sink(begin, address, m_types.size(), record);
+    RecordScan<PartSink> scan(begin, begin + size, sink);
+    return scan.read<Layout::HEAD>() && withLayout(kind, BodyScan{scan}) && scan.isAtEnd();
 }
 
-void RecordVerifier::body(unsigned int kind) {
-    switch (kind) {
-    case ClassId::SEQ_ENUM: return seqEnum();
-    case ClassId::DISCRETE_ENUM: return discreteEnum();
-    case ClassId::INT: return skip("constraint", CONSTRAINT_SIZE);
-    case ClassId::FLOAT: return real();
-    case ClassId::EVENT: return flavour("event kind", LAST_EVENT_KIND);
-    case ClassId::PHYSICAL: return physical();
-    case ClassId::ARRAY: return array();
-    case ClassId::RECORD: return record();
-    case ClassId::CLASS: return classBody();
-    case ClassId::TYPEDEF:
-        reference("data type id");
-        ownConstraints();
+void RecordVerifier::readFields(unsigned int size, unsigned int kind, RecordParts& record) {
+    const unsigned long long address = m_types.addresses[m_typeId];
+    m_end = address + size;
+    m_body = bodyLayout(kind);
+    m_isBelieved = true;
+    FieldReader reader(m_sweep, address, m_end, [&](const ReadField& field) {
+        check(field);
+        if (m_isBelieved)
+            addPart(field, record);
+        return m_isBelieved;
+    });
+    reader.read(Layout::HEAD);
+    reader.read(m_body);
+    if (m_isBelieved && reader.at() != m_end)
+        m_findings.add(FindingCode::LEFTOVER_BYTES, m_typeId, Layout::HEAD[0].name, address,
+                       "The last field ends " + std::to_string(m_end - reader.at()) +
+                           " bytes before the record.");
+}
+
+/// Says what is wrong with a field. Behind one that is not believed, nothing can be read.
+void RecordVerifier::check(const ReadField& field) {
+    const FieldLayout& layout = *field.layout;
+    if (!field.isWhole)
+        return addMissing(field);
+    switch (layout.form) {
+    case FieldForm::COUNT: return checkCount(field);
+    case FieldForm::TYPE_ID: return checkTypeId(field);
+    case FieldForm::DIRECTION: return checkDirection(field);
+    case FieldForm::VALUE_SIZE:
+        if (static_cast<int>(field.word) < 0)
+            add(FindingCode::SIZE_NEGATIVE, field,
+                foundText(field) + ", expected a number of bytes.");
         return;
-    case ClassId::ACCESS:
-    case ClassId::FILE_TYPE:
-        reference("referenced type id");
-        word("alignment");
-        word("value size");
+    case FieldForm::NAMED: {
+        const NamedValues& names = *layout.names;
+        if (names.nameOf(field.word) == nullptr)
+            add(layout.code, field,
+                foundText(field) + ", expected one of " + std::to_string(names.first) + " to " +
+                    std::to_string(names.first + names.count - 1) + ".");
         return;
-    case ClassId::DYNAMIC_ARRAY:
-    case ClassId::QUEUE:
-        reference("element type id");
-        word("SV type id");
-        return;
-    case ClassId::ASSOC_ARRAY:
-        reference("element type id");
-        word("SV type id");
-        m_facts->second = word("index type id");
+    }
+    case FieldForm::FLAVOUR:
+        if (field.word > static_cast<unsigned int>(layout.last))
+            add(layout.code, field,
+                foundText(field) + ", expected " + (layout.last == 1 ? "0 or " : "one of 0 to ") +
+                    std::to_string(layout.last) + ".");
         return;
     default: return;
     }
 }
 
-void RecordVerifier::seqEnum() {
-    const int encoding = number("encoding");
-    expect(encoding >= ENCODING_4_STATE && encoding <= ENCODING_UNPADDED_BYTE,
-           FindingCode::ENCODING_UNKNOWN, "encoding", encoding, "one of 0 to 3");
-    const int kind = number("enum kind");
-    expect(kind >= INVALID_ENUM && kind <= VHDL_OTHER_ENUM, FindingCode::ENUM_KIND_UNKNOWN,
-           "enum kind", kind, "one of 0 to 5");
-    const unsigned int enumerators = count("enumerator count", SMALLEST_NAME);
-    for (unsigned int i = 0; i < enumerators && m_isWhole; ++i) {
-        item("enumerator", i);
-        name("name");
-    }
-    endOfItems();
-    const int size = number("enumerator size");
-    expect(size >= 0, FindingCode::SIZE_NEGATIVE, "enumerator size", size, "a number of bytes");
-}
-
-void RecordVerifier::discreteEnum() {
-    reference("base type id");
-    const unsigned int enumerators = count("enumerator count", SMALLEST_NAME);
-    const int size = number("enumerator size");
-    expect(size >= 0, FindingCode::SIZE_NEGATIVE, "enumerator size", size, "a number of bytes");
-    const auto valueSize = static_cast<std::size_t>(std::max(size, 0));
-    for (unsigned int i = 0; i < enumerators && m_isWhole; ++i) {
-        item("enumerator", i);
-        name("name");
-        skip("value", valueSize);
-    }
-    endOfItems();
-    ownConstraints();
-}
-
-void RecordVerifier::real() {
-    flavour("real kind", LAST_FLOAT_KIND);
-    skip("left bound", BOUND_SIZE);
-    skip("right bound", BOUND_SIZE);
-    skip("direction", BOUND_SIZE);
-    if (!m_isWhole)
+/// The ranges are counted without a sign: the loader makes room for as many as the count says.
+void RecordVerifier::checkCount(const ReadField& field) {
+    const bool isOfRanges = field.layout == &Layout::RANGE_COUNT;
+    if (!isOfRanges && static_cast<int>(field.word) < 0)
+        return add(FindingCode::COUNT_NEGATIVE, field,
+                   foundText(field) + ", expected 0 for an empty list.");
+    const unsigned long long left = m_end - (field.offset + field.size);
+    const std::size_t smallest = isOfRanges ? CONSTRAINT_SIZE : smallestEntryBehind(field);
+    if (field.word <= left / smallest)
         return;
-    const double direction = littleEndianAt<double>(m_window.at(m_at - BOUND_SIZE, BOUND_SIZE));
-    const double truncated = std::trunc(direction);
-    if (!(truncated >= std::numeric_limits<int>::min() &&
-          truncated <= std::numeric_limits<int>::max()))
-        add(FindingCode::REAL_DIRECTION_UNUSABLE, "direction", m_at - BOUND_SIZE,
+    m_isBelieved = false;
+    add(FindingCode::COUNT_TOO_LARGE, field,
+        "There are " + std::to_string(field.word) +
+            (isOfRanges ? " ranges of " : " entries of at least ") + std::to_string(smallest) +
+            " bytes to come, and " + std::to_string(left) + " bytes left in the record.");
+}
+
+/// The least that an entry of the list behind its count takes.
+std::size_t RecordVerifier::smallestEntryBehind(const ReadField& count) const {
+    auto list = static_cast<std::size_t>(count.layout - m_body.data());
+    while (m_body[list].form != FieldForm::LIST)
+        ++list;
+    return leastOf(m_body.subspan(list + 1, endOfList(m_body, list) - list - 1));
+}
+
+/// Where parts lead is looked at when all kinds are known.
+void RecordVerifier::checkTypeId(const ReadField& field) {
+    const bool isFollowed = Link::has(field.layout->link, Link::LINKED);
+    if (!isFollowed && field.word >= m_types.size() && field.word != NO_TYPE_ID)
+        add(FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, field,
+            foundText(field) + ", expected the id of a type of this file.");
+}
+
+void RecordVerifier::checkDirection(const ReadField& field) {
+    const auto direction = littleEndianAt<double>(m_sweep.at(field.offset, sizeof(double)));
+    if (!isUsableDirection(direction))
+        add(FindingCode::REAL_DIRECTION_UNUSABLE, field,
             "The direction " + std::to_string(direction) + " is no 32-bit number.");
 }
 
-void RecordVerifier::physical() {
-    const unsigned int units = count("unit count", SMALLEST_UNIT);
-    for (unsigned int i = 0; i < units && m_isWhole; ++i) {
-        item("unit", i);
-        name("name");
-        skip("value", UNIT_VALUE_SIZE);
-    }
+/// Every list of which nothing is left, though its count was believed, begins with a name.
+void RecordVerifier::addMissing(const ReadField& field) {
+    m_isBelieved = false;
+    const std::string left = std::to_string(m_end - field.offset);
+    const FieldForm form = field.layout->form;
+    if (form != FieldForm::NAME && form != FieldForm::LIST)
+        return add(FindingCode::FIELD_MISSING, field,
+                   "The field takes " + std::to_string(field.width) + " bytes, and " + left +
+                       " are left in the record.");
+    ReadField name = field;
+    if (form == FieldForm::LIST)
+        name = {field.layout + 1,
+                field.layout,
+                field.item,
+                ReadField::NO_ITEM,
+                0,
+                field.offset,
+                0,
+                0,
+                false,
+                0};
+    add(FindingCode::NAME_NOT_TERMINATED, name,
+        "There is no zero byte up to the end of the record, " + left + " bytes on.");
 }
 
-void RecordVerifier::array() {
-    const unsigned int kind = word("array kind");
-    expect(kind >= ARRAY_KIND_INVALID && kind <= BYTE_UNPADDED_ARRAY,
-           FindingCode::ARRAY_KIND_UNKNOWN, "array kind", kind, "one of 10485760 to 10485767");
-    reference("element type id");
-    const unsigned int dimensions = count("dimension count", WORD_SIZE);
-    for (unsigned int i = 0; i < dimensions && m_isWhole; ++i) {
-        item("dimension", i);
-        const unsigned int id = word("index type id");
-        if (id >= m_types.size() && id != NO_TYPE_ID)
-            expect(false, FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, "index type id", id,
-                   "the id of a type of this file");
-    }
-    endOfItems();
-    m_facts->second = dimensions;
-    ownConstraints();
-    word("SV type id");
+/// Calls `take` with the fields of a record.
+template <typename Take> void RecordVerifier::readAgain(unsigned int typeId, Take take) {
+    const unsigned long long address = m_types.addresses[typeId];
+    const Head head = headOf(typeId);
+    m_typeId = typeId;
+    FieldReader reader(m_jumps, address, address + head.size, std::move(take));
+    reader.read(Layout::HEAD);
+    reader.read(bodyLayout(head.kind));
 }
 
-void RecordVerifier::record() {
-    const unsigned int kind = word("record kind");
-    expect(kind >= RECORD_KIND_INVALID && kind <= BYTE_UNPADDED_STRUCT,
-           FindingCode::RECORD_KIND_UNKNOWN, "record kind", kind, "one of 720896 to 720904");
-    const unsigned int members = count("member count", SMALLEST_MEMBER);
-    m_facts->listAt = relative(m_at);
-    for (unsigned int i = 0; i < members && m_isWhole; ++i)
-        member(i);
-    endOfItems();
-    m_facts->listCount = members;
-    word("SV type id");
+RecordVerifier::Head RecordVerifier::headOf(unsigned int typeId) {
+    const char* const frame = m_jumps.at(m_types.addresses[typeId], RECORD_HEADER_SIZE);
+    return {littleEndianAt<unsigned int>(frame),
+            littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET)};
 }
 
-void RecordVerifier::classBody() {
-    reference("base class type id");
-    word("SV type id");
-    const unsigned int members = count("member count", SMALLEST_CLASS_MEMBER);
-    m_facts->listAt = relative(m_at);
-    for (unsigned int i = 0; i < members && m_isWhole; ++i) {
-        member(i);
-        word("flag");
-    }
-    endOfItems();
-    m_facts->listCount = members;
-}
-
-/// Where its type id leads is looked at when all kinds are known.
-void RecordVerifier::member(unsigned int index) {
-    item("member", index);
-    name("name");
-    Part part;
-    part.index = index;
-    part.idAt = m_at;
-    part.typeId = word("type id");
-    part.rangesAt = m_at + WORD_SIZE;
-    part.mayBeOpen = constraints(part.rangeCount);
-    if (m_types.hasRoomForMember())
-        m_types.members.push_back(part);
-}
-
-unsigned int RecordVerifier::word(const char* field) {
-    if (!m_isWhole)
-        return 0;
-    if (m_end - m_at < WORD_SIZE) {
-        isMissing(field, WORD_SIZE);
-        return 0;
-    }
-    const auto value = littleEndianAt<unsigned int>(m_window.at(m_at, WORD_SIZE));
-    m_at += WORD_SIZE;
-    return value;
-}
-
-void RecordVerifier::name(const char* field) {
-    const unsigned long long begin = m_at;
-    while (m_isWhole && m_at != m_end) {
-        const char* bytes = m_window.at(m_at, 1);
-        const auto left = static_cast<std::size_t>(std::min(m_end, m_window.end()) - m_at);
-        const void* zero = std::memchr(bytes, '\0', left);
-        if (zero != nullptr) {
-            m_at += static_cast<std::size_t>(static_cast<const char*>(zero) - bytes) + 1;
-            return;
-        }
-        m_at += left;
-    }
-    if (!m_isWhole)
+void RecordVerifier::readParts(unsigned int typeId, RecordParts& record) {
+    record.clear();
+    const Head head = headOf(typeId);
+    if (scan(m_jumps, typeId, head.size, head.kind, record))
         return;
-    m_isWhole = false;
-    add(FindingCode::NAME_NOT_TERMINATED, field, begin,
-        "There is no zero byte up to the end of the record, " + std::to_string(m_end - begin) +
-            " bytes on.");
+    record.clear();
+    readAgain(typeId, [&](const ReadField& field) {
+        addPart(field, record);
+        return true;
+    });
 }
 
-void RecordVerifier::skip(const char* field, std::size_t width) {
-    if (!m_isWhole)
-        return;
-    if (m_end - m_at < width)
-        isMissing(field, width);
+void RecordVerifier::addBrokenLinks(unsigned int typeId) {
+    readAgain(typeId, [&](const ReadField& field) {
+        if (isPart(field) && m_types.isBroken(field.word, field.layout->link))
+            addBrokenLink(field);
+        return true;
+    });
+}
+
+void RecordVerifier::addBrokenLink(const ReadField& field) {
+    const std::string target = std::to_string(field.word);
+    if (field.word >= m_types.size())
+        add(FindingCode::TYPE_ID_OUTSIDE_TABLE, field,
+            "Found type " + target + ", and the file has " + std::to_string(m_types.size()) +
+                " types.");
+    else if (!m_types.isLinked(field.word))
+        add(FindingCode::LINK_TO_NO_TYPE, field,
+            "Type " + target + " has a kind that builds no type.");
     else
-        m_at += width;
+        add(FindingCode::BASE_IS_NO_CLASS, field, "Type " + target + " is no class.");
 }
 
-unsigned int RecordVerifier::count(const char* field, std::size_t smallestItem) {
-    const int found = number(field);
-    if (found < 0)
-        expect(false, FindingCode::COUNT_NEGATIVE, field, found, "0 for an empty list");
-    if (found <= 0)
-        return 0;
-    const auto entries = static_cast<unsigned int>(found);
-    const unsigned long long left = m_end - m_at;
-    if (entries <= left / smallestItem)
-        return entries;
-    m_isWhole = false;
-    add(FindingCode::COUNT_TOO_LARGE, field, m_at - WORD_SIZE,
-        "There are " + std::to_string(entries) + " entries of at least " +
-            std::to_string(smallestItem) + " bytes to come, and " + std::to_string(left) +
-            " bytes left in the record.");
-    return 0;
+void RecordVerifier::addAtPart(FindingCode code, unsigned int typeId, std::size_t place,
+                               std::string text) {
+    addAt(nullptr, code, typeId, place, std::move(text));
 }
 
-/// Those of the type itself.
-void RecordVerifier::ownConstraints() {
-    unsigned int ranges = 0;
-    m_facts->hasOpenRange = constraints(ranges);
-    m_facts->listAt = relative(m_at - ranges * static_cast<unsigned long long>(CONSTRAINT_SIZE));
-    m_facts->listCount = ranges;
+void RecordVerifier::addAtRanges(FindingCode code, unsigned int typeId, std::size_t place,
+                                 std::string text) {
+    addAt(&Layout::RANGE_COUNT, code, typeId, place, std::move(text));
 }
 
-/// Counted without a sign: the loader makes room for as many ranges as the count says. Whether one
-/// of them stands open.
-bool RecordVerifier::constraints(unsigned int& ranges) {
-    ranges = word("constraint count");
-    const unsigned long long left = m_end - m_at;
-    if (ranges > left / CONSTRAINT_SIZE) {
-        m_isWhole = false;
-        add(FindingCode::COUNT_TOO_LARGE, "constraint count", m_at - WORD_SIZE,
-            "There are " + std::to_string(ranges) + " ranges of 12 bytes to come, and " +
-                std::to_string(left) + " bytes left in the record.");
-        ranges = 0;
-    }
-    bool isOpen = false;
-    for (unsigned int i = 0; i < ranges; ++i, m_at += CONSTRAINT_SIZE) {
-        const char* range = m_window.at(m_at, CONSTRAINT_SIZE);
-        isOpen = isOpen || littleEndianAt<int>(range + DIRECTION_OFFSET) == UNCONSTRAINED_DIRECTION;
-    }
-    return isOpen;
+/// At the field of this layout that belongs to the part; null for its type id.
+void RecordVerifier::addAt(const FieldLayout* layout, FindingCode code, unsigned int typeId,
+                           std::size_t place, std::string text) {
+    std::size_t parts = 0;
+    readAgain(typeId, [&](const ReadField& field) {
+        parts += isPart(field) ? 1 : 0;
+        if (parts != place + 1 || (layout != nullptr && field.layout != layout))
+            return true;
+        add(code, field, std::move(text));
+        return false;
+    });
 }
 
-void RecordVerifier::reference(const char* field) {
-    m_facts->referenceAt = relative(m_at);
-    m_facts->reference = word(field);
-}
-
-/// The loader drops those that are too large and keeps those that are negative.
-void RecordVerifier::flavour(const char* field, int last) {
-    const int found = number(field);
-    expect(found >= 0 && found <= last, FindingCode::FLAVOUR_UNKNOWN, field, found,
-           last == LAST_EVENT_KIND ? "0 or 1" : "one of 0 to 3");
-}
-
-/// Says what was found in the word that was read last, unless it holds what it should.
-void RecordVerifier::expect(bool holds, FindingCode code, const char* field, long long found,
-                            const char* expected) {
-    if (!holds && m_isWhole)
-        add(code, field, m_at - WORD_SIZE,
-            "Found " + std::to_string(found) + ", expected " + expected + ".");
-}
-
-void RecordVerifier::isMissing(const char* field, std::size_t width) {
-    m_isWhole = false;
-    add(FindingCode::FIELD_MISSING, field, m_at,
-        "The field takes " + std::to_string(width) + " bytes, and " + std::to_string(m_end - m_at) +
-            " are left in the record.");
-}
-
-void RecordVerifier::add(FindingCode code, const char* field, unsigned long long offset,
-                         std::string text) {
-    std::string place;
-    if (m_list != nullptr)
-        place = std::string(m_list) + "[" + std::to_string(m_index) + "].";
-    m_findings.add(code, m_typeId, place + field, offset, std::move(text));
+void RecordVerifier::add(FindingCode code, const ReadField& field, std::string text) {
+    m_findings.add(code, m_typeId, nameOf(field), field.offset, std::move(text));
 }
 
 } // namespace TypeFile

@@ -1,78 +1,75 @@
 #pragma once
 
+#include "TypeFile/FieldReader.h"
 #include "TypeFile/FindingList.h"
 #include "TypeFile/StorageWindow.h"
-#include "TypeFile/TypeFacts.h"
+#include "TypeFile/TypeNodes.h"
 
-#include <cstddef>
 #include <string>
 
 namespace TypeFile {
 
-/// Checks the bytes of one record after the other: what each field holds, and that it is there.
+/// Checks the bytes of one record after the other, and words what is wrong with their fields.
 ///
-/// Reads like the loader's kind readers, a line a field. After the first field that is not there or
-/// cannot be believed the rest of the record is passed over.
+/// A record is scanned first, which only tells whether there is anything to say. Where there is, or
+/// where the record is longer than a block, it is read field by field along the same layout. After
+/// the first field that is not there or cannot be believed the rest of the record is passed over.
 class RecordVerifier {
 public:
-    RecordVerifier(StorageWindow& window, TypeTable& types, FindingList& findings)
-        : m_window(window), m_types(types), m_findings(findings) {}
+    /// Records are read in the order of the storage through `sweep`, and once more through `jumps`.
+    RecordVerifier(StorageWindow& sweep, StorageWindow& jumps, const TypeNodes& types,
+                   FindingList& findings)
+        : m_sweep(sweep), m_jumps(jumps), m_types(types), m_findings(findings) {}
 
-    /// Checks the record of `size` bytes at the type's address, all of them in the storage, fills
-    /// in the facts behind its kind and keeps its members if there is room.
-    void verify(unsigned int typeId, unsigned int size);
+    /// Checks the record of `size` bytes at the type's address, all of them in the storage, and
+    /// gives its parts; a record that is not whole has none.
+    void verify(unsigned int typeId, unsigned int size, unsigned int kind, RecordParts& record);
+
+    // The rest is for records that were found whole, and reads them once more.
+
+    void readParts(unsigned int typeId, RecordParts& record);
+
+    /// Says of each part that leads to no object, or to none that it should, what is wrong.
+    void addBrokenLinks(unsigned int typeId);
+
+    /// Adds a finding at a part: at its type id, or where its ranges are counted. `place` is that
+    /// of the part among those of the record.
+    void addAtPart(FindingCode code, unsigned int typeId, std::size_t place, std::string text);
+    void addAtRanges(FindingCode code, unsigned int typeId, std::size_t place, std::string text);
 
 private:
-    // Fields, in the order of the record. Where one is missing the answer is 0.
-    unsigned int word(const char* field);
-    int number(const char* field) { return static_cast<int>(word(field)); }
-    void name(const char* field);
-    void skip(const char* field, std::size_t width);
-    unsigned int count(const char* field, std::size_t smallestItem);
-    void ownConstraints();
-    bool constraints(unsigned int& ranges);
-    void reference(const char* field);
-    void flavour(const char* field, int last);
+    /// The first two fields of a record.
+    struct Head {
+        unsigned int size;
+        unsigned int kind;
+    };
 
-    // Bodies, one a kind or kinds that share theirs.
-    void body(unsigned int kind);
-    void seqEnum();
-    void discreteEnum();
-    void real();
-    void physical();
-    void array();
-    void record();
-    void classBody();
-    void member(unsigned int index);
-    void keepMembers(std::size_t first);
+    bool scan(StorageWindow& window, unsigned int typeId, unsigned int size, unsigned int kind,
+              RecordParts& record);
+    Head headOf(unsigned int typeId);
+    void readFields(unsigned int size, unsigned int kind, RecordParts& record);
+    void check(const ReadField& field);
+    void checkCount(const ReadField& field);
+    void checkTypeId(const ReadField& field);
+    void checkDirection(const ReadField& field);
+    void addMissing(const ReadField& field);
+    void addBrokenLink(const ReadField& field);
+    std::size_t smallestEntryBehind(const ReadField& count) const;
+    template <typename Take> void readAgain(unsigned int typeId, Take take);
+    void addAt(const FieldLayout* layout, FindingCode code, unsigned int typeId, std::size_t place,
+               std::string text);
+    void add(FindingCode code, const ReadField& field, std::string text);
 
-    void expect(bool holds, FindingCode code, const char* field, long long found,
-                const char* expected);
-    void isMissing(const char* field, std::size_t width);
-    void add(FindingCode code, const char* field, unsigned long long offset, std::string text);
-    unsigned int relative(unsigned long long offset) const {
-        return static_cast<unsigned int>(offset - m_facts->address);
-    }
-
-    /// The fields that follow belong to this entry of a list.
-    void item(const char* list, unsigned int index) {
-        m_list = list;
-        m_index = index;
-    }
-    void endOfItems() { m_list = nullptr; }
-
-    StorageWindow& m_window;
-    TypeTable& m_types;
+    StorageWindow& m_sweep;
+    StorageWindow& m_jumps;
+    const TypeNodes& m_types;
     FindingList& m_findings;
 
-    // The record that is being checked.
+    // The record that is read field by field.
     unsigned int m_typeId = 0;
-    TypeFacts* m_facts = nullptr;
-    unsigned long long m_at = 0;
     unsigned long long m_end = 0;
-    bool m_isWhole = true;
-    const char* m_list = nullptr;
-    unsigned int m_index = 0;
+    std::span<const FieldLayout> m_body;
+    bool m_isBelieved = true;
 };
 
 } // namespace TypeFile

@@ -8,7 +8,7 @@ StorageWindow::StorageWindow(OVAT::IBlockManager& storage, unsigned long long st
                              std::size_t blockSize)
     : m_storage(storage), m_storageSize(storageSize),
       m_blockSize(static_cast<std::size_t>(std::min<unsigned long long>(blockSize, storageSize))),
-      m_block(std::make_unique_for_overwrite<char[]>(m_blockSize)) {}
+      m_block(std::make_unique<char[]>(m_blockSize + READABLE_BEHIND)) {}
 
 void StorageWindow::move(unsigned long long offset) {
     const unsigned long long count =

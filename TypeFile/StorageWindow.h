@@ -14,7 +14,8 @@ public:
                   std::size_t blockSize);
 
     /// The bytes from `offset` on, at least `count` of them, which must lie inside the storage;
-    /// `count` is at most the block size. Stays valid until the next call.
+    /// `count` is at most the block size. Stays valid until the next call. READABLE_BEHIND bytes
+    /// more can be looked at, whatever they are.
     const char* at(unsigned long long offset, std::size_t count) {
         if (offset < m_begin || offset + count > m_end)
             move(offset);
@@ -24,6 +25,10 @@ public:
     /// End of the bytes that the last call of `at` can reach.
     unsigned long long end() const { return m_end; }
     unsigned long long storageSize() const { return m_storageSize; }
+    std::size_t blockSize() const { return m_blockSize; }
+
+    /// Bytes behind those that were asked for.
+    static constexpr std::size_t READABLE_BEHIND = 16;
 
 private:
     void move(unsigned long long offset);

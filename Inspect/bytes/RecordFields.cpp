@@ -3,8 +3,8 @@
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/LittleEndian.h"
+#include "TypeFile/FieldReader.h"
 #include "TypeFile/StorageWindow.h"
-#include "TypeFile/TypeFacts.h"
 
 #include <fmt/format.h>
 
@@ -17,12 +17,15 @@ namespace Inspect {
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
+using TypeFile::FieldLayout;
+using TypeFile::NamedValues;
+using TypeFile::nameOf;
+using TypeFile::ReadField;
 using TypeFile::StorageWindow;
 
 namespace {
 
 constexpr std::size_t WORD_SIZE = 4;
-constexpr std::size_t LONG_SIZE = 8;
 
 /// Names are shown up to here.
 constexpr std::size_t LONGEST_TEXT = 1024;
@@ -35,8 +38,12 @@ constexpr std::size_t LONGEST_NUMBER = 8;
 
 constexpr char MISSING_VALUE[] = "(missing)";
 
-/// What the bounds of a range and its direction are called where it is not there as a whole.
-constexpr const char* RANGE_PARTS[] = {"left bound", "right bound", "direction"};
+/// In the order of the enumeration.
+constexpr std::string_view FORM_WORDS[] = {
+    "recordSize", "kind",   "name",      "flags",   "number", "unsigned", "offset",    "named",
+    "flavour",    "typeId", "svTypeId",  "boolean", "long",   "real",     "direction", "range",
+    "version",    "count",  "valueSize", "value",   "ranges", "list",     "endOfList"};
+static_assert(std::size(FORM_WORDS) == static_cast<std::size_t>(FieldForm::END_OF_LIST) + 1);
 
 std::string realText(double value) { return fmt::format("{}", value); }
 
@@ -60,239 +67,189 @@ std::string svTypeIdMeaning(int id) {
                                      : "";
 }
 
-/// Reads one layout after the other over the bytes of a record or header.
-class FieldReader {
+/// Words for the fields of one record or header, one after the other.
+class FieldTexts {
 public:
-    FieldReader(StorageWindow& storage, unsigned long long begin, unsigned long long end,
-                const DescribeType& describe, const TakeField& take)
-        : m_storage(storage), m_describe(describe), m_take(take), m_begin(begin), m_at(begin) {
-        endAt(end);
+    FieldTexts(StorageWindow& storage, unsigned long long begin, const DescribeType& describe,
+               const TakeField& take)
+        : m_storage(storage), m_describe(describe), m_take(take), m_begin(begin),
+          m_end(std::min(begin, storage.storageSize())) {}
+
+    /// Reads up to `end`, and no further than the storage goes: bytes that are not in it are
+    /// missing, whatever the record says.
+    void read(std::span<const FieldLayout> layout, unsigned long long end) {
+        m_isCutByStorage = end > m_storage.storageSize();
+        m_reader.endAt(m_end = std::min(end, m_storage.storageSize()));
+        m_reader.read(layout);
     }
 
-    void read(std::span<const FieldLayout> layout);
+    /// What the fields have left over.
     void readRest();
 
     unsigned int kindCode() const { return m_kindCode; }
+
+    /// Where the record says that it ends.
+    unsigned long long claimedEnd() const { return m_claimedEnd; }
     unsigned long long end() const { return m_end; }
 
 private:
-    /// Those that are not in the storage are missing, whatever the record says.
-    void endAt(unsigned long long end) {
-        m_isCutByStorage = end > m_storage.storageSize();
-        m_end = std::min(end, m_storage.storageSize());
-        m_at = std::min(m_at, m_end);
+    bool takeField(const ReadField& field);
+    bool takeCutRange(const ReadField& field);
+    void fillName(const ReadField& field, RecordField& result);
+    void fillVersion(const ReadField& field, RecordField& result);
+    void fillRange(const ReadField& field, RecordField& result);
+    void fillValue(const ReadField& field, RecordField& result);
+    void fillWide(const ReadField& field, RecordField& result);
+    void fillWord(const ReadField& field, RecordField& result);
+    void fillRecordSize(int size, RecordField& result);
+    void fillMissing(const ReadField& field, RecordField& result) const;
+    const char* bytesOf(const ReadField& field) {
+        return m_storage.at(field.offset, static_cast<std::size_t>(field.size));
     }
-
-    unsigned long long bytesLeft() const { return m_end - m_at; }
-
-    // What a layout is made of.
-    std::size_t readList(std::span<const FieldLayout> layout, std::size_t first);
-    void readField(const FieldLayout& field);
-    void readName(const FieldLayout& field);
-    void readVersion(const FieldLayout& field);
-    void readRange(const std::string& name);
-    void readRanges(const FieldLayout& field);
-    void readValue(const FieldLayout& field);
-    void readReal(const FieldLayout& field);
-    void readFixed(const FieldLayout& field, std::size_t width);
-    void readWord(const FieldLayout& field, RecordField& result);
-    void readRecordSize(RecordField& result, int size);
-    void readCount(RecordField& result, int count);
-
-    const char* bytes(std::size_t count) { return m_storage.at(m_at, count); }
-
-    // What is given.
-    RecordField begin(std::string_view name, FieldForm form) const {
-        return {FieldState::WHOLE, form, m_prefix + std::string(name), m_at, 0, "", "", NO_TYPE_ID};
-    }
-    void giveWhole(RecordField& field, unsigned long long size);
-    void giveMissing(std::string_view name, FieldForm form, std::size_t width,
-                     const std::string& instead);
-    void giveMissingEntries(const char* list, unsigned int first, unsigned int count);
-    void give(const RecordField& field) { m_isWanted = m_isWanted && m_take(field); }
 
     StorageWindow& m_storage;
     const DescribeType& m_describe;
     const TakeField& m_take;
     unsigned long long m_begin;
-    unsigned long long m_at;
-    unsigned long long m_end = 0;
+    unsigned long long m_end;
+    unsigned long long m_claimedEnd = 0;
     bool m_isCutByStorage = false;
-    bool m_isWanted = true;
-    std::string m_prefix; ///< Of the names of fields in a list: "member[3].".
-
-    // What fields said of those behind them.
     unsigned int m_kindCode = 0;
-    unsigned int m_count = 0;
-    std::size_t m_valueSize = 0;
+
+    struct Take {
+        FieldTexts& texts;
+        bool operator()(const ReadField& field) const { return texts.takeField(field); }
+    };
+    TypeFile::FieldReader<Take> m_reader{m_storage, m_end, m_end, Take{*this}};
 };
 
-void FieldReader::read(std::span<const FieldLayout> layout) {
-    for (std::size_t i = 0; i < layout.size() && m_isWanted; ++i) {
-        if (layout[i].form == FieldForm::LIST)
-            i = readList(layout, i);
+bool FieldTexts::takeField(const ReadField& field) {
+    const FieldForm form = field.layout->form;
+    if (form == FieldForm::RANGE && !field.isWhole)
+        return takeCutRange(field);
+    RecordField result{field.isWhole     ? FieldState::WHOLE
+                       : field.size != 0 ? FieldState::PARTIAL
+                                         : FieldState::MISSING,
+                       form,
+                       nameOf(field),
+                       field.offset,
+                       field.size,
+                       "",
+                       "",
+                       NO_TYPE_ID};
+    if (form == FieldForm::NAME && field.size != 0)
+        fillName(field, result);
+    else if (form == FieldForm::VALUE && field.size != 0)
+        fillValue(field, result);
+    else if (!field.isWhole)
+        fillMissing(field, result);
+    else if (form == FieldForm::VERSION)
+        fillVersion(field, result);
+    else if (form == FieldForm::RANGE)
+        fillRange(field, result);
+    else if (field.width == WORD_SIZE)
+        fillWord(field, result);
+    else
+        fillWide(field, result);
+    return m_take(result);
+}
+
+/// Of a range that is not there as a whole, the loader takes the numbers that are.
+bool FieldTexts::takeCutRange(const ReadField& field) {
+    const std::string name = nameOf(field);
+    unsigned long long left = field.size;
+    ReadField part = field;
+    bool isWanted = true;
+    for (const FieldLayout& number : TypeFile::Layout::RANGE_PARTS) {
+        part.layout = &number;
+        part.width = WORD_SIZE;
+        part.size = std::min<unsigned long long>(left, WORD_SIZE);
+        part.isWhole = part.size == WORD_SIZE;
+        RecordField result{part.isWhole     ? FieldState::WHOLE
+                           : part.size != 0 ? FieldState::PARTIAL
+                                            : FieldState::MISSING,
+                           number.form,
+                           name + '.' + number.name,
+                           part.offset,
+                           part.size,
+                           "",
+                           "",
+                           NO_TYPE_ID};
+        if (part.isWhole)
+            result.value = std::to_string(littleEndianAt<int>(bytesOf(part)));
         else
-            readField(layout[i]);
+            fillMissing(part, result);
+        isWanted = isWanted && m_take(result);
+        part.offset += part.size;
+        left -= part.size;
     }
+    return isWanted;
 }
 
-/// The answer is the index of the list's end in the layout.
-std::size_t FieldReader::readList(std::span<const FieldLayout> layout, std::size_t first) {
-    std::size_t last = first;
-    while (layout[last].form != FieldForm::END_OF_LIST)
-        ++last;
-    const auto entry = layout.subspan(first + 1, last - first - 1);
-    const unsigned int count = m_count;
-    for (unsigned int i = 0; i < count && m_isWanted; ++i) {
-        if (bytesLeft() == 0) {
-            giveMissingEntries(layout[first].name, i, count);
-            break;
-        }
-        m_prefix = fmt::format("{}[{}].", layout[first].name, i);
-        read(entry);
-        m_prefix.clear();
-    }
-    return last;
+/// Of a long name the beginning.
+void FieldTexts::fillName(const ReadField& field, RecordField& result) {
+    const unsigned long long length = field.size - (field.isWhole ? 1 : 0);
+    const auto shown = static_cast<std::size_t>(std::min<unsigned long long>(length, LONGEST_TEXT));
+    result.value = quoted({m_storage.at(field.offset, shown), shown});
+    if (shown < length)
+        result.meaning = fmt::format("the first {} of {} bytes", shown, length);
+    if (!field.isWhole)
+        result.meaning +=
+            fmt::format("{}no zero byte: {}", result.meaning.empty() ? "" : "; ",
+                        m_isCutByStorage ? "the storage ends here" : "ends with the record");
 }
 
-void FieldReader::readField(const FieldLayout& field) {
-    switch (field.form) {
-    case FieldForm::NAME: return readName(field);
-    case FieldForm::VERSION: return readVersion(field);
-    case FieldForm::RANGE: return readRange(m_prefix + field.name);
-    case FieldForm::RANGES: return readRanges(field);
-    case FieldForm::VALUE: return readValue(field);
-    case FieldForm::REAL:
-    case FieldForm::DIRECTION:
-    case FieldForm::LONG: return readFixed(field, LONG_SIZE);
-    default: return readFixed(field, WORD_SIZE);
-    }
-}
-
-/// Ends at its zero byte, or with the record.
-void FieldReader::readName(const FieldLayout& field) {
-    if (bytesLeft() == 0)
-        return giveMissing(field.name, field.form, 0, "read as empty");
-    RecordField result = begin(field.name, field.form);
-    std::string text;
-    unsigned long long at = m_at;
-    bool isEnded = false;
-    while (at != m_end && !isEnded) {
-        const char* piece = m_storage.at(at, 1);
-        const auto left = static_cast<std::size_t>(std::min(m_end, m_storage.end()) - at);
-        const void* zero = std::memchr(piece, '\0', left);
-        isEnded = zero != nullptr;
-        const std::size_t size =
-            isEnded ? static_cast<std::size_t>(static_cast<const char*>(zero) - piece) : left;
-        text.append(piece, std::min(size, LONGEST_TEXT - text.size()));
-        at += size;
-    }
-    const unsigned long long length = at - m_at;
-    result.value = quoted(text);
-    if (length > text.size())
-        result.meaning = fmt::format("the first {} of {} bytes", text.size(), length);
-    if (!isEnded) {
-        result.state = FieldState::PARTIAL;
-        result.meaning += result.meaning.empty() ? "" : "; ";
-        result.meaning += m_isCutByStorage ? "no zero byte: the storage ends here"
-                                           : "no zero byte: ends with the record";
-    }
-    giveWhole(result, length + (isEnded ? 1 : 0));
-}
-
-void FieldReader::readVersion(const FieldLayout& field) {
-    if (bytesLeft() < VERSION_SIZE)
-        return giveMissing(field.name, field.form, VERSION_SIZE, "");
-    RecordField result = begin(field.name, field.form);
-    const char* text = bytes(VERSION_SIZE);
-    const char* end = std::find(text, text + VERSION_SIZE, '\0');
-    result.value = quoted({text, static_cast<std::size_t>(end - text)});
-    if (std::string_view(text, static_cast<std::size_t>(end - text)) ==
-        RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
+void FieldTexts::fillVersion(const ReadField& field, RecordField& result) {
+    const char* text = bytesOf(field);
+    const std::string_view version(
+        text, static_cast<std::size_t>(std::find(text, text + VERSION_SIZE, '\0') - text));
+    result.value = quoted(version);
+    if (version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
         result.meaning = "marks a file without usable types";
-    giveWhole(result, VERSION_SIZE);
 }
 
-void FieldReader::readRange(const std::string& name) {
-    if (bytesLeft() < CONSTRAINT_SIZE) {
-        for (const char* part : RANGE_PARTS)
-            readFixed({(name.substr(m_prefix.size()) + '.' + part).c_str(), FieldForm::NUMBER},
-                      WORD_SIZE);
-        return;
-    }
-    RecordField result = begin(name.substr(m_prefix.size()), FieldForm::RANGE);
-    const char* range = bytes(CONSTRAINT_SIZE);
+void FieldTexts::fillRange(const ReadField& field, RecordField& result) {
+    const char* range = bytesOf(field);
     const FullConstraints read{littleEndianAt<int>(range), littleEndianAt<int>(range + 4),
                                littleEndianAt<int>(range + 8)};
     result.value = rangeText(read);
     if (read.dir == UNCONSTRAINED_DIRECTION)
         result.meaning = "filled in by an enclosing type";
-    giveWhole(result, CONSTRAINT_SIZE);
 }
 
-/// The list keeps a count that is negative as a signed number, and nothing is read then.
-void FieldReader::readRanges(const FieldLayout& field) {
-    readFixed({"constraint count", FieldForm::COUNT}, WORD_SIZE);
-    const unsigned int count = m_count;
-    const std::string list = m_prefix + field.name;
-    for (unsigned int i = 0; i < count && m_isWanted; ++i) {
-        if (bytesLeft() == 0)
-            return giveMissingEntries(field.name, i, count);
-        readRange(fmt::format("{}[{}]", list, i));
-    }
-}
-
-/// Bytes behind the record's end are 0. A value without bytes is no field.
-void FieldReader::readValue(const FieldLayout& field) {
-    if (m_valueSize == 0)
-        return;
-    if (bytesLeft() == 0)
-        return giveMissing(field.name, field.form, 0, "read as 0");
-    RecordField result = begin(field.name, field.form);
-    const unsigned long long size = std::min<unsigned long long>(m_valueSize, bytesLeft());
-    if (size < m_valueSize) {
-        result.state = FieldState::PARTIAL;
-        result.meaning = fmt::format("{} of {} bytes, the others are read as 0", size, m_valueSize);
-    } else if (size <= LONGEST_NUMBER) {
+/// Bytes behind the record's end are 0.
+void FieldTexts::fillValue(const ReadField& field, RecordField& result) {
+    if (!field.isWhole) {
+        result.meaning =
+            fmt::format("{} of {} bytes, the others are read as 0", field.size, field.width);
+    } else if (field.size <= LONGEST_NUMBER) {
         char number[LONGEST_NUMBER] = {};
-        std::memcpy(number, bytes(static_cast<std::size_t>(size)), static_cast<std::size_t>(size));
+        std::memcpy(number, bytesOf(field), static_cast<std::size_t>(field.size));
         result.value = std::to_string(littleEndianAt<unsigned long long>(number));
         result.meaning = "as a little-endian number";
     } else {
-        result.meaning = fmt::format("{} bytes", size);
+        result.meaning = fmt::format("{} bytes", field.size);
     }
-    giveWhole(result, size);
 }
 
-/// A field of 4 or 8 bytes.
-void FieldReader::readFixed(const FieldLayout& field, std::size_t width) {
-    if (bytesLeft() < width) {
-        if (field.form == FieldForm::COUNT)
-            m_count = 0;
-        if (field.form == FieldForm::VALUE_SIZE)
-            m_valueSize = 0;
-        return giveMissing(field.name, field.form, width, fmt::format("read as {}", field.missing));
+void FieldTexts::fillWide(const ReadField& field, RecordField& result) {
+    const char* const bytes = bytesOf(field);
+    if (result.form == FieldForm::LONG) {
+        result.value = std::to_string(littleEndianAt<long long>(bytes));
+        return;
     }
-    RecordField result = begin(field.name, field.form);
-    if (width == WORD_SIZE) {
-        readWord(field, result);
-    } else if (field.form == FieldForm::LONG) {
-        result.value = std::to_string(littleEndianAt<long long>(bytes(width)));
-    } else {
-        const auto real = littleEndianAt<double>(bytes(width));
-        result.value = realText(real);
-        if (field.form == FieldForm::DIRECTION)
-            result.meaning = directionMeaning(real);
-    }
-    giveWhole(result, width);
+    const auto real = littleEndianAt<double>(bytes);
+    result.value = realText(real);
+    if (result.form == FieldForm::DIRECTION)
+        result.meaning = directionMeaning(real);
 }
 
-void FieldReader::readWord(const FieldLayout& field, RecordField& result) {
-    const auto word = littleEndianAt<unsigned int>(bytes(WORD_SIZE));
+void FieldTexts::fillWord(const ReadField& field, RecordField& result) {
+    const unsigned int word = field.word;
     const auto number = static_cast<int>(word);
     result.value = std::to_string(number);
-    switch (field.form) {
-    case FieldForm::RECORD_SIZE: return readRecordSize(result, number);
+    switch (result.form) {
+    case FieldForm::RECORD_SIZE: return fillRecordSize(number, result);
     case FieldForm::KIND:
         m_kindCode = word;
         result.value = fmt::format("{:#x}", word);
@@ -307,15 +264,16 @@ void FieldReader::readWord(const FieldLayout& field, RecordField& result) {
         result.meaning = fmt::format("{:#x}", word);
         return;
     case FieldForm::NAMED: {
-        if (field.names->first != 0)
+        const NamedValues& names = *field.layout->names;
+        if (names.first != 0)
             result.value = fmt::format("{:#x}", word);
-        const char* name = field.names->nameOf(word);
+        const char* name = names.nameOf(word);
         result.meaning = name != nullptr ? name : "unknown";
         return;
     }
     case FieldForm::FLAVOUR:
-        if (number > field.last)
-            result.meaning = fmt::format("above {}: 0 stands instead", field.last);
+        if (number > field.layout->last)
+            result.meaning = fmt::format("above {}: 0 stands instead", field.layout->last);
         return;
     case FieldForm::TYPE_ID:
         result.value = std::to_string(word);
@@ -327,9 +285,8 @@ void FieldReader::readWord(const FieldLayout& field, RecordField& result) {
         result.value = std::to_string(word);
         result.meaning = word != 0 ? "true" : "false";
         return;
-    case FieldForm::COUNT: return readCount(result, number);
+    case FieldForm::COUNT: result.meaning = number < 0 ? "negative: nothing is read" : ""; return;
     case FieldForm::VALUE_SIZE:
-        m_valueSize = static_cast<std::size_t>(std::max(number, 0));
         result.meaning = number < 0 ? "negative" : "bytes of a value";
         return;
     case FieldForm::UNSIGNED: result.value = std::to_string(word); return;
@@ -337,67 +294,42 @@ void FieldReader::readWord(const FieldLayout& field, RecordField& result) {
     }
 }
 
-void FieldReader::readRecordSize(RecordField& result, int size) {
+void FieldTexts::fillRecordSize(int size, RecordField& result) {
     const unsigned long long inStorage = m_storage.storageSize() - m_begin;
     if (size < static_cast<int>(RECORD_HEADER_SIZE))
         result.meaning = "less than the 8 bytes of size and kind";
     else if (static_cast<unsigned long long>(size) > inStorage)
         result.meaning = fmt::format("the storage ends after {} bytes", inStorage);
-    endAt(m_begin + std::max<unsigned long long>(RECORD_HEADER_SIZE,
-                                                 static_cast<unsigned int>(std::max(size, 0))));
-}
-
-void FieldReader::readCount(RecordField& result, int count) {
-    m_count = static_cast<unsigned int>(std::max(count, 0));
-    if (count < 0)
-        result.meaning = "negative: nothing is read";
-}
-
-void FieldReader::giveWhole(RecordField& field, unsigned long long size) {
-    field.size = size;
-    m_at += size;
-    give(field);
+    m_claimedEnd = m_begin + std::max(size, 0);
 }
 
 /// A field of which not all bytes are there takes those that are: no field is read behind it.
-void FieldReader::giveMissing(std::string_view name, FieldForm form, std::size_t width,
-                              const std::string& instead) {
-    RecordField result = begin(name, form);
+void FieldTexts::fillMissing(const ReadField& field, RecordField& result) const {
     result.value = MISSING_VALUE;
-    result.meaning = m_isCutByStorage ? "the storage ends here" : instead;
-    result.state = FieldState::MISSING;
-    if (bytesLeft() != 0) {
-        result.state = FieldState::PARTIAL;
-        result.meaning = fmt::format("{} of {} bytes{}{}", bytesLeft(), width,
+    const FieldForm form = field.layout->form;
+    if (m_isCutByStorage)
+        result.meaning = "the storage ends here";
+    else if (field.missingItems > 1)
+        result.meaning = fmt::format("{} entries, read as empty", field.missingItems);
+    else if (form == FieldForm::NAME || field.missingItems == 1)
+        result.meaning = "read as empty";
+    else if (form != FieldForm::VERSION)
+        result.meaning = fmt::format("read as {}", field.layout->missing);
+    if (field.size != 0)
+        result.meaning = fmt::format("{} of {} bytes{}{}", field.size, field.width,
                                      result.meaning.empty() ? "" : ": ", result.meaning);
-    }
-    giveWhole(result, bytesLeft());
 }
 
-/// All of a list that is not there: the count may claim any number.
-void FieldReader::giveMissingEntries(const char* list, unsigned int first, unsigned int count) {
-    RecordField result = begin(fmt::format("{}[{}]", list, first), FieldForm::LIST);
-    if (count - first > 1)
-        result.name += fmt::format(" to [{}]", count - 1);
-    result.state = FieldState::MISSING;
-    result.value = MISSING_VALUE;
-    result.meaning = m_isCutByStorage    ? "the storage ends here"
-                     : count - first > 1 ? fmt::format("{} entries, read as empty", count - first)
-                                         : "read as empty";
-    give(result);
-}
-
-/// What the fields have left over.
-void FieldReader::readRest() {
-    if (bytesLeft() == 0)
-        return;
-    RecordField result = begin("left-over bytes", FieldForm::END_OF_LIST);
-    result.state = FieldState::UNREAD;
-    result.meaning = fmt::format("{} bytes that are not read", bytesLeft());
-    giveWhole(result, bytesLeft());
+void FieldTexts::readRest() {
+    const unsigned long long left = m_end - m_reader.at();
+    if (left != 0 && m_reader.isWanted())
+        m_take({FieldState::UNREAD, FieldForm::END_OF_LIST, "left-over bytes", m_reader.at(), left,
+                "", fmt::format("{} bytes that are not read", left), NO_TYPE_ID});
 }
 
 } // namespace
+
+std::string_view wordOf(FieldForm form) { return FORM_WORDS[static_cast<std::size_t>(form)]; }
 
 std::string_view wordOf(FieldState state) {
     constexpr std::string_view WORDS[] = {"whole", "partial", "missing", "unread"};
@@ -406,23 +338,24 @@ std::string_view wordOf(FieldState state) {
 
 unsigned long long readRecordFields(StorageWindow& storage, unsigned long long address,
                                     const DescribeType& describe, const TakeField& take) {
-    FieldReader reader(storage, address, address + RECORD_HEADER_SIZE, describe, take);
-    const auto head = recordHeadLayout();
-    reader.read(head.first(2)); // Size and kind, which say what follows.
-    if (TypeFile::buildsType(reader.kindCode())) {
-        reader.read(head.subspan(2));
-        reader.read(bodyLayout(reader.kindCode()));
-    }
-    reader.readRest();
-    return reader.end();
+    FieldTexts texts(storage, address, describe, take);
+    const auto head = std::span(TypeFile::Layout::HEAD);
+    const unsigned long long behindKind = address + RECORD_HEADER_SIZE;
+    texts.read(head.first(2), behindKind); // Size and kind, which say what follows.
+    const unsigned long long end = std::max(texts.claimedEnd(), behindKind);
+    const bool hasBody = TypeFile::buildsType(texts.kindCode());
+    texts.read(hasBody ? head.subspan(2) : head.first(0), end);
+    texts.read(TypeFile::bodyLayout(texts.kindCode()), end);
+    texts.readRest();
+    return texts.end();
 }
 
 unsigned long long readHeaderFields(StorageWindow& storage, unsigned long long address,
                                     const TakeField& take) {
     const DescribeType none;
-    FieldReader reader(storage, address, address + HEADER_SIZE, none, take);
-    reader.read(headerLayout());
-    return reader.end();
+    FieldTexts texts(storage, address, none, take);
+    texts.read(TypeFile::Layout::HEADER, address + HEADER_SIZE);
+    return texts.end();
 }
 
 RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {

@@ -1,17 +1,23 @@
 #pragma once
 
-#include "Inspect/bytes/RecordLayout.h"
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/RecordLayout.h"
 
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace TypeFile {
 class StorageWindow;
 }
 
 namespace Inspect {
+
+using TypeFile::FieldForm;
+
+/// The word for a form where programs read it, such as "typeId".
+std::string_view wordOf(FieldForm form);
 
 /// How much of a field there is.
 enum class FieldState {

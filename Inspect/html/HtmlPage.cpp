@@ -1,6 +1,6 @@
 #include "Inspect/html/HtmlPage.h"
 
-#include "Inspect/bytes/RecordLayout.h"
+#include "Inspect/bytes/RecordFields.h"
 #include "Inspect/declarations/TypeDeclarations.h"
 #include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/html/PageText.h"
@@ -9,6 +9,7 @@
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/RecordLayout.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFileFrame.h"
 
@@ -73,9 +74,9 @@ std::string htmlText(std::string_view text) {
     return result;
 }
 
-Json jsonOf(std::span<const FieldLayout> layout) {
+Json jsonOf(std::span<const TypeFile::FieldLayout> layout) {
     Json list = Json::array();
-    for (const FieldLayout& field : layout) {
+    for (const TypeFile::FieldLayout& field : layout) {
         Json json{{"name", field.name != nullptr ? Json(field.name) : Json()},
                   {"form", wordOf(field.form)},
                   {"missing", field.missing},
@@ -100,7 +101,7 @@ Json formatJson() {
         words[key] = kindOf(code);
         kinds[key] = kindOf(code, 0);
         if (kindOf(code) != BUILDS_NO_TYPE)
-            bodies[key] = jsonOf(bodyLayout(code));
+            bodies[key] = jsonOf(TypeFile::bodyLayout(code));
     }
     const auto detailed = [](unsigned int code, const NamedValues& details) {
         Json list = Json::array();
@@ -108,7 +109,7 @@ Json formatJson() {
             list.push_back(kindOf(code, details.first + static_cast<unsigned int>(i)));
         return Json{{"first", details.first}, {"kinds", std::move(list)}};
     };
-    return {{"head", jsonOf(recordHeadLayout())},
+    return {{"head", jsonOf(TypeFile::Layout::HEAD)},
             {"bodies", std::move(bodies)},
             {"words", std::move(words)},
             {"kinds", std::move(kinds)},

@@ -74,7 +74,6 @@ std::size_t compareOrders(const ModelFile& file, const TypeFile::VerifyLimits& l
 
 TEST(VerifierOrder, FindsTheSameInRandomFilesWhereverTheRecordsLie) {
     TypeFile::VerifyLimits limits;
-    limits.maxNesting = 3;
     std::size_t found = 0;
     for (std::uint64_t seed = 0; seed < 3000 && !HasFailure(); ++seed) {
         limits.maxWalkSteps = seed % 16;
@@ -87,7 +86,6 @@ TEST(VerifierOrder, FindsTheSameInRandomFilesWhereverTheRecordsLie) {
 TEST(VerifierOrder, FindsTheSameInDeepFilesWhereverTheRecordsLie) {
     TypeFile::VerifyLimits limits;
     limits.maxWalkSteps = 100;
-    limits.maxNesting = 20;
     std::size_t found = 0;
     for (std::uint64_t seed = 0; seed < 300 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));

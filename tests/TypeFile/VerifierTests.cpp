@@ -7,8 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -605,17 +607,40 @@ TEST(InvalidReference, ClassThatIsItsOwnAncestor) {
                 file.address(1) + BODY);
 }
 
-TEST(InvalidReference, NestingBeyondTheLimit) {
+/// Classes that are each derived from the next one and have a member of the first.
+TypeFileBuilder lineage(unsigned int classes) {
     TypeFileBuilder file;
-    file.integer("i");
-    for (unsigned int id = 0; id < 4; ++id)
-        addTypedef(file, id);
-    VerifyLimits limits;
-    limits.maxNesting = 5;
-    EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
-    limits.maxNesting = 3; // Reported where it begins, not again for type 4.
-    expectError(findingsOf(file, limits), FindingCode::NESTING_TOO_DEEP, 3, "data type id",
-                file.address(3) + BODY);
+    for (unsigned int id = 0; id < classes; ++id)
+        addClass(file, id + 1 < classes ? id + 1 : NO_BASE, {0});
+    return file;
+}
+
+TEST(SuspiciousReference, RecordThatIsOpenedMoreThanSixteenTimes) {
+    // The first class is opened by itself, and again by the members of each class below it.
+    expectClean(lineage(16));
+    const TypeFileBuilder file = lineage(17);
+    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 0, "base class type id",
+                  40 + BODY);
+}
+
+TEST(SuspiciousReference, IsSaidOnceOfAGroup) {
+    const TypeFileBuilder file = lineage(40); // From the twenty-fourth on there are seventeen.
+    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 23, "base class type id",
+                  file.address(23) + BODY);
+}
+
+TEST(Verifier, FindsNothingInAChainThatDoesNotLeadBack) {
+    TypeFileBuilder file;
+    for (unsigned int id = 0; id < 40; ++id)
+        addClass(file, id < 39 ? id + 1 : NO_BASE, {id});
+    expectClean(file); // Each class leads back to itself alone.
+}
+
+TEST(Verifier, FindsNothingInAChainOfTypedefsToAClassThatLeadsBack) {
+    TypeFileBuilder file;
+    for (unsigned int id = 0; id < 40; ++id)
+        addTypedef(file, id + 1);
+    expectClean(addClass(file, NO_BASE, {0})); // Once the class is there, it stays.
 }
 
 TEST(InvalidReference, ChainOfAMillionTypedefs) {
@@ -638,11 +663,8 @@ TEST(InvalidReference, ChainOfAMillionTypedefs) {
         image += word(40 + id * RECORD, 8);
     image[40 + static_cast<std::size_t>(TYPES - 1) * RECORD + 4] = 0x07; // A typedef of itself.
     const auto findings = findingsOf(image);
-    ASSERT_EQ(findings.size(), 2u) << linesOf(findings);
-    EXPECT_EQ(findings[0].code, FindingCode::NESTING_TOO_DEEP);
-    EXPECT_EQ(findings[0].typeId, TYPES - 1001);
-    EXPECT_EQ(findings[1].code, FindingCode::REFERENCE_ENDLESS);
-    EXPECT_EQ(findings[1].typeId, TYPES - 1);
+    expectError(findings, FindingCode::REFERENCE_ENDLESS, TYPES - 1, "data type id",
+                40 + static_cast<unsigned long long>(TYPES - 1) * RECORD + 13);
 }
 
 TEST(InvalidStruct, ContainsItself) {
@@ -725,27 +747,85 @@ TypeFileBuilder ladder(unsigned int levels) {
     return file;
 }
 
-TEST(InvalidWalk, LadderOfStructs) {
-    // The array costs 1 for its range, 1 for its element and 1 for its constraint; a struct two
-    // times one more than what is below it: 3, 8, 18, ... 5 * 2^k - 2.
-    VerifyLimits limits;
-    limits.maxWalkSteps = 5 * (1 << 10) - 2;
-    EXPECT_EQ(linesOf(findingsOf(ladder(10), limits)), "");
-    --limits.maxWalkSteps;
-    const TypeFileBuilder file = ladder(12); // Reported once, at the first struct that goes past.
-    expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 11, "record",
-                file.address(11));
-    expectError(findingsOf(ladder(40)), FindingCode::WALK_TOO_LARGE, 27, "record",
-                ladder(40).address(27));
+/// Exactly these types are reported for their walks, and nothing else is found.
+void expectLargeWalks(const TypeFileBuilder& file, const VerifyLimits& limits,
+                      const std::vector<unsigned int>& types) {
+    const auto findings = findingsOf(file, limits);
+    ASSERT_EQ(findings.size(), types.size()) << linesOf(findings);
+    for (std::size_t i = 0; i < types.size(); ++i)
+        expectFinding(findings, i, FindingCode::WALK_TOO_LARGE, Severity::WARNING, types[i],
+                      "record", file.address(types[i]));
 }
 
-TEST(InvalidWalk, LadderOfClasses) {
+/// The ids from `first` to `last`.
+std::vector<unsigned int> idsBetween(unsigned int first, unsigned int last) {
+    std::vector<unsigned int> ids;
+    for (unsigned int id = first; id <= last; ++id)
+        ids.push_back(id);
+    return ids;
+}
+
+VerifyLimits walkLimit(unsigned int steps) {
+    VerifyLimits limits;
+    limits.maxWalkSteps = steps;
+    return limits;
+}
+
+TEST(LargeWalk, LadderOfStructs) {
+    // The array gives one range; a struct takes two times what is below it, and itself: 3, 7, 15,
+    // ... 2^(k + 1) - 1 for the k-th, which is type k + 1.
+    expectLargeWalks(ladder(12), walkLimit(2047), {12, 13});
+    expectLargeWalks(ladder(12), walkLimit(2046), {11, 12, 13});
+    expectLargeWalks(ladder(40), {}, idsBetween(29, 41));
+}
+
+TEST(LargeWalk, LadderOfClasses) {
     TypeFileBuilder file;
     file.integer("i");
     addArray(file, 0);
     for (unsigned int level = 0; level < 40; ++level)
         addClass(file, NO_BASE, {level + 1, level + 1});
-    expectError(findingsOf(file), FindingCode::WALK_TOO_LARGE, 27, "record", file.address(27));
+    expectLargeWalks(file, {}, idsBetween(29, 41));
+}
+
+TEST(LargeWalk, OfTypesThatStandBeforeTheirParts) {
+    TypeFileBuilder file;
+    for (unsigned int id = 0; id < 30; ++id)
+        addStruct(file, {id + 1, id + 1});
+    addArray(file, 31).integer("i"); // Type 29 takes 3 steps, type 0 takes 2^31 - 1.
+    expectLargeWalks(file, {}, {0, 1, 2});
+}
+
+TEST(LargeWalk, OfAnArrayIsItsDimensions) {
+    TypeFileBuilder file;
+    file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
+    file.u32(3).u32(0).u32(0).u32(0).u32(3).range(0, 1, 1).range(0, 1, 1).range(0, 1, 1).i32(-99);
+    expectLargeWalks(file, walkLimit(3), {});
+    expectLargeWalks(file, walkLimit(2), {1});
+}
+
+TEST(Verifier, FindsNothingInARowOfClassesThatAlsoLeadBack) {
+    // There are more than 2^40 paths, and nearly all of them give nothing.
+    TypeFileBuilder file;
+    file.integer("i");
+    addArray(file, 0);
+    for (unsigned int id = 2; id < 42; ++id) {
+        const unsigned int next = std::min(id + 1, 41U);
+        addClass(file, NO_BASE, {id == 2 ? 1 : id - 1, next, next});
+    }
+    expectClean(file);
+}
+
+TEST(Verifier, FindsNothingInALongRingOfClasses) {
+    constexpr unsigned int CLASSES = 8000;
+    TypeFileBuilder file;
+    file.integer("i");
+    addArray(file, 0);
+    for (unsigned int i = 0; i < CLASSES; ++i)
+        addClass(file, NO_BASE, {1, 2 + (i + 1) % CLASSES});
+    VerifyLimits limits;
+    limits.maxCountingSteps = 0; // It can be told without counting.
+    expectLargeWalks(file, limits, {});
 }
 
 /// Classes that all have members of all of them, and of type 1, an array.
@@ -761,41 +841,72 @@ TypeFileBuilder clique(unsigned int classes, bool givesRanges = true) {
     return file;
 }
 
-TEST(InvalidWalk, ClassesThatAllLeadToOneAnother) {
+TEST(LargeWalk, IsNotCountedToTheEndAmongManyClasses) {
     expectClean(clique(5));
     VerifyLimits limits;
     limits.maxCountingSteps = 100000;
     const TypeFileBuilder file = clique(30);
-    expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 2, "record",
-                file.address(2));
+    expectWarning(findingsOf(file, limits), FindingCode::WALKS_NOT_COUNTED, FILE_LEVEL,
+                  "address table", file.tableOffset());
 }
 
-TEST(Verifier, CountsTheWalkThroughTwoClassesExactly) {
-    // From either: the array (1 + 3), itself (1), the other (1) with its array and both again.
-    const TypeFileBuilder file = clique(2);
-    VerifyLimits limits;
-    limits.maxWalkSteps = 12;
-    EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
-    limits.maxWalkSteps = 11;
-    expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 2, "record",
-                file.address(2));
+TEST(LargeWalk, ThroughTwoClassesIsCountedExactly) {
+    // From either: the array, the other class with its array, and the two visits.
+    expectLargeWalks(clique(2), walkLimit(4), {});
+    expectLargeWalks(clique(2), walkLimit(3), {2, 3});
 }
 
-TEST(Verifier, CountsEveryHandleToTheSameClass) {
-    // The array (1 + 3) and two handles to the class itself (1 each).
+/// Type 2 is a class of an array and two handles to type 3, a class of the array and a handle back;
+/// type 4 holds ten handles to type 2.
+TypeFileBuilder tenTimesTwoClasses() {
     TypeFileBuilder file;
     file.integer("i");
     addArray(file, 0);
-    addClass(file, NO_BASE, {1, 2, 2});
-    VerifyLimits limits;
-    limits.maxWalkSteps = 6;
-    EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
-    limits.maxWalkSteps = 5;
-    expectError(findingsOf(file, limits), FindingCode::WALK_TOO_LARGE, 2, "record",
-                file.address(2));
+    addClass(file, NO_BASE, {1, 3, 3});
+    addClass(file, NO_BASE, {1, 2});
+    return addStruct(file, std::vector<unsigned int>(10, 2));
+}
+
+TEST(LargeWalk, CountsEveryHandleToTheSameClass) {
+    // Type 2: 1 + 2 * 2 + 1. Type 3: 1 + 2 + 1. Type 4: 10 * 6 + 1.
+    expectLargeWalks(tenTimesTwoClasses(), walkLimit(6), {4});
+    expectLargeWalks(tenTimesTwoClasses(), walkLimit(5), {2, 4});
+    expectLargeWalks(tenTimesTwoClasses(), walkLimit(3), {2, 3, 4});
+}
+
+TEST(LargeWalk, IsCountedExactlyWhereTheBoundOfAPartWouldPassTheLimit) {
+    expectLargeWalks(tenTimesTwoClasses(), walkLimit(61), {});
+    expectLargeWalks(tenTimesTwoClasses(), walkLimit(60), {4});
 }
 
 TEST(Verifier, FindsNothingWhereManyClassesGiveNoRange) { expectClean(clique(8, false)); }
+
+TEST(InvalidReference, OfEveryTypeThatSharesARecord) {
+    TypeFileBuilder file;
+    addTypedef(file, 7);
+    addTypedef(file, 7);
+    std::string image = file.image();
+    patch(image, file.tableOffset() + 8, 40);
+    const auto findings = findingsOf(image);
+    ASSERT_EQ(findings.size(), 3u) << linesOf(findings);
+    expectFinding(findings, 0, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 0,
+                  "data type id", 40 + BODY);
+    expectFinding(findings, 1, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 1,
+                  "data type id", 40 + BODY);
+    expectFinding(findings, 2, FindingCode::RECORD_SHARED, Severity::WARNING, 1, "address",
+                  file.tableOffset() + 8);
+}
+
+TEST(InvalidRecord, KindZeroBuildsNoTypeForOthers) {
+    TypeFileBuilder file;
+    file.record(0, "?");
+    addTypedef(file, 0);
+    const auto findings = findingsOf(file);
+    ASSERT_EQ(findings.size(), 2u) << linesOf(findings);
+    expectFinding(findings, 0, FindingCode::KIND_UNKNOWN, Severity::ERROR, 0, "kind", 44);
+    expectFinding(findings, 1, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 1, "data type id",
+                  file.address(1) + BODY);
+}
 
 TEST(Findings, AreOrderedByTypeAndOffset) {
     TypeFileBuilder file;

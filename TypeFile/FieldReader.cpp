@@ -1,0 +1,17 @@
+#include "TypeFile/FieldReader.h"
+
+namespace TypeFile {
+
+std::string nameOf(const ReadField& field) {
+    std::string name;
+    if (field.list != nullptr)
+        name = std::string(field.list->name) + '[' + std::to_string(field.index) + "].";
+    name += field.layout->name;
+    if (field.item != ReadField::NO_ITEM)
+        name += '[' + std::to_string(field.item) + ']';
+    if (field.missingItems > 1)
+        name += " to [" + std::to_string(field.item + field.missingItems - 1) + ']';
+    return name;
+}
+
+} // namespace TypeFile

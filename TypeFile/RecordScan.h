@@ -1,0 +1,179 @@
+#pragma once
+
+#include "RTTI/LittleEndian.h"
+#include "TypeFile/RecordLayout.h"
+#include "TypeFile/StorageWindow.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace TypeFile {
+
+/// The top bit of the first of 8 bytes that is zero; 0 where none is.
+inline std::uint64_t firstZeroIn(const char* bytes) {
+    constexpr std::uint64_t ONES = 0x0101010101010101;
+    const auto word = RTTI::littleEndianAt<std::uint64_t>(bytes);
+    return (word - ONES) & ~word & (ONES << 7); // Bits above the first may be wrong.
+}
+
+/// The zero byte that ends a name, or any place from `end` on. Looks at StorageWindow's
+/// READABLE_BEHIND bytes: names are searched in steps of so many.
+[[gnu::always_inline]] inline const char* endOfName(const char* at, const char* end) {
+    for (; at < end; at += StorageWindow::READABLE_BEHIND) {
+        const std::uint64_t first = firstZeroIn(at);
+        const std::uint64_t second = firstZeroIn(at + sizeof first);
+        if ((first | second) != 0)
+            return at + (first != 0 ? std::countr_zero(first) : 64 + std::countr_zero(second)) / 8;
+    }
+    return at;
+}
+
+/// Whether a real type's direction fits the number that the loader makes of it.
+inline bool isUsableDirection(double direction) {
+    const double truncated = std::trunc(direction);
+    return truncated >= std::numeric_limits<int>::min() &&
+           truncated <= std::numeric_limits<int>::max();
+}
+
+/// Reads a record that is in memory along its layouts, which the compiler unrolls, and hands its
+/// references to a sink. It only says whether all is well: where it is not, whoever asks reads the
+/// record again, field by field.
+///
+/// Sink: bool reference<LINK>(typeId) and void ranges(const char* first, unsigned int count), the
+/// latter for the reference before it.
+template <typename Sink> class RecordScan {
+public:
+    RecordScan(const char* begin, const char* end, Sink& sink)
+        : m_at(begin), m_end(end), m_sink(sink) {}
+
+    /// Whether the fields of a layout are all there and hold what they should.
+    template <const auto& LAYOUT> [[gnu::always_inline]] bool read() {
+        return fields<LAYOUT, 0, std::size(LAYOUT)>();
+    }
+
+    bool isAtEnd() const { return m_at == m_end; }
+
+private:
+    std::size_t left() const { return static_cast<std::size_t>(m_end - m_at); }
+
+    /// Where the fields of fixed width that begin at FIRST end.
+    template <const auto& LAYOUT, std::size_t FIRST>
+    static constexpr std::size_t endOfRun(std::size_t last) {
+        std::size_t next = FIRST;
+        while (next < last && widthOf(LAYOUT[next].form) != 0)
+            ++next;
+        return next;
+    }
+
+    template <const auto& LAYOUT>
+    static constexpr std::size_t widthBetween(std::size_t first, std::size_t last) {
+        std::size_t width = 0;
+        for (; first < last; ++first)
+            width += widthOf(LAYOUT[first].form);
+        return width;
+    }
+
+    /// Those of fixed width take one look at the bounds together.
+    template <const auto& LAYOUT, std::size_t FIRST, std::size_t LAST>
+    [[gnu::always_inline]] bool fields() {
+        if constexpr (FIRST == LAST) {
+            return true;
+        } else if constexpr (constexpr std::size_t NEXT = endOfRun<LAYOUT, FIRST>(LAST);
+                             NEXT != FIRST) {
+            constexpr std::size_t WIDTH = widthBetween<LAYOUT>(FIRST, NEXT);
+            if (left() < WIDTH || !run<LAYOUT, FIRST>(std::make_index_sequence<NEXT - FIRST>()))
+                return false;
+            m_at += WIDTH;
+            return fields<LAYOUT, NEXT, LAST>();
+        } else if constexpr (LAYOUT[FIRST].form == FieldForm::LIST) {
+            constexpr std::size_t END = endOfList(LAYOUT, FIRST);
+            return list<LAYOUT, FIRST + 1, END>() && fields<LAYOUT, END + 1, LAST>();
+        } else {
+            return variable<LAYOUT[FIRST].form>() && fields<LAYOUT, FIRST + 1, LAST>();
+        }
+    }
+
+    template <const auto& LAYOUT, std::size_t FIRST, std::size_t... I>
+    [[gnu::always_inline]] bool run(std::index_sequence<I...>) {
+        return (fixed<LAYOUT, FIRST + I>(m_at + widthBetween<LAYOUT>(FIRST, FIRST + I)) && ...);
+    }
+
+    template <const auto& LAYOUT, std::size_t I>
+    [[gnu::always_inline]] bool fixed(const char* bytes) {
+        constexpr const FieldLayout& FIELD = LAYOUT[I];
+        [[maybe_unused]] const auto word = RTTI::littleEndianAt<unsigned int>(bytes);
+        if constexpr (FIELD.form == FieldForm::TYPE_ID) {
+            return m_sink.template reference<FIELD.link>(word);
+        } else if constexpr (FIELD.form == FieldForm::NAMED) {
+            return word - FIELD.names->first < FIELD.names->count;
+        } else if constexpr (FIELD.form == FieldForm::FLAVOUR) {
+            return word <= static_cast<unsigned int>(FIELD.last);
+        } else if constexpr (FIELD.form == FieldForm::COUNT) {
+            m_count = word;
+            return static_cast<int>(word) >= 0;
+        } else if constexpr (FIELD.form == FieldForm::VALUE_SIZE) {
+            m_valueSize = word;
+            return static_cast<int>(word) >= 0;
+        } else if constexpr (FIELD.form == FieldForm::DIRECTION) {
+            return isUsableDirection(RTTI::littleEndianAt<double>(bytes));
+        } else {
+            return true;
+        }
+    }
+
+    template <const auto& LAYOUT, std::size_t FIRST, std::size_t LAST>
+    [[gnu::always_inline]] bool list() {
+        constexpr std::size_t LEAST = leastOf(std::span(LAYOUT).subspan(FIRST, LAST - FIRST));
+        const unsigned int count = m_count;
+        if (count > left() / LEAST)
+            return false;
+        for (unsigned int i = 0; i < count; ++i)
+            if (!fields<LAYOUT, FIRST, LAST>())
+                return false;
+        return true;
+    }
+
+    template <FieldForm FORM> [[gnu::always_inline]] bool variable() {
+        if constexpr (FORM == FieldForm::NAME) {
+            const char* const end = endOfName(m_at, m_end);
+            if (end >= m_end)
+                return false;
+            m_at = end + 1;
+            return true;
+        } else if constexpr (FORM == FieldForm::VALUE) {
+            if (left() < m_valueSize)
+                return false;
+            m_at += m_valueSize;
+            return true;
+        } else {
+            static_assert(FORM == FieldForm::RANGES);
+            return ranges();
+        }
+    }
+
+    [[gnu::always_inline]] bool ranges() {
+        constexpr std::size_t COUNT_SIZE = widthOf(FieldForm::COUNT);
+        if (left() < COUNT_SIZE)
+            return false;
+        const auto count = RTTI::littleEndianAt<unsigned int>(m_at);
+        m_at += COUNT_SIZE;
+        if (count > left() / RTTI::TypeFileFormat::CONSTRAINT_SIZE)
+            return false;
+        m_sink.ranges(m_at, count);
+        m_at += count * RTTI::TypeFileFormat::CONSTRAINT_SIZE;
+        return true;
+    }
+
+    const char* m_at;
+    const char* m_end;
+    Sink& m_sink;
+    unsigned int m_count = 0;
+    unsigned int m_valueSize = 0;
+};
+
+} // namespace TypeFile
