@@ -6,10 +6,12 @@
 #include <RTTI/RTType.h>
 #include <RTTI/RTTypeManager.h>
 #include <RTTI/RTTypeVisitor.h>
+#include <RTTI/Version.h>
 
 #include <cstring>
 #include <iostream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace {
@@ -100,6 +102,11 @@ int main() {
     expect(manager.readAllRTTypes() == nullptr, "there are no types");
     expect(dynamic_cast<const RTTI::RTArrayType*>(static_cast<RTTI::RTBaseType*>(&word)) == &word,
            "the classes are the library's own");
+    expect(RTTI::libraryVersion() == RTTI_VERSION, "the library is that of the headers");
+    const std::string version = std::to_string(RTTI_VERSION_MAJOR) + "." +
+                                std::to_string(RTTI_VERSION_MINOR) + "." +
+                                std::to_string(RTTI_VERSION_PATCH);
+    expect(RTTI::libraryVersionText() == version, "and says so");
     std::cout << (failures == 0 ? "all holds\n" : "not all holds\n");
     return failures;
 }

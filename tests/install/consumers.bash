@@ -28,10 +28,12 @@ build_with_cmake() {
     quietly cmake --build "$name"
 }
 
-# build_with_pkg_config SOURCE COMPILER STANDARD: into the program with-pkg-config.
+# build_with_pkg_config SOURCE COMPILER STANDARD [MODULE...]: into the program with-pkg-config, with the
+# library alone or with these modules of the package.
 build_with_pkg_config() {
-    local -a package
-    read -ra package <<<"$(pkg-config --cflags --libs qd_wavedata_RTTI_RTType)"
+    local -a package modules=("${@:4}")
+    [ ${#modules[@]} -gt 0 ] || modules=(RTType)
+    read -ra package <<<"$(pkg-config --cflags --libs "${modules[@]/#/qd_wavedata_RTTI_}")"
     rm -f with-pkg-config
     # shellcheck disable=SC2086 # The warnings and flags are several words.
     quietly "$2" -std=c++"$3" $warnings $flags "$1" -o with-pkg-config "${package[@]}" \
@@ -49,6 +51,15 @@ build_and_run() {
     simulator/read_types types.typ | diff "$expected" -
     build_with_pkg_config "$source/examples/simulator/main.cpp" "$@"
     ./with-pkg-config types.typ | diff "$expected" -
+    build_with_pkg_config "$source/examples/compiler/main.cpp" "$@" TypeFile
+    ./with-pkg-config by-module.typ >/dev/null
+    cmp types.typ by-module.typ
+    # The first program of the README, with the modules that it names.
+    sed -n '/^```cpp$/,/^```$/{/^```/d;p};/^}$/q' "$source/README.md" >readme.cpp
+    grep -q 'int main' readme.cpp
+    grep -q 'pkg-config --cflags --libs qd_wavedata_RTTI_RTType qd_wavedata_RTTI_OVAT)' "$source/README.md"
+    build_with_pkg_config readme.cpp "$@" RTType OVAT
+    (cd "$source" && "$folder/with-pkg-config") | grep -qx 'integer: encoding .*'
     build_with_pkg_config "$source/tests/install/consumer.cpp" "$@"
     ./with-pkg-config | grep -qx 'all holds'
     echo "$1, C++$2: CMake and pkg-config"
