@@ -8,45 +8,46 @@
 
 namespace TypeFile {
 
-/// What a type file may ask for. The defaults take every file of a real design that we know of.
+/// How much a type file may demand. The defaults accept every known file of a real design.
 struct VerifyLimits {
-    /// Findings kept, of all those that a broken file can give; one more says how many there were.
-    /// Nobody reads more, and memory must not grow with the number of faults.
+    /// The number of findings reported; one more gives the number of those left out. Nobody reads
+    /// more, and memory use must not grow with the number of faults.
     std::size_t maxFindings = 1000;
 
-    /// Bytes of all records, each counted once a type id: the objects of a load take a small
-    /// multiple. Records that many ids share could ask for much more than the file is long.
+    /// The bytes of all records, each counted once for every type id that has it. The objects of a
+    /// load take a small multiple of that. Without a limit, records shared by many ids could demand
+    /// far more memory than the file is long.
     unsigned long long maxRecordBytes = 1ULL << 32;
 
-    /// Steps of one constraint walk: ranges given, and visits of structs and classes that gave
-    /// some, as `RTTI::populateTypeConstraints` counts them. Structs that hold two of the next
-    /// double the walk at each level, so that a short file can ask for 2^40 ranges. This many steps
-    /// take seconds; the largest walk of a real file takes some 100,000.
+    /// The steps of one constraint walk: ranges produced, and visits to structs and classes that
+    /// produced some, as `RTTI::populateTypeConstraints` counts them. Each level of structs that
+    /// hold two of the next doubles the walk, so a short file can demand 2^40 ranges. This many
+    /// steps take seconds; the largest walk in a real file takes about 100,000.
     unsigned int maxWalkSteps = 1U << 28;
 
-    /// Steps that the verifier itself may take, for the whole file, to count the walks through
-    /// classes that refer to one another, where it cannot tell more cheaply that they are within
-    /// the limit. Their number depends on every path between the classes, so that there is no
-    /// counting it faster; this many take less than a second.
+    /// The steps that the verifier itself may take, for the whole file, to count the walks through
+    /// classes that refer to one another, if it cannot tell more cheaply that they are within the
+    /// limit. The length of such a walk depends on every path between the classes, so it cannot be
+    /// counted faster; this many steps take less than a second.
     unsigned long long maxCountingSteps = 1ULL << 26;
 };
 
-/// Checks the type file whose header lies at `baseOffset` of a storage of `storageSize` bytes.
+/// Checks the type file whose header is at `baseOffset` in a storage of `storageSize` bytes.
 ///
-/// Of a file without an error every type loads, and every query on every type ends and is safe; a
-/// warning tells of those types whose constraint walk takes more steps than the limit. The findings
-/// are ordered: those of the file, then by type id, then by offset. A record that is not read whole
-/// gives one error, and what depends on its fields is not looked at.
+/// If a file has no errors, every type loads, and every query on every type ends and is safe; a
+/// warning names each type whose constraint walk takes more steps than the limit. The findings are
+/// ordered: first those of the whole file, then by type id, then by offset. A record that cannot be
+/// read completely gives one error, and whatever depends on its fields is not examined.
 ///
-/// Takes time linear in the file, besides the sorting of record addresses where they do not ascend
-/// and `maxCountingSteps`. Takes up to 100 bytes of memory a type, and 8 for each reference of a
-/// type that stands before what it refers to: never more than the file itself. No contents make it
-/// throw; what the storage throws inside its stated size passes through, and so does
-/// std::bad_alloc.
+/// Takes time linear in the size of the file, plus `maxCountingSteps`, plus the time to sort the
+/// record addresses if they are not ascending. Takes up to 100 bytes of memory for each type, and 8
+/// for each reference of a type that comes before what it refers to: never more than the file
+/// itself. No contents make it throw; exceptions of the storage within its stated size pass
+/// through, and so does std::bad_alloc.
 std::vector<Finding> verify(OVAT::IBlockManager& storage, unsigned long long storageSize,
                             unsigned long long baseOffset, const VerifyLimits& limits = {});
 
-/// Whether one of the findings is an error.
+/// Whether any of the findings is an error.
 bool hasErrors(const std::vector<Finding>& findings);
 
 } // namespace TypeFile

@@ -7,31 +7,31 @@
 
 namespace TypeFile {
 
-/// Where in a type something stands: a field, or a field of one item of a list.
+/// A place in a type: a field, or a field of one item of a list.
 struct FieldPlace {
-    const char* field = "";     ///< Empty for the whole item.
-    const char* list = nullptr; ///< Null for a field of the type itself.
-    std::size_t index = 0;      ///< Of the item in the list, from 0.
+    const char* field = "";     ///< Empty if it is the whole item.
+    const char* list = nullptr; ///< Null if it is a field of the type itself.
+    std::size_t index = 0;      ///< The index of the item in the list, from 0.
 
-    /// Such as "dataType", "members[2].name" or "indexTypes[0]".
+    /// The place as text, such as "dataType", "members[2].name" or "indexTypes[0]".
     std::string text() const;
 };
 
-/// What a type file cannot hold: which type, which field of it, and why.
+/// Thrown for something that a type file cannot hold. Gives the type, the field and the reason.
 class WriteError : public std::runtime_error {
 public:
-    /// `typeId` is 0xFFFFFFFF where the type has no id yet or the whole file is meant; `typeName`
-    /// may be null.
+    /// `typeId` is 0xFFFFFFFF if the type has no id yet or the error concerns the whole file;
+    /// `typeName` may be null.
     WriteError(unsigned int typeId, const char* typeName, std::string field,
                const std::string& reason);
 
-    /// 0xFFFFFFFF for none.
+    /// The id of the type; 0xFFFFFFFF means none.
     unsigned int typeId() const { return m_typeId; }
 
-    /// Such as "members[2].name"; empty for the whole type or file.
+    /// The field, such as "members[2].name"; empty if it is the whole type or file.
     const std::string& field() const { return m_field; }
 
-    /// Without type and field, which `what` gives as well.
+    /// The reason. `what` also gives the type and the field.
     const std::string& reason() const { return m_reason; }
 
 private:
