@@ -187,6 +187,40 @@ Ids TypeTable::completeTypes(const Ids& wanted, Notes& notes) {
     return complete;
 }
 
+/// Takes those away whose parts have all been taken away; what is left is a part of itself.
+void TypeTable::checkParts(const Ids& needed) const {
+    Ids partsLeft(size(), 0);
+    std::vector<Ids> wholes(size());
+    Ids pending;
+    for (const unsigned int id : needed) {
+        const RTBaseType& type = *m_types[id].type;
+        const bool holdsHandles =
+            type.GetClassId() == ClassId::CLASS || type.GetClassId() == ClassId::ACCESS;
+        if (!holdsHandles) {
+            forEachTypeId(type, [&](unsigned int part) {
+                ++partsLeft[id];
+                wholes[part].push_back(id);
+            });
+        }
+        if (partsLeft[id] == 0)
+            pending.push_back(id);
+    }
+    while (!pending.empty()) {
+        const unsigned int id = pending.back();
+        pending.pop_back();
+        for (const unsigned int whole : wholes[id]) {
+            if (--partsLeft[whole] == 0)
+                pending.push_back(whole);
+        }
+    }
+    for (const unsigned int id : needed) {
+        if (partsLeft[id] != 0)
+            throw ImportError(m_types[id].place,
+                              "the input is damaged: " + nameOf(*m_types[id].type) +
+                                  " is a part of itself");
+    }
+}
+
 /// Makes all ids, those that are wanted as well, lead to the first of equal types.
 void TypeTable::joinEqual(Ids& wanted) {
     Ordering needed(
@@ -195,6 +229,7 @@ void TypeTable::joinEqual(Ids& wanted) {
         needed.walkFrom(id);
     Ids ids = needed.order();
     std::sort(ids.begin(), ids.end());
+    checkParts(ids);
 
     Ids placeOf(size(), NONE);
     std::vector<RTBaseType*> types;

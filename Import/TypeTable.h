@@ -44,7 +44,8 @@ public:
     /// The wanted types and what they need, in the order of their new ids: a type comes after those
     /// that it needs, unless they need one another, else in the order in which they were wanted.
     /// `packages`, if there are any, says whose declarations alone are wanted; one that no input
-    /// has throws ImportError. What is left out is noted. The table is empty afterwards. Takes
+    /// has throws ImportError, and so does a type that is a part of itself with no class or access
+    /// type in between. What is left out is noted. The table is empty afterwards. Takes
     /// O(m log n) for m references of n types, and no recursion.
     std::vector<std::unique_ptr<RTTI::RTBaseType>> finish(const std::vector<std::string>& packages,
                                                           Notes& notes);
@@ -64,6 +65,7 @@ private:
     std::vector<unsigned int> wantedIds(const std::vector<std::string>& packages) const;
     std::vector<unsigned int> missingTypes() const;
     std::vector<unsigned int> completeTypes(const std::vector<unsigned int>& wanted, Notes& notes);
+    void checkParts(const std::vector<unsigned int>& needed) const;
     void joinEqual(std::vector<unsigned int>& wanted);
 
     std::vector<Entry> m_types;

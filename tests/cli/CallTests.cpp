@@ -158,7 +158,7 @@ TEST(Help, BreaksNoWordAt60Columns) {
 TEST(Help, OfEverySubcommandHasAnExampleAndTheExitStatuses) {
     const std::string table = "\nExit status:\n"
                               "  0  done\n"
-                              "  1  the file has faults, or, of diff, the files differ\n"
+                              "  1  the file has faults, the files differ, or not all could be kept\n"
                               "  2  the call is wrong, or a file cannot be read or written\n";
     std::vector<std::string> calls = subcommands();
     EXPECT_GE(calls.size(), 12u);

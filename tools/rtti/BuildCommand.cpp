@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "InputStorage.h"
+#include "InputText.h"
 #include "Inspect/json/TypeJsonReader.h"
 #include "Terminal.h"
 #include "TypeFile/TypeFileWriter.h"
@@ -10,12 +11,9 @@
 #include <CLI/CLI.hpp>
 
 #include <cerrno>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <system_error>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -26,34 +24,6 @@ struct BuildOptions {
     std::string image; ///< A storage file to take the bytes around the type file from, or empty.
     unsigned long long offset = 0;
     bool ndjson = false;
-};
-
-/// The text, opened. Directories open like files and cannot be read.
-class InputText {
-public:
-    explicit InputText(const std::string& path)
-        : m_isStandardInput(path == STANDARD_STREAM),
-          m_name(m_isStandardInput ? "standard input" : path) {
-        if (m_isStandardInput)
-            return;
-        struct stat status {};
-        if (::stat(path.c_str(), &status) != 0)
-            throw std::system_error(errno, std::generic_category(), path);
-        if (S_ISDIR(status.st_mode))
-            throw std::system_error(EISDIR, std::generic_category(), path);
-        m_file.open(path, std::ios::binary);
-        if (!m_file)
-            throw std::system_error(errno, std::generic_category(), path);
-    }
-
-    /// As messages name it.
-    const std::string& name() const { return m_name; }
-    std::istream& stream() { return m_isStandardInput ? std::cin : m_file; }
-
-private:
-    bool m_isStandardInput;
-    std::string m_name;
-    std::ifstream m_file;
 };
 
 /// The bytes of the storage file to standard output.

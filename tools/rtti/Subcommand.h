@@ -20,6 +20,7 @@ Subcommand addDiff(CLI::App& program);
 Subcommand addDump(CLI::App& program);
 Subcommand addGraph(CLI::App& program);
 Subcommand addHtml(CLI::App& program);
+Subcommand addImport(CLI::App& program);
 Subcommand addLeaves(CLI::App& program);
 Subcommand addShow(CLI::App& program);
 Subcommand addStats(CLI::App& program);

@@ -1,0 +1,157 @@
+#include "Subcommand.h"
+
+#include "ExitStatus.h"
+#include "FrontEnd.h"
+#include "Import/Importer.h"
+#include "InputStorage.h"
+#include "InputText.h"
+#include "Inspect/json/TypeJsonWriter.h"
+#include "Inspect/words/TypeText.h"
+#include "OutputFile.h"
+#include "RTTI/TypeFileFormat.h"
+#include "Terminal.h"
+#include "TypeFile/TypeFileWriter.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+
+namespace {
+
+using Types = std::vector<std::unique_ptr<RTTI::RTBaseType>>;
+
+/// `rtti import`: what to import, and where to.
+struct ImportCall {
+    std::vector<std::string> files; ///< Of a run: the arguments of the front end.
+    std::string output;
+    std::string run;  ///< The front end to start, or empty.
+    std::string from; ///< A format, or empty for what the inputs say.
+    Import::ImportOptions options;
+    bool json = false;
+    bool isStrict = false;
+};
+
+Import::Format formatOf(const std::string& name) {
+    for (const Import::Format format : Import::allFormats()) {
+        if (name == Import::formatName(format))
+            return format;
+    }
+    throw CLI::ValidationError("--from " + name + ": no such format");
+}
+
+/// One line on standard error for what could not be kept.
+void showNote(const Import::Place& place, const std::string& text) {
+    const std::string where = place.text().empty() ? "rtti" : place.text();
+    std::cerr << Inspect::escaped(where + ": " + text) << '\n';
+}
+
+void readFile(Import::Importer& importer, const std::string& path, const std::string& shownPath,
+              const std::string& from) {
+    InputText text(path);
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    Progress progress("importing " + shownPath, error ? 0 : size);
+    Import::Input input(text.stream(), shownPath,
+                        [&](unsigned long long bytes) { progress.at(bytes); });
+    if (from.empty())
+        importer.read(input);
+    else
+        importer.read(input, formatOf(from));
+}
+
+void writeJson(const Types& types, const std::string& path) {
+    OutputFile output(path.empty() ? STANDARD_STREAM : path);
+    Inspect::TypeJsonWriter json(output.stream(), Inspect::JsonForm::DOCUMENT,
+                                 RTTI::TypeFileFormat::TYPE_FILE_VERSION);
+    for (unsigned int id = 0; id < types.size(); ++id)
+        json.type(id, *types[id]);
+    json.end();
+    output.commit();
+}
+
+void writeTypes(const Types& types, const ImportCall& call) {
+    TypeFile::TypeFileWriter writer;
+    for (const auto& type : types)
+        writer.add(*type);
+    if (call.json) {
+        writeJson(types, call.output);
+    } else if (call.output == STANDARD_STREAM) {
+        const std::vector<char> bytes = writer.finish();
+        std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    } else {
+        writer.finishFile(call.output);
+    }
+}
+
+/// The exit status is 1 where something could not be kept that had to be.
+int runImport(const ImportCall& call) {
+    std::optional<TemporaryFolder> folder;
+    FrontEndRun run{call.files, ""};
+    if (!call.run.empty()) {
+        folder.emplace();
+        run = runFrontEnd(call.run, call.files, folder->path());
+    }
+    Import::Notes notes(showNote);
+    Import::Importer importer(call.options, notes);
+    for (const std::string& path : run.files) {
+        const std::string shown =
+            folder ? std::filesystem::path(path).filename().string() : InputText::nameOf(path);
+        readFile(importer, path, shown, call.from);
+    }
+    const Types types = importer.finish();
+    if (!run.complaint.empty())
+        notes.add(Import::Place(), run.complaint + ", and yet it wrote what is imported here");
+    writeTypes(types, call);
+    if (notes.count() > 0)
+        std::cerr << "rtti: " << notes.count() << " things could not be kept\n";
+    return call.isStrict && notes.count() > 0 ? ExitStatus::FAULTY : ExitStatus::DONE;
+}
+
+void checkCall(const ImportCall& call) {
+    if (call.output.empty() && !call.json)
+        throw CLI::RequiredError("--output");
+    if (call.files.empty() && call.run.empty())
+        throw CLI::RequiredError("FILE");
+    if (!call.run.empty() && !call.from.empty())
+        throw CLI::ValidationError("--from is of no use with --run");
+}
+
+} // namespace
+
+Subcommand addImport(CLI::App& program) {
+    const auto call = std::make_shared<ImportCall>();
+    CLI::App* import =
+        program.add_subcommand("import", "Make a type file of what a front end wrote");
+    import->add_option("FILE", call->files,
+                       "Tree dump of Verilator, or wave or type listing of GHDL; - for standard "
+                       "input. With --run: the arguments of the front end, behind --");
+    import->add_option("-o,--output", call->output, "Storage file to write; - for standard output");
+    import->add_option("--run", call->run, "Start this front end, and import what it writes")
+        ->check(CLI::IsMember(frontEndNames()));
+    std::vector<std::string> formats;
+    for (const Import::Format format : Import::allFormats())
+        formats.emplace_back(Import::formatName(format));
+    import->add_option("--from", call->from, "The format of every FILE, which else it tells itself")
+        ->check(CLI::IsMember(formats));
+    import
+        ->add_option("--package", call->options.packages,
+                     "Import what this package declares, and what that needs; may be repeated")
+        ->type_name("NAME")
+        ->expected(1)
+        ->take_all();
+    import->add_flag("--keep-anonymous", call->options.keepAnonymous,
+                     "Keep the names that the front end made up for types without one");
+    import->add_flag("--json", call->json,
+                     "Write the types as JSON, as rtti dump --json prints them");
+    import->add_flag("--strict", call->isStrict,
+                     "End with exit status 1 if something could not be kept");
+    import->footer("Examples:\n  rtti import obj_dir/Vtop_011_width.tree -o top.typ\n"
+                   "  rtti import --run verilator -o top.typ -- -f top.f --top-module top");
+    return {import, [call] {
+                checkCall(*call);
+                return runImport(*call);
+            }};
+}
