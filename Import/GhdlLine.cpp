@@ -91,7 +91,7 @@ std::string GhdlLine::takeName() {
     const std::size_t length = wordLength();
     if (length == 0)
         fail("a name");
-    const std::string name(m_rest.substr(0, length));
+    std::string name(m_rest.substr(0, length));
     m_rest.remove_prefix(length);
     return name;
 }
@@ -102,7 +102,7 @@ std::string GhdlLine::takeBound() {
     if (!isNumber)
         return takeName();
     const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), isOfNumber);
-    const std::string bound(m_rest.begin(), end);
+    std::string bound(m_rest.begin(), end);
     m_rest.remove_prefix(bound.size());
     return bound;
 }

@@ -71,16 +71,17 @@ public:
 private:
     class LoadScope;
 
-    /// What is left to do of a record when the type that it waits for is there: a closure of up to
-    /// two pointers, held in place.
+    /// What is left to do for a record once the type that it waits for is there: a closure of up
+    /// to three pointers, held in place.
     class Rest {
     public:
         Rest() = default;
-        template <typename Closure> void operator=(const Closure& closure) {
+        template <typename Closure> Rest& operator=(const Closure& closure) {
             static_assert(sizeof(Closure) <= sizeof(m_closure));
             static_assert(std::is_trivially_copyable_v<Closure>);
             new (m_closure) Closure(closure);
             m_call = [](void* held) { (*static_cast<Closure*>(held))(); };
+            return *this;
         }
         explicit operator bool() const { return m_call != nullptr; }
         void operator()() { m_call(m_closure); }

@@ -230,7 +230,7 @@ bool EncodingQuery::meetStruct(const RTAggregateType& type) {
         structure = {segment, &structure, 0, type.m_memberTypes.size()};
     else if (structure.isDone())
         return true;
-    else if (structure.segment == segment)
+    else if (outer != nullptr && structure.segment == segment)
         return outer->structure != nullptr && outer->structure->isOutermost();
     structure.segment = segment;
     structure.outermost =
