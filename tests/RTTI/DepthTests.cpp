@@ -55,6 +55,10 @@ void addArrayWithRange(TypeFileBuilder& file, unsigned int next) {
     file.record(0xA0000010, "a").u32(VLOG_FIXED_UNPACKED_ARRAY).u32(next).i32(1).u32(NO_TYPE_ID);
     file.u32(1).range(0, 7, 1).i32(7);
 }
+void addArrayWithOpenDimension(TypeFileBuilder& file, unsigned int next) {
+    file.record(0xA0000010, "a").u32(VLOG_FIXED_UNPACKED_ARRAY).u32(next).i32(1).u32(NO_TYPE_ID);
+    file.u32(0).i32(7);
+}
 void addDynamicArray(TypeFileBuilder& file, unsigned int next) {
     file.record(0xA0000013, "d").u32(next).i32(7);
 }
@@ -183,6 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
         LinkStyle{"Typedefs", {addTypedef}, ENCODING_2_STATE, 1, -99},
         LinkStyle{"Arrays", {addArray}, ENCODING_2_STATE, 1},
         LinkStyle{"ArraysWithRanges", {addArrayWithRange}, ENCODING_2_STATE, CHAIN + 1},
+        LinkStyle{"ArraysWithoutRanges", {addArrayWithOpenDimension}, ENCODING_2_STATE, CHAIN + 1},
         LinkStyle{"DynamicArrays", {addDynamicArray}, ENCODING_BYTE, 0},
         LinkStyle{"Queues", {addQueue}, ENCODING_BYTE, 0},
         LinkStyle{"AssocArrays", {addAssocArray}, ENCODING_BYTE, 0},
@@ -200,17 +205,19 @@ INSTANTIATE_TEST_SUITE_P(
                   0}),
     [](const testing::TestParamInfo<LinkStyle>& test) { return std::string(test.param.name); });
 
-TEST(DeepDimensions, OfQueuesThatLoadInOneCallAreCountedToTheEnd) {
-    const LinkStyle queues{"", {addQueue}, ENCODING_BYTE, 0};
-    const std::string image = chainImage(queues, CHAIN);
-    runOnStack(smallStack(), [&] {
-        OVAT::MemoryBlockManager storage(image.data(), image.size());
-        RTTypeManager manager;
-        manager.setupDeserializer(storage, 0);
-        const auto& queue = dynamic_cast<const RTQueueType&>(*manager.getRTType(0));
-        EXPECT_EQ(queue.getTotalNumDimensions(true), CHAIN + 1);
-        EXPECT_EQ(queue.getTotalNumDimensions(false), CHAIN + 1);
-    });
+TEST(DeepDimensions, OfArraysThatLoadInOneCallAreCountedToTheEnd) {
+    for (const AddRecord add : {addQueue, addDynamicArray, addAssocArray}) {
+        const LinkStyle arrays{"", {add}, ENCODING_BYTE, 0};
+        const std::string image = chainImage(arrays, CHAIN);
+        runOnStack(smallStack(), [&] {
+            OVAT::MemoryBlockManager storage(image.data(), image.size());
+            RTTypeManager manager;
+            manager.setupDeserializer(storage, 0);
+            const auto& array = dynamic_cast<const RTAbstractArrayType&>(*manager.getRTType(0));
+            EXPECT_EQ(array.getTotalNumDimensions(true), CHAIN + 1);
+            EXPECT_EQ(array.getTotalNumDimensions(false), CHAIN + 1);
+        });
+    }
 }
 
 // ---- Order.
