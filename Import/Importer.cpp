@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace Import {
@@ -23,6 +24,9 @@ constexpr std::array FORMATS = {
     FormatEntry{Format::GHW, "ghw", "GHDLwave\n"},
     FormatEntry{Format::GHDL_LISTING, "ghdl-listing", "DISP_RTI."},
 };
+
+/// How far a format is looked for.
+constexpr std::size_t LOOK_AHEAD = 1 << 16;
 
 const FormatEntry& entryOf(Format format) {
     return *std::find_if(FORMATS.begin(), FORMATS.end(),
@@ -45,12 +49,19 @@ const std::vector<Format>& allFormats() {
 
 Format recogniseFormat(Input& input) {
     if (input.peek(1).empty())
-        throw ImportError(input.place(), "the file is empty");
+        throw ImportError(input.place(), "the file is empty; GHDL leaves such a one where the "
+                                         "elaboration has failed");
     for (const FormatEntry& entry : FORMATS) {
         const std::string_view first = entry.firstBytes;
         if (input.peek(first.size()) == first)
             return entry.format;
     }
+    // A wave of a design that was not run has no beginning; the text of a design may stand in front
+    // of a listing.
+    if (input.peek(4) == std::string_view("DIR\0", 4))
+        return Format::GHW;
+    if (input.peek(LOOK_AHEAD).find("\nDISP_RTI.") != std::string_view::npos)
+        return Format::GHDL_LISTING;
     std::string known;
     for (const FormatEntry& entry : FORMATS)
         known += (known.empty() ? "" : ", ") + std::string(entry.name);

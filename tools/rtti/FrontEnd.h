@@ -51,4 +51,7 @@ FrontEndRun runFrontEnd(const std::string& name, const std::vector<std::string>&
                         const std::string& folder);
 
 /// As runFrontEnd, of one front end each.
+/// @{
 FrontEndRun runVerilator(const std::vector<std::string>& arguments, const std::string& folder);
+FrontEndRun runGhdl(const std::vector<std::string>& arguments, const std::string& folder);
+/// @}

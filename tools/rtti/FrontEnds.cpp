@@ -18,7 +18,7 @@ struct FrontEnd {
     FrontEndRun (*run)(const Words& arguments, const std::string& folder);
 };
 
-constexpr FrontEnd FRONT_ENDS[] = {{"verilator", runVerilator}};
+constexpr FrontEnd FRONT_ENDS[] = {{"verilator", runVerilator}, {"ghdl", runGhdl}};
 
 constexpr std::string_view TREE_END = "_width.tree";
 
