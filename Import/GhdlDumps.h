@@ -8,27 +8,28 @@
 
 namespace Import {
 
-/// The types of VHDL designs from what GHDL dumps of them: waves (GHW, `--wave`). First every dump
-/// is read, then the table gets the types of all of them together.
+/// Reads the types of VHDL designs from the dumps of GHDL: waves (GHW, `--wave`) and type listings
+/// (`--dump-rti`). Read all dumps first, then add their combined types to a table.
 class GhdlDumps {
 public:
-    /// Subtypes without a name that no declaration needs, such as those of signals, are taken as
-    /// well if `keepAnonymous` says so.
+    /// With `keepAnonymous`, also keeps subtypes without a name that no declaration needs, such as
+    /// those of signals.
     explicit GhdlDumps(bool keepAnonymous = false);
     GhdlDumps(const GhdlDumps&) = delete;
     GhdlDumps& operator=(const GhdlDumps&) = delete;
     ~GhdlDumps();
 
-    /// Reads a GHW file, in either byte order. Throws ImportError for a damaged one; the dumps
-    /// cannot be used afterwards. Takes time by the size of the file, memory by that of its types.
+    /// Reads a GHW file in either byte order. Throws ImportError if it is damaged; the object
+    /// cannot be used afterwards. Takes time proportional to the size of the file, and memory
+    /// proportional to that of its types.
     void readWave(Input& input);
 
-    /// Reads a type listing. Throws ImportError for a damaged one, and notes lines that it does not
-    /// know; otherwise as above, with memory by the declarations.
+    /// Reads a type listing, and notes lines of unknown kinds. Throws ImportError if it is damaged;
+    /// the object cannot be used afterwards. Takes memory proportional to the declarations.
     void readListing(Input& input, Notes& notes);
 
-    /// Hands the types over, in the order in which they were met, and notes what a record cannot
-    /// hold or no dump said. Called once, last.
+    /// Adds the types to `table` in the order in which they were found, and notes everything that a
+    /// record cannot hold or that is missing from the dumps. Must be the last call, made once.
     void addTo(TypeTable& table, Notes& notes);
 
 private:

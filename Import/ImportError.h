@@ -7,14 +7,14 @@
 
 namespace Import {
 
-/// An input that nothing can be imported from: damaged, cut short, empty, or of no known format.
+/// Thrown for an input that cannot be imported: damaged, cut short, empty, or of an unknown format.
 /// `what()` is one line: the place and the reason.
 class ImportError : public std::runtime_error {
 public:
-    /// `reason` is a clause that says what is wrong, and where it helps what to do.
+    /// `reason` is a clause that says what is wrong and, if that helps, what to do.
     ImportError(const Place& place, const std::string& reason);
 
-    /// Without the place.
+    /// The reason without the place.
     const std::string& reason() const { return m_reason; }
 
 private:

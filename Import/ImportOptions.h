@@ -5,12 +5,13 @@
 
 namespace Import {
 
-/// What becomes of the inputs of an import.
+/// How inputs are imported.
 struct ImportOptions {
-    /// The packages whose declarations are imported, with what these need; all if there are none.
+    /// Import only the declarations of these packages, and what they need. Empty: import
+    /// everything.
     std::vector<std::string> packages;
 
-    /// A type without a name keeps the one that the front end made up for it.
+    /// Keep the names that the front end has made up for types without a name.
     bool keepAnonymous = false;
 };
 

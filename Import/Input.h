@@ -11,43 +11,44 @@
 
 namespace Import {
 
-/// A stream that is read once, from its beginning to its end, with a look ahead. Holds a piece of
-/// it, however long it is. The stream has to outlive the input.
+/// Reads a stream once, from its beginning to its end, with look-ahead. Keeps only a piece of it in
+/// memory, however long it is. The stream must outlive the object.
 class Input {
 public:
-    /// Takes how many bytes have been read so far.
+    /// Receives the number of bytes read so far.
     using TakeProgress = std::function<void(unsigned long long bytes)>;
 
-    /// No line of a text may be longer.
+    /// The largest allowed length of a line.
     static constexpr std::size_t LONGEST_LINE = std::size_t{1} << 26;
 
-    /// `name` is what messages call it.
+    /// `name` is the name used in messages.
     Input(std::istream& stream, const std::string& name, TakeProgress progress = nullptr);
 
-    /// What messages call it.
+    /// The name used in messages.
     const std::string& name() const { return *m_name; }
 
-    /// The next bytes, `count` of them or what is left, which are still to be read. Valid until the
+    /// The next `count` bytes, or all that are left, without reading past them. Valid until the
     /// next call.
     std::string_view peek(std::size_t count);
 
-    /// Reads up to `count` bytes and says how many there were: fewer at the end alone.
+    /// Reads up to `count` bytes and returns their number, which is smaller only at the end.
     std::size_t read(char* to, std::size_t count);
 
-    /// Passes over up to `count` bytes and says how many there were.
+    /// Skips up to `count` bytes and returns their number.
     unsigned long long skip(unsigned long long count);
 
-    /// Reads a line, without what ends it (LF or CR LF); false at the end. The last line needs no
-    /// end. Valid until the next call. Throws ImportError for a line that is too long.
+    /// Reads a line without its end (LF or CR LF); false at the end of the input. The last line
+    /// needs no end. `line` is valid until the next call. Throws ImportError if the line is too
+    /// long.
     bool readLine(std::string_view& line);
 
-    /// Bytes read so far.
+    /// The number of bytes read so far.
     unsigned long long offset() const { return m_offset; }
 
-    /// Whether the line that was read last was ended by a line feed, and not by the input's end.
+    /// Whether a line feed ended the line that was read last, and not the end of the input.
     bool endedLine() const { return m_endedLine; }
 
-    /// The place of the line that was read last, or of another one.
+    /// The place of the line that was read last, or of the line with the given number.
     /// @{
     Place linePlace() const { return Place::line(m_name, m_lines); }
     Place linePlace(unsigned long long number) const { return Place::line(m_name, number); }
@@ -56,13 +57,13 @@ public:
     /// The number of the line that was read last, counted from 1.
     unsigned long long line() const { return m_lines; }
 
-    /// The place of the next byte, or of another one.
+    /// The place of the next byte, or of the byte at the given offset.
     /// @{
     Place offsetPlace() const { return Place::offset(m_name, m_offset); }
     Place offsetPlace(unsigned long long offset) const { return Place::offset(m_name, offset); }
     /// @}
 
-    /// The place that is the input as a whole.
+    /// The place of the input as a whole.
     Place place() const { return Place(m_name); }
 
 private:

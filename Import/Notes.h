@@ -8,26 +8,26 @@
 
 namespace Import {
 
-/// What an import could not keep: told one by one, as it is met, and counted.
+/// Reports what an import could not keep, one note at a time, and counts the notes.
 class Notes {
 public:
-    /// Takes a note: a place, and one line about it that begins in lower case and has no full stop.
+    /// Receives a note: a place, and one line that begins in lower case and has no full stop.
     using Take = std::function<void(const Place& place, const std::string& text)>;
 
-    /// Notes that are counted alone.
+    /// Only counts the notes.
     Notes() = default;
 
-    /// Notes that `take` is told. What it throws ends the import.
+    /// Calls `take` for each note. An exception that it throws ends the import.
     explicit Notes(Take take) : m_take(std::move(take)) {}
 
-    /// Tells one more.
+    /// Reports a note.
     void add(const Place& place, const std::string& text) {
         ++m_count;
         if (m_take)
             m_take(place, text);
     }
 
-    /// How many there were.
+    /// The number of notes so far.
     unsigned long long count() const { return m_count; }
 
 private:

@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-/// Type tables from what front ends of hardware description languages write.
+/// Type tables from the output of front ends of hardware description languages.
 namespace Import {
 
-/// Where in an input something stands: a line of a text, an offset in bytes of anything else, or
-/// the file as a whole. Places share the name of their file; a copy is cheap.
+/// A place in an input: a line of a text, a byte offset in anything else, or the file as a whole.
+/// Places share the name of their file, so they are cheap to copy.
 class Place {
 public:
-    /// Nowhere.
+    /// No place.
     Place() = default;
 
     /// The file as a whole.
@@ -22,7 +22,7 @@ public:
     /// A byte, counted from 0.
     static Place offset(std::shared_ptr<const std::string> file, unsigned long long number);
 
-    /// "design.tree:12", "design.ghw: offset 36", "design.ghw", or empty for nowhere.
+    /// As text: "design.tree:12", "design.ghw: offset 36" or "design.ghw"; empty for no place.
     std::string text() const;
 
 private:

@@ -12,27 +12,27 @@ namespace Inspect {
 /// How annotated bytes are written.
 enum class AnnotationForm {
     TEXT,
-    JSON ///< One document; a line for each field.
+    JSON ///< One document, with one line for each field.
 };
 
 /// Which bytes to annotate, and how.
 struct Annotation {
-    unsigned long long baseOffset = 0;          ///< Of the header, in the storage.
-    std::optional<unsigned int> typeId;         ///< This type alone; else everything.
+    unsigned long long baseOffset = 0;          ///< Storage offset of the header.
+    std::optional<unsigned int> typeId;         ///< Only this type; without it everything.
     AnnotationForm form = AnnotationForm::TEXT; ///< How to write them.
-    TextStyle style = TextStyle::plain();       ///< Of the text.
+    TextStyle style = TextStyle::plain();       ///< The style of the text.
 
-    /// If there is one, it is told up to where in the storage everything has been written.
+    /// If set, called with the storage offset up to which everything has been written.
     std::function<void(unsigned long long offset)> progress;
 };
 
 /// Writes the bytes of a type file field by field, in the order of the storage: header, address
-/// table, records, and what lies between them. What the verifier finds stands at the bytes that it
-/// is about. A file is never refused: it shows what is there.
+/// table, records, and the bytes between them. Each finding of the verifier is shown with the bytes
+/// that it concerns. No file is refused, however damaged.
 ///
-/// True if there is an error among the findings that are shown; those of other types are not where
-/// one type alone is asked for. What the storage throws passes through. Text appears as it is made;
-/// memory is that of the verifier and 16 bytes a type.
+/// Returns true if there is an error among the findings shown. If only one type is requested, the
+/// findings of other types are left out. Exceptions of the storage pass through. The text is
+/// written as it is made; memory use is that of the verifier plus 16 bytes for each type.
 bool annotate(std::ostream& out, OVAT::IBlockManager& storage, unsigned long long storageSize,
               const Annotation& annotation);
 

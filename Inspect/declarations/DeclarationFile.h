@@ -7,18 +7,18 @@
 
 namespace Inspect {
 
-/// Writes types as a package of one language that a compiler reads. Each type is declared after
-/// those that it needs, under a comment with its id; what the language has no declaration for
-/// stands in comments.
+/// Writes types as a package of one language that a compiler can read. Each type is declared after
+/// those that it needs, below a comment with its id; types that the language cannot declare are
+/// written as comments.
 class DeclarationFile : private DeclarationSink {
 public:
-    /// Looks at all types, to tell their names apart. The table must outlive the file.
+    /// Examines all types, to give them distinct names. The table must outlive the object.
     DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language);
 
-    /// Writes a type and, before it, what it needs, unless they are there already.
+    /// Writes a type and, before it, the types that it needs, unless already written.
     void add(unsigned int id);
 
-    /// Writes what the types added so far only mention, and the end of the package.
+    /// Writes types that have only been announced so far, and the end of the package.
     void end();
 
 private:
@@ -28,7 +28,7 @@ private:
 
     std::string heading(unsigned int id) const;
 
-    /// Writes a line of comment.
+    /// Writes a comment line.
     void remark(const std::string& text);
 
     std::ostream& m_out;

@@ -7,35 +7,35 @@
 
 namespace Inspect {
 
-/// Where declarations go, in an order that a compiler can read.
+/// Receives declarations in an order that a compiler can read.
 class DeclarationSink {
 public:
     virtual ~DeclarationSink() = default;
 
-    /// The type is needed before it is declared; its declaration follows.
+    /// The type is needed before its declaration, which follows later.
     virtual void announce(unsigned int id) = 0;
 
-    /// All that the declaration needs has been declared or announced.
+    /// The type can be declared: everything that it needs has been declared or announced.
     virtual void declare(unsigned int id) = 0;
 
-    /// The type has no declaration in the language, for this reason.
+    /// The type cannot be declared, for this reason.
     virtual void omit(unsigned int id, const std::string& reason) = 0;
 };
 
-/// Puts types after those that their declarations need, each once, in the order they are asked for
-/// as far as that goes. Where an announcement is enough, the type is announced right before it is
-/// needed. A type that needs itself, or one without a declaration, is omitted. Remembers a byte a
-/// type; depth takes memory, no stack.
+/// Puts each type after those that its declaration needs, otherwise in the order in which the types
+/// are added. If an announcement is enough, the type is announced just before it is needed. A type
+/// that needs itself, or that cannot be declared, is omitted. Takes one byte for each type; depth
+/// takes memory but no stack.
 class DeclarationOrder {
 public:
-    /// Keeps references to all three.
+    /// Keeps references to all three arguments.
     DeclarationOrder(const TypeTable& types, const LanguageDeclarations& language,
                      DeclarationSink& sink);
 
-    /// Declares a type, after what it needs.
+    /// Declares a type after the types that it needs.
     void add(unsigned int id);
 
-    /// Declares what has only been announced so far.
+    /// Declares the types that have only been announced so far.
     void finish();
 
 private:

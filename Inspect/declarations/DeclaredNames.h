@@ -12,53 +12,53 @@
 
 namespace Inspect {
 
-/// How declarations call types.
+/// How types are named in declarations.
 enum class Naming {
-    OWN,     ///< By the names that they have: nothing is looked at in advance.
-    DISTINCT ///< By names that differ within the file, so that a compiler can read it.
+    OWN,     ///< By their own names: nothing is examined in advance.
+    DISTINCT ///< By names that are unique in the file, so that a compiler can read it.
 };
 
-/// For lists of names: all of them.
+/// For lists of names: no limit.
 inline constexpr std::size_t ALL_NAMES = std::numeric_limits<std::size_t>::max();
 
 /// The identifiers of types, and of the literals and units that share a scope with them, in
 /// declarations of one language.
 ///
-/// The first type with a name keeps it; a later one, or a literal that is called like a type, gets
-/// its type id added: `state_t_81`. A type without a name is `type_38`. A typedef that has the name
-/// of its data type and adds nothing is that type; where it adds something it keeps the name, and
-/// the data type gets another one. The same file gives the same names, whatever of it is shown.
+/// The first type with a name keeps it; the type id is appended to the name of a later one, or of a
+/// literal with the name of a type: `state_t_81`. A type without a name is called `type_38`, for
+/// example. A typedef that has the name of its data type and adds nothing is treated as that type;
+/// if it adds something, it keeps the name, and the data type gets another one. The names depend
+/// only on the file, not on which of its types are shown.
 class DeclaredNames {
 public:
-    /// For distinct names all types are looked at, four times; their names are remembered, 40
-    /// bytes each.
+    /// For distinct names, examines all types four times and remembers their names, which takes 40
+    /// bytes for each.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
 
-    /// The identifier of a type, escaped as the language has it.
+    /// The identifier of a type, escaped as the language requires.
     std::string typeName(unsigned int id) const;
 
-    /// The name that a type has where another one has its own.
+    /// The name of a type whose own name is taken by another one.
     std::string madeName(unsigned int id) const;
 
-    /// Whether there is a type of this id, and it is of the language of the names.
+    /// Whether there is a type with this id and it belongs to the language of the names.
     bool isOfLanguage(unsigned int id) const;
 
-    /// The type whose declaration a typedef shares; the id itself for all others.
+    /// The type whose declaration a typedef shares; for all other types the id itself.
     unsigned int declaredType(unsigned int id) const;
 
-    /// Whether the language has the type without a declaration. Never so with own names in VHDL,
-    /// where a declaration can be shown.
+    /// Whether the language predefines the type. Always false for own names in VHDL, where a
+    /// declaration can be shown.
     bool isPredefined(unsigned int id) const;
 
-    /// The identifiers of a type's literals or units, which differ from one another; the first
-    /// `most` of them.
+    /// The identifiers of the first `most` literals or units of a type, all different.
     std::vector<std::string> literalNames(unsigned int id, std::size_t most = ALL_NAMES) const;
 
-    /// The same for members, which have a scope of their own. Members that are null have no name.
+    /// The same for members, which have a scope of their own. Null members have no name.
     std::vector<std::string> memberNames(const RTTI::RTAggregateType& type,
                                          std::size_t most = ALL_NAMES) const;
 
-    /// Whether a literal of a predefined type is hidden by a declared type of the same name.
+    /// Whether a declared type of the same name hides a literal of a predefined type.
     bool isHidden(std::string_view literal) const;
 
 private:

@@ -11,8 +11,8 @@ namespace Inspect {
 
 /// A type that a declaration names.
 struct TypeNeed {
-    unsigned int typeId; ///< Of the same file.
-    bool isForward;      ///< An announcement of the type is enough.
+    unsigned int typeId; ///< Its id in the same file.
+    bool isForward;      ///< Whether announcing the type is enough.
 };
 
 /// How one language declares types. The types and the names must outlive it.
@@ -20,14 +20,14 @@ class LanguageDeclarations {
 public:
     virtual ~LanguageDeclarations() = default;
 
-    /// The language that it writes.
+    /// The language of the declarations.
     SourceLanguage language() const { return m_language; }
 
-    /// The names that it calls types by.
+    /// The names used for types.
     const DeclaredNames& names() const { return m_names; }
 
-    /// Writes the declaration of a type, in lines that each have their end. Where the type cannot
-    /// be declared it is what comes next to it.
+    /// Writes the declaration of a type, in complete lines. If the type cannot be declared, writes
+    /// the closest possible declaration.
     virtual void declare(std::ostream& out, unsigned int id) const = 0;
 
     /// Writes what the declaration gives a name to, and gives what stands behind the name there:
@@ -43,20 +43,20 @@ public:
     /// of SystemVerilog.
     virtual std::string announcementOf(unsigned int id) const = 0;
 
-    /// Replaces `needs` by the types of the same file that the declaration names.
+    /// Replaces `needs` with the types of the same file that the declaration names.
     virtual void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const = 0;
 
-    /// Why the language has no declaration for the type, looking at this type alone; else empty.
+    /// Why the language cannot declare the type, judged by this type only; empty if it can.
     std::string obstacleOf(unsigned int id) const;
 
-    /// What comments begin with.
+    /// The characters that begin a comment.
     std::string_view comment() const;
 
     /// No line of a shape is longer.
     static constexpr std::size_t MOST_CHARACTERS = 80;
 
 protected:
-    /// Keeps references to both.
+    /// Keeps references to the types and the names.
     LanguageDeclarations(SourceLanguage language, const TypeTable& types,
                          const DeclaredNames& names)
         : m_language(language), m_types(types), m_names(names) {}

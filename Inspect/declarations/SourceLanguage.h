@@ -7,14 +7,14 @@ namespace Inspect {
 /// A language that types are declared in.
 enum class SourceLanguage { VHDL, SYSTEM_VERILOG };
 
-/// The language that a type belongs to. Most kinds occur in one language alone; typedefs, and kinds
-/// that both languages have, follow what they are made of. An integer is VHDL's, unless its name is
-/// one of SystemVerilog's, whose integers are packed arrays; a real is VHDL's where its flavour is
-/// 0. Types that lead nowhere, or in a circle, count as VHDL. Costs the length of a chain of
-/// typedefs.
+/// The language that a type belongs to. Most kinds occur in only one language; typedefs, and kinds
+/// that both languages have, follow the types that they are made of. An integer belongs to VHDL
+/// unless it has the name of a SystemVerilog type (SystemVerilog integers are packed arrays); a
+/// real belongs to VHDL if its flavour is 0. Types that lead nowhere, or in a circle, count as
+/// VHDL. Takes time proportional to the length of the chain of typedefs.
 SourceLanguage languageOf(const RTTI::RTBaseType& type);
 
-/// A language's name, as its standard has it.
+/// The name of a language, as in its standard.
 const char* nameOf(SourceLanguage language);
 
 } // namespace Inspect

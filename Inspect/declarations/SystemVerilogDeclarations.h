@@ -7,7 +7,7 @@ namespace Inspect {
 /// Declarations of IEEE 1800-2017.
 class SystemVerilogDeclarations : public LanguageDeclarations {
 public:
-    /// Keeps references to both.
+    /// Keeps references to the types and the names.
     SystemVerilogDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::SYSTEM_VERILOG, types, names) {}
 

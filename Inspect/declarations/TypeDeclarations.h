@@ -8,24 +8,24 @@
 
 namespace Inspect {
 
-/// The declarations of the types of a file, each in its own language and asked for one by one.
+/// The declarations of the types of a file, each in its own language.
 class TypeDeclarations {
 public:
-    /// With distinct names all types are looked at now; with their own names nothing is.
+    /// For distinct names the constructor examines all types; for their own names it examines none.
     TypeDeclarations(const TypeTable& types, Naming naming);
     TypeDeclarations(const TypeDeclarations&) = delete;
     TypeDeclarations& operator=(const TypeDeclarations&) = delete;
 
-    /// Writes the declaration of a type in its own language, in lines that each have their end; it
-    /// is safe for a terminal. Types that the language has no declaration for get the next best
-    /// one, and a comment that says why. A typedef of the same name as its data type that adds
-    /// nothing to it shares that type's declaration. Writes nothing where there is no type.
+    /// Writes the declaration of a type in its own language, in complete lines that are safe for a
+    /// terminal. A type that the language cannot declare gets the closest possible declaration and
+    /// a comment with the reason. A typedef that has the name of its data type and adds nothing to
+    /// it shares the declaration of that type. Writes nothing if there is no such type.
     void declare(std::ostream& out, unsigned int id) const;
 
-    /// The same as text, as long as the type takes.
+    /// The same declaration as text, of any length.
     std::string declarationOf(unsigned int id) const;
 
-    /// How one of the languages declares the types, all of them; lives as long as this object.
+    /// The declarations of all types in one of the languages. Exists as long as this object.
     const LanguageDeclarations& in(SourceLanguage language) const;
 
 private:

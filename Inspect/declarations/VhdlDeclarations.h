@@ -9,7 +9,7 @@ namespace Inspect {
 /// Declarations of IEEE 1076-2008.
 class VhdlDeclarations : public LanguageDeclarations {
 public:
-    /// Keeps references to both.
+    /// Keeps references to the types and the names.
     VhdlDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::VHDL, types, names) {}
 
@@ -55,7 +55,7 @@ private:
     std::optional<unsigned int> baseOf(unsigned int id) const;
 };
 
-/// A real number as both languages write it, with a point; it reads back as it was.
+/// A real number in the notation of both languages, with a point. Reading it gives the same number.
 std::string realLiteral(double number);
 
 } // namespace Inspect

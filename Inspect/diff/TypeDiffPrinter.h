@@ -7,11 +7,11 @@
 
 namespace Inspect {
 
-/// Writes a line for each type that was removed, for each change of a type and for each type that
-/// was added, then the verdict with its rule, and how many types there are of each.
+/// Writes one line for each type that was removed, each change of a type and each type that was
+/// added, then the verdict with its rule, and the number of types of each sort.
 void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& style);
 
-/// Writes one JSON object with the verdict, the same lists, one entry a line, and the counts.
+/// Writes one JSON object with the verdict, the same lists (one entry on each line) and the counts.
 void printDiffJson(std::ostream& out, const TypeDiff& diff);
 
 } // namespace Inspect

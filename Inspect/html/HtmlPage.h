@@ -11,23 +11,23 @@ namespace Inspect {
 
 /// The type file that a page shows.
 struct HtmlSource {
-    std::string title;                  ///< Any bytes: the name of the file.
-    std::string version;                ///< The version text of its header.
-    OVAT::IBlockManager& storage;       ///< Where the file lies.
-    unsigned long long storageSize = 0; ///< Bytes of the storage.
-    unsigned long long baseOffset = 0;  ///< Of the header, in the storage.
-    TypeTable types;                    ///< All of them loaded.
+    std::string title;                  ///< The name of the file; any bytes.
+    std::string version;                ///< The version text in its header.
+    OVAT::IBlockManager& storage;       ///< The storage that contains the file.
+    unsigned long long storageSize = 0; ///< The size of the storage in bytes.
+    unsigned long long baseOffset = 0;  ///< Storage offset of the header.
+    TypeTable types;                    ///< The types, all of them loaded.
 };
 
-/// Writes one HTML page that needs nothing else: a list of the types to search and filter, and of
-/// each type its links both ways, declaration, encoding, constraints, and the bytes of its record
-/// with their fields.
+/// Writes a self-contained HTML page: a list of the types that can be searched and filtered and,
+/// for each type, its references in both directions, declaration, encoding, constraints, and the
+/// bytes of its record with their fields.
 ///
-/// The page is ASCII; names are escaped, and nothing in them is taken for HTML or script: what the
-/// page may do is stated in it, and is to run its own script and style alone. Types are written a
-/// thousand at a time, so that memory does not grow with the page; `progress`, if there is one, is
-/// told how many are done. Of a type that flattens to more, the first 1000 ranges are in the page,
-/// and of a longer record the first MiB. What the storage throws passes through.
+/// The page is ASCII. Names are escaped, and nothing in them is interpreted as HTML or script: a
+/// policy in the page allows only its own script and style. Types are written a thousand at a time,
+/// so memory use does not grow with the page; `progress`, if given, is called with the number of
+/// types done. The page contains at most 1000 flattened ranges of a type and the first MiB of a
+/// record. Exceptions of the storage pass through.
 void writeHtmlPage(std::ostream& out, const HtmlSource& source,
                    const std::function<void(unsigned int done)>& progress = {});
 

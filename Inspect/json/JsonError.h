@@ -7,29 +7,29 @@
 
 namespace Inspect {
 
-/// What is wrong with a text in the JSON form, and where; `what` gives the place, then the reason.
+/// Thrown for a fault in a text in the JSON form; `what` gives the place, then the reason.
 class JsonError : public std::runtime_error {
 public:
-    /// The place is line and column where the text is no JSON, else a JSON pointer, with the line
-    /// in front where each line is a text of its own.
+    /// The place is a line and column if the text is not JSON, else a JSON pointer. In the line
+    /// form, the line number precedes it.
     JsonError(const std::string& place, const std::string& reason)
         : std::runtime_error(place + ": " + reason) {}
 };
 
-/// Where a value stands in a text: a step, and the steps to it. It is made on the way down and
-/// becomes text only for an error.
+/// The place of a value in a text, as a chain of steps. It is built on the way down and becomes
+/// text only if there is an error.
 class JsonPlace {
 public:
-    /// A place whose text is known.
+    /// A place with a known text.
     explicit JsonPlace(std::string text) : m_text(std::move(text)) {}
 
-    /// The value of `key` in the object at `outer`. Both are kept by reference.
+    /// The place of the value of `key` in the object at `outer`. Keeps references to both.
     JsonPlace(const JsonPlace& outer, const char* key) : m_outer(&outer), m_key(key) {}
 
-    /// An item of the list at `outer`, which is kept by reference.
+    /// The place of an item of the list at `outer`. Keeps a reference to `outer`.
     JsonPlace(const JsonPlace& outer, std::size_t index) : m_outer(&outer), m_index(index) {}
 
-    /// Such as "/types/3/members/0/name".
+    /// The place as text, such as "/types/3/members/0/name".
     std::string text() const {
         if (m_outer == nullptr)
             return m_text;

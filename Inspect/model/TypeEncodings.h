@@ -7,13 +7,13 @@
 
 namespace Inspect {
 
-/// The value encodings of types as each answers when it is asked before any other.
+/// The value encodings that types answer when each is asked before all others.
 ///
-/// A class that answers "4-State" because of its base class says "2-State" from then on, and so may
-/// whatever leads to it: the answers of `getValueEncoding` depend on what was asked before. These
-/// do not, and asking here leaves no mark. An object of this class remembers what it has found:
-/// asking for all types of a table takes time and memory in proportion to the table. The types must
-/// stay alive, and threads need objects of their own.
+/// A class that answers "4-State" because of its base class answers "2-State" from then on, and so
+/// may every type that leads to it: the answers of `getValueEncoding` depend on earlier calls.
+/// These do not, and asking here leaves no mark. An object of this class remembers its results:
+/// asking for all types of a table takes time and memory proportional to the table. The types must
+/// stay alive, and each thread needs an object of its own.
 class TypeEncodings {
 public:
     /// Never asks a type for more than `getValueEncoding` of one that leads to no class.

@@ -7,35 +7,35 @@
 
 namespace Inspect {
 
-/// What a type refers to another one for.
+/// The role of a reference from one type to another.
 enum class LinkRole {
     ALIASED,      ///< The type behind a typedef.
-    BASE_TYPE,    ///< Of a discrete enumeration.
-    DESIGNATED,   ///< By an access type.
-    FILE_ELEMENT, ///< Of a file type.
-    ELEMENT,      ///< Of an array.
-    INDEX,        ///< Of an array.
-    BASE_CLASS,   ///< Of a class.
-    MEMBER        ///< Of a record, struct, union or class.
+    BASE_TYPE,    ///< The base type of a discrete enumeration.
+    DESIGNATED,   ///< The type that an access type designates.
+    FILE_ELEMENT, ///< The element type of a file type.
+    ELEMENT,      ///< The element type of an array.
+    INDEX,        ///< An index type of an array.
+    BASE_CLASS,   ///< The base class of a class.
+    MEMBER        ///< The type of a member of a record, struct, union or class.
 };
 
 /// A reference from one type to another.
 struct TypeLink {
-    LinkRole role;         ///< What for.
-    unsigned int position; ///< Of the member, or of the index's dimension; else 0.
-    unsigned int typeId;   ///< Of the other type, which the file may not have.
+    LinkRole role;         ///< The role of the reference.
+    unsigned int position; ///< The index of the member or dimension, else 0.
+    unsigned int typeId;   ///< The id of the other type, which may not exist.
 };
 
-/// Replaces `links` by the references in a type's own fields, in the order of its record; fields
-/// that say "no type" give none. The list is the caller's, so that one serves many types.
+/// Replaces `links` with the references in the fields of a type, in the order of its record; fields
+/// that mean "no type" give none. The list belongs to the caller, who can use one for many types.
 void linksOf(const RTTI::RTBaseType& type, std::vector<TypeLink>& links);
 
 /// The reference in words, with the name of the member or the number of the dimension, such as
-/// `member "len"` or "index type of dimension 2"; all bytes of names escaped.
+/// `member "len"` or "index type of dimension 2". Names are escaped.
 std::string linkText(const RTTI::RTBaseType& type, const TypeLink& link);
 
-/// The ids of the types that a type's own fields refer to, each once, in the order of the fields;
-/// ids that say "no type" are left out.
+/// The ids of the types that the fields of a type refer to, each once, in the order of the fields;
+/// ids that mean "no type" are left out.
 std::vector<unsigned int> referencesOf(const RTTI::RTBaseType& type);
 
 } // namespace Inspect

@@ -9,19 +9,19 @@
 namespace Inspect {
 
 // The leaves of a type are the values that it is made of. A leaf is a scalar, an enumeration, a
-// string, an event, a chandle, a value of an access or file type, or an array of these: all of its
-// dimensions belong to it. So does a struct or class without members, and one that is "seen above":
-// on the way to itself. An array of structs is part of the path of their members, with its ranges:
-// `pkt_t.lanes[0 to 3].data`. Where the dimension has no range there is a word, "dynamic", "queue"
-// or "associative". What a class inherits is listed with its own members.
+// string, an event, a chandle, a value of an access or file type, or an array of these with all of
+// its dimensions. A struct or class without members is a leaf too, and so is one that contains
+// itself, where it recurs ("seen above"). An array of structs is part of the path of their members,
+// with its ranges: `pkt_t.lanes[0 to 3].data`. If the dimension has no range there is a word:
+// "dynamic", "queue" or "associative". Inherited members are listed with those of the class.
 //
-// The ranges are those that `populateTypeConstraints` gives; below a dynamic array, a queue and an
-// associative array those that the element type has by itself. The encoding is that of the whole
-// leaf, within the innermost array of that sort. A leaf is written as it is met, so that memory
-// grows with the depth alone.
+// The ranges are those that `populateTypeConstraints` gives; below a dynamic array, a queue or an
+// associative array, those of the element type by itself. The encoding is that of the whole leaf,
+// within the innermost array of that sort. Each leaf is written as soon as it is found, so memory
+// use grows only with the depth.
 
-/// Writes a line a leaf: path, type, encoding, and its ranges; "-" for what there is not. At least
-/// two spaces lie between two columns.
+/// Writes one line for each leaf: path, type, encoding and ranges, with "-" for anything that does
+/// not apply. At least two spaces separate the columns.
 void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
                  const TextStyle& style);
 

@@ -9,25 +9,25 @@
 
 namespace Inspect {
 
-/// What a tree is drawn of.
+/// Which part of a tree is drawn.
 struct TreeRequest {
-    unsigned int id = 0; ///< Of the outermost type.
+    unsigned int id = 0; ///< The id of the outermost type.
 
-    /// The types that may lie above one that is shown.
+    /// The largest number of types above one that is shown.
     unsigned int depth = std::numeric_limits<unsigned int>::max();
 };
 
-// A tree shows what a type is made of: a line a part, those of a type below it, each with the
-// ranges of its dimensions as `populateTypeConstraints` gives them for the outermost type, in its
-// order. That walk does not go below dynamic arrays, queues and associative arrays: the ranges
-// there are those that the element type has by itself. A class that is on the way to itself, and a
-// struct that is without a class in between, is "seen above" and has no parts there. Types behind
-// access and file types are no parts.
+// A tree shows what a type is made of, with one line for each part and the parts of a type below
+// it. Each part has the ranges of its dimensions as `populateTypeConstraints` gives them for the
+// outermost type. That walk does not go below dynamic arrays, queues and associative arrays: the
+// ranges there are those of the element type by itself. A class that contains itself, and a struct
+// that does so without a class in between, is "seen above" where it recurs, without parts. The
+// types behind access and file types are not parts.
 //
-// A part is written as it is met, so that memory grows with the depth alone: a tree can be far
-// larger than the file.
+// Each part is written as soon as it is found, so memory use grows only with the depth: a tree can
+// be far larger than the file.
 
-/// Draws the tree with lines of ASCII. From the 40th level on a number tells the depth instead.
+/// Draws the tree with ASCII lines. From the 40th level on, a number gives the depth instead.
 void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                const TextStyle& style);
 

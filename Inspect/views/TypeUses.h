@@ -8,19 +8,19 @@
 
 namespace Inspect {
 
-// Who refers to a type. All types of the table are asked for; where a type refers to an id that the
-// table does not have, nobody is told.
+// The types that refer to a type. All types of the table are examined; references to ids that the
+// table does not have are ignored.
 
-/// Writes a line for each reference to the type, in the order of the ids.
+/// Writes one line for each reference to the type, in the order of the ids.
 void writeUses(std::ostream& out, const TypeTable& types, unsigned int id, const TextStyle& style);
 
 /// The same as a list of JSON objects.
 void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form);
 
-/// Writes a line for each other type that leads to this one, nearest first, with the number of
-/// references on the shortest way and the way itself. Of a way of more than 8 references the text
-/// has the first 8; in JSON each object names the next type on its way alone. Takes memory for
-/// every reference of the table.
+/// Writes one line for each other type that leads to this one, nearest first, with its shortest
+/// path and the number of references on it. The text shows at most the first 8 references of a
+/// path; in JSON each object gives only the next type on its path. Takes memory for every reference
+/// of the table.
 void writeAllUses(std::ostream& out, const TypeTable& types, unsigned int id,
                   const TextStyle& style);
 

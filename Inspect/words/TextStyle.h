@@ -5,13 +5,13 @@
 
 namespace Inspect {
 
-/// What a piece of text is, for a reader with colours.
+/// The role of a piece of text, which determines its colour.
 enum class Ink {
     HEADING,
-    KEYWORD, ///< Of a language, or the kind of a type.
-    NAME,    ///< That the design gave.
+    KEYWORD, ///< A word of a language, or the kind of a type.
+    NAME,    ///< A name from the design.
     NUMBER,
-    COMMENT, ///< Beside the point: explanations, ids.
+    COMMENT, ///< Secondary text: explanations, ids.
     ADDED,
     REMOVED,
     CHANGED,
@@ -19,20 +19,20 @@ enum class Ink {
     WARNING
 };
 
-/// How text is set off: with the colours of a terminal, or not at all. Without colours a text
-/// passes through as it is. What is painted must be escaped already.
+/// How text is highlighted: with the colours of a terminal, or not at all. Without colours, text
+/// stays unchanged. Text must be escaped before it is painted.
 class TextStyle {
 public:
-    /// Text as it is.
+    /// A style without colours.
     static TextStyle plain() { return TextStyle(false); }
 
-    /// The colours of a terminal.
+    /// A style with the colours of a terminal.
     static TextStyle coloured() { return TextStyle(true); }
 
     /// Whether `paint` changes nothing.
     bool isPlain() const { return !m_isColoured; }
 
-    /// `text`, set off as the ink says.
+    /// Returns `text` in the colour of the ink.
     std::string paint(Ink ink, std::string_view text) const;
 
 private:
