@@ -13,37 +13,37 @@
 
 namespace Import {
 
-/// What a front end can have written.
+/// The formats that can be imported.
 enum class Format { VERILATOR_TREE, GHW, GHDL_LISTING };
 
-/// The format's word in calls and messages: "verilator-tree".
+/// The name of a format in options and messages, such as "verilator-tree".
 const char* formatName(Format format);
 
-/// Every format, in the order in which they are listed.
+/// All formats, in the order in which they are listed.
 const std::vector<Format>& allFormats();
 
-/// The format of an input, by its first bytes; they are still to be read afterwards. Throws
-/// ImportError for an empty input and for one of no known format.
+/// Recognises the format of an input by its first bytes, without reading past them. Throws
+/// ImportError if the input is empty or its format is unknown.
 Format recogniseFormat(Input& input);
 
-/// Makes one table of types out of any number of inputs.
+/// Makes one table of types from any number of inputs.
 class Importer {
 public:
-    /// `notes` are told what could not be kept, and have to outlive the importer.
+    /// `notes` receives what could not be kept, and must outlive the importer.
     Importer(ImportOptions options, Notes& notes);
     Importer(const Importer&) = delete;
     Importer& operator=(const Importer&) = delete;
     ~Importer();
 
-    /// Takes an input, read to its end, as what `recogniseFormat` says, or as what the caller says.
-    /// Throws ImportError; the importer is of no use then.
+    /// Reads an input to its end, in the format that is recognised or given. Throws ImportError;
+    /// the importer cannot be used afterwards.
     /// @{
     void read(Input& input) { read(input, recogniseFormat(input)); }
     void read(Input& input, Format format);
     /// @}
 
     /// The types of all inputs, in the order of their ids, for TypeFile::TypeFileWriter. The same
-    /// inputs give the same types. Called once, last.
+    /// inputs give the same types. Must be the last call, made once.
     std::vector<std::unique_ptr<RTTI::RTBaseType>> finish();
 
 private:

@@ -12,41 +12,42 @@
 
 namespace Import {
 
-/// Types while they are made out of one or several inputs. A reader adds a type as soon as it meets
-/// it, under an id of its own, and may refer to types that follow by ids that it takes beforehand.
-/// In the end those that are wanted, and what they need, are numbered anew; equal ones have become
-/// one.
+/// The types of one or several inputs while they are being read. A reader adds each type as soon as
+/// it finds it, under an id of its own, and refers to later types by ids that it has reserved. At
+/// the end, the types that are wanted, and the types that these need, get new ids, and equal types
+/// become one.
 ///
-/// A type is a run-time object of the library whose fields hold ids of this table; the table owns
-/// it. SystemVerilog type ids are given in the end: readers leave them alone.
+/// A type is a run-time object of the library whose fields hold ids of this table, which owns it.
+/// `finish` assigns the SystemVerilog type ids; readers do not set them.
 class TypeTable {
 public:
-    /// Takes an id for a type that is still to come. One that never comes leaves out every type
-    /// that needs it; `what` calls it in the note about that, such as "class p::base".
+    /// Reserves an id for a type that follows later. If it never does, all types that need it are
+    /// left out; `what` names it in the note about that, such as "class p::base".
     unsigned int reserve(const std::string& what);
 
-    /// Gives the type for an id that was taken. Each id gets one.
+    /// Sets the type of a reserved id, once for each id.
     void fill(unsigned int id, std::unique_ptr<RTTI::RTBaseType> type, const Place& place);
 
     /// Adds a type under the next id.
     unsigned int add(std::unique_ptr<RTTI::RTBaseType> type, const Place& place);
 
-    /// The type with this id, or null while it is still to come. The table owns it.
+    /// The type with this id, or null if it has not been set yet. The table owns it.
     RTTI::RTBaseType* find(unsigned int id) const { return m_types[id].type.get(); }
 
-    /// How many ids were given.
+    /// The number of ids, including reserved ones.
     unsigned int size() const { return static_cast<unsigned int>(m_types.size()); }
 
-    /// Says that the type is to be in the result: it was declared in a package, or declared or used
-    /// elsewhere (an empty name). What is neither wanted nor needed is dropped in the end.
+    /// Requests the type for the result: it was declared in a package, or declared or used
+    /// elsewhere (an empty name). `finish` drops types that are neither wanted nor needed by
+    /// others.
     void want(unsigned int id, std::string_view package);
 
-    /// The wanted types and what they need, in the order of their new ids: a type comes after those
-    /// that it needs, unless they need one another, else in the order in which they were wanted.
-    /// `packages`, if there are any, says whose declarations alone are wanted; one that no input
-    /// has throws ImportError, and so does a type that is a part of itself with no class or access
-    /// type in between. What is left out is noted. The table is empty afterwards. Takes
-    /// O(m log n) for m references of n types, and no recursion.
+    /// The wanted types and the types that they need, in the order of their new ids: a type comes
+    /// after those that it needs, unless they need one another, otherwise in the order in which
+    /// they were wanted. If `packages` is not empty, only declarations of these packages are
+    /// wanted. Throws ImportError for a package that no input has, and for a type that contains
+    /// itself with no class or access type in between. Types that are left out are noted. The table
+    /// is empty afterwards. Takes O(m log n) time for m references of n types, without recursion.
     std::vector<std::unique_ptr<RTTI::RTBaseType>> finish(const std::vector<std::string>& packages,
                                                           Notes& notes);
 
@@ -54,7 +55,7 @@ private:
     struct Entry {
         std::unique_ptr<RTTI::RTBaseType> type;
         Place place;
-        std::string what; ///< While the type is still to come.
+        std::string what; ///< Its name in notes while it is not set.
     };
     struct Wanted {
         unsigned int id;
@@ -70,7 +71,7 @@ private:
 
     std::vector<Entry> m_types;
     std::vector<Wanted> m_wanted;
-    std::vector<std::string> m_packages; ///< In the order in which they were met.
+    std::vector<std::string> m_packages; ///< In the order in which they were found.
     std::unordered_map<std::string, unsigned int> m_packageNumbers;
 };
 

@@ -74,7 +74,8 @@ std::optional<Inspect::JsonForm> JsonArguments::jsonForm() const {
 
 void addJsonArguments(CLI::App& subcommand, JsonArguments& arguments) {
     subcommand.add_flag("--json", arguments.json, "Print a JSON document");
-    subcommand.add_flag("--ndjson", arguments.ndjson, "The same with a JSON object a line");
+    subcommand.add_flag("--ndjson", arguments.ndjson,
+                        "The same, with one JSON object on each line");
 }
 
 Inspect::TextStyle ColorArguments::style() const {

@@ -93,7 +93,7 @@ Subcommand addBuild(CLI::App& program) {
         ->add_option("--image", options->image,
                      "Storage file to take the bytes around the type file from")
         ->type_name("FILE");
-    build->add_flag("--ndjson", options->ndjson, "TYPES has a JSON object a line");
+    build->add_flag("--ndjson", options->ndjson, "TYPES has one JSON object on each line");
     build->footer("Example:\n  rtti dump --json examples/typefiles/ibex_slang.typ > types.json\n"
                   "  rtti build types.json -o types.typ");
     return {build, [options] { return runBuild(*options); }};

@@ -48,8 +48,8 @@ Subcommand addDiff(CLI::App& program) {
         "Load files even if they have errors");
     diff->add_flag("--json", options->json, "Print the differences as JSON");
     addColorArgument(*diff, *options);
-    diff->footer("Types are told apart by kind, name and shape, never by id. The verdict is\n"
-                 "  identical     every id has the same type in both files\n"
+    diff->footer("Types are compared by kind, name and shape, never by id. The verdicts are\n"
+                 "  identical     each id has the same type in both files\n"
                  "  renumbered    both files have the same types, under other ids\n"
                  "  compatible    every type of A has an equal in B, and B has more types\n"
                  "  incompatible  a type of A was changed or removed\n\n"

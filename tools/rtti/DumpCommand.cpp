@@ -28,7 +28,7 @@ struct DumpOptions : FileArguments, ColorArguments {
     bool trace = false;
     bool json = false;
     bool ndjson = false;
-    bool all = false; ///< Lists of ranges whole.
+    bool all = false; ///< Whether to print lists of ranges completely.
 };
 
 using namespace RTTI;
@@ -183,10 +183,10 @@ Subcommand addDump(CLI::App& program) {
         ->type_name("GLOB");
     addChoice(*dump, "--format", options->format, {"vhdl", "sv"}, "LANGUAGE",
               "Print declarations that a compiler reads, in VHDL or SystemVerilog");
-    dump->add_flag("--all", options->all, "Show long lists of ranges whole");
+    dump->add_flag("--all", options->all, "Print long lists of ranges completely");
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
-    dump->add_flag("--ndjson", options->ndjson, "The same with a JSON object a line");
+    dump->add_flag("--ndjson", options->ndjson, "The same, with one JSON object on each line");
     addColorArgument(*dump, *options);
     dump->footer("Example:\n  rtti dump --kind struct --name 'ibex_*' "
                  "examples/typefiles/ibex_slang.typ\n"

@@ -89,12 +89,12 @@ int runGraph(const GraphOptions& options) {
 
 Subcommand addGraph(CLI::App& program) {
     const auto options = std::make_shared<GraphOptions>();
-    CLI::App* graph = program.add_subcommand("graph", "Draw types and what they refer to");
+    CLI::App* graph = program.add_subcommand("graph", "Draw types and their references");
     addFileArguments(*graph, *options);
     addTypeArgument(*graph, options->type)
         ->description("Only the type with this id or name and what can be reached from it");
-    const CLI::Option* depth =
-        addNumber(*graph, "--depth", options->depth, "Only what is at most N links away from TYPE");
+    const CLI::Option* depth = addNumber(*graph, "--depth", options->depth,
+                                         "Only types at most N references away from TYPE");
     CLI::Option* format =
         addChoice(*graph, "--format", options->format, {"dot", "mermaid", "svg", "json"}, "FORM",
                   "Graphviz's language (the default), Mermaid's, a picture that "

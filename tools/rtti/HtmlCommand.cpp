@@ -41,7 +41,7 @@ Subcommand addHtml(CLI::App& program) {
     addFileArguments(*html, *options);
     html->add_option("-o,--output", options->output, "HTML file to write; - for standard output")
         ->required();
-    html->footer("The page needs no network and no other file.\n\n"
+    html->footer("The page is a single file and needs no network.\n\n"
                  "Example:\n  rtti html examples/typefiles/ibex_slang.typ -o ibex.html");
     return {html, [options] { return runHtml(*options); }};
 }

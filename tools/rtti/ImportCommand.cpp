@@ -124,21 +124,23 @@ void checkCall(const ImportCall& call) {
 Subcommand addImport(CLI::App& program) {
     const auto call = std::make_shared<ImportCall>();
     CLI::App* import =
-        program.add_subcommand("import", "Make a type file of what a front end wrote");
+        program.add_subcommand("import", "Make a type file from the output of a front end");
     import->add_option("FILE", call->files,
                        "Tree dump of Verilator, or wave or type listing of GHDL; - for standard "
-                       "input. With --run: the arguments of the front end, behind --");
+                       "input. With --run: the arguments of the front end, after --");
     import->add_option("-o,--output", call->output, "Storage file to write; - for standard output");
-    import->add_option("--run", call->run, "Start this front end, and import what it writes")
+    import->add_option("--run", call->run, "Start this front end, and import its output")
         ->check(CLI::IsMember(frontEndNames()));
     std::vector<std::string> formats;
     for (const Import::Format format : Import::allFormats())
         formats.emplace_back(Import::formatName(format));
-    import->add_option("--from", call->from, "The format of every FILE, which else it tells itself")
+    import
+        ->add_option("--from", call->from,
+                     "The format of every FILE (default: recognised by content)")
         ->check(CLI::IsMember(formats));
     import
         ->add_option("--package", call->options.packages,
-                     "Import what this package declares, and what that needs; may be repeated")
+                     "Import only this package, and the types that it needs; may be repeated")
         ->type_name("NAME")
         ->expected(1)
         ->take_all();

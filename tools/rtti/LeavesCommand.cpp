@@ -40,9 +40,8 @@ Subcommand addLeaves(CLI::App& program) {
     addJsonArguments(*leaves, *options);
     addColorArgument(*leaves, *options);
     leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "
-                   "of structs is\n"
-                   "part of the path, with its ranges: pkt_t.lanes[0 to 3].data. Ranges are those "
-                   "of rtti tree.\n"
+                   "of structs is part of the path, with its ranges: pkt_t.lanes[0 to 3].data. "
+                   "The ranges are those of rtti tree.\n"
                    "\n"
                    "Example:\n  rtti leaves examples/typefiles/svkinds_slang.typ 33");
     return {leaves, [options] { return runLeaves(*options); }};

@@ -18,7 +18,7 @@ namespace {
 /// `rtti show`: which type of which file.
 struct ShowOptions : FileArguments, ColorArguments {
     std::string type;
-    bool all = false; ///< Lists of ranges whole.
+    bool all = false; ///< Whether to print lists of ranges completely.
 };
 
 /// Prints a type with its neighbours.
@@ -91,7 +91,7 @@ Subcommand addShow(CLI::App& program) {
     addFileArguments(*show, *options);
     addTypeArgument(*show, options->type)->required();
     addColorArgument(*show, *options);
-    show->add_flag("--all", options->all, "Show long lists of ranges whole");
+    show->add_flag("--all", options->all, "Print long lists of ranges completely");
     show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ ibex_pkg::md_op_e");
     return {show, [options] { return runShow(*options); }};
 }

@@ -42,14 +42,13 @@ Subcommand addStats(CLI::App& program) {
     stats->add_flag("--json", options->json, "Print a JSON document");
     addColorArgument(*stats, *options);
     stats->footer(
-        "Nesting counts the types that lie within one another: aliased types, bases of "
-        "enumerations\n"
-        "and classes, elements of arrays of fixed shape, members. What a class handle, an access "
-        "or\n"
-        "file type, a dynamic array, a queue or an associative array leads to lies elsewhere.\n"
+        "Nesting counts types that contain one another: aliased types, bases of enumerations and "
+        "classes, elements of arrays of fixed shape, members. The types that a class handle, an "
+        "access or file type, a dynamic array, a queue or an associative array leads to are not "
+        "contained in it.\n"
         "\n"
-        "A type that no other type refers to is not useless: a type file does not say which types\n"
-        "signals, variables and parameters have.\n"
+        "A type that no other type refers to may well be in use: a type file does not say which "
+        "types signals, variables and parameters have.\n"
         "\n"
         "Example:\n  rtti stats --top 3 examples/typefiles/ibex_slang.typ");
     return {stats, [options] { return runStats(*options); }};

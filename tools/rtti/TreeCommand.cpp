@@ -41,13 +41,11 @@ Subcommand addTree(CLI::App& program) {
     addJsonArguments(*tree, *options);
     addColorArgument(*tree, *options);
     tree->footer(
-        "Each array has the ranges that apply to it here, those included that a member or a "
-        "typedef\n"
-        "around it gives. A dimension that nothing gives a range is 0 downto 0. Below a dynamic "
-        "array,\n"
-        "a queue and an associative array the ranges are those of the element type by itself. "
-        "\"(seen\n"
-        "above)\" is a class or struct on the way to itself; its parts are not drawn again.\n"
+        "Each array is shown with the ranges that apply to it here, including those of enclosing "
+        "members and typedefs. A dimension without any range is shown as 0 downto 0. Below a "
+        "dynamic array, a queue or an associative array the ranges are those of the element type "
+        "by itself. \"(seen above)\" marks a class or struct that contains itself, where it "
+        "recurs; its parts are not drawn again.\n"
         "\n"
         "Example:\n  rtti tree --depth 2 examples/typefiles/svkinds_slang.typ 33");
     return {tree, [options] { return runTree(*options); }};

@@ -17,7 +17,8 @@ struct UsesOptions : FileArguments, JsonArguments, ColorArguments {
     bool all = false;
 };
 
-/// Prints who refers to a type. The exit status is 0. Throws for a wrong call or an unusable file.
+/// Prints the types that refer to a type. The exit status is 0. Throws for a wrong call or an
+/// unusable file.
 int runUses(const UsesOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
@@ -36,11 +37,12 @@ int runUses(const UsesOptions& options) {
 
 Subcommand addUses(CLI::App& program) {
     const auto options = std::make_shared<UsesOptions>();
-    CLI::App* uses = program.add_subcommand("uses", "List who refers to a type");
+    CLI::App* uses = program.add_subcommand("uses", "List the types that refer to a type");
     addFileArguments(*uses, *options);
     addTypeArgument(*uses, options->type)->required();
     uses->add_flag("--all", options->all,
-                   "Also who refers to it through others: nearest first, with the shortest way");
+                   "Also list types that refer to it through others: nearest first, with the "
+                   "shortest path");
     addJsonArguments(*uses, *options);
     addColorArgument(*uses, *options);
     uses->footer("Example:\n  rtti uses --all examples/typefiles/ieee_rti.typ 11");

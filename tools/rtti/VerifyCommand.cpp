@@ -101,7 +101,7 @@ int runVerify(const VerifyOptions& options) {
 
 Subcommand addVerify(CLI::App& program) {
     const auto options = std::make_shared<VerifyOptions>();
-    CLI::App* verify = program.add_subcommand("verify", "Say what is wrong with a type file");
+    CLI::App* verify = program.add_subcommand("verify", "Report what is wrong with a type file");
     addStorageArguments(*verify, *options);
     verify->add_flag("--json", options->json, "Print the findings as JSON");
     addColorArgument(*verify, *options);
