@@ -1,10 +1,10 @@
-# What the libraries of the package have in common.
+# Shared by all libraries of the package.
 
 # publish_library(RTTI_NAME HEADER... [DESCRIPTION TEXT] [PACKAGES NAME...] [MODULES NAME...]):
-# publishes the target RTTI_NAME as RTTI::NAME, in the build tree as for those who find the package,
-# and as the pkg-config module qd_wavedata_RTTI_NAME. Call it once the target's links are known.
+# publishes the target RTTI_NAME as RTTI::NAME, in the build tree and in the installed package, and as
+# the pkg-config module qd_wavedata_RTTI_NAME. Call it when the links of the target are known.
 # PACKAGES are the CMake packages, MODULES the pkg-config modules, of other projects that its users
-# link; a library with PACKAGES is there for whoever has these or asks for it as a component.
+# have to link; a library with PACKAGES is available if these are found, or required as a component.
 function(publish_library target)
     cmake_parse_arguments(arg "" "DESCRIPTION" "PACKAGES;MODULES" ${ARGN})
     if(NOT target MATCHES "^RTTI_(.+)$")

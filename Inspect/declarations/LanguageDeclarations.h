@@ -30,17 +30,18 @@ public:
     /// the closest possible declaration.
     virtual void declare(std::ostream& out, unsigned int id) const = 0;
 
-    /// Writes what the declaration gives a name to, and gives what stands behind the name there:
-    /// `logic [7:0]` and `[0:3]`. Of members, literals and units the first `most` are written, with
-    /// dots for the others. Writes nothing where a declaration is more than a name for something.
+    /// Writes the part of a declaration before the declared name and returns the part after it,
+    /// such as `logic [7:0]` and `[0:3]`. Writes only the first `most` members, literals or units,
+    /// with dots for the others. Writes nothing if the declaration is more than a name for another
+    /// type.
     virtual std::string define(std::ostream& out, unsigned int id, std::size_t most) const = 0;
 
-    /// The same in a line of at most `MOST_CHARACTERS`, cut where it is longer: how a user of the
-    /// type would spell it out. Empty where nothing can be spelled out.
+    /// The same in a line, cut to `MOST_CHARACTERS`: how a user of the type would write it out.
+    /// Empty if it cannot be written out.
     std::string shapeOf(unsigned int id) const;
 
-    /// Announces a type whose declaration follows: an incomplete type of VHDL, a forward typedef
-    /// of SystemVerilog.
+    /// The announcement of a type whose declaration follows: an incomplete type in VHDL, a forward
+    /// typedef in SystemVerilog.
     virtual std::string announcementOf(unsigned int id) const = 0;
 
     /// Replaces `needs` with the types of the same file that the declaration names.
@@ -52,7 +53,7 @@ public:
     /// The characters that begin a comment.
     std::string_view comment() const;
 
-    /// No line of a shape is longer.
+    /// The largest length of a shape.
     static constexpr std::size_t MOST_CHARACTERS = 80;
 
 protected:
