@@ -12,18 +12,18 @@
 
 namespace Inspect {
 
-/// What two files are to one another.
+/// How two files compare.
 enum class DiffVerdict {
-    IDENTICAL,  ///< Each id has the same type in both.
+    IDENTICAL,  ///< Each id has the same type in both files.
     RENUMBERED, ///< The same types, but not all under the same ids.
     COMPATIBLE, ///< Each type of A has an equal in B, and B has more types.
     INCOMPATIBLE
 };
 
-/// "identical", and so on.
+/// The name of a verdict, such as "identical".
 std::string_view verdictText(DiffVerdict verdict);
 
-/// What a verdict says, in a sentence.
+/// The meaning of a verdict, in a sentence.
 std::string_view ruleText(DiffVerdict verdict);
 
 /// One difference between a type of A and what became of it in B.
@@ -46,30 +46,30 @@ struct TypeChange {
 
 /// The differences between the types of two files, A and B.
 ///
-/// Types are told apart by class, name and fields, and by the types that they refer to; never by
-/// their ids, nor by the SystemVerilog type ids that a compiler gave away (those from 0 on). Each
-/// type of A has one of B to itself that equals it, or it was changed or removed.
+/// Types are compared by class, name, fields and the types that they refer to; never by their ids,
+/// nor by the SystemVerilog type ids that a compiler assigns (those from 0 on). Each type of A has
+/// an equal of its own in B, or it was changed or removed.
 class TypeDiff {
 public:
-    /// Numbers of types.
+    /// The numbers of types.
     struct Counts {
         std::size_t typesOfA = 0;   ///< All of A.
         std::size_t typesOfB = 0;   ///< All of B.
         std::size_t equal = 0;      ///< Types of A with an equal in B.
-        std::size_t added = 0;      ///< Types of B that nothing in A became.
-        std::size_t removed = 0;    ///< Types of A that became nothing in B.
-        std::size_t changed = 0;    ///< With at least one change of their own.
-        std::size_t containing = 0; ///< Without, but they refer to such as were changed.
+        std::size_t added = 0;      ///< Types of B without a counterpart in A.
+        std::size_t removed = 0;    ///< Types of A without a counterpart in B.
+        std::size_t changed = 0;    ///< Types with at least one change of their own.
+        std::size_t containing = 0; ///< Types that only refer to changed ones.
     };
 
-    /// Reads all types of both, which must outlive the object. Time and memory grow with the number
-    /// of types and references, as sorting does.
+    /// Reads all types of both tables, which must outlive the object. Takes about as long
+    /// as sorting the types and references, and memory proportional to their number.
     TypeDiff(const TypeTable& a, const TypeTable& b);
     TypeDiff(const TypeDiff&) = delete;
     TypeDiff& operator=(const TypeDiff&) = delete;
     ~TypeDiff();
 
-    /// What the differences come to.
+    /// The overall result.
     DiffVerdict verdict() const { return m_verdict; }
 
     /// The types of the first file.
@@ -78,13 +78,13 @@ public:
     /// The types of the second file.
     const TypeTable& b() const { return m_b; }
 
-    /// Ids of types of A, in their order.
+    /// The ids of the types of A that were removed, in ascending order.
     const std::vector<unsigned int>& removed() const { return m_removed; }
 
-    /// Ids of types of B, in their order.
+    /// The ids of the types of B that were added, in ascending order.
     const std::vector<unsigned int>& added() const { return m_added; }
 
-    /// Gives each change in the order of the ids in A, and counts.
+    /// Passes each change to `take`, in the order of the ids in A, and returns the counts.
     Counts eachChange(const std::function<void(const TypeChange&)>& take) const;
 
 private:

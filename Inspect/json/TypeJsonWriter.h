@@ -10,15 +10,15 @@ namespace Inspect {
 
 class JsonLines;
 
-/// How the JSON form is cut into lines.
+/// How the JSON form is divided into lines.
 enum class JsonForm {
-    DOCUMENT, ///< One object, with one type a line in its list "types".
-    LINES     ///< An object a line: the file's properties, then the types.
+    DOCUMENT, ///< One object, with each type of its list "types" on one line.
+    LINES     ///< One object on each line: first the file's properties, then the types.
 };
 
-/// Writes types in the JSON form, one after the other: one object a type, every field of its
-/// record, other types by id. The text is ASCII and is the same on every run. Nothing is held back:
-/// memory does not grow with the number of types.
+/// Writes types in the JSON form, one after the other: one object for each type, with every field
+/// of its record and other types by id. The text is ASCII and the same in every run. Types are
+/// written at once, so memory use does not grow with their number.
 class TypeJsonWriter {
 public:
     /// Begins the text; `version` is the file's version text. `out` stays the caller's, outlives
@@ -28,13 +28,13 @@ public:
     TypeJsonWriter& operator=(const TypeJsonWriter&) = delete;
     ~TypeJsonWriter();
 
-    /// A type under its id. Grows with the size of its record.
+    /// Writes a type under its id. Takes time proportional to its record.
     void type(unsigned int id, const RTTI::RTBaseType& type);
 
-    /// An id whose record builds no type, with the kind code of that record.
+    /// Writes an id whose record builds no type, with the kind code of that record.
     void noType(unsigned int id, unsigned int kindCode);
 
-    /// Closes the document. Called once, last.
+    /// Ends the document. Must be the last call, made once.
     void end();
 
 private:

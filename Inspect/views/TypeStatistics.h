@@ -11,17 +11,17 @@
 
 namespace Inspect {
 
-/// What the header and the address table of a type file say. Offsets are those of the storage.
+/// Facts from the header and the address table of a type file. Offsets are storage offsets.
 struct FileFacts {
     std::string version;                ///< The version text.
     unsigned long long offset = 0;      ///< Of the header.
     unsigned long long tableOffset = 0; ///< Of the address table.
 };
 
-/// Gives the bytes of a type's record.
+/// Returns the size of a type's record in bytes.
 using RecordSizes = std::function<unsigned long long(unsigned int)>;
 
-/// What there is in a table of types.
+/// Statistics of a table of types.
 struct TypeStatistics {
     /// What there is of one kind.
     struct KindCount {
@@ -30,32 +30,33 @@ struct TypeStatistics {
         unsigned long long bytes = 0; ///< Of their records.
     };
 
-    /// A type, and how much of something it has.
+    /// A type and the amount by which it is ranked.
     struct Ranked {
-        unsigned int id;           ///< Of the type.
+        unsigned int id;           ///< The id of the type.
         unsigned long long amount; ///< Bytes, or parts.
     };
 
-    std::vector<KindCount> kinds;        ///< Those with most types first.
+    std::vector<KindCount> kinds;        ///< Those with the most types first.
     unsigned int types = 0;              ///< Ids of the table.
     unsigned long long bytes = 0;        ///< Of all records.
     unsigned int vhdlTypes = 0;          ///< By their kinds.
     unsigned int systemVerilogTypes = 0; ///< The others that have a type.
     std::vector<unsigned int> nesting;   ///< See `deepestNesting`.
     std::vector<Ranked> largest;         ///< By bytes of the record.
-    std::vector<Ranked> longest;         ///< By members, literals or units.
+    std::vector<Ranked> longest;         ///< By the number of members, literals or units.
     std::vector<unsigned int> unused;    ///< Types that no other type refers to.
 };
 
-/// Counts in one pass over the table and two over its references. `largest` and `longest` have the
-/// first `top`. Memory: a few words a type.
+/// Counts in one pass over the table and two over its references. `largest` and `longest` contain
+/// the first `top` types. Takes a few words of memory for each type.
 TypeStatistics statisticsOf(const TypeTable& types, const RecordSizes& sizes, unsigned int top);
 
-/// Writes the statistics as text: of the unused types, and of the nesting, the first `top`.
+/// Writes the statistics as text, with the first `top` unused types and the first `top` nested
+/// ones.
 void writeStatistics(std::ostream& out, const TypeTable& types, const FileFacts& facts,
                      const TypeStatistics& statistics, unsigned int top, const TextStyle& style);
 
-/// Writes the statistics as one JSON document, with all of the unused types.
+/// Writes the statistics as one JSON document, with all unused types.
 void writeStatisticsJson(std::ostream& out, const TypeTable& types, const FileFacts& facts,
                          const TypeStatistics& statistics);
 
