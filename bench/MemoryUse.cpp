@@ -1,4 +1,5 @@
-// What a loaded table and its load take: heap a type beside the floor, and stack a nested record.
+// The memory of a loaded table and of its load: heap per type beside the floor, and stack per
+// nested record.
 //
 //   memory_use TYPES     one line of JSON
 
