@@ -152,6 +152,7 @@ private:
     std::vector<FullConstraints> keptRanges(const VhdlType& type,
                                             const std::vector<VhdlRange>& ranges) {
         std::vector<FullConstraints> constraints;
+        constraints.reserve(ranges.size());
         for (const VhdlRange& range : ranges)
             constraints.push_back(keptRange(type, range));
         return constraints;

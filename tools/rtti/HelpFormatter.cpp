@@ -26,7 +26,7 @@ std::string wrappedLine(const std::string& line, std::size_t width) {
     std::istringstream words(line);
     for (std::string word; words >> word; isFirst = false) {
         if (!isFirst && used + 1 + word.size() + end.size() > width) {
-            text += end + '\n' + deeper;
+            text.append(end).append(1, '\n').append(deeper);
             used = deeper.size();
         } else if (!isFirst) {
             text += ' ';
