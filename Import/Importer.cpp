@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -40,6 +41,7 @@ const char* formatName(Format format) { return entryOf(format).name; }
 const std::vector<Format>& allFormats() {
     static const std::vector<Format> all = [] {
         std::vector<Format> formats;
+        formats.reserve(std::size(FORMATS));
         for (const FormatEntry& entry : FORMATS)
             formats.push_back(entry.format);
         return formats;

@@ -196,7 +196,7 @@ void TreeScanner::takeNode(const TreeLine& line) {
 }
 
 std::string TreeScanner::scopedName(std::string_view name) const {
-    const std::string own = sourceName(name);
+    std::string own = sourceName(name);
     if (m_scopes.empty())
         return own;
     return m_scopes.back().name + (own.empty() ? "" : "::" + own);

@@ -13,10 +13,8 @@ namespace TypeFile {
 /// contains itself, and that no record is opened again and again while it is read.
 class GroupVerifier {
 public:
-    GroupVerifier(TypeNodes& types, PartVerifier& parts, RecordVerifier& records,
-                  FindingList& findings)
-        : m_types(types), m_parts(parts), m_records(records), m_findings(findings),
-          m_groups(types) {}
+    GroupVerifier(TypeNodes& types, PartVerifier& parts, RecordVerifier& records)
+        : m_types(types), m_parts(parts), m_records(records), m_groups(types) {}
 
     void verify();
 
@@ -50,7 +48,6 @@ private:
     TypeNodes& m_types;
     PartVerifier& m_parts;
     RecordVerifier& m_records;
-    FindingList& m_findings;
     GroupFinder m_groups;
     bool m_isSound = true;     ///< Of the group: every way comes to an end.
     bool m_isReopened = false; ///< Of the group: that was said.

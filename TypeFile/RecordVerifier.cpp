@@ -166,7 +166,7 @@ void RecordVerifier::checkCount(const ReadField& field) {
                    foundText(field) + ", expected 0 for an empty list.");
     const unsigned long long left = m_end - (field.offset + field.size);
     const std::size_t smallest = isOfRanges ? CONSTRAINT_SIZE : smallestEntryBehind(field);
-    if (field.word <= left / smallest)
+    if (static_cast<unsigned long long>(field.word) * smallest <= left)
         return;
     m_isBelieved = false;
     add(FindingCode::COUNT_TOO_LARGE, field,

@@ -41,7 +41,7 @@ public:
         if (checkHeader() && readTable()) {
             readRecords();
             if (!m_types.references.empty()) {
-                GroupVerifier(m_types, m_parts, m_records, m_findings).verify();
+                GroupVerifier(m_types, m_parts, m_records).verify();
                 WalkCounter(m_types, m_findings, m_limits, m_steps, m_frame.tableOffset()).verify();
             }
         }
