@@ -6,6 +6,7 @@
 #include "InputStorage.h"
 #include "InputText.h"
 #include "Inspect/json/TypeJsonWriter.h"
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeText.h"
 #include "OutputFile.h"
 #include "RTTI/TypeFileFormat.h"
@@ -18,6 +19,8 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -42,10 +45,10 @@ Import::Format formatOf(const std::string& name) {
     throw CLI::ValidationError("--from " + name + ": no such format");
 }
 
-/// One line on standard error for what could not be kept.
-void showNote(const Import::Place& place, const std::string& text) {
+/// The line for what could not be kept.
+std::string noteLine(const Import::Place& place, const std::string& text) {
     const std::string where = place.text().empty() ? "rtti" : place.text();
-    std::cerr << Inspect::escaped(where + ": " + text) << '\n';
+    return Inspect::escaped(where + ": " + text);
 }
 
 void readFile(Import::Importer& importer, const std::string& path, const std::string& shownPath,
@@ -94,7 +97,11 @@ int runImport(const ImportCall& call) {
         folder.emplace();
         run = runFrontEnd(call.run, call.files, folder->path());
     }
-    Import::Notes notes(showNote);
+    // Shown at the end: an input that is refused gets the line that says why, and no other.
+    std::vector<std::string> noteLines;
+    Import::Notes notes([&](const Import::Place& place, const std::string& text) {
+        noteLines.push_back(noteLine(place, text));
+    });
     Import::Importer importer(call.options, notes);
     for (const std::string& path : run.files) {
         const std::string shown =
@@ -105,8 +112,10 @@ int runImport(const ImportCall& call) {
     if (!run.complaint.empty())
         notes.add(Import::Place(), run.complaint + ", and yet it wrote what is imported here");
     writeTypes(types, call);
+    for (const std::string& line : noteLines)
+        std::cerr << line << '\n';
     if (notes.count() > 0)
-        std::cerr << "rtti: " << notes.count() << " things could not be kept\n";
+        std::cerr << "rtti: " << Inspect::counted(notes.count(), "thing") << " could not be kept\n";
     return call.isStrict && notes.count() > 0 ? ExitStatus::FAULTY : ExitStatus::DONE;
 }
 
@@ -142,8 +151,9 @@ Subcommand addImport(CLI::App& program) {
         ->add_option("--package", call->options.packages,
                      "Import only this package, and the types that it needs; may be repeated")
         ->type_name("NAME")
+        ->take_all()
         ->expected(1)
-        ->take_all();
+        ->allow_extra_args(false);
     import->add_flag("--keep-anonymous", call->options.keepAnonymous,
                      "Keep the names that the front end made up for types without one");
     import->add_flag("--json", call->json,
