@@ -14,4 +14,15 @@ std::string nameOf(const ReadField& field) {
     return name;
 }
 
+std::string keyOf(const ReadField& field) {
+    std::string key;
+    if (field.list != nullptr)
+        key = std::string(field.list->key) + '[' + std::to_string(field.index) + ']';
+    const std::string own = keyOf(*field.layout);
+    key += (key.empty() || own.empty() ? "" : ".") + own;
+    if (field.item != ReadField::NO_ITEM)
+        key += '[' + std::to_string(field.item) + ']';
+    return key;
+}
+
 } // namespace TypeFile

@@ -30,6 +30,9 @@ struct ReadField {
 /// As findings have it: "member[3].type id".
 std::string nameOf(const ReadField& field);
 
+/// As the JSON form has it: "members[3].type"; of several that are missing, the first.
+std::string keyOf(const ReadField& field);
+
 /// Reads the fields of a record or header along their layouts, as the loader does, anywhere in a
 /// storage: what a count claims costs nothing, and nothing is kept. `Take` is called with each
 /// ReadField in its order, and says whether more are wanted.

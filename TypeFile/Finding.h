@@ -66,6 +66,7 @@ struct Finding {
     std::string field;         ///< The name of the field, such as "member[3].type id".
     unsigned long long offset; ///< The storage offset of the field.
     std::string text;          ///< A sentence: what was found and expected.
+    std::string key = {};      ///< The field as the JSON form has it: "members[3].type".
 };
 
 /// A number in the form that findings use for offsets and kinds: "0x1234".

@@ -1,6 +1,8 @@
 #include "TypeFile/FindingList.h"
 
+#include "OVAT/Counted.h"
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/RecordLayout.h"
 
 #include <algorithm>
 #include <iterator>
@@ -20,14 +22,19 @@ bool comesBefore(const Finding& left, const Finding& right) {
 
 } // namespace
 
-void FindingList::add(FindingCode code, unsigned int typeId, std::string field,
+void FindingList::add(FindingCode code, unsigned int typeId, const char* field,
+                      unsigned long long offset, std::string text) {
+    add(code, typeId, FieldName{field, inOneWord(field)}, offset, std::move(text));
+}
+
+void FindingList::add(FindingCode code, unsigned int typeId, FieldName field,
                       unsigned long long offset, std::string text) {
     const Severity severity = severityOf(code);
     Kept& kept = severity == Severity::ERROR ? m_errors : m_warnings;
     ++kept.count;
     if (kept.findings.size() < m_maxKept)
-        kept.findings.push_back(
-            {code, severity, typeId, std::move(field), offset, std::move(text)});
+        kept.findings.push_back({code, severity, typeId, std::move(field.words), offset,
+                                 std::move(text), std::move(field.key)});
 }
 
 std::vector<Finding> FindingList::take() {
@@ -43,8 +50,9 @@ std::vector<Finding> FindingList::take() {
         findings.push_back({FindingCode::MORE_FINDINGS,
                             lostErrors != 0 ? Severity::ERROR : Severity::WARNING, NO_TYPE_ID,
                             "findings", 0,
-                            std::to_string(lostErrors) + " more errors and " +
-                                std::to_string(lostWarnings) + " more warnings are not listed."});
+                            OVAT::counted(lostErrors, "more error") + " and " +
+                                OVAT::counted(lostWarnings, "more warning") + " are not listed.",
+                            "findings"});
     return findings;
 }
 

@@ -1,5 +1,6 @@
 #include "TypeFile/PartVerifier.h"
 
+#include "OVAT/Counted.h"
 #include "RTTI/LittleEndian.h"
 
 #include <algorithm>
@@ -142,8 +143,8 @@ unsigned int PartVerifier::openRanges(unsigned int typeId, std::size_t place, co
         part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
     if (isShort)
         m_records.addAtRanges(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId, place,
-                              "Found " + std::to_string(part.rangeCount) + " constraints, and " +
-                                  std::to_string(asked) + " dimensions consume them.");
+                              "Found " + OVAT::counted(part.rangeCount, "constraint") + " for " +
+                                  OVAT::counted(asked, "dimension") + ".");
     return asked - bounded;
 }
 

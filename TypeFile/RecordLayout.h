@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
+#include <string_view>
 
 // The bytes of a type file, field by field: the one statement of them outside the loader. What
 // checks records, shows them or writes about them is made from these tables.
@@ -60,7 +62,7 @@ constexpr bool has(unsigned char link, unsigned char flags) { return (link & fla
 struct FieldLayout {
     const char* name; ///< As findings and `annotate` say it.
     const char*
-        key; ///< As JSON says it; null where JSON has no such field, "" for the entry itself.
+        key; ///< As JSON says it; null where a dump has no such field, "" for the entry itself.
     FieldForm form;
     unsigned char link = Link::NAMED;   ///< Of a TYPE_ID.
     int missing = 0;                    ///< What the loader takes where the field is not there.
@@ -108,11 +110,11 @@ inline constexpr FieldLayout HEAD[] = {{"record size", nullptr, RECORD_SIZE},
                                        {"flags", Field::FLAGS, FLAGS}};
 
 /// The fields of a RANGE where it stands alone, and those of RANGES.
-inline constexpr FieldLayout RANGE_PARTS[] = {{"left bound", nullptr, NUMBER},
-                                              {"right bound", nullptr, NUMBER},
-                                              {"direction", nullptr, NUMBER}};
+inline constexpr FieldLayout RANGE_PARTS[] = {{"left bound", Field::SI, NUMBER},
+                                              {"right bound", Field::EI, NUMBER},
+                                              {"direction", Field::DIR, NUMBER}};
 inline constexpr FieldLayout RANGE_COUNT{"constraint count", nullptr, COUNT};
-inline constexpr FieldLayout RANGE_IN_LIST{"constraint", nullptr, RANGE};
+inline constexpr FieldLayout RANGE_IN_LIST{"constraint", Field::CONSTRAINTS, RANGE};
 
 inline constexpr FieldLayout END{nullptr, nullptr, END_OF_LIST};
 inline constexpr FieldLayout CONSTRAINTS{"constraint", Field::CONSTRAINTS, RANGES};
@@ -240,6 +242,12 @@ template <typename Use> constexpr auto withLayout(unsigned int kind, Use&& use) 
     default: return use.none();
     }
 }
+
+/// The words in one, as keys are written: "recordSize" for "record size".
+std::string inOneWord(std::string_view words);
+
+/// The key of a field; its name in one word where a dump has no such field.
+std::string keyOf(const FieldLayout& field);
 
 /// What follows the flags in a record of this kind; nothing for a kind without a body.
 std::span<const FieldLayout> bodyLayout(unsigned int kind);

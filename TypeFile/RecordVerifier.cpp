@@ -1,5 +1,6 @@
 #include "TypeFile/RecordVerifier.h"
 
+#include "OVAT/Counted.h"
 #include "TypeFile/RecordScan.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 namespace TypeFile {
 
 using namespace RTTI::TypeFileFormat;
+using OVAT::counted;
 using RTTI::littleEndianAt;
 
 namespace {
@@ -65,13 +67,19 @@ void addPart(const ReadField& field, RecordParts& record) {
     }
 }
 
-/// "Found 4": ids and codes have no sign.
+/// "Found 4": ids have no sign, codes are written as the format does.
 std::string foundText(const ReadField& field) {
     const FieldLayout& layout = *field.layout;
     const bool isCode = layout.names != nullptr && layout.names->first != 0;
-    return "Found " + (isCode || layout.form == FieldForm::TYPE_ID
+    if (isCode)
+        return "Found " + hexText(field.word);
+    return "Found " + (layout.form == FieldForm::TYPE_ID
                            ? std::to_string(field.word)
                            : std::to_string(static_cast<int>(field.word)));
+}
+
+std::string valueText(const NamedValues& names, unsigned int value) {
+    return names.first != 0 ? hexText(value) : std::to_string(value);
 }
 
 /// Scans the body of a record.
@@ -122,8 +130,8 @@ void RecordVerifier::readFields(unsigned int size, unsigned int kind, RecordPart
     reader.read(m_body);
     if (m_isBelieved && reader.at() != m_end)
         m_findings.add(FindingCode::LEFTOVER_BYTES, m_typeId, Layout::HEAD[0].name, address,
-                       "The last field ends " + std::to_string(m_end - reader.at()) +
-                           " bytes before the record.");
+                       "The last field ends " + counted(m_end - reader.at(), "byte") +
+                           " before the record.");
 }
 
 /// Says what is wrong with a field. Behind one that is not believed, nothing can be read.
@@ -144,8 +152,9 @@ void RecordVerifier::check(const ReadField& field) {
         const NamedValues& names = *layout.names;
         if (names.nameOf(field.word) == nullptr)
             add(layout.code, field,
-                foundText(field) + ", expected one of " + std::to_string(names.first) + " to " +
-                    std::to_string(names.first + names.count - 1) + ".");
+                foundText(field) + ", expected one of " + valueText(names, names.first) + " to " +
+                    valueText(names, names.first + static_cast<unsigned int>(names.count) - 1) +
+                    ".");
         return;
     }
     case FieldForm::FLAVOUR:
@@ -170,9 +179,9 @@ void RecordVerifier::checkCount(const ReadField& field) {
         return;
     m_isBelieved = false;
     add(FindingCode::COUNT_TOO_LARGE, field,
-        "There are " + std::to_string(field.word) +
-            (isOfRanges ? " ranges of " : " entries of at least ") + std::to_string(smallest) +
-            " bytes to come, and " + std::to_string(left) + " bytes left in the record.");
+        "The list has " + counted(field.word, isOfRanges ? "range" : "entry") +
+            (isOfRanges ? " of " : " of at least ") + counted(smallest, "byte") +
+            ", and there is room for " + counted(left, "byte") + " in the record.");
 }
 
 /// The least that an entry of the list behind its count takes.
@@ -201,12 +210,12 @@ void RecordVerifier::checkDirection(const ReadField& field) {
 /// Every list of which nothing is left, though its count was believed, begins with a name.
 void RecordVerifier::addMissing(const ReadField& field) {
     m_isBelieved = false;
-    const std::string left = std::to_string(m_end - field.offset);
+    const unsigned long long left = m_end - field.offset;
     const FieldForm form = field.layout->form;
     if (form != FieldForm::NAME && form != FieldForm::LIST)
         return add(FindingCode::FIELD_MISSING, field,
-                   "The field takes " + std::to_string(field.width) + " bytes, and " + left +
-                       " are left in the record.");
+                   "The field takes " + counted(field.width, "byte") + ", and the record has " +
+                       std::to_string(left) + " left.");
     ReadField name = field;
     if (form == FieldForm::LIST)
         name = {field.layout + 1,
@@ -220,7 +229,7 @@ void RecordVerifier::addMissing(const ReadField& field) {
                 false,
                 0};
     add(FindingCode::NAME_NOT_TERMINATED, name,
-        "There is no zero byte up to the end of the record, " + left + " bytes on.");
+        "There is no zero byte up to the end of the record, " + counted(left, "byte") + " on.");
 }
 
 /// Calls `take` with the fields of a record.
@@ -263,8 +272,7 @@ void RecordVerifier::addBrokenLink(const ReadField& field) {
     const std::string target = std::to_string(field.word);
     if (field.word >= m_types.size())
         add(FindingCode::TYPE_ID_OUTSIDE_TABLE, field,
-            "Found type " + target + ", and the file has " + std::to_string(m_types.size()) +
-                " types.");
+            "Found type " + target + ", and the file has " + counted(m_types.size(), "type") + ".");
     else if (!m_types.isLinked(field.word))
         add(FindingCode::LINK_TO_NO_TYPE, field,
             "Type " + target + " has a kind that builds no type.");
@@ -296,7 +304,7 @@ void RecordVerifier::addAt(const FieldLayout* layout, FindingCode code, unsigned
 }
 
 void RecordVerifier::add(FindingCode code, const ReadField& field, std::string text) {
-    m_findings.add(code, m_typeId, nameOf(field), field.offset, std::move(text));
+    m_findings.add(code, m_typeId, {nameOf(field), keyOf(field)}, field.offset, std::move(text));
 }
 
 } // namespace TypeFile

@@ -1,5 +1,6 @@
 #include "TypeFile/TypeBuilding.h"
 
+#include "OVAT/Counted.h"
 #include "RTTI/OwnedName.h"
 #include "TypeFile/FieldNames.h"
 #include "TypeFile/WriteError.h"
@@ -61,8 +62,8 @@ void addLiteral(RTDiscreteEnumType& type, std::string_view name, std::string_vie
     const bool settlesSize = index == 0 && type.m_valueSize == 0;
     if (value.size() > LARGEST_RECORD_SIZE || (!settlesSize && value.size() != type.m_valueSize))
         refuse(type, {Field::VALUE, Field::LITERALS, index},
-               "the value has " + std::to_string(value.size()) +
-                   " bytes, and the type's literals have " + std::to_string(type.m_valueSize));
+               "the value has " + OVAT::counted(value.size(), "byte") +
+                   ", and the type's literals have " + std::to_string(type.m_valueSize));
     OwnedName copy(new char[value.size()]);
     std::copy(value.begin(), value.end(), copy.get());
     type.m_enumerators.push_back({std::string(name), copy.get()});

@@ -1,5 +1,6 @@
 #include "TypeFile/TypeFileVerifier.h"
 
+#include "OVAT/Counted.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/FindingList.h"
@@ -17,6 +18,7 @@ namespace TypeFile {
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
+using OVAT::counted;
 
 namespace {
 
@@ -107,8 +109,8 @@ bool Verification::readTable() {
     if (!m_frame.hasTable()) {
         addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, "address table offset",
                    base + ADDRESS_TABLE_OFFSET,
-                   "The table of " + std::to_string(typeCount) + " types takes " +
-                       std::to_string(m_frame.tableSize()) + " bytes at " + hexText(table) +
+                   "The table of " + counted(typeCount, "type") + " takes " +
+                       counted(m_frame.tableSize(), "byte") + " at " + hexText(table) +
                        ", and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
@@ -149,8 +151,8 @@ void Verification::readRecords() {
     }
     if (m_recordBytes > m_limits.maxRecordBytes)
         addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
-                   "The records take " + std::to_string(m_recordBytes) +
-                       " bytes, each counted once a type, and the limit is " +
+                   "The records take " + counted(m_recordBytes, "byte") +
+                       ", each counted once a type, and the limit is " +
                        std::to_string(m_limits.maxRecordBytes) + ".");
 }
 
@@ -191,9 +193,9 @@ bool Verification::readFrame(unsigned int typeId) {
     const auto size = static_cast<unsigned int>(found);
     if (m_size - address < size) {
         m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "record size", address,
-                       "The record takes " + std::to_string(size) +
-                           " bytes, and the storage ends after " +
-                           std::to_string(m_size - address) + ".");
+                       "The record takes " + counted(size, "byte") +
+                           ", and the storage ends after " + std::to_string(m_size - address) +
+                           ".");
         return false;
     }
     m_recordSize = size;

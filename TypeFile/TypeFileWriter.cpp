@@ -1,5 +1,6 @@
 #include "TypeFile/TypeFileWriter.h"
 
+#include "OVAT/Counted.h"
 #include "OVAT/FileBlockManager.h"
 #include "OVAT/WholeFile.h"
 #include "RTTI/LittleEndian.h"
@@ -86,8 +87,8 @@ void TypeFileWriter::setVersion(std::string_view version) {
         throw WriteError(NO_TYPE_ID, nullptr, Field::VERSION, reason);
     };
     if (version.size() >= VERSION_SIZE)
-        refuse("the text has " + std::to_string(version.size()) + " bytes, and there is room for " +
-               std::to_string(VERSION_SIZE - 1));
+        refuse("the text has " + OVAT::counted(version.size(), "byte") +
+               ", and there is room for " + std::to_string(VERSION_SIZE - 1));
     if (version.find('\0') != std::string_view::npos)
         refuse("there is a zero byte in the text");
     if (version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID)
@@ -168,8 +169,8 @@ TypeFileWriter::Layout TypeFileWriter::layOut() {
         layout.tableOffset > LARGEST_ADDRESS_TABLE_OFFSET - m_baseOffset)
         throw WriteError(NO_TYPE_ID, nullptr, Field::ADDRESS_TABLE_OFFSET,
                          "with the type file at " + std::to_string(m_baseOffset) + " and " +
-                             std::to_string(m_bytes.size()) +
-                             " bytes of records the address table lies past 32 bits");
+                             OVAT::counted(m_bytes.size(), "byte") +
+                             " of records the address table lies past 32 bits");
 
     std::copy(m_version.begin(), m_version.end(), layout.header.begin());
     putLittleEndian(layout.header.data() + TYPE_COUNT_OFFSET, m_typeCount);

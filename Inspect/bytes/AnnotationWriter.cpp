@@ -1,6 +1,7 @@
 #include "Inspect/bytes/AnnotationWriter.h"
 
-#include "Inspect/json/JsonValues.h"
+#include "Inspect/json/PartJson.h"
+#include "Inspect/words/Counted.h"
 
 #include <fmt/format.h>
 
@@ -70,7 +71,7 @@ public:
         if (part.head.isThere)
             m_out << ": " << m_style.paint(Ink::KEYWORD, part.head.kind) << ' '
                   << m_style.paint(Ink::NAME, part.head.name);
-        m_out << fmt::format(", {} byte{}", part.size, part.size == 1 ? "" : "s");
+        m_out << ", " << counted(part.size, "byte");
         if (part.kind == AnnotatedPart::Kind::GAP)
             m_out << " that belong to nothing";
         m_out << '\n';
@@ -93,8 +94,7 @@ public:
             at += count;
         } while (at < size);
         if (size < field.size)
-            m_out << fmt::format("  ... {} more byte{}\n", field.size - size,
-                                 field.size - size == 1 ? "" : "s");
+            m_out << "  ... " << counted(field.size - size, "more byte") << '\n';
     }
 
     void finding(const Finding& finding) override {
@@ -144,24 +144,29 @@ private:
 /// One document, an object a line. What is inside the last line stays open until the next comes.
 class JsonWriter : public AnnotationWriter {
 public:
-    explicit JsonWriter(std::ostream& out) : m_out(out) { m_out << "{\"parts\":["; }
+    explicit JsonWriter(std::ostream& out) : m_out(out) {
+        m_out << openedText(jsonHead("HDL simulator type file bytes")) << ",\"parts\":[";
+    }
 
     void beginPart(const AnnotatedPart& part) override {
         Json json{{"part", wordOf(part.kind)}, {"offset", part.offset}, {"size", part.size}};
         if (part.kind == AnnotatedPart::Kind::RECORD)
-            json["types"] = part.typeIds;
+            json["ids"] = part.typeIds;
         if (part.head.isThere)
-            json["kind"] = part.head.kind;
-        m_out << (m_hasPart ? ",\n" : "\n") << opened(json) << ",\"fields\":[";
+            json.update(kindToJson(part.head.kindCode, part.head.detail));
+        m_out << (m_hasPart ? ",\n" : "\n") << openedText(json) << ",\"fields\":[";
         m_hasPart = true;
         m_hasField = false;
     }
 
     void field(const RecordField& field, StorageWindow& storage) override {
         closeField();
-        Json json{{"offset", field.offset},   {"size", field.size},
-                  {"field", field.name},      {"value", field.value},
-                  {"meaning", field.meaning}, {"state", wordOf(field.state)}};
+        Json json{{"offset", field.offset},
+                  {"size", field.size},
+                  {"field", field.key.empty() ? Json() : Json(field.key)},
+                  {"value", field.value},
+                  {"meaning", field.meaning},
+                  {"state", wordOf(field.state)}};
         if (field.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
             json["type"] = field.typeId;
         openField(json);
@@ -179,11 +184,11 @@ public:
         if (!m_isFieldOpen)
             openField(Json{{"offset", finding.offset}});
         m_out << (m_hasFinding ? "," : ",\"findings\":[")
-              << textOf({{"severity", severityText(finding.severity)},
-                         {"code", codeText(finding.code)},
-                         {"field", finding.field},
-                         {"offset", finding.offset},
-                         {"text", finding.text}});
+              << lineText({{"severity", severityText(finding.severity)},
+                           {"code", codeText(finding.code)},
+                           {"field", finding.key},
+                           {"offset", finding.offset},
+                           {"text", finding.text}});
         m_hasFinding = true;
     }
 
@@ -193,21 +198,12 @@ public:
     }
 
     void end(std::size_t errors, std::size_t warnings) override {
-        m_out << "\n]," << textOf({{"errors", errors}, {"warnings", warnings}}).substr(1) << '\n';
+        m_out << "\n]," << lineText({{"errors", errors}, {"warnings", warnings}}).substr(1) << '\n';
     }
 
 private:
-    static std::string textOf(const Json& json) { return json.dump(-1, ' ', true); }
-
-    /// An object to which members are still to be added.
-    static std::string opened(const Json& json) {
-        std::string text = textOf(json);
-        text.pop_back();
-        return text;
-    }
-
     void openField(const Json& json) {
-        m_out << (m_hasField ? ",\n" : "\n") << opened(json);
+        m_out << (m_hasField ? ",\n" : "\n") << openedText(json);
         m_hasField = m_isFieldOpen = true;
         m_hasFinding = false;
     }

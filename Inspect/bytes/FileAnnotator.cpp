@@ -235,7 +235,8 @@ void FileAnnotator::writeEntry(unsigned int typeId) {
                       ADDRESS_SIZE,
                       "",
                       "",
-                      NO_TYPE_ID};
+                      NO_TYPE_ID,
+                      fmt::format("{}[{}]", ADDRESS, typeId)};
     if (typeId < m_frame.entryCount()) {
         field.value = fmt::format("{:#x}", m_frame.addressOf(typeId));
         field.meaning = describe(typeId);

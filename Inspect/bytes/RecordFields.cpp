@@ -1,5 +1,6 @@
 #include "Inspect/bytes/RecordFields.h"
 
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/LittleEndian.h"
@@ -18,6 +19,7 @@ namespace Inspect {
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
 using TypeFile::FieldLayout;
+using TypeFile::keyOf;
 using TypeFile::NamedValues;
 using TypeFile::nameOf;
 using TypeFile::ReadField;
@@ -136,7 +138,8 @@ bool FieldTexts::takeField(const ReadField& field) {
                        field.size,
                        "",
                        "",
-                       NO_TYPE_ID};
+                       NO_TYPE_ID,
+                       keyOf(field)};
     if (form == FieldForm::NAME && field.size != 0)
         fillName(field, result);
     else if (form == FieldForm::VALUE && field.size != 0)
@@ -174,7 +177,8 @@ bool FieldTexts::takeCutRange(const ReadField& field) {
                            part.size,
                            "",
                            "",
-                           NO_TYPE_ID};
+                           NO_TYPE_ID,
+                           keyOf(field) + '.' + number.key};
         if (part.isWhole)
             result.value = std::to_string(littleEndianAt<int>(bytesOf(part)));
         else
@@ -192,7 +196,7 @@ void FieldTexts::fillName(const ReadField& field, RecordField& result) {
     const auto shown = static_cast<std::size_t>(std::min<unsigned long long>(length, LONGEST_TEXT));
     result.value = quoted({m_storage.at(field.offset, shown), shown});
     if (shown < length)
-        result.meaning = fmt::format("the first {} of {} bytes", shown, length);
+        result.meaning = fmt::format("the first {} of {}", shown, counted(length, "byte"));
     if (!field.isWhole)
         result.meaning +=
             fmt::format("{}no zero byte: {}", result.meaning.empty() ? "" : "; ",
@@ -220,15 +224,15 @@ void FieldTexts::fillRange(const ReadField& field, RecordField& result) {
 /// Bytes behind the record's end are 0.
 void FieldTexts::fillValue(const ReadField& field, RecordField& result) {
     if (!field.isWhole) {
-        result.meaning =
-            fmt::format("{} of {} bytes, the others are read as 0", field.size, field.width);
+        result.meaning = fmt::format("{} of {}, the others are read as 0", field.size,
+                                     counted(field.width, "byte"));
     } else if (field.size <= LONGEST_NUMBER) {
         char number[LONGEST_NUMBER] = {};
         std::memcpy(number, bytesOf(field), static_cast<std::size_t>(field.size));
         result.value = std::to_string(littleEndianAt<unsigned long long>(number));
         result.meaning = "as a little-endian number";
     } else {
-        result.meaning = fmt::format("{} bytes", field.size);
+        result.meaning = counted(field.size, "byte");
     }
 }
 
@@ -299,7 +303,7 @@ void FieldTexts::fillRecordSize(int size, RecordField& result) {
     if (size < static_cast<int>(RECORD_HEADER_SIZE))
         result.meaning = "less than the 8 bytes of size and kind";
     else if (static_cast<unsigned long long>(size) > inStorage)
-        result.meaning = fmt::format("the storage ends after {} bytes", inStorage);
+        result.meaning = "the storage ends after " + counted(inStorage, "byte");
     m_claimedEnd = m_begin + std::max(size, 0);
 }
 
@@ -316,7 +320,7 @@ void FieldTexts::fillMissing(const ReadField& field, RecordField& result) const 
     else if (form != FieldForm::VERSION)
         result.meaning = fmt::format("read as {}", field.layout->missing);
     if (field.size != 0)
-        result.meaning = fmt::format("{} of {} bytes{}{}", field.size, field.width,
+        result.meaning = fmt::format("{} of {}{}{}", field.size, counted(field.width, "byte"),
                                      result.meaning.empty() ? "" : ": ", result.meaning);
 }
 
@@ -324,7 +328,7 @@ void FieldTexts::readRest() {
     const unsigned long long left = m_end - m_reader.at();
     if (left != 0 && m_reader.isWanted())
         m_take({FieldState::UNREAD, FieldForm::END_OF_LIST, "left-over bytes", m_reader.at(), left,
-                "", fmt::format("{} bytes that are not read", left), NO_TYPE_ID});
+                "", counted(left, "byte") + " that are not read", NO_TYPE_ID});
 }
 
 } // namespace
@@ -373,8 +377,9 @@ RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {
     const std::string_view name = rest.substr(0, rest.find('\0'));
     head.name = quoted(name.substr(0, LONGEST_HEAD_NAME));
     rest.remove_prefix(std::min(name.size() + 1 + WORD_SIZE, rest.size())); // The flags, too.
-    head.kind = kindOf(head.kindCode,
-                       rest.size() >= WORD_SIZE ? littleEndianAt<unsigned int>(rest.data()) : 0);
+    if (rest.size() >= WORD_SIZE)
+        head.detail = littleEndianAt<unsigned int>(rest.data());
+    head.kind = kindOf(head.kindCode, head.detail.value_or(0));
     return head;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,9 @@ struct RecordField {
 
     /// The type that the field refers to, or NO_TYPE_ID.
     unsigned int typeId = RTTI::TypeFileFormat::NO_TYPE_ID;
+
+    /// The name as the JSON form has it: "members[3].type"; empty for bytes that are no field.
+    std::string key = {};
 };
 
 /// Takes a field. False says that no more are wanted.
@@ -66,7 +70,9 @@ struct RecordHead {
     bool isThere = false; ///< Size and kind are in the storage.
     unsigned int kindCode = 0;
     std::string_view kind; ///< In the words of `kindOf`.
-    std::string name;      ///< Escaped; of a long name the beginning.
+    std::optional<unsigned int>
+        detail;       ///< The array kind or record kind, where the record is read so far.
+    std::string name; ///< Escaped; of a long name the beginning.
 };
 
 /// The least that a window needs for `recordHeadAt`, which looks no further: a longer name hides

@@ -2,6 +2,7 @@
 
 #include "Inspect/diff/ListAlignment.h"
 #include "Inspect/diff/TypeWords.h"
+#include "Inspect/json/PartJson.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
@@ -46,19 +47,14 @@ std::string stepText(const LinkPlace& place) {
     return "";
 }
 
-/// The field that a reference is.
-const char* fieldName(LinkRole role) {
-    switch (role) {
-    case LinkRole::ALIASED: return "aliased type";
-    case LinkRole::BASE_TYPE: return "base type";
-    case LinkRole::DESIGNATED: return "designated type";
-    case LinkRole::FILE_ELEMENT:
-    case LinkRole::ELEMENT: return "element type";
-    case LinkRole::INDEX: return "index type";
-    case LinkRole::BASE_CLASS: return "base class";
-    case LinkRole::MEMBER: break;
-    }
-    return "type";
+/// The field that a reference of `from` is.
+std::string fieldOf(const RTBaseType& from, const LinkPlace& place) {
+    if (place.role == LinkRole::MEMBER)
+        return TypeFile::Field::TYPE;
+    const char* field = jsonFieldOf(place.role, from.GetClassId());
+    return from.GetClassId() == ClassId::ARRAY && place.role == LinkRole::INDEX
+               ? fmt::format("{}[{}]", field, place.position)
+               : field;
 }
 
 } // namespace
@@ -91,10 +87,10 @@ private:
     std::string typeText(unsigned int node) const;
     std::string partText(unsigned int node, const TypeShape& shape, std::size_t part) const;
 
-    void add(std::string path, std::string what, std::optional<std::string> before,
+    void add(std::string path, std::string field, std::optional<std::string> before,
              std::optional<std::string> after) {
         m_changes.push_back(
-            {m_idA, m_idB, std::move(path), std::move(what), std::move(before), std::move(after)});
+            {m_idA, m_idB, std::move(path), std::move(field), std::move(before), std::move(after)});
     }
 
     const TypeComparison& m_all;
@@ -109,10 +105,10 @@ void TypeComparison::PairComparison::compareTypes(unsigned int a, unsigned int b
     const RTBaseType* typeA = m_graph.typeOf(a);
     const RTBaseType* typeB = m_graph.typeOf(b);
     if (typeA == nullptr || typeB == nullptr || typeA->GetClassId() != typeB->GetClassId())
-        return add(path, "kind", kindWords(m_graph.tableOf(a), m_graph.idOf(a)),
+        return add(path, TypeFile::Field::KIND, kindWords(m_graph.tableOf(a), m_graph.idOf(a)),
                    kindWords(m_graph.tableOf(b), m_graph.idOf(b)));
     if (m_graph.name(a) != m_graph.name(b) && depth == 0)
-        add(path, "name", quotedName(typeA->m_name), quotedName(typeB->m_name));
+        add(path, TypeFile::Field::NAME, quotedName(typeA->m_name), quotedName(typeB->m_name));
     const TypeShape shapeA(*typeA);
     const TypeShape shapeB(*typeB);
     compareFields(shapeA, 0, shapeA.ownFieldsEnd(), shapeB, 0, shapeB.ownFieldsEnd(), path);
@@ -132,7 +128,7 @@ void TypeComparison::PairComparison::compareFields(const TypeShape& a, std::size
         const bool isInBoth = i < endA && j < endB;
         if (isInBoth && isSameValue(a.fields[i].value, b.fields[j].value))
             continue;
-        add(path, i < endA ? a.fields[i].what : b.fields[j].what,
+        add(path, i < endA ? a.fields[i].name : b.fields[j].name,
             i < endA ? std::optional(fieldText(a.fields[i].value)) : std::nullopt,
             j < endB ? std::optional(fieldText(b.fields[j].value)) : std::nullopt);
     }
@@ -158,10 +154,7 @@ void TypeComparison::PairComparison::compareLinks(unsigned int a, unsigned int b
         before += fmt::format(", type {}", m_graph.idOf(targetA));
         after += fmt::format(", type {}", m_graph.idOf(targetB));
     }
-    const bool isFurtherIndex = place.role == LinkRole::INDEX && place.position != 0;
-    add(path,
-        isFurtherIndex ? fmt::format("index type {}", place.position + 1) : fieldName(place.role),
-        std::move(before), std::move(after));
+    add(path, fieldOf(*m_graph.typeOf(a), place), std::move(before), std::move(after));
 }
 
 void TypeComparison::PairComparison::compareParts(unsigned int a, const TypeShape& shapeA,
@@ -174,7 +167,8 @@ void TypeComparison::PairComparison::compareParts(unsigned int a, const TypeShap
     for (const auto& match : parts.replaced) {
         const TypeShape::Part& partA = shapeA.parts[match.a];
         if (isSamePart(a, shapeA, match.a, b, shapeB, match.b)) {
-            add(pathOf(partA), "name", quoted(partA.name), quoted(shapeB.parts[match.b].name));
+            add(pathOf(partA), TypeFile::Field::NAME, quoted(partA.name),
+                quoted(shapeB.parts[match.b].name));
         } else {
             parts.removed.push_back(match.a);
             parts.added.push_back(match.b);
@@ -183,7 +177,7 @@ void TypeComparison::PairComparison::compareParts(unsigned int a, const TypeShap
     std::sort(parts.removed.begin(), parts.removed.end());
     std::sort(parts.added.begin(), parts.added.end());
     for (const unsigned int i : parts.removed)
-        add(pathOf(shapeA.parts[i]), shapeA.parts[i].what, partText(a, shapeA, i), std::nullopt);
+        add(pathOf(shapeA.parts[i]), shapeA.parts[i].field, partText(a, shapeA, i), std::nullopt);
     for (const auto& match : parts.moved)
         add(pathOf(shapeA.parts[match.a]), "position", std::to_string(match.a),
             std::to_string(match.b));
@@ -201,7 +195,7 @@ void TypeComparison::PairComparison::compareParts(unsigned int a, const TypeShap
             compareLinks(a, b, partA.linksBegin, partB.linksBegin, partPath, depth);
     }
     for (const unsigned int i : parts.added)
-        add(pathOf(shapeB.parts[i]), shapeB.parts[i].what, std::nullopt, partText(b, shapeB, i));
+        add(pathOf(shapeB.parts[i]), shapeB.parts[i].field, std::nullopt, partText(b, shapeB, i));
 }
 
 /// Whether two references lead to equal types, or to a type before and after its own change, which

@@ -37,8 +37,9 @@ struct TypeChange {
     /// are in quotes. Printable ASCII.
     std::string path;
 
-    /// The field: "range", "type", "literal", ...
-    std::string what;
+    /// The field, by the name that it has in the JSON form: "constraints", "type", "members",
+    /// "indexTypes[1]"; "position" for an entry that stands elsewhere in its list.
+    std::string field;
 
     std::optional<std::string> before; ///< None for what was added. Printable ASCII.
     std::optional<std::string> after;  ///< None for what was removed. Printable ASCII.

@@ -1,16 +1,44 @@
 #include "Inspect/diff/TypeDiffPrinter.h"
 
 #include "Inspect/diff/TypeWords.h"
-#include "Inspect/json/JsonValues.h"
-#include "Inspect/model/TypeFields.h"
+#include "Inspect/json/PartJson.h"
+#include "TypeFile/FieldNames.h"
 
 #include <fmt/format.h>
+
+#include <string>
+#include <utility>
 
 namespace Inspect {
 
 using namespace RTTI;
+namespace Field = TypeFile::Field;
 
 namespace {
+
+/// A field of the JSON form in words: "element type" for "elementType", "index type 2" for
+/// "indexTypes[1]". An entry of a list goes by its own name.
+std::string fieldWords(const std::string& field) {
+    constexpr std::pair<std::string_view, std::string_view> OWN_WORDS[] = {
+        {Field::SV_TYPE_ID, "SV type id"},
+        {Field::REF_TYPE, "referenced type"},
+        {Field::INDEX_TYPES, "dimensions"},
+        {Field::LITERALS, "literal"},
+        {Field::UNITS, "unit"},
+        {Field::MEMBERS, "member"}};
+    for (const auto& [name, words] : OWN_WORDS) {
+        if (field == name)
+            return std::string(words);
+    }
+    if (const std::size_t index = field.find('['); index != std::string::npos)
+        return fmt::format("index type {}", std::stoul(field.substr(index + 1)) + 1);
+    std::string words;
+    for (const char c : field) {
+        const bool isUpper = c >= 'A' && c <= 'Z';
+        words += isUpper ? std::string{' ', static_cast<char>(c - 'A' + 'a')} : std::string(1, c);
+    }
+    return words;
+}
 
 class TextPrinter {
 public:
@@ -38,8 +66,8 @@ private:
     void change(const TypeChange& change) {
         m_out << m_style.paint(Ink::CHANGED, "changed ") << m_style.paint(Ink::NAME, change.path)
               << ": ";
-        if (change.what != "range")
-            m_out << change.what << ' ';
+        if (change.field != Field::RANGE && change.field != Field::CONSTRAINTS)
+            m_out << fieldWords(change.field) << ' ';
         if (change.before && change.after)
             m_out << *change.before << " -> " << *change.after;
         else if (change.before)
@@ -76,7 +104,7 @@ public:
     ~JsonList() { m_out << (m_isEmpty ? "]" : "\n]"); }
 
     void add(const Json& entry) {
-        m_out << (m_isEmpty ? "\n" : ",\n") << entry.dump(-1, ' ', true);
+        m_out << (m_isEmpty ? "\n" : ",\n") << lineText(entry);
         m_isEmpty = false;
     }
 
@@ -85,27 +113,19 @@ private:
     bool m_isEmpty = true;
 };
 
-Json nameOf(const TypeTable& table, unsigned int id) {
-    const RTBaseType* type = table.typeOf(id);
-    return nameToJson(type != nullptr ? textOf(type->m_name) : "");
-}
-
 void printTypes(std::ostream& out, std::string_view key, const TypeTable& table,
                 const std::vector<unsigned int>& ids) {
     JsonList list(out, key);
     for (const unsigned int id : ids)
-        list.add({{"id", id}, {"kind", kindWords(table, id)}, {"name", nameOf(table, id)}});
+        list.add(typeToJson(id, table.typeOf(id)));
 }
 
 Json jsonOf(const TypeChange& change, const TypeTable& a) {
-    Json json{{"idA", change.idA},
-              {"idB", change.idB},
-              {"kind", kindWords(a, change.idA)},
-              {"name", nameOf(a, change.idA)},
-              {"path", change.path},
-              {"what", change.what},
-              {"old", nullptr},
-              {"new", nullptr}};
+    Json json{{"idA", change.idA}, {"idB", change.idB}};
+    json.update(typeToJson(change.idA, a.typeOf(change.idA)));
+    json.erase("id");
+    json.update(
+        {{"path", change.path}, {"field", change.field}, {"old", nullptr}, {"new", nullptr}});
     if (change.before)
         json["old"] = *change.before;
     if (change.after)
@@ -120,8 +140,9 @@ void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& sty
 }
 
 void printDiffJson(std::ostream& out, const TypeDiff& diff) {
-    out << "{\"verdict\":" << Json(verdictText(diff.verdict())).dump()
-        << ",\n\"rule\":" << Json(ruleText(diff.verdict())).dump();
+    out << openedText(
+        jsonHead("HDL simulator type differences",
+                 {{"verdict", verdictText(diff.verdict())}, {"rule", ruleText(diff.verdict())}}));
     printTypes(out, "removed", diff.a(), diff.removed());
     TypeDiff::Counts counts;
     {

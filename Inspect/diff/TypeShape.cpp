@@ -89,15 +89,15 @@ class ShapeSink {
 public:
     explicit ShapeSink(TypeShape& shape) : m_shape(shape) {}
 
-    void value(const char* what, const Ranges& ranges) {
-        m_shape.fields.push_back({what, &ranges});
+    void value(const char* field, const Ranges& ranges) {
+        m_shape.fields.push_back({field, &ranges});
     }
-    template <typename Value> void value(const char* what, const Value& value) {
-        m_shape.fields.push_back({what, value});
+    template <typename Value> void value(const char* field, const Value& value) {
+        m_shape.fields.push_back({field, value});
     }
     void link(LinkRole, unsigned int, unsigned int) { ++m_shape.linkCount; }
-    void part(const char* what, std::string_view name) {
-        m_shape.parts.push_back({what, name, m_shape.fields.size(), m_shape.linkCount});
+    void part(const char* field, std::string_view name) {
+        m_shape.parts.push_back({field, name, m_shape.fields.size(), m_shape.linkCount});
     }
 
 private:

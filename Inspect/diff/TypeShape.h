@@ -23,7 +23,7 @@ bool isSameValue(const FieldValue& a, const FieldValue& b);
 
 /// A field of a type, or of one of its parts, that is no reference.
 struct TypeField {
-    const char* what;
+    const char* name; ///< As the JSON form has it.
     FieldValue value;
 };
 
@@ -31,7 +31,7 @@ struct TypeField {
 struct TypeShape {
     /// A literal, a unit or a member.
     struct Part {
-        const char* what;
+        const char* field; ///< The list that it is an entry of.
         std::string_view name;
         std::size_t fieldsBegin; ///< Its fields in `fields` end where those of the next part begin.
         unsigned int linksBegin; ///< Likewise among the type's references.

@@ -1,5 +1,6 @@
 #include "Inspect/graph/GraphDrawing.h"
 
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
@@ -14,10 +15,6 @@ namespace {
 constexpr std::size_t MAX_NAME = 60;
 constexpr std::size_t MAX_RANGES = 3;
 constexpr std::size_t MAX_LABELS = 4;
-
-std::string counted(std::size_t number, std::string_view what) {
-    return fmt::format("{} {}{}", number, what, number == 1 ? "" : "s");
-}
 
 std::string rangesText(const std::vector<FullConstraints>& ranges) {
     std::string text;

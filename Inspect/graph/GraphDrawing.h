@@ -21,6 +21,7 @@ struct GraphNode {
 /// All references from one type to another in the same role.
 struct GraphEdge {
     unsigned int from;
+    unsigned int fromClass; ///< The class id of the type that refers.
     unsigned int to;
     LinkRole role;
     bool isToClass;

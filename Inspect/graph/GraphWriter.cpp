@@ -147,7 +147,8 @@ private:
                 continue;
             const auto [place, isNew] = known.try_emplace({link.role, link.typeId}, m_edges.size());
             if (isNew)
-                m_edges.push_back({id, link.typeId, link.role, isClass(link.typeId), {}, {}});
+                m_edges.push_back(
+                    {id, type.GetClassId(), link.typeId, link.role, isClass(link.typeId), {}, {}});
             addLabel(type, link, m_edges[place->second]);
         }
     }

@@ -1,41 +1,20 @@
 #include "Inspect/graph/GraphDrawing.h"
-#include "Inspect/json/JsonValues.h"
-#include "Inspect/words/TypeKind.h"
+#include "Inspect/json/PartJson.h"
 
 namespace Inspect {
 
 namespace {
 
-const char* wordOf(LinkRole role) {
-    switch (role) {
-    case LinkRole::ALIASED: return "aliased";
-    case LinkRole::BASE_TYPE: return "baseType";
-    case LinkRole::DESIGNATED: return "designated";
-    case LinkRole::FILE_ELEMENT: return "fileElement";
-    case LinkRole::ELEMENT: return "element";
-    case LinkRole::INDEX: return "index";
-    case LinkRole::BASE_CLASS: return "baseClass";
-    case LinkRole::MEMBER: break;
-    }
-    return "member";
-}
-
 /// Writes one JSON object, a node or an edge a line.
 class JsonDrawing : public GraphDrawing {
 public:
-    explicit JsonDrawing(std::ostream& out) : m_out(out) { m_out << "{\"nodes\":["; }
+    explicit JsonDrawing(std::ostream& out) : m_out(out) {
+        m_out << openedText(jsonHead("HDL simulator type graph")) << ",\"nodes\":[";
+    }
 
     void node(const GraphNode& node) override {
-        Json json;
-        json["id"] = node.id;
-        json["kind"] = JSON_NO_TYPE;
-        json["name"] = nullptr;
-        if (node.type != nullptr) {
-            json["kind"] = kindOf(*node.type);
-            if (node.type->m_name != nullptr)
-                json["name"] = nameToJson(node.type->m_name);
-        }
-        json["cut"] = node.isCut;
+        Json json = typeToJson(node.id, node.type);
+        json["isCut"] = node.isCut;
         item(json);
     }
 
@@ -48,7 +27,7 @@ public:
         Json json;
         json["from"] = edge.from;
         json["to"] = edge.to;
-        json["role"] = wordOf(edge.role);
+        json["field"] = jsonFieldOf(edge.role, edge.fromClass);
         for (const std::string_view member : edge.members)
             json["members"].push_back(nameToJson(member));
         for (const unsigned int dimension : edge.dimensions)
@@ -63,7 +42,7 @@ public:
 
 private:
     void item(const Json& json) {
-        m_out << (m_isFirst ? "\n" : ",\n") << json.dump(-1, ' ', true);
+        m_out << (m_isFirst ? "\n" : ",\n") << lineText(json);
         m_isFirst = false;
     }
 

@@ -21,6 +21,11 @@ const NO_SV_TYPE_ID = -99;
 const MOST_RECORD_BYTES = 1 << 20;
 const UNPADDED_BYTE_FLAG = 0x10;
 
+/** A number and what it counts: "1 byte", "2 bytes". */
+function countOf(number, what, shown = String(number)) {
+    return `${shown} ${what}${number === 1 ? "" : "s"}`;
+}
+
 /** A byte as two digits. */
 const HEX = Array.from({ length: 256 }, (_, byte) => byte.toString(16).padStart(2, "0"));
 
@@ -421,7 +426,7 @@ class Field {
         else if (raw.state === "whole")
             this.readWhole();
         else if (raw.state === "unread")
-            this.meaning = `${raw.size} bytes that are not read`;
+            this.meaning = `${countOf(raw.size, "byte")} that are not read`;
         else
             this.readMissing();
     }
@@ -452,7 +457,7 @@ class Field {
         this.value = quoted(this.records.bytes.subarray(this.raw.at, this.raw.at + shown));
         const notes = [];
         if (shown < length)
-            notes.push(`the first ${shown} of ${length} bytes`);
+            notes.push(`the first ${shown} of ${countOf(length, "byte")}`);
         if (!isEnded)
             notes.push("no zero byte: " +
                        (this.end || "ends with the record"));
@@ -463,7 +468,7 @@ class Field {
     readValue() {
         const { valueSize } = this.raw;
         if (this.size < valueSize) {
-            this.meaning = `${this.size} of ${valueSize} bytes, the others are read as 0`;
+            this.meaning = `${this.size} of ${countOf(valueSize, "byte")}, the others are read as 0`;
         } else if (this.size <= 8) {
             let number = 0n;
             for (let i = this.size - 1; i >= 0; --i)
@@ -471,7 +476,7 @@ class Field {
             this.value = String(number);
             this.meaning = "as a little-endian number";
         } else {
-            this.meaning = `${this.size} bytes`;
+            this.meaning = countOf(this.size, "byte");
         }
     }
 
@@ -504,7 +509,7 @@ class Field {
             if (number < SIZE_AND_KIND)
                 this.meaning = "less than the 8 bytes of size and kind";
             else if (this.end !== null)
-                this.meaning = `${this.end}, after ${this.records.size(this.raw.id)} bytes`;
+                this.meaning = `${this.end}, after ${countOf(this.records.size(this.raw.id), "byte")}`;
             return;
         case "kind":
             this.value = "0x" + word.toString(16);
@@ -547,6 +552,6 @@ class Field {
         const instead = isEmpty ? `${entries}read as empty` : `read as ${entry.missing}`;
         this.meaning = this.end || instead;
         if (this.size !== 0)
-            this.meaning = `${this.size} of ${width} bytes: ${this.meaning}`;
+            this.meaning = `${this.size} of ${countOf(width, "byte")}: ${this.meaning}`;
     }
 }

@@ -37,7 +37,7 @@ function labelParts(records, id) {
 }
 
 function counted(number, what) {
-    return `${number.toLocaleString("en")} ${what}${number === 1 ? "" : "s"}`;
+    return countOf(number, what, number.toLocaleString("en"));
 }
 
 function typeHash(id) {

@@ -1,5 +1,7 @@
 #include "Inspect/json/JsonValues.h"
 
+#include "TypeFile/FieldNames.h"
+
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -7,6 +9,8 @@
 #include <limits>
 
 namespace Inspect {
+
+namespace Field = TypeFile::Field;
 
 namespace {
 
@@ -125,7 +129,7 @@ Json nameToJson(const char* name) {
 }
 
 Json rangeToJson(const FullConstraints& range) {
-    return {{JsonKey::SI, range.si}, {JsonKey::EI, range.ei}, {JsonKey::DIR, range.dir}};
+    return {{Field::SI, range.si}, {Field::EI, range.ei}, {Field::DIR, range.dir}};
 }
 
 Json rangesToJson(const std::vector<FullConstraints>& ranges) {
@@ -133,6 +137,14 @@ Json rangesToJson(const std::vector<FullConstraints>& ranges) {
     for (const FullConstraints& range : ranges)
         list.push_back(rangeToJson(range));
     return list;
+}
+
+std::string lineText(const Json& json) { return json.dump(-1, ' ', true); }
+
+std::string openedText(const Json& json) {
+    std::string text = lineText(json);
+    text.pop_back();
+    return text;
 }
 
 bool nameFromJson(const Json& json, std::string& name) {

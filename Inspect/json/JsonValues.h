@@ -35,11 +35,16 @@ Json realToJson(double value);
 Json namedToJson(const NamedValues& names, unsigned int value);
 Json namedToJson(const NamedValues& names, int value);
 
+/// An object as one line of ASCII; the second without its last brace, for members that follow.
+std::string lineText(const Json& json);
+std::string openedText(const Json& json);
+
 /// Two digits a byte.
 std::string hexOf(std::string_view bytes);
 
 // The ways back say false for what the form does not have.
 bool nameFromJson(const Json& json, std::string& name);
+inline constexpr char NAME_FORMS[] = R"(must be text, or {"hex": "..."} with two digits a byte)";
 bool realFromJson(const Json& json, double& value);
 bool bytesOfHex(std::string_view digits, std::string& bytes);
 
@@ -59,12 +64,10 @@ namespace JsonKey {
 
 inline constexpr char FORMAT[] = "format";
 inline constexpr char FORMAT_VERSION[] = "formatVersion";
+inline constexpr char IS_PART[] = "isPart";
 inline constexpr char TYPES[] = "types";
 inline constexpr char HEX[] = "hex";
 inline constexpr char KIND_CODE[] = "kindCode";
-inline constexpr char SI[] = "si";
-inline constexpr char EI[] = "ei";
-inline constexpr char DIR[] = "dir";
 
 } // namespace JsonKey
 

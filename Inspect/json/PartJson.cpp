@@ -1,22 +1,55 @@
 #include "Inspect/json/PartJson.h"
 
-#include "Inspect/words/TypeKind.h"
+#include "TypeFile/FieldNames.h"
 
 namespace Inspect {
 
 using namespace RTTI;
+namespace Field = TypeFile::Field;
 
-const char* jsonRoleOf(LinkRole role) {
-    static constexpr const char* words[] = {"aliasedType", "baseType", "designatedType",
-                                            "fileElement", "element",  "indexType",
-                                            "baseClass",   "member"};
-    return words[static_cast<int>(role)];
+Json jsonHead(const char* format, const Json& rest) {
+    Json head{{JsonKey::FORMAT, format}, {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION}};
+    head.update(rest);
+    return head;
+}
+
+const char* jsonFieldOf(LinkRole role, unsigned int classId) {
+    switch (role) {
+    case LinkRole::ALIASED: return Field::DATA_TYPE;
+    case LinkRole::BASE_TYPE: return Field::BASE_TYPE;
+    case LinkRole::DESIGNATED:
+    case LinkRole::FILE_ELEMENT: return Field::REF_TYPE;
+    case LinkRole::ELEMENT: return Field::ELEMENT_TYPE;
+    case LinkRole::INDEX: return classId == ClassId::ARRAY ? Field::INDEX_TYPES : Field::INDEX_TYPE;
+    case LinkRole::BASE_CLASS: return Field::BASE_CLASS;
+    case LinkRole::MEMBER: break;
+    }
+    return Field::MEMBERS;
+}
+
+unsigned int kindDetailOf(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::ARRAY: return static_cast<const RTArrayType&>(type).m_arrayKind;
+    case ClassId::RECORD: return static_cast<const RTRecordType&>(type).m_recordKind;
+    default: return 0;
+    }
+}
+
+Json kindToJson(unsigned int kindCode, std::optional<unsigned int> detail) {
+    const char* kind = jsonKindOf(kindCode);
+    Json json{{Field::KIND, kind != nullptr ? kind : JSON_NO_TYPE}};
+    if (kindCode == ClassId::ARRAY && detail)
+        json[Field::ARRAY_KIND] = namedToJson(arrayKinds, *detail);
+    if (kindCode == ClassId::RECORD && detail)
+        json[Field::RECORD_KIND] = namedToJson(recordKinds, *detail);
+    return json;
 }
 
 Json typeToJson(unsigned int id, const RTBaseType* type) {
-    Json json{{"id", id != TypeFileFormat::NO_TYPE_ID ? Json(id) : Json()}};
-    json["kind"] = type != nullptr ? Json(kindOf(*type)) : Json();
-    json["name"] = type != nullptr ? nameToJson(type->m_name) : Json();
+    Json json{{Field::ID, id != TypeFileFormat::NO_TYPE_ID ? Json(id) : Json()}};
+    json.update(type != nullptr ? kindToJson(type->GetClassId(), kindDetailOf(*type))
+                                : kindToJson(0, std::nullopt));
+    json[Field::NAME] = type != nullptr ? nameToJson(type->m_name) : Json();
     return json;
 }
 

@@ -1,5 +1,6 @@
 #include "Inspect/json/TypeFromJson.h"
 
+#include "Inspect/words/Counted.h"
 #include "TypeFile/FieldNames.h"
 #include "TypeFile/TypeBuilding.h"
 
@@ -40,7 +41,7 @@ unsigned int idOrNone(const Json& json, const JsonPlace& place) {
 std::string nameFrom(const Json& json, const JsonPlace& place) {
     std::string name;
     if (!nameFromJson(json, name))
-        refuse(place, R"(must be text, or {"hex": "..."} with two digits a byte)");
+        refuse(place, NAME_FORMS);
     if (name.find('\0') != std::string::npos)
         refuse(place, "there is a zero byte in the name, where a record's names end");
     return name;
@@ -139,9 +140,9 @@ private:
 FullConstraints rangeFrom(const Json& json, const JsonPlace& place) {
     ObjectFields fields(json, place);
     FullConstraints range;
-    range.si = fields.integer<int>(JsonKey::SI);
-    range.ei = fields.integer<int>(JsonKey::EI);
-    range.dir = fields.integer<int>(JsonKey::DIR);
+    range.si = fields.integer<int>(Field::SI);
+    range.ei = fields.integer<int>(Field::EI);
+    range.dir = fields.integer<int>(Field::DIR);
     fields.done();
     return range;
 }
@@ -178,8 +179,8 @@ std::string valueFrom(ObjectFields& fields, unsigned int size) {
     if (!json.is_string() || !bytesOfHex(json.get_ref<const std::string&>(), value))
         refuse(fields.placeOf(Field::VALUE), "must be text with two hexadecimal digits a byte");
     if (value.size() != size)
-        refuse(fields.placeOf(Field::VALUE), "the value has " + std::to_string(value.size()) +
-                                                 " bytes, and the type's \"valueSize\" is " +
+        refuse(fields.placeOf(Field::VALUE), "the value has " + counted(value.size(), "byte") +
+                                                 ", and the type's \"valueSize\" is " +
                                                  std::to_string(size));
     return value;
 }

@@ -139,6 +139,8 @@ public:
             require(value == JSON_FORMAT_VERSION, place, std::to_string(JSON_FORMAT_VERSION));
         else if (key == Field::VERSION)
             takeVersion(value, place);
+        else if (key == JsonKey::IS_PART)
+            refusePart(value, place);
         else
             throw JsonError(place, "there is no place for this key");
     }
@@ -149,11 +151,20 @@ private:
             throw JsonError(place, "must be " + expected);
     }
 
+    static void refusePart(const Json& value, const std::string& place) {
+        if (!value.is_boolean())
+            throw JsonError(place, "must be true or false");
+        if (value.get<bool>())
+            throw JsonError(place,
+                            "this is a part of a file's types, and a type file takes them all");
+    }
+
     void takeVersion(const Json& value, const std::string& place) const {
-        if (!value.is_string())
-            throw JsonError(place, "must be text");
+        std::string version;
+        if (!nameFromJson(value, version))
+            throw JsonError(place, NAME_FORMS);
         try {
-            m_takeVersion(value.get_ref<const std::string&>());
+            m_takeVersion(version);
         } catch (const TypeFile::WriteError& error) {
             throw JsonError(place, error.reason());
         }

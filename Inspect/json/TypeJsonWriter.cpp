@@ -153,12 +153,15 @@ private:
 
 } // namespace
 
-TypeJsonWriter::TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version)
-    : m_lines(std::make_unique<JsonLines>(out, form,
-                                          Json{{JsonKey::FORMAT, JSON_FORMAT},
-                                               {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION},
-                                               {Field::VERSION, version}},
-                                          JsonKey::TYPES)) {}
+TypeJsonWriter::TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version,
+                               bool isPart) {
+    Json head{{JsonKey::FORMAT, JSON_FORMAT},
+              {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION},
+              {Field::VERSION, nameToJson(version)}};
+    if (isPart)
+        head[JsonKey::IS_PART] = true;
+    m_lines = std::make_unique<JsonLines>(out, form, head, JsonKey::TYPES);
+}
 
 TypeJsonWriter::~TypeJsonWriter() = default;
 

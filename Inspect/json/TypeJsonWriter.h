@@ -23,7 +23,8 @@ class TypeJsonWriter {
 public:
     /// Begins the text; `version` is the file's version text. `out` stays the caller's, outlives
     /// the writer and keeps its own record of failures.
-    TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version);
+    /// With `isPart` it says that not all types of the file follow.
+    TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version, bool isPart = false);
     TypeJsonWriter(const TypeJsonWriter&) = delete;
     TypeJsonWriter& operator=(const TypeJsonWriter&) = delete;
     ~TypeJsonWriter();

@@ -2,6 +2,7 @@
 
 #include "Inspect/model/TypeReferences.h"
 #include "RTTI/RTType.h"
+#include "TypeFile/FieldNames.h"
 
 #include <string_view>
 #include <vector>
@@ -30,12 +31,13 @@ inline std::string_view textOf(const char* name) {
 
 /// Gives the fields of a type to a sink, in one order for all types of a class:
 ///
-///     value(what, v)           a field of the type, or of the part that was begun last
+///     value(field, v)          a field of the type, or of the part that was begun last
 ///     link(role, position, id) a reference, likewise; also where the id says "no type"
-///     part(what, name)         begins a literal, a unit or a member
+///     part(field, name)        begins an entry of a list: a literal, a unit or a member
 ///
-/// Class and name are left out. What has lists of equal length and the same values gives the same
-/// number of links, whatever is in them. A member that is missing is one without a name.
+/// Fields have the names that they have in the JSON form. Class and name are left out. What has
+/// lists of equal length and the same values gives the same number of links, whatever is in them. A
+/// member that is missing is one without a name.
 template <typename Sink> class FieldWalk {
 public:
     explicit FieldWalk(Sink& sink) : m_sink(sink) {}
@@ -52,98 +54,102 @@ private:
 
     template <typename Type> void designating(const Type& type, LinkRole role) {
         m_sink.link(role, 0, type.m_refTypeId);
-        m_sink.value("alignment", type.m_alignment);
-        m_sink.value("value size", type.m_valueSize);
+        m_sink.value(TypeFile::Field::ALIGNMENT, type.m_alignment);
+        m_sink.value(TypeFile::Field::VALUE_SIZE, type.m_valueSize);
     }
 
     void container(const RTTI::RTAbstractArrayType& type) {
         m_sink.link(LinkRole::ELEMENT, 0, type.m_elementTypeId);
-        m_sink.value("SV type id", SVTypeId{type.m_svTypeId});
+        m_sink.value(TypeFile::Field::SV_TYPE_ID, SVTypeId{type.m_svTypeId});
     }
 
     Sink& m_sink;
 };
 
 template <typename Sink> void FieldWalk<Sink>::seqEnum(const RTTI::RTSeqEnumType& type) {
-    m_sink.value("encoding", type.m_valueEncoding);
-    m_sink.value("enumeration kind", type.m_enumKind);
-    m_sink.value("value size", type.m_valueSize);
+    m_sink.value(TypeFile::Field::ENCODING, type.m_valueEncoding);
+    m_sink.value(TypeFile::Field::ENUM_KIND, type.m_enumKind);
+    m_sink.value(TypeFile::Field::VALUE_SIZE, type.m_valueSize);
     for (const char* name : type.m_enumeratorNames)
-        m_sink.part("literal", textOf(name));
+        m_sink.part(TypeFile::Field::LITERALS, textOf(name));
 }
 
 template <typename Sink> void FieldWalk<Sink>::discreteEnum(const RTTI::RTDiscreteEnumType& type) {
     m_sink.link(LinkRole::BASE_TYPE, 0, type.m_baseTypeId);
-    m_sink.value("value size", type.m_valueSize);
-    m_sink.value("range", type.m_constraints);
+    m_sink.value(TypeFile::Field::VALUE_SIZE, type.m_valueSize);
+    m_sink.value(TypeFile::Field::CONSTRAINTS, type.m_constraints);
     for (const RTTI::t_enumNameAndValuePair& literal : type.m_enumerators) {
-        m_sink.part("literal", literal.enumName);
+        m_sink.part(TypeFile::Field::LITERALS, literal.enumName);
         if (literal.value != nullptr)
-            m_sink.value("value", RawValue{{literal.value, type.m_valueSize}});
+            m_sink.value(TypeFile::Field::VALUE, RawValue{{literal.value, type.m_valueSize}});
     }
 }
 
 template <typename Sink> void FieldWalk<Sink>::real(const RTTI::RTFloatType& type) {
-    m_sink.value("flavour", type.m_floatKind);
-    m_sink.value("left bound", type.m_left);
-    m_sink.value("right bound", type.m_right);
-    m_sink.value("direction", type.m_direction);
+    m_sink.value(TypeFile::Field::FLAVOUR, type.m_floatKind);
+    m_sink.value(TypeFile::Field::LEFT, type.m_left);
+    m_sink.value(TypeFile::Field::RIGHT, type.m_right);
+    m_sink.value(TypeFile::Field::DIRECTION, type.m_direction);
 }
 
 template <typename Sink> void FieldWalk<Sink>::physical(const RTTI::RTPhysicalType& type) {
     for (const RTTI::t_unitNameAndValuePair& unit : type.m_units) {
-        m_sink.part("unit", unit.unitName);
-        m_sink.value("value", unit.value);
+        m_sink.part(TypeFile::Field::UNITS, unit.unitName);
+        m_sink.value(TypeFile::Field::VALUE, unit.value);
     }
 }
 
 template <typename Sink> void FieldWalk<Sink>::array(const RTTI::RTArrayType& type) {
-    m_sink.value("array kind", type.m_arrayKind);
+    m_sink.value(TypeFile::Field::ARRAY_KIND, type.m_arrayKind);
     m_sink.link(LinkRole::ELEMENT, 0, type.m_elementTypeId);
-    m_sink.value("dimensions", static_cast<unsigned int>(type.m_indexTypeIds.size()));
+    m_sink.value(TypeFile::Field::INDEX_TYPES,
+                 static_cast<unsigned int>(type.m_indexTypeIds.size()));
     for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i)
         m_sink.link(LinkRole::INDEX, static_cast<unsigned int>(i), type.m_indexTypeIds[i]);
-    m_sink.value("range", type.m_constraints);
-    m_sink.value("SV type id", SVTypeId{type.m_svTypeId});
+    m_sink.value(TypeFile::Field::CONSTRAINTS, type.m_constraints);
+    m_sink.value(TypeFile::Field::SV_TYPE_ID, SVTypeId{type.m_svTypeId});
 }
 
 template <typename Sink> void FieldWalk<Sink>::members(const RTTI::RTAggregateType& type) {
     using ClassMember = RTTI::RTClassType::t_ClassMember;
-    m_sink.value("SV type id", SVTypeId{type.m_svTypeId});
+    m_sink.value(TypeFile::Field::SV_TYPE_ID, SVTypeId{type.m_svTypeId});
     const bool isClass = type.GetClassId() == RTTI::ClassId::CLASS;
     for (std::size_t i = 0; i < type.m_members.size(); ++i) {
         const RTTI::RTAggregateType::t_Member* member = type.m_members[i];
-        m_sink.part("member", member != nullptr ? textOf(member->m_memberName) : "");
+        m_sink.part(TypeFile::Field::MEMBERS,
+                    member != nullptr ? textOf(member->m_memberName) : "");
         m_sink.link(LinkRole::MEMBER, static_cast<unsigned int>(i),
                     member != nullptr ? member->m_typeId : RTTI::TypeFileFormat::NO_TYPE_ID);
         if (member == nullptr)
             continue;
-        m_sink.value("range", member->m_constraints);
+        m_sink.value(TypeFile::Field::CONSTRAINTS, member->m_constraints);
         if (const auto* own = isClass ? dynamic_cast<const ClassMember*>(member) : nullptr)
-            m_sink.value("flag", static_cast<unsigned int>(own->m_memberFlag));
+            m_sink.value(TypeFile::Field::FLAG, static_cast<unsigned int>(own->m_memberFlag));
     }
 }
 
 template <typename Sink> void FieldWalk<Sink>::of(const RTTI::RTBaseType& type) {
     using namespace RTTI;
-    m_sink.value("flags", Bits{type.m_flags});
+    m_sink.value(TypeFile::Field::FLAGS, Bits{type.m_flags});
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM: return seqEnum(static_cast<const RTSeqEnumType&>(type));
     case ClassId::DISCRETE_ENUM: return discreteEnum(static_cast<const RTDiscreteEnumType&>(type));
     case ClassId::INT:
-        return m_sink.value("range", static_cast<const RTIntType&>(type).m_constraint);
+        return m_sink.value(TypeFile::Field::RANGE,
+                            static_cast<const RTIntType&>(type).m_constraint);
     case ClassId::FLOAT: return real(static_cast<const RTFloatType&>(type));
     case ClassId::TYPEDEF: {
         const auto& alias = static_cast<const RTTypedefType&>(type);
         m_sink.link(LinkRole::ALIASED, 0, alias.m_dataTypeId);
-        return m_sink.value("range", alias.m_constraints);
+        return m_sink.value(TypeFile::Field::CONSTRAINTS, alias.m_constraints);
     }
     case ClassId::ACCESS:
         return designating(static_cast<const RTAccessType&>(type), LinkRole::DESIGNATED);
     case ClassId::FILE_TYPE:
         return designating(static_cast<const RTFileType&>(type), LinkRole::FILE_ELEMENT);
     case ClassId::EVENT:
-        return m_sink.value("flavour", static_cast<const RTEventType&>(type).m_eventKind);
+        return m_sink.value(TypeFile::Field::FLAVOUR,
+                            static_cast<const RTEventType&>(type).m_eventKind);
     case ClassId::PHYSICAL: return physical(static_cast<const RTPhysicalType&>(type));
     case ClassId::ARRAY: return array(static_cast<const RTArrayType&>(type));
     case ClassId::DYNAMIC_ARRAY:
@@ -153,7 +159,8 @@ template <typename Sink> void FieldWalk<Sink>::of(const RTTI::RTBaseType& type) 
         return m_sink.link(LinkRole::INDEX, 0,
                            static_cast<const RTAssocArrayType&>(type).m_indexTypeId);
     case ClassId::RECORD:
-        m_sink.value("record kind", static_cast<const RTRecordType&>(type).m_recordKind);
+        m_sink.value(TypeFile::Field::RECORD_KIND,
+                     static_cast<const RTRecordType&>(type).m_recordKind);
         return members(static_cast<const RTRecordType&>(type));
     case ClassId::CLASS:
         m_sink.link(LinkRole::BASE_CLASS, 0,

@@ -117,8 +117,11 @@ Json rankingToJson(const TypeTable& types, const std::vector<Ranked>& ranked, co
 
 Json kindsToJson(const TypeStatistics& statistics) {
     Json list = Json::array();
-    for (const auto& kind : statistics.kinds)
-        list.push_back({{"kind", kind.kind}, {"types", kind.types}, {"bytes", kind.bytes}});
+    for (const auto& kind : statistics.kinds) {
+        Json json = kindToJson(kind.kindCode, kind.detail);
+        json.update({{"types", kind.types}, {"bytes", kind.bytes}});
+        list.push_back(std::move(json));
+    }
     return list;
 }
 
@@ -140,17 +143,18 @@ void writeStatisticsJson(std::ostream& out, const TypeTable& types, const FileFa
     const Json languages{{"VHDL", statistics.vhdlTypes},
                          {"SystemVerilog", statistics.systemVerilogTypes}};
     JsonLines lines(out, JsonForm::DOCUMENT,
-                    {{"version", nameToJson(facts.version)},
-                     {"offset", facts.offset},
-                     {"types", statistics.types},
-                     {"recordBytes", statistics.bytes},
-                     {"tableOffset", facts.tableOffset},
-                     {"tableBytes", tableBytes(statistics)},
-                     {"kinds", kindsToJson(statistics)},
-                     {"languages", languages},
-                     {"nesting", statistics.nesting},
-                     {"largest", rankingToJson(types, statistics.largest, "bytes")},
-                     {"longest", rankingToJson(types, statistics.longest, "parts")}},
+                    jsonHead("HDL simulator type statistics",
+                             {{"version", nameToJson(facts.version)},
+                              {"offset", facts.offset},
+                              {"types", statistics.types},
+                              {"recordBytes", statistics.bytes},
+                              {"tableOffset", facts.tableOffset},
+                              {"tableBytes", tableBytes(statistics)},
+                              {"kinds", kindsToJson(statistics)},
+                              {"languages", languages},
+                              {"nesting", statistics.nesting},
+                              {"largest", rankingToJson(types, statistics.largest, "bytes")},
+                              {"longest", rankingToJson(types, statistics.longest, "parts")}}),
                     "unused");
     for (const unsigned int id : statistics.unused)
         lines.add(typeToJson(id, types.typeOf(id)));

@@ -2,6 +2,7 @@
 
 #include "Inspect/declarations/TypeDeclarations.h"
 #include "Inspect/declarations/TypeLabel.h"
+#include "Inspect/words/Counted.h"
 #include "Inspect/words/IndentedLines.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintPopulation.h"
@@ -140,8 +141,7 @@ public:
     void writeAnswers(const RTBaseType& type) {
         line("value encoding", encodingText(m_types.encodings->of(type)));
         const unsigned int size = type.getValueSize();
-        line("value size",
-             size != 0 ? number(size) + (size == 1 ? " byte" : " bytes") : "not recorded");
+        line("value size", size != 0 ? counted(size, "byte") : "not recorded");
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
             line("type behind", behind(*alias));
         if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))

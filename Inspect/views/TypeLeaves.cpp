@@ -87,7 +87,7 @@ void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
 
 void writeLeavesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
     LeafWalk leaf(id, types.typeOf(id));
-    JsonLines lines(out, form, {{"id", id}}, "leaves");
+    JsonLines lines(out, form, jsonHead("HDL simulator type leaves", {{"id", id}}), "leaves");
     while (out && leaf.next())
         lines.add(leafToJson(leaf, types));
     lines.end();

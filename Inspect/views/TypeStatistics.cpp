@@ -1,6 +1,7 @@
 #include "Inspect/views/TypeStatistics.h"
 
 #include "Inspect/declarations/SourceLanguage.h"
+#include "Inspect/json/PartJson.h"
 #include "Inspect/model/TypeNesting.h"
 #include "Inspect/model/TypeReferences.h"
 #include "Inspect/words/TypeKind.h"
@@ -13,8 +14,6 @@ namespace Inspect {
 using namespace RTTI;
 
 namespace {
-
-constexpr std::string_view NO_TYPE = "builds no type";
 
 std::size_t partsOf(const RTBaseType& type) {
     switch (type.GetClassId()) {
@@ -78,14 +77,24 @@ private:
     std::vector<TypeLink> m_links;
 };
 
-using KindCounts = std::map<std::string_view, TypeStatistics::KindCount>;
+/// By class and detail.
+using KindCounts = std::map<std::pair<unsigned int, unsigned int>, TypeStatistics::KindCount>;
+
+TypeStatistics::KindCount& countOf(KindCounts& counts, const RTBaseType* type) {
+    const unsigned int kindCode = type != nullptr ? type->GetClassId() : 0;
+    const unsigned int detail = type != nullptr ? kindDetailOf(*type) : 0;
+    const std::string_view kind = type != nullptr ? kindOf(*type) : BUILDS_NO_TYPE;
+    return counts.try_emplace({kindCode, detail}, TypeStatistics::KindCount{kindCode, detail, kind})
+        .first->second;
+}
 
 std::vector<TypeStatistics::KindCount> sortedKinds(const KindCounts& counts) {
     std::vector<TypeStatistics::KindCount> kinds;
-    for (const auto& [kind, count] : counts)
-        kinds.push_back({kind, count.types, count.bytes});
-    std::stable_sort(kinds.begin(), kinds.end(),
-                     [](const auto& a, const auto& b) { return a.types > b.types; });
+    for (const auto& [code, count] : counts)
+        kinds.push_back(count);
+    std::stable_sort(kinds.begin(), kinds.end(), [](const auto& a, const auto& b) {
+        return a.types != b.types ? a.types > b.types : a.kind < b.kind;
+    });
     return kinds;
 }
 
@@ -101,7 +110,7 @@ TypeStatistics statisticsOf(const TypeTable& types, const RecordSizes& sizes, un
     for (unsigned int id = 0; id < types.count; ++id) {
         const RTBaseType* type = types.typeOf(id);
         const unsigned long long bytes = sizes(id);
-        TypeStatistics::KindCount& kind = kinds[type != nullptr ? kindOf(*type) : NO_TYPE];
+        TypeStatistics::KindCount& kind = countOf(kinds, type);
         ++kind.types;
         kind.bytes += bytes;
         statistics.bytes += bytes;

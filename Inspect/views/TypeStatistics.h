@@ -25,7 +25,9 @@ using RecordSizes = std::function<unsigned long long(unsigned int)>;
 struct TypeStatistics {
     /// What there is of one kind.
     struct KindCount {
-        std::string_view kind;        ///< "builds no type" for ids without a type.
+        unsigned int kindCode = 0;    ///< The class id; 0 for ids without a type.
+        unsigned int detail = 0;      ///< See `kindDetailOf`.
+        std::string_view kind;        ///< In words; "builds no type" for ids without a type.
         unsigned int types = 0;       ///< Of the kind.
         unsigned long long bytes = 0; ///< Of their records.
     };

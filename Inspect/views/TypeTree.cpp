@@ -80,9 +80,12 @@ std::string detailsOf(const Part& part, const TypeTable& types, const TextStyle&
     return text;
 }
 
+/// No part is an index type, whose field alone depends on the class that it belongs to.
+constexpr unsigned int NOT_INDEXED = 0;
+
 Json partToJson(const Part& part) {
     Json json{{"depth", part.depth}};
-    json["role"] = part.depth != 0 ? Json(jsonRoleOf(part.role)) : Json();
+    json["field"] = part.depth != 0 ? Json(jsonFieldOf(part.role, NOT_INDEXED)) : Json();
     if (part.member != nullptr)
         json["member"] = nameToJson(part.member->m_memberName);
     json.update(typeToJson(part.typeId, part.type));
@@ -113,7 +116,7 @@ void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& req
 void writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                    JsonForm form) {
     PartWalk walk(request.id, types.typeOf(request.id), request.depth);
-    JsonLines lines(out, form, {{"id", request.id}}, "parts");
+    JsonLines lines(out, form, jsonHead("HDL simulator type tree", {{"id", request.id}}), "parts");
     while (out && walk.next()) {
         Json json = partToJson(walk.part());
         if (walk.part().hasParts && walk.part().depth >= request.depth)

@@ -35,12 +35,12 @@ void forEachUse(std::ostream& out, const TypeTable& types, unsigned int used, Ac
 
 Json useToJson(unsigned int id, const RTBaseType& type, const TypeLink& link) {
     Json json = typeToJson(id, &type);
-    json["role"] = jsonRoleOf(link.role);
+    json["field"] = jsonFieldOf(link.role, type.GetClassId());
     if (link.role == LinkRole::MEMBER)
         json["member"] = nameToJson(
             static_cast<const RTAggregateType&>(type).m_members[link.position]->m_memberName);
-    if (link.role == LinkRole::INDEX)
-        json["dimension"] = link.position + 1;
+    if (link.role == LinkRole::INDEX && type.GetClassId() == ClassId::ARRAY)
+        json["dimension"] = link.position;
     return json;
 }
 
@@ -92,7 +92,8 @@ void writeUses(std::ostream& out, const TypeTable& types, unsigned int id, const
 }
 
 void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
-    JsonLines lines(out, form, typeToJson(id, types.typeOf(id)), "uses");
+    JsonLines lines(out, form,
+                    jsonHead("HDL simulator type uses", typeToJson(id, types.typeOf(id))), "uses");
     forEachUse(out, types, id,
                [&](unsigned int user, const RTBaseType& type, const TypeLink& link) {
                    lines.add(useToJson(user, type, link));
@@ -115,7 +116,8 @@ void writeAllUses(std::ostream& out, const TypeTable& types, unsigned int id,
 }
 
 void writeAllUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
-    JsonLines lines(out, form, typeToJson(id, types.typeOf(id)), "uses");
+    JsonLines lines(out, form,
+                    jsonHead("HDL simulator type uses", typeToJson(id, types.typeOf(id))), "uses");
     for (const Use& use : UseIndex(types).usesOf(id)) {
         if (!out)
             return;

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <string>
+#include "OVAT/Counted.h"
 
 namespace Inspect {
 
-/// A number and what it counts: "1 byte", "2 bytes". For nouns that take an s.
-inline std::string counted(unsigned long long number, const std::string& noun) {
-    return std::to_string(number) + ' ' + noun + (number == 1 ? "" : "s");
-}
+using OVAT::counted;
 
 } // namespace Inspect

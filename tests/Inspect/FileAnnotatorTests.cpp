@@ -206,7 +206,7 @@ TEST(FileAnnotator, SaysLastHowMuchMoreIsWrong) {
     const Annotated result = annotated(file.image());
     EXPECT_THAT(result.text, testing::EndsWith(
                                  "\nfile at 0x0, 26066 bytes\n            ^ warning more-findings, "
-                                 "findings: 0 more errors and 1 more warnings are not listed.\n"));
+                                 "findings: 0 more errors and 1 more warning are not listed.\n"));
     EXPECT_FALSE(result.hasErrors);
 }
 
@@ -225,6 +225,39 @@ nlohmann::json jsonOf(const std::string& image) {
     return nlohmann::json::parse(annotated(image, annotation).text);
 }
 
+/// The fields of a record as JSON names them.
+std::vector<std::string> jsonFieldsOf(const TypeFileBuilder& file) {
+    std::vector<std::string> names;
+    const nlohmann::json json = jsonOf(file.image());
+    for (const nlohmann::json& field : json["parts"][1]["fields"])
+        names.push_back(field["field"]);
+    return names;
+}
+
+TEST(FileAnnotator, NamesFieldsInJsonAsADumpDoes) {
+    TypeFileBuilder record;
+    record.record(ClassId::RECORD, "r").u32(VHDL_RECORD).i32(1).str("m").u32(0).u32(2);
+    record.range(7, 0, 0).i32(3); // Of the second range its left bound is there.
+    EXPECT_THAT(jsonFieldsOf(record),
+                testing::ElementsAre("recordSize", "kind", "name", "flags", "recordKind",
+                                     "memberCount", "members[0].name", "members[0].type",
+                                     "members[0].constraintCount", "members[0].constraints[0]",
+                                     "members[0].constraints[1].si", "members[0].constraints[1].ei",
+                                     "members[0].constraints[1].dir", "svTypeId"));
+    TypeFileBuilder literals;
+    literals.record(ClassId::SEQ_ENUM, "e").i32(ENCODING_BYTE).i32(VHDL_OTHER_ENUM).i32(2);
+    literals.str("a").str("b").i32(1);
+    EXPECT_THAT(jsonFieldsOf(literals),
+                testing::ElementsAre("recordSize", "kind", "name", "flags", "encoding", "enumKind",
+                                     "enumeratorCount", "literals[0]", "literals[1]", "valueSize"));
+    TypeFileBuilder array;
+    array.record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0).i32(1).u32(0).u32(0).i32(-99);
+    EXPECT_THAT(jsonFieldsOf(array),
+                testing::ElementsAre("recordSize", "kind", "name", "flags", "arrayKind",
+                                     "elementType", "dimensionCount", "indexTypes[0]",
+                                     "constraintCount", "svTypeId"));
+}
+
 TEST(FileAnnotator, GivesTheSameAsJson) {
     std::string image = twoTypes().image();
     image[0x44] = 2; // invalid_flavour
@@ -234,12 +267,12 @@ TEST(FileAnnotator, GivesTheSameAsJson) {
     ASSERT_EQ(json["parts"].size(), 4u);
     const nlohmann::json& part = json["parts"][2];
     EXPECT_EQ(part["part"], "record");
-    EXPECT_EQ(part["types"], nlohmann::json::array({1}));
+    EXPECT_EQ(part["ids"], nlohmann::json::array({1}));
     EXPECT_EQ(part["kind"], "event");
     const nlohmann::json& field = part["fields"][4];
     EXPECT_EQ(field["offset"], 0x44);
     EXPECT_EQ(field["size"], 4);
-    EXPECT_EQ(field["field"], "event kind");
+    EXPECT_EQ(field["field"], "flavour");
     EXPECT_EQ(field["value"], "2");
     EXPECT_EQ(field["meaning"], "above 1: 0 stands instead");
     EXPECT_EQ(field["state"], "whole");

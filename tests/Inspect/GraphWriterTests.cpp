@@ -45,14 +45,14 @@ public:
         return writeGraph(out, table(), request, form);
     }
 
-    /// The ids and the edges that a graph shows, such as "1 member 0".
+    /// The ids and the edges that a graph shows, such as "1 members 0".
     std::vector<std::string> shown(GraphRequest request = {}) const {
         const auto json = nlohmann::json::parse(graph(GraphForm::JSON, request));
         std::vector<std::string> texts;
         for (const auto& node : json["nodes"])
             texts.push_back(node["id"].dump());
         for (const auto& edge : json["edges"])
-            texts.push_back(edge["from"].dump() + ' ' + edge["role"].get<std::string>() + ' ' +
+            texts.push_back(edge["from"].dump() + ' ' + edge["field"].get<std::string>() + ' ' +
                             edge["to"].dump());
         return texts;
     }
@@ -147,7 +147,7 @@ TEST(GraphWriter, ShowsTheShapeOfATypeWithoutAName) {
     addInteger(types, nullptr);
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
               "  T0 [label=<0 <i>integer</i><br/>range 0 to 255>, fillcolor=\"#FFFFFF\"];\n");
-    EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr("\"name\":null"));
+    EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr("\"name\":\"\""));
 }
 
 TEST(GraphWriter, DrawsEachRoleInItsOwnStyle) {
@@ -203,7 +203,7 @@ TEST(GraphWriter, CountsTheMembersThatAPictureHasNoRoomFor) {
               "  T1 --> T0 : a, b, c, d, e\n"
               "  T2 --> T0 : a, b, c, d, +2 more\n");
     EXPECT_EQ(linesWith(types.graph(GraphForm::JSON), "\"from\":2"),
-              "{\"from\":2,\"to\":0,\"role\":\"member\","
+              "{\"from\":2,\"to\":0,\"field\":\"members\","
               "\"members\":[\"a\",\"b\",\"c\",\"d\",\"e\",\"f\"]}\n");
 }
 
@@ -251,7 +251,7 @@ TEST(GraphWriter, ShowsIdsWithoutATypeThatSomethingRefersTo) {
     types.addHole();
     TypeFile::addMember(record, "gone", 0);
     TypeFile::addMember(record, "outside", 9);
-    EXPECT_THAT(types.shown(), ElementsAre("1", "0", "9", "1 member 0", "1 member 9"));
+    EXPECT_THAT(types.shown(), ElementsAre("1", "0", "9", "1 members 0", "1 members 9"));
     EXPECT_THAT(types.graph(GraphForm::DOT),
                 HasSubstr("  T0 [label=<0 <i>builds no type</i>>, style=dotted];\n"));
     EXPECT_THAT(types.graph(GraphForm::MERMAID), HasSubstr("  class T9[\"9 builds no type\"]\n"));
@@ -270,14 +270,14 @@ TEST(GraphWriter, ShowsWhatARootReachesInTheOrderOfTheIds) {
     types.add("queue", std::make_unique<CTQueueType>("", 3));
     addInteger(types, "last");
     types.add("alias", std::make_unique<CTTypedefType>("", 2));
-    EXPECT_THAT(types.shown({1, 9}), ElementsAre("1", "2", "3", "1 element 3", "3 aliased 2"));
+    EXPECT_THAT(types.shown({1, 9}), ElementsAre("1", "2", "3", "1 elementType 3", "3 dataType 2"));
 }
 
 TEST(GraphWriter, StopsAtTheDepthAndSaysWhereItCut) {
     Types types;
     addChain(types, 3);
     EXPECT_THAT(types.shown({3, 0}), ElementsAre("3"));
-    EXPECT_THAT(types.shown({3, 1}), ElementsAre("2", "3", "3 aliased 2"));
+    EXPECT_THAT(types.shown({3, 1}), ElementsAre("2", "3", "3 dataType 2"));
     EXPECT_THAT(types.shown({3, 3}).size(), 4u + 3u);
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT, {3, 1}), "dashed\""),
               "  T2 [label=<2 <i>typedef</i><br/><b>link</b>>, fillcolor=\"#FFFFFF\", "
@@ -290,7 +290,7 @@ TEST(GraphWriter, ReachesEachTypeOfACycleOnce) {
     auto& record = addRecord(types, "node");
     types.add("next", std::make_unique<CTAccessType>("", 0));
     TypeFile::addMember(record, "next", 1);
-    EXPECT_THAT(types.shown({1, 100}), ElementsAre("0", "1", "0 member 1", "1 designated 0"));
+    EXPECT_THAT(types.shown({1, 100}), ElementsAre("0", "1", "0 members 1", "1 refType 0"));
 }
 
 TEST(GraphWriter, FollowsManyLinksInARow) {
@@ -311,7 +311,9 @@ TEST(GraphWriter, EndsWhereItsStreamFails) {
 
 TEST(GraphWriter, WritesAnEmptyGraphForAnEmptyTable) {
     const Types types;
-    EXPECT_EQ(types.graph(GraphForm::JSON), "{\"nodes\":[\n],\n\"edges\":[\n]}\n");
+    EXPECT_EQ(types.graph(GraphForm::JSON),
+              "{\"format\":\"HDL simulator type "
+              "graph\",\"formatVersion\":1,\"nodes\":[\n],\n\"edges\":[\n]}\n");
     EXPECT_THAT(types.graph(GraphForm::DOT), testing::EndsWith("arrowsize=0.7];\n}\n"));
 }
 

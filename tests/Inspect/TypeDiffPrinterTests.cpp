@@ -85,16 +85,16 @@ TEST(TypeDiffJson, HasTheSameListsAnEntryALine) {
     const TwoFiles files;
     std::ostringstream out;
     printDiffJson(out, Inspect::TypeDiff(files.a.table(), files.b.table()));
-    EXPECT_EQ(out.str(),
-              R"({"verdict":"incompatible",
-"rule":"a type of A was changed or removed: it has no equal in B",
+    EXPECT_EQ(
+        out.str(),
+        R"({"format":"HDL simulator type differences","formatVersion":1,"verdict":"incompatible","rule":"a type of A was changed or removed: it has no equal in B",
 "removed":[
 {"id":3,"kind":"integer","name":"old\u001b"}
 ],
 "changed":[
-{"idA":0,"idB":2,"kind":"integer","name":"int","path":"int","what":"range","old":"0 to 7","new":"0 to 15"},
-{"idA":1,"idB":1,"kind":"packed struct","name":"hdr_t","path":"hdr_t.kind","what":"member","old":"integer \"int\"","new":null},
-{"idA":1,"idB":1,"kind":"packed struct","name":"hdr_t","path":"hdr_t.crc","what":"member","old":null,"new":"string \"string\""}
+{"idA":0,"idB":2,"kind":"integer","name":"int","path":"int","field":"range","old":"0 to 7","new":"0 to 15"},
+{"idA":1,"idB":1,"kind":"record","recordKind":"VLOG_PACKED_STRUCT","name":"hdr_t","path":"hdr_t.kind","field":"members","old":"integer \"int\"","new":null},
+{"idA":1,"idB":1,"kind":"record","recordKind":"VLOG_PACKED_STRUCT","name":"hdr_t","path":"hdr_t.crc","field":"members","old":null,"new":"string \"string\""}
 ],
 "added":[
 {"id":3,"kind":"string","name":"string"}
@@ -107,9 +107,9 @@ TEST(TypeDiffJson, OfTheSameTypesHasEmptyLists) {
     const TwoFiles files;
     std::ostringstream out;
     printDiffJson(out, Inspect::TypeDiff(files.a.table(), files.a.table()));
-    EXPECT_EQ(out.str(),
-              R"({"verdict":"identical",
-"rule":"every id has the same type in both files",
+    EXPECT_EQ(
+        out.str(),
+        R"({"format":"HDL simulator type differences","formatVersion":1,"verdict":"identical","rule":"every id has the same type in both files",
 "removed":[],
 "changed":[],
 "added":[],

@@ -199,20 +199,20 @@ TEST_P(AnySeed, OneChangedFieldIsOneLineThatLeadsToIt) {
         mutation.apply();
         const TypeDiff diff(a.table(), b.table());
         const std::vector<Inspect::TypeChange> changes = changesOf(diff);
-        SCOPED_TRACE(testing::Message() << "type " << id << ' ' << mutation.what << " of seed "
+        SCOPED_TRACE(testing::Message() << "type " << id << ' ' << mutation.field << " of seed "
                                         << 1000 * GetParam() + i);
         ASSERT_EQ(changes.size(), 1u);
         EXPECT_EQ(diff.verdict(), DiffVerdict::INCOMPATIBLE);
         EXPECT_TRUE(diff.removed().empty() && diff.added().empty());
         EXPECT_EQ(changes[0].idA, id);
         EXPECT_EQ(changes[0].idB, id);
-        EXPECT_EQ(changes[0].what, mutation.what);
+        EXPECT_EQ(changes[0].field, mutation.field);
         const std::string name = RandomTypes::nameOf(id);
         EXPECT_EQ(changes[0].path.substr(0, name.size()), name);
 
         const std::vector<Inspect::TypeChange> back = changesOf(TypeDiff(b.table(), a.table()));
         ASSERT_EQ(back.size(), 1u);
-        EXPECT_EQ(back[0].what, changes[0].what);
+        EXPECT_EQ(back[0].field, changes[0].field);
         EXPECT_EQ(back[0].before, changes[0].after);
         EXPECT_EQ(back[0].after, changes[0].before);
     }

@@ -26,7 +26,7 @@ std::vector<std::string> linesOf(const TypeDiff& diff) {
     for (const unsigned int id : diff.removed())
         lines.push_back(numbered("-", id));
     diff.eachChange([&](const Inspect::TypeChange& change) {
-        lines.push_back(change.path + ": " + change.what + " " + change.before.value_or("...") +
+        lines.push_back(change.path + ": " + change.field + " " + change.before.value_or("...") +
                         " -> " + change.after.value_or("..."));
     });
     for (const unsigned int id : diff.added())
@@ -96,7 +96,7 @@ TEST(TypeDiffs, SystemVerilogTypeIdWhereThereWasNoneIsAChange) {
     TypeList a, b;
     a.add<RTQueueType>("q");
     b.add<RTQueueType>("q").m_svTypeId = 7;
-    EXPECT_THAT(linesOf(a, b), ElementsAre("q: SV type id none -> assigned"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("q: svTypeId none -> assigned"));
 }
 
 TEST(TypeDiffs, MoreTypesAreCompatible) {
@@ -141,7 +141,7 @@ TEST(TypeDiffs, ChangeIsToldWhereItLiesAndNotAgainAbove) {
     makePacket(b);
     static_cast<RTArrayType&>(b[1]).m_constraints = {{15, 0, 0}};
     const TypeDiff diff(a.table(), b.table());
-    EXPECT_THAT(linesOf(diff), ElementsAre("pkt_t.hdr.len: range 7 downto 0 -> 15 downto 0"));
+    EXPECT_THAT(linesOf(diff), ElementsAre("pkt_t.hdr.len: constraints 7 downto 0 -> 15 downto 0"));
     const TypeDiff::Counts counts = diff.eachChange([](const Inspect::TypeChange&) {});
     EXPECT_EQ(counts.changed, 1u);
     EXPECT_EQ(counts.containing, 3u);
@@ -168,7 +168,7 @@ TEST(TypeDiffs, MemberThatTookAnotherArrayIsToldByItsRange) {
     }
     a.record("hdr_t", {{"len", 1}});
     b.record("hdr_t", {{"len", 2}});
-    EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: range 7 downto 0 -> 15 downto 0"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: constraints 7 downto 0 -> 15 downto 0"));
 }
 
 TEST(TypeDiffs, ArrayThatCameToEqualAnotherIsToldOnce) {
@@ -184,7 +184,7 @@ TEST(TypeDiffs, ArrayThatCameToEqualAnotherIsToldOnce) {
                     [](TypeList& types) {
                         static_cast<RTArrayType&>(types[1]).m_constraints = {{31, 0, 0}};
                     }),
-                ElementsAre("word_t.data: range 63 downto 0 -> 31 downto 0"));
+                ElementsAre("word_t.data: constraints 63 downto 0 -> 31 downto 0"));
 }
 
 TEST(TypeDiffs, MemberThatTookANamedTypeIsToldByName) {
@@ -246,7 +246,7 @@ TEST(TypeDiffs, OddNamesInPathsAreQuotedAndEscaped) {
             [](TypeList& types) {
                 static_cast<RTRecordType&>(types[0]).m_members[0]->m_constraints = {{1, 0, 0}};
             }),
-        ElementsAre("\"a.b\\x1B\".\"the \\\"x\\\"\": range no range -> 1 downto 0"));
+        ElementsAre("\"a.b\\x1B\".\"the \\\"x\\\"\": constraints no range -> 1 downto 0"));
 }
 
 TEST(TypeDiffs, TypeWithoutANameAroundItIsToldById) {
@@ -261,8 +261,8 @@ TEST(TypeDiffs, LiteralInTheMiddleIsOneAddition) {
     TypeList a, b;
     a.enumeration("state", {"idle", "busy", "done"});
     b.enumeration("state", {"idle", "wait", "busy", "done"});
-    EXPECT_THAT(linesOf(a, b), ElementsAre("state.wait: literal ... -> value 1"));
-    EXPECT_THAT(linesOf(b, a), ElementsAre("state.wait: literal value 1 -> ..."));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state.wait: literals ... -> value 1"));
+    EXPECT_THAT(linesOf(b, a), ElementsAre("state.wait: literals value 1 -> ..."));
 }
 
 TEST(TypeDiffs, LiteralWithAnotherNameInItsPlaceIsRenamed) {
@@ -276,8 +276,8 @@ TEST(TypeDiffs, LiteralInAnotherPlaceIsNotRenamed) {
     TypeList a, b;
     a.enumeration("state", {"idle", "busy"});
     b.enumeration("state", {"busy", "done"});
-    EXPECT_THAT(linesOf(a, b), ElementsAre("state.idle: literal value 0 -> ...",
-                                           "state.done: literal ... -> value 1"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state.idle: literals value 0 -> ...",
+                                           "state.done: literals ... -> value 1"));
 }
 
 TEST(TypeDiffs, LiteralWithAnotherValueIsTold) {
@@ -313,8 +313,8 @@ TEST(TypeDiffs, RemovedAndAddedMembersHaveALineEach) {
     }
     a.record("r", {{"a", 0}, {"b", 0}});
     b.record("r", {{"a", 0}, {"c", 1}});
-    EXPECT_THAT(linesOf(a, b), ElementsAre("r.b: member integer \"int\" -> ...",
-                                           "r.c: member ... -> integer \"byte\""));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("r.b: members integer \"int\" -> ...",
+                                           "r.c: members ... -> integer \"byte\""));
 }
 
 TEST(TypeDiffs, MembersOfOneNameAreTakenInTheirOrder) {
@@ -323,7 +323,7 @@ TEST(TypeDiffs, MembersOfOneNameAreTakenInTheirOrder) {
         types->integer("int");
     a.record("r", {{"x", 0}, {"x", 0}});
     b.record("r", {{"x", 0}, {"x", 0}, {"x", 0}});
-    EXPECT_THAT(linesOf(a, b), ElementsAre("r.x: member ... -> integer \"int\""));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("r.x: members ... -> integer \"int\""));
 }
 
 // Which types are before and after of one another.
@@ -362,7 +362,7 @@ TEST(TypeDiffs, TypesOfOneNameArePairedByTheirLiterals) {
     b.enumeration("state_t", {"open", "shut"}).m_valueSize = 4;
     b.enumeration("state_t", {"idle", "busy"}).m_valueSize = 2;
     EXPECT_THAT(linesOf(a, b),
-                ElementsAre("state_t: value size 0 -> 2", "state_t: value size 0 -> 4"));
+                ElementsAre("state_t: valueSize 0 -> 2", "state_t: valueSize 0 -> 4"));
 }
 
 TEST(TypeDiffs, TypesOfOneNameWithNothingInCommonAreRemovedAndAdded) {
@@ -383,8 +383,8 @@ TEST(TypeDiffs, TypesOfOneNameArePairedByTheirPlaces) {
     }
     TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[0]), "ajar");
     TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[1]), "off");
-    EXPECT_THAT(linesOf(a, b), ElementsAre("state_t.ajar: literal ... -> value 2",
-                                           "state_t.off: literal ... -> value 2"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("state_t.ajar: literals ... -> value 2",
+                                           "state_t.off: literals ... -> value 2"));
 }
 
 TEST(TypeDiffs, TypeFoundByItsPlaceIsNotRemovedAsWell) {
@@ -398,7 +398,7 @@ TEST(TypeDiffs, TypeFoundByItsPlaceIsNotRemovedAsWell) {
         types->record("r", {{"tag", 0}}).m_flags = types == &a ? 0 : 1;
     }
     a.array("", 0, 7, 0);
-    EXPECT_THAT(linesOf(a, b), ElementsAre("-2", "r.len: range 7 downto 0 -> 15 downto 0",
+    EXPECT_THAT(linesOf(a, b), ElementsAre("-2", "r.len: constraints 7 downto 0 -> 15 downto 0",
                                            "r: flags 0x0 -> 0x1", "r: flags 0x0 -> 0x1"));
 }
 
@@ -412,7 +412,7 @@ TEST(TypeDiffs, ListsThatLeadToThemselvesAreFollowedOnce) {
     b.record("node_t", {{"next", 0}});
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
     static_cast<RTAccessType&>(b[0]).m_valueSize = 8;
-    EXPECT_THAT(linesOf(a, b), ElementsAre("node_ptr: value size 0 -> 8"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("node_ptr: valueSize 0 -> 8"));
 }
 
 TEST(TypeDiffs, CyclesOfDifferentLengthThatNothingTellsApartAreEqual) {
@@ -440,7 +440,7 @@ TEST(TypeDiffs, ReferencesToNothingAreComparedAsSuch) {
     b.access("beyond", 200);
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
     static_cast<RTAccessType&>(b[0]).m_refTypeId = 100;
-    EXPECT_THAT(linesOf(a, b), ElementsAre("none: designated type none -> missing type"));
+    EXPECT_THAT(linesOf(a, b), ElementsAre("none: refType none -> missing type"));
 }
 
 TEST(TypeDiffs, IdsThatBuildNoTypeAreAlike) {

@@ -171,8 +171,8 @@ TEST(TypeLeaves, JsonHasALeafALine) {
     const auto natural = types.alias("n", types.integer("integer", {-8, 7, 1}), {{0, 7, 1}});
     const auto node = types.classType("c", {{"q", types.queue(byte)}, {"n", natural}, {"me", 6}});
     EXPECT_EQ(jsonOf(types, node),
-              "{\"id\":6}\n"
-              "{\"path\":\"c.q\",\"id\":0,\"kind\":\"sequential enumeration\",\"name\":\"logic\","
+              "{\"format\":\"HDL simulator type leaves\",\"formatVersion\":1,\"id\":6}\n"
+              "{\"path\":\"c.q\",\"id\":0,\"kind\":\"seqEnum\",\"name\":\"logic\","
               "\"declaredType\":5,\"encoding\":\"4-State\",\"dimensions\":[\"queue\","
               "{\"si\":7,\"ei\":0,\"dir\":0}]}\n"
               "{\"path\":\"c.n\",\"id\":3,\"kind\":\"integer\",\"name\":\"integer\","

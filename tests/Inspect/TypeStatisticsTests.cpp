@@ -296,7 +296,8 @@ TEST(TypeStatistics, AreWrittenAsJson) {
     std::ostringstream out;
     writeStatisticsJson(out, table, {"V", 0, 100}, statistics);
     EXPECT_EQ(out.str(),
-              "{\"version\":\"V\",\"offset\":0,\"types\":3,\"recordBytes\":60,\"tableOffset\":100,"
+              "{\"format\":\"HDL simulator type statistics\",\"formatVersion\":1,"
+              "\"version\":\"V\",\"offset\":0,\"types\":3,\"recordBytes\":60,\"tableOffset\":100,"
               "\"tableBytes\":24,\"kinds\":[{\"kind\":\"queue\",\"types\":1,\"bytes\":20},"
               "{\"kind\":\"string\",\"types\":1,\"bytes\":20},"
               "{\"kind\":\"typedef\",\"types\":1,\"bytes\":20}],"
@@ -306,6 +307,22 @@ TEST(TypeStatistics, AreWrittenAsJson) {
               "{\"id\":1,\"kind\":\"typedef\",\"name\":\"t\"},\n"
               "{\"id\":2,\"kind\":\"queue\",\"name\":\"\"}\n"
               "]}\n");
+}
+
+TEST(TypeStatistics, GiveTheKindsOfArraysAndRecordsByTheirNamesInJson) {
+    WrittenTypes types;
+    types.structure("s", {{"a", types.packed(types.logic(), {{7, 0, 0}})}});
+    const TypeTable table = types.table();
+    std::ostringstream out;
+    writeStatisticsJson(out, table, {"V", 0, 100},
+                        Inspect::statisticsOf(
+                            table, [](unsigned int) { return 20; }, 0));
+    EXPECT_THAT(
+        out.str(),
+        HasSubstr("\"kinds\":[{\"kind\":\"array\",\"arrayKind\":\"VLOG_FIXED_PACKED_ARRAY\","
+                  "\"types\":1,\"bytes\":20},{\"kind\":\"seqEnum\",\"types\":1,\"bytes\":20},"
+                  "{\"kind\":\"record\",\"recordKind\":\"VLOG_UNPACKED_STRUCT\",\"types\":1,"
+                  "\"bytes\":20}],"));
 }
 
 TEST(TypeStatistics, OfNothing) {

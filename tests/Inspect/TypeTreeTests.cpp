@@ -258,18 +258,19 @@ TEST(TypeTree, JsonHasAPartALine) {
     const auto record = types.classType("c", {{"\xFF", bits}, {"me", 2}});
     const TypeTable table = types.table();
     EXPECT_EQ(jsonOf(table, {record, 1}, JsonForm::DOCUMENT),
-              "{\"id\":2,\"parts\":[\n"
-              "{\"depth\":0,\"role\":null,\"id\":2,\"kind\":\"class\",\"name\":\"c\","
+              "{\"format\":\"HDL simulator type tree\",\"formatVersion\":1,\"id\":2,\"parts\":[\n"
+              "{\"depth\":0,\"field\":null,\"id\":2,\"kind\":\"class\",\"name\":\"c\","
               "\"ranges\":[]},\n"
-              "{\"depth\":1,\"role\":\"member\",\"member\":{\"hex\":\"ff\"},\"id\":1,"
-              "\"kind\":\"packed array\",\"name\":\"\",\"ranges\":[{\"si\":7,\"ei\":0,\"dir\":0}],"
+              "{\"depth\":1,\"field\":\"members\",\"member\":{\"hex\":\"ff\"},\"id\":1,"
+              "\"kind\":\"array\",\"arrayKind\":\"VLOG_FIXED_PACKED_ARRAY\",\"name\":\"\","
+              "\"ranges\":[{\"si\":7,\"ei\":0,\"dir\":0}],"
               "\"isCut\":true},\n"
-              "{\"depth\":1,\"role\":\"member\",\"member\":\"me\",\"id\":2,\"kind\":\"class\","
+              "{\"depth\":1,\"field\":\"members\",\"member\":\"me\",\"id\":2,\"kind\":\"class\","
               "\"name\":\"c\",\"ranges\":[],\"seenAbove\":true}\n"
               "]}\n");
     EXPECT_EQ(jsonOf(table, {0}, JsonForm::LINES),
-              "{\"id\":0}\n"
-              "{\"depth\":0,\"role\":null,\"id\":0,\"kind\":\"sequential enumeration\","
+              "{\"format\":\"HDL simulator type tree\",\"formatVersion\":1,\"id\":0}\n"
+              "{\"depth\":0,\"field\":null,\"id\":0,\"kind\":\"seqEnum\","
               "\"name\":\"logic\",\"ranges\":[]}\n");
 }
 

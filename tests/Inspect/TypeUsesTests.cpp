@@ -118,17 +118,22 @@ TEST(TypeUses, JsonHasAUseALine) {
     const TypeTable table = types.table();
     std::ostringstream direct;
     writeUsesJson(direct, table, string, JsonForm::DOCUMENT);
-    EXPECT_EQ(direct.str(), "{\"id\":0,\"kind\":\"string\",\"name\":\"string\",\"uses\":[\n"
-                            "{\"id\":1,\"kind\":\"associative array\",\"name\":\"\","
-                            "\"role\":\"indexType\",\"dimension\":1},\n"
-                            "{\"id\":2,\"kind\":\"unpacked struct\",\"name\":\"s\","
-                            "\"role\":\"member\",\"member\":\"a\"}\n"
-                            "]}\n");
+    EXPECT_EQ(
+        direct.str(),
+        "{\"format\":\"HDL simulator type uses\",\"formatVersion\":1,"
+        "\"id\":0,\"kind\":\"string\",\"name\":\"string\",\"uses\":[\n"
+        "{\"id\":1,\"kind\":\"assocArray\",\"name\":\"\","
+        "\"field\":\"indexType\"},\n"
+        "{\"id\":2,\"kind\":\"record\",\"recordKind\":\"VLOG_UNPACKED_STRUCT\",\"name\":\"s\","
+        "\"field\":\"members\",\"member\":\"a\"}\n"
+        "]}\n");
     std::ostringstream all;
     writeAllUsesJson(all, table, 2, JsonForm::LINES);
-    EXPECT_EQ(all.str(), "{\"id\":2,\"kind\":\"unpacked struct\",\"name\":\"s\"}\n"
-                         "{\"id\":1,\"kind\":\"associative array\",\"name\":\"\","
-                         "\"role\":\"element\",\"distance\":1,\"next\":2}\n");
+    EXPECT_EQ(all.str(),
+              "{\"format\":\"HDL simulator type uses\",\"formatVersion\":1,\"id\":2,"
+              "\"kind\":\"record\",\"recordKind\":\"VLOG_UNPACKED_STRUCT\",\"name\":\"s\"}\n"
+              "{\"id\":1,\"kind\":\"assocArray\",\"name\":\"\","
+              "\"field\":\"elementType\",\"distance\":1,\"next\":2}\n");
 }
 
 /// The shortest ways to a type, by going over all references until nothing changes.

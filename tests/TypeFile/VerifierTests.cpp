@@ -440,6 +440,18 @@ TEST(SuspiciousRecord, BytesBehindTheLastField) {
     file.string("z").bytes("abc");
     EXPECT_THAT(expectWarning(findingsOf(file), FindingCode::LEFTOVER_BYTES, 0, "record size", 40),
                 HasSubstr("3 bytes"));
+    TypeFileBuilder one;
+    one.string("z").bytes("a");
+    EXPECT_EQ(expectWarning(findingsOf(one), FindingCode::LEFTOVER_BYTES, 0, "record size", 40),
+              "The last field ends 1 byte before the record.");
+}
+
+TEST(SuspiciousRecord, ArrayKindOutsideItsTableIsShownAsTheFormatWritesIt) {
+    TypeFileBuilder file;
+    file.integer("i").record(ClassId::ARRAY, "a").u32(0xA00008).u32(0).u32(0).u32(0).i32(-99);
+    EXPECT_EQ(expectWarning(findingsOf(file), FindingCode::ARRAY_KIND_UNKNOWN, 1, "array kind",
+                            file.address(1) + BODY),
+              "Found 0xa00008, expected one of 0xa00000 to 0xa00007.");
 }
 
 TEST(SuspiciousRecord, ArrayKindOutsideItsTable) {

@@ -41,12 +41,14 @@ TEST(RttiGraph, PrintsDotUnlessToldOtherwise) {
 
 TEST(RttiGraph, PrintsJsonByEitherName) {
     const Result result = rtti("graph --json " + example("ieee_rti") + " 19 --depth 1");
-    EXPECT_EQ(result.out, "{\"nodes\":[\n"
-                          "{\"id\":11,\"kind\":\"VHDL array\",\"name\":\"string\",\"cut\":true},\n"
-                          "{\"id\":19,\"kind\":\"access type\",\"name\":\"line\",\"cut\":false}\n"
-                          "],\n\"edges\":[\n"
-                          "{\"from\":19,\"to\":11,\"role\":\"designated\"}\n"
-                          "]}\n");
+    EXPECT_EQ(result.out,
+              "{\"format\":\"HDL simulator type graph\",\"formatVersion\":1,\"nodes\":[\n"
+              "{\"id\":11,\"kind\":\"array\",\"arrayKind\":\"VHDL_ARRAY\",\"name\":"
+              "\"string\",\"isCut\":true},\n"
+              "{\"id\":19,\"kind\":\"access\",\"name\":\"line\",\"isCut\":false}\n"
+              "],\n\"edges\":[\n"
+              "{\"from\":19,\"to\":11,\"field\":\"refType\"}\n"
+              "]}\n");
     EXPECT_EQ(result.out, rtti("graph --format json " + example("ieee_rti") + " 19 --depth 1").out);
 }
 

@@ -303,6 +303,8 @@ TEST(RttiVerify, PrintsJson) {
     const Result result = rtti("verify --json " + file);
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "{\n"
+                          "  \"format\": \"HDL simulator type file findings\",\n"
+                          "  \"formatVersion\": 1,\n"
                           "  \"file\": \"" +
                               file +
                               "\",\n"
@@ -312,10 +314,10 @@ TEST(RttiVerify, PrintsJson) {
                               "    {\n"
                               "      \"severity\": \"error\",\n"
                               "      \"code\": \"table-outside-storage\",\n"
-                              "      \"type\": null,\n"
-                              "      \"field\": \"address table offset\",\n"
+                              "      \"id\": null,\n"
+                              "      \"field\": \"addressTableOffset\",\n"
                               "      \"offset\": 36,\n"
-                              "      \"text\": \"The table of 1 types takes 8 bytes at 0x38, and "
+                              "      \"text\": \"The table of 1 type takes 8 bytes at 0x38, and "
                               "the storage ends at 0x3f.\"\n"
                               "    }\n"
                               "  ]\n"
@@ -423,7 +425,9 @@ TEST(RttiDiff, PrintsJson) {
     const Result result =
         rtti("diff --json " + example("ibex_slang") + " " + example("ibex_vltree"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.out, StartsWith("{\"verdict\":\"incompatible\",\n\"rule\":\""));
+    EXPECT_THAT(result.out,
+                StartsWith("{\"format\":\"HDL simulator type differences\",\"formatVersion\":1,"
+                           "\"verdict\":\"incompatible\",\"rule\":\""));
     EXPECT_THAT(result.out, EndsWith("}}\n"));
 }
 
@@ -488,6 +492,26 @@ TEST(RttiBuild, MakesTheSameFileFromLines) {
     ASSERT_EQ(
         rtti("build --ndjson " + textFileOf(lines.out) + " -o " + scratch("again.typ")).status, 0);
     EXPECT_EQ(contentOf(scratch("again.typ")), contentOf(scratch("typ")));
+}
+
+TEST(RttiBuild, KeepsAVersionThatIsNotUtf8) {
+    const std::string text =
+        textFileOf(R"({"version":{"hex":"56ff"},"types":[{"id":0,"kind":"string","name":"s"}]})");
+    ASSERT_EQ(rtti("build " + text + " -o " + scratch("typ")).status, 0);
+    EXPECT_THAT(contentOf(scratch("typ")), StartsWith(std::string("V\xFF\0", 3)));
+    EXPECT_THAT(rtti("dump --force --json " + scratch("typ")).out,
+                HasSubstr("\"version\":{\"hex\":\"56ff\"}"));
+}
+
+TEST(RttiBuild, RefusesAPartOfAFile) {
+    for (const std::string choice : {"--id 19", "--kind 'file type'", "--name 'line'"}) {
+        const Result part = rtti("dump --json " + choice + ' ' + example("ieee_rti"));
+        EXPECT_THAT(part.out, HasSubstr("\"isPart\":true")) << choice;
+        const Result build = rtti("build " + textFileOf(part.out) + " -o " + scratch("part.typ"));
+        EXPECT_EQ(build.status, 1);
+        EXPECT_THAT(build.err, HasSubstr("/isPart: this is a part of a file's types"));
+    }
+    EXPECT_THAT(rtti("dump --json " + example("ieee_rti")).out, Not(HasSubstr("isPart")));
 }
 
 class RealFiles : public testing::TestWithParam<const char*> {};
@@ -566,6 +590,10 @@ INSTANTIATE_TEST_SUITE_P(
         WrongDocument{"OtherFormat", R"({"format":"x","types":[]})", "/format", "must be HDL"},
         WrongDocument{"OtherVersion", R"({"formatVersion":2,"types":[]})", "/formatVersion",
                       "must be 1"},
+        WrongDocument{"PartThatIsNoBoolean", R"({"isPart":1,"types":[]})", "/isPart",
+                      "must be true or false"},
+        WrongDocument{"VersionThatIsNoText", R"({"version":7,"types":[]})", "/version",
+                      R"(must be text, or {"hex")"},
         WrongDocument{"UnknownKey", R"({"colour":1,"types":[]})", "/colour", "no place"},
         WrongDocument{"LongVersion", R"({"version":"01234567890123456789012345678901","types":[]})",
                       "/version", "32 bytes"},

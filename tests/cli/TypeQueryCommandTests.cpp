@@ -67,7 +67,10 @@ TEST(RttiLeaves, ListsTheValuesOfAVhdlRecord) {
 
 TEST(RttiLeaves, HasAJsonObjectALine) {
     const Result result = rtti("leaves --ndjson " + example("vhkinds_rti") + " 58");
-    EXPECT_THAT(result.out, StartsWith("{\"id\":58}\n{\"path\":\"rec_t.i\",\"id\":5,"));
+    EXPECT_THAT(
+        result.out,
+        StartsWith("{\"format\":\"HDL simulator type leaves\",\"formatVersion\":1,\"id\":58}\n"
+                   "{\"path\":\"rec_t.i\",\"id\":5,"));
     EXPECT_EQ(count(result.out, "\n"), 8u);
 }
 
@@ -84,7 +87,7 @@ TEST(RttiUses, ListsAllWithTheirWays) {
                 EndsWith("\n  2  19 access type \"line\": designated type 11 > element 2\n"
                          "  2  20 file type \"text\": file element 11 > element 2\n"));
     EXPECT_THAT(rtti("uses --all --json " + example("ieee_rti") + " 2").out,
-                HasSubstr("\"role\":\"fileElement\",\"distance\":2,\"next\":11}\n]}\n"));
+                HasSubstr("\"field\":\"refType\",\"distance\":2,\"next\":11}\n]}\n"));
 }
 
 TEST(RttiStats, CountsTypesByKind) {

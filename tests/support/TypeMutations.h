@@ -10,7 +10,7 @@ namespace RTTITest {
 
 /// A change of one field of a type that makes another type of it.
 struct TypeMutation {
-    std::string what; ///< The field as differences name it.
+    std::string field; ///< As differences name it.
     std::function<void()> apply;
 };
 

@@ -71,7 +71,7 @@ public:
         if (m_options.json || m_options.ndjson)
             m_json.emplace(std::cout,
                            m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
-                           m_file.version());
+                           m_file.version(), isPart());
         if (m_ids.empty()) {
             dumpAll();
         } else {
@@ -92,6 +92,10 @@ public:
     }
 
 private:
+    bool isPart() const {
+        return !(m_ids.empty() && m_options.kind.empty() && m_options.name.empty());
+    }
+
     void dumpAll() {
         std::optional<Progress> progress;
         if (!isOutputOnTerminal())

@@ -73,8 +73,8 @@ void OpenedFile::checkFrame() const {
         throw UnusableFile(m_storage.path(),
                            "too short for its " + counted(m_typeCount, "type") +
                                ": the address table at " + std::to_string(m_frame.tableOffset()) +
-                               " takes " + std::to_string(m_frame.tableSize()) +
-                               " bytes, and the file has " + std::to_string(m_storage.size()));
+                               " takes " + counted(m_frame.tableSize(), "byte") +
+                               ", and the file has " + std::to_string(m_storage.size()));
 }
 
 void OpenedFile::verify(const StorageArguments& arguments) {

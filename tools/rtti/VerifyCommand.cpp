@@ -1,5 +1,6 @@
 #include "Subcommand.h"
 
+#include "Inspect/json/PartJson.h"
 #include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeText.h"
 #include "OpenedFile.h"
@@ -58,22 +59,22 @@ void printText(const std::string& file, const std::vector<Finding>& findings,
               << paintedCount(findings, Severity::WARNING, "warning", style) << '\n';
 }
 
-/// "type" is null for what belongs to the file.
+/// "id" is null for what belongs to the file.
 nlohmann::ordered_json jsonOf(const Finding& finding) {
     nlohmann::ordered_json object;
     object["severity"] = TypeFile::severityText(finding.severity);
     object["code"] = TypeFile::codeText(finding.code);
-    object["type"] = nullptr;
+    object["id"] = nullptr;
     if (finding.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
-        object["type"] = finding.typeId;
-    object["field"] = finding.field;
+        object["id"] = finding.typeId;
+    object["field"] = finding.key;
     object["offset"] = finding.offset;
     object["text"] = finding.text;
     return object;
 }
 
 void printJson(const std::string& file, const std::vector<Finding>& findings) {
-    nlohmann::ordered_json report;
+    nlohmann::ordered_json report = Inspect::jsonHead("HDL simulator type file findings");
     report["file"] = file;
     report["errors"] = count(findings, Severity::ERROR);
     report["warnings"] = count(findings, Severity::WARNING);
