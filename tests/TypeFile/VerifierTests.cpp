@@ -944,7 +944,7 @@ TEST(Findings, BeyondTheLimitAreCounted) {
     EXPECT_EQ(findings[1].typeId, 3u);
     expectFinding(findings, 2, FindingCode::MORE_FINDINGS, Severity::ERROR, FILE_LEVEL, "findings",
                   0);
-    EXPECT_THAT(findings[2].text, HasSubstr("1 more errors and 3 more warnings"));
+    EXPECT_THAT(findings[2].text, HasSubstr("1 more error and 3 more warnings"));
     limits.maxFindings = 4;
     EXPECT_EQ(findingsOf(file, limits).back().severity, Severity::WARNING);
     EXPECT_TRUE(hasErrors(findingsOf(file, limits)));
