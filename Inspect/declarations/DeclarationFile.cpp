@@ -1,10 +1,14 @@
 #include "Inspect/declarations/DeclarationFile.h"
 
+#include "Inspect/declarations/SystemVerilogDeclarations.h"
+#include "Inspect/declarations/VhdlDeclarations.h"
 #include "Inspect/words/IndentedLines.h"
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace Inspect {
 
@@ -18,62 +22,115 @@ constexpr std::string_view vhdlHeading =
     "-- Types of a type file, declared in VHDL (IEEE 1076-2008). A type file has no resolution\n"
     "-- functions and no ranges of physical types. A name that is taken, or missing, has the id "
     "of\n"
-    "-- its type at the end.\n"
-    "package types is\n";
+    "-- its type at the end.\n";
 
 constexpr std::string_view systemVerilogHeading =
     "// Types of a type file, declared in SystemVerilog (IEEE 1800-2017). A type file has no "
     "signs,\n"
     "// no bounds of queues, and of a class no methods, constraints and parameters. A name that "
     "is\n"
-    "// taken, or missing, has the id of its type at the end.\n"
-    "package types;\n";
+    "// taken, or missing, has the id of its type at the end.\n";
+
+std::unique_ptr<LanguageDeclarations>
+declarationsIn(SourceLanguage language, const TypeTable& types, const DeclaredNames& names) {
+    if (language == SourceLanguage::VHDL)
+        return std::make_unique<VhdlDeclarations>(types, names);
+    return std::make_unique<SystemVerilogDeclarations>(types, names);
+}
 
 } // namespace
 
-DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language)
-    : m_out(out), m_types(types), m_declarations(types, Naming::DISTINCT),
-      m_language(m_declarations.in(language)), m_order(types, m_language, *this) {
-    m_out << (language == SourceLanguage::VHDL ? vhdlHeading : systemVerilogHeading);
-}
+DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language,
+                                 IdComments ids)
+    : m_out(out), m_types(types), m_ids(ids), m_names(types, language, Naming::PACKAGES),
+      m_language(declarationsIn(language, m_types, m_names)), m_order(types, *m_language, *this),
+      m_entries(m_names.packages().count()) {}
 
 void DeclarationFile::add(unsigned int id) {
-    const RTBaseType* type = m_types.typeOf(id);
-    if (type == nullptr)
-        remark(fmt::format("type {}: builds no type", id));
-    else if (!m_language.names().isOfLanguage(id))
-        remark(fmt::format("{}: {}", heading(id), nameOf(languageOf(*type))));
-    else
-        m_order.add(id);
+    if (m_names.isOfLanguage(id))
+        return m_order.add(id);
+    m_foreignCount += m_types.typeOf(id) != nullptr ? 1 : 0;
+    if (m_ids == IdComments::SHOWN)
+        m_entries.back().push_back({id, Step::REMARK});
+}
+
+void DeclarationFile::addUnlessSpelledOut(unsigned int id) {
+    if (!m_names.isOfLanguage(id) || !m_language->isSpelledOut(id))
+        add(id);
 }
 
 void DeclarationFile::end() {
     m_order.finish();
-    m_out << (m_language.language() == SourceLanguage::VHDL ? "end package types;\n"
-                                                            : "endpackage\n");
+    const bool isVhdl = m_language->language() == SourceLanguage::VHDL;
+    m_out << (isVhdl ? vhdlHeading : systemVerilogHeading);
+    if (m_foreignCount != 0 && m_ids == IdComments::NONE)
+        m_out << m_language->comment() << ' '
+              << (m_foreignCount == 1 ? "A type" : fmt::format("{} types", m_foreignCount))
+              << " of the other language " << (m_foreignCount == 1 ? "is" : "are")
+              << " left out.\n";
+    const bool isEmpty = std::all_of(m_entries.begin(), m_entries.end(),
+                                     [](const auto& entries) { return entries.empty(); });
+    for (std::size_t package = 0; package < m_entries.size() && m_out; ++package) {
+        if (!m_entries[package].empty() || (isEmpty && package + 1 == m_entries.size()))
+            writePackage(package);
+    }
 }
 
-void DeclarationFile::announce(unsigned int id) {
-    m_out << INDENTATION << m_language.announcementOf(id);
+void DeclarationFile::writePackage(std::size_t package) {
+    const std::string& name = m_names.packages().nameOf(package);
+    const bool isVhdl = m_language->language() == SourceLanguage::VHDL;
+    m_language->enterPackage(package);
+    m_out << (isVhdl ? fmt::format("package {} is\n", name) : fmt::format("\npackage {};\n", name));
+    for (const Entry& entry : m_entries[package])
+        write(entry);
+    m_out << (isVhdl ? fmt::format("end package {};\n", name) : "endpackage\n");
 }
 
-void DeclarationFile::declare(unsigned int id) {
-    const unsigned int declared = m_language.names().declaredType(id);
-    if (m_language.names().isPredefined(id))
-        return remark(heading(id) + ": predefined");
+void DeclarationFile::write(const Entry& entry) {
+    switch (entry.step) {
+    case Step::ANNOUNCE: m_out << INDENTATION << m_language->announcementOf(entry.id); return;
+    case Step::DECLARE: return writeDeclaration(entry.id);
+    case Step::OMIT: return writeOmission(entry.id);
+    case Step::REMARK: return remark(strangeness(entry.id));
+    }
+}
+
+void DeclarationFile::writeDeclaration(unsigned int id) {
+    const unsigned int declared = m_names.declaredType(id);
+    if (m_names.isPredefined(id))
+        return remarkOnId(heading(id) + ": predefined");
     if (declared != id)
-        return remark(fmt::format("{}: declared as type {}", heading(id), declared));
-    remark(heading(id));
+        return remarkOnId(fmt::format("{}: declared as type {}", heading(id), declared));
+    remarkOnId(heading(id));
+    if (m_names.packages().isAway(id))
+        remark("Declared here and not in its own package, as it needs types of this one:");
     IndentedLines lines(m_out, INDENTATION);
     std::ostream out(&lines);
-    m_language.declare(out, id);
+    m_language->declare(out, id);
+}
+
+void DeclarationFile::writeOmission(unsigned int id) {
+    remark(fmt::format("{} has no declaration: {}", heading(id), m_obstacles[id]));
+    IndentedLines lines(m_out, fmt::format("{}{} ", INDENTATION, m_language->comment()));
+    std::ostream out(&lines);
+    m_language->declare(out, id);
+}
+
+void DeclarationFile::note(unsigned int id, Step step) {
+    m_entries[m_names.packages().packageOf(id)].push_back({id, step});
+}
+
+void DeclarationFile::announce(unsigned int id) { note(id, Step::ANNOUNCE); }
+
+void DeclarationFile::declare(unsigned int id) {
+    const bool isDeclaration = !m_names.isPredefined(id) && m_names.declaredType(id) == id;
+    if (isDeclaration || m_ids == IdComments::SHOWN)
+        note(id, Step::DECLARE);
 }
 
 void DeclarationFile::omit(unsigned int id, const std::string& reason) {
-    remark(fmt::format("{} has no declaration: {}", heading(id), reason));
-    IndentedLines lines(m_out, fmt::format("{}{} ", INDENTATION, m_language.comment()));
-    std::ostream out(&lines);
-    m_language.declare(out, id);
+    m_obstacles[id] = reason;
+    note(id, Step::OMIT);
 }
 
 std::string DeclarationFile::heading(unsigned int id) const {
@@ -81,8 +138,20 @@ std::string DeclarationFile::heading(unsigned int id) const {
     return fmt::format("type {}: {} {}", id, kindOf(type), quotedName(type.m_name));
 }
 
+std::string DeclarationFile::strangeness(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    if (type == nullptr)
+        return fmt::format("type {}: builds no type", id);
+    return fmt::format("{}: {}", heading(id), nameOf(languageOf(*type)));
+}
+
 void DeclarationFile::remark(const std::string& text) {
-    m_out << INDENTATION << m_language.comment() << ' ' << text << '\n';
+    m_out << INDENTATION << m_language->comment() << ' ' << text << '\n';
+}
+
+void DeclarationFile::remarkOnId(const std::string& text) {
+    if (m_ids == IdComments::SHOWN)
+        remark(text);
 }
 
 } // namespace Inspect

@@ -1,41 +1,75 @@
 #pragma once
 
 #include "Inspect/declarations/DeclarationOrder.h"
-#include "Inspect/declarations/TypeDeclarations.h"
 
+#include <memory>
 #include <ostream>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace Inspect {
 
-/// Writes types as a package of one language that a compiler can read. Each type is declared after
-/// those that it needs, below a comment with its id; types that the language cannot declare are
-/// written as comments.
+/// Whether the ids of types are written as comments above their declarations.
+enum class IdComments { NONE, SHOWN };
+
+/// Writes types as packages of one language that a compiler can read: one for each package in the
+/// names of types, and one for all other types. Each type is declared after those that it needs;
+/// types that the language cannot declare are written as comments. Arrays without a name that their
+/// users can write out are declared only if they are needed under a name.
 class DeclarationFile : private DeclarationSink {
 public:
     /// Examines all types, to give them distinct names. The table must outlive the object.
-    DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language);
+    DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language,
+                    IdComments ids);
 
-    /// Writes a type and, before it, the types that it needs, unless already written.
+    /// Adds a type and the types that it needs.
     void add(unsigned int id);
 
-    /// Writes types that have only been announced so far, and the end of the package.
+    /// The same, unless users of the type can write it out.
+    void addUnlessSpelledOut(unsigned int id);
+
+    /// Writes the types added so far and those that they mention.
     void end();
 
 private:
+    enum class Step : unsigned char { ANNOUNCE, DECLARE, OMIT, REMARK };
+
+    /// What is to be written of a type.
+    struct Entry {
+        unsigned int id;
+        Step step;
+    };
+
     void announce(unsigned int id) override;
     void declare(unsigned int id) override;
     void omit(unsigned int id, const std::string& reason) override;
 
+    void note(unsigned int id, Step step);
+    void writePackage(std::size_t package);
+    void write(const Entry& entry);
+    void writeDeclaration(unsigned int id);
+    void writeOmission(unsigned int id);
     std::string heading(unsigned int id) const;
+
+    /// The comment for a type of another language, or for an id without a type.
+    std::string strangeness(unsigned int id) const;
 
     /// Writes a comment line.
     void remark(const std::string& text);
 
+    /// Writes it if there are to be comments with ids.
+    void remarkOnId(const std::string& text);
+
     std::ostream& m_out;
     const TypeTable& m_types;
-    TypeDeclarations m_declarations;
-    const LanguageDeclarations& m_language;
+    const IdComments m_ids;
+    const DeclaredNames m_names;
+    const std::unique_ptr<LanguageDeclarations> m_language;
     DeclarationOrder m_order;
+    std::vector<std::vector<Entry>> m_entries; ///< Of each package.
+    std::unordered_map<unsigned int, std::string> m_obstacles;
+    std::size_t m_foreignCount = 0; ///< Types of the other language.
 };
 
 } // namespace Inspect

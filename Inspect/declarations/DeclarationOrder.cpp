@@ -9,7 +9,7 @@ namespace Inspect {
 DeclarationOrder::DeclarationOrder(const TypeTable& types, const LanguageDeclarations& language,
                                    DeclarationSink& sink)
     : m_language(language), m_sink(sink), m_states(types.count, State::NEW),
-      m_isAnnounced(types.count) {}
+      m_isAnnounced(types.count), m_isAwaited(types.count) {}
 
 void DeclarationOrder::add(unsigned int id) {
     if (m_states[id] != State::NEW)
@@ -25,9 +25,9 @@ void DeclarationOrder::add(unsigned int id) {
 
 void DeclarationOrder::finish() {
     // Declaring a type may announce more.
-    for (std::size_t i = 0; i < m_announced.size(); ++i)
-        add(m_announced[i]);
-    m_announced.clear();
+    for (std::size_t i = 0; i < m_awaited.size(); ++i)
+        add(m_awaited[i]);
+    m_awaited.clear();
 }
 
 void DeclarationOrder::enter(unsigned int id) {
@@ -77,13 +77,17 @@ void DeclarationOrder::leave() {
 }
 
 void DeclarationOrder::announceNeeds(Visit& visit) {
+    const DeclaredPackages& packages = m_language.names().packages();
     for (std::size_t i = visit.firstNeed; i < m_needs.size(); ++i) {
         const unsigned int id = m_needs[i].typeId;
-        if (!m_needs[i].isForward || id == visit.id || m_states[id] == State::DECLARED ||
-            m_isAnnounced[id])
+        if (!m_needs[i].isForward || id == visit.id || m_states[id] == State::DECLARED)
+            continue;
+        if (!m_isAwaited[id])
+            m_awaited.push_back(id);
+        m_isAwaited[id] = true;
+        if (m_isAnnounced[id] || packages.packageOf(id) != packages.packageOf(visit.id))
             continue;
         m_isAnnounced[id] = true;
-        m_announced.push_back(id);
         m_sink.announce(id);
     }
 }

@@ -12,7 +12,7 @@ class DeclarationSink {
 public:
     virtual ~DeclarationSink() = default;
 
-    /// The type is needed before its declaration, which follows later.
+    /// The type is needed in its package before its declaration, which follows later.
     virtual void announce(unsigned int id) = 0;
 
     /// The type can be declared: everything that it needs has been declared or announced.
@@ -23,9 +23,9 @@ public:
 };
 
 /// Puts each type after those that its declaration needs, otherwise in the order in which the types
-/// are added. If an announcement is enough, the type is announced just before it is needed. A type
-/// that needs itself, or that cannot be declared, is omitted. Takes one byte for each type; depth
-/// takes memory but no stack.
+/// are added. If an announcement is enough, the type is announced just before its own package needs
+/// it. A type that needs itself, or that cannot be declared, is omitted. Takes one byte for each
+/// type; depth takes memory but no stack.
 class DeclarationOrder {
 public:
     /// Keeps references to all three arguments.
@@ -35,7 +35,7 @@ public:
     /// Declares a type after the types that it needs.
     void add(unsigned int id);
 
-    /// Declares the types that have only been announced so far.
+    /// Declares the types that have only been announced, or named by other packages, so far.
     void finish();
 
 private:
@@ -60,7 +60,8 @@ private:
     DeclarationSink& m_sink;
     std::vector<State> m_states;
     std::vector<bool> m_isAnnounced;
-    std::vector<unsigned int> m_announced; ///< In order; some may be declared by now.
+    std::vector<bool> m_isAwaited;
+    std::vector<unsigned int> m_awaited; ///< In order; some may be declared by now.
     std::vector<Visit> m_visits;
     std::vector<TypeNeed> m_needs;   ///< Of all visits, one after the other.
     std::vector<TypeNeed> m_scratch; ///< Of one type.

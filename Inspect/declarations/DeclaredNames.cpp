@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
+#include <limits>
 #include <unordered_set>
 
 namespace Inspect {
@@ -22,6 +23,9 @@ constexpr std::uint64_t OVERLOADED = ~1ull;
 
 /// Typedefs are followed to the type whose declaration they share through this many.
 constexpr int CHAIN_LIMIT = 1000;
+
+/// The scope of names that are visible in all packages.
+constexpr std::size_t EVERY_PACKAGE = std::numeric_limits<std::size_t>::max();
 
 std::uint64_t typeOwner(unsigned int id) { return 2ull * id; }
 
@@ -54,6 +58,11 @@ std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t mos
     }
 }
 
+std::size_t scopedHash(const std::string& identity, std::size_t package) {
+    constexpr std::size_t SPREAD = 0x9E3779B97F4A7C15;
+    return std::hash<std::string>()(identity) ^ (package * SPREAD);
+}
+
 std::string spelled(SourceLanguage language, std::string_view name) {
     if (language == SourceLanguage::VHDL && isCharacterLiteral(name))
         return std::string(name);
@@ -64,7 +73,7 @@ std::string spelled(SourceLanguage language, std::string_view name) {
 
 DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming)
     : m_types(types), m_language(language), m_naming(naming) {
-    if (naming == Naming::OWN)
+    if (!isDistinct())
         return;
     m_isOfLanguage.resize(types.count);
     m_yields.resize(types.count);
@@ -72,8 +81,12 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
     m_keepsName.resize(types.count);
     findLanguages();
     claimPredefined();
+    if (naming == Naming::PACKAGES && language == SourceLanguage::SYSTEM_VERILOG)
+        m_packages = DeclaredPackages(types, *this);
+    claimPackages();
     claimTypes();
     claimLiterals();
+    claimImports();
 }
 
 /// A typedef mostly follows its data type: long chains of them are not walked again for each.
@@ -92,7 +105,7 @@ void DeclaredNames::findLanguages() {
 }
 
 bool DeclaredNames::isOfLanguage(unsigned int id) const {
-    if (m_naming == Naming::DISTINCT)
+    if (isDistinct())
         return id < m_isOfLanguage.size() && m_isOfLanguage[id];
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && languageOf(*type) == m_language;
@@ -107,7 +120,7 @@ void DeclaredNames::claimPredefined() {
             m_predefined[id] = !systemVerilogKeyword(*type).empty();
         } else if (isPredefinedInVhdl(*type, m_types.typeOf)) {
             m_predefined[id] = true;
-            claim(nameOf(*type), PREDEFINED);
+            claim(nameOf(*type), PREDEFINED, EVERY_PACKAGE);
         }
     }
     for (unsigned int id = 0; id < m_types.count; ++id) {
@@ -118,13 +131,19 @@ void DeclaredNames::claimPredefined() {
     }
 }
 
+void DeclaredNames::claimPackages() {
+    for (std::size_t package = 0; package + 1 < m_packages.count(); ++package)
+        claim(m_packages.nameOf(package), PREDEFINED, EVERY_PACKAGE);
+}
+
 void DeclaredNames::claimTypes() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
         const RTBaseType* type = m_types.typeOf(id);
         if (!isOfLanguage(id) || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
             declaredType(id) != id)
             continue;
-        m_keepsName[id] = claim(identifierOf(m_language, nameOf(*type)), typeOwner(id));
+        m_keepsName[id] =
+            claim(identifierOf(m_language, localName(id)), typeOwner(id), m_packages.packageOf(id));
     }
 }
 
@@ -135,9 +154,26 @@ void DeclaredNames::claimLiterals() {
             continue;
         for (const std::string_view name : literalsOf(*type)) {
             if (!name.empty())
-                claim(spelled(m_language, name), literalOwner(id));
+                claim(spelled(m_language, name), literalOwner(id), m_packages.packageOf(id));
         }
     }
+}
+
+void DeclaredNames::claimImports() {
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const auto* type = dynamic_cast<const RTClassType*>(m_types.typeOf(id));
+        if (type == nullptr || !isOfLanguage(type->m_baseClassTypeId))
+            continue;
+        const unsigned int base = declaredType(type->m_baseClassTypeId);
+        const std::size_t package = m_packages.packageOf(id);
+        if (m_packages.packageOf(base) != package)
+            claim(typeName(base), typeOwner(base), package);
+    }
+}
+
+bool DeclaredNames::isImported(unsigned int id, std::size_t package) const {
+    id = declaredType(id);
+    return m_packages.packageOf(id) != package && isOwned(typeName(id), typeOwner(id), package);
 }
 
 DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
@@ -146,23 +182,29 @@ DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
                                                                       : typeOwner(id) + 1;
 }
 
-bool DeclaredNames::claim(std::string_view identifier, Owner owner) {
-    return m_owners.try_emplace(std::hash<std::string>()(identityOf(m_language, identifier)), owner)
-        .second;
+bool DeclaredNames::claim(std::string_view identifier, Owner owner, std::size_t package) {
+    if (ownerOf(identifier, package) != nullptr)
+        return false;
+    m_owners.emplace(scopedHash(identityOf(m_language, identifier), package), owner);
+    return true;
 }
 
-const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier) const {
-    const auto found = m_owners.find(std::hash<std::string>()(identityOf(m_language, identifier)));
+const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier,
+                                                   std::size_t package) const {
+    const std::string identity = identityOf(m_language, identifier);
+    auto found = m_owners.find(scopedHash(identity, package));
+    if (found == m_owners.end())
+        found = m_owners.find(scopedHash(identity, EVERY_PACKAGE));
     return found != m_owners.end() ? &found->second : nullptr;
 }
 
-bool DeclaredNames::isOwned(std::string_view identifier, Owner owner) const {
-    const Owner* found = ownerOf(identifier);
+bool DeclaredNames::isOwned(std::string_view identifier, Owner owner, std::size_t package) const {
+    const Owner* found = ownerOf(identifier, package);
     return found != nullptr && *found == owner;
 }
 
 bool DeclaredNames::isHidden(std::string_view literal) const {
-    const Owner* owner = ownerOf(literal);
+    const Owner* owner = ownerOf(literal, 0); // VHDL has one package.
     return owner != nullptr && *owner != OVERLOADED && *owner != PREDEFINED;
 }
 
@@ -202,30 +244,32 @@ unsigned int DeclaredNames::declaredType(unsigned int id) const {
 }
 
 bool DeclaredNames::isPredefined(unsigned int id) const {
-    if (m_naming == Naming::DISTINCT)
+    if (isDistinct())
         return id < m_predefined.size() && m_predefined[id];
     const RTBaseType* type = m_types.typeOf(id);
     return m_language == SourceLanguage::SYSTEM_VERILOG && type != nullptr &&
            !systemVerilogKeyword(*type).empty();
 }
 
-std::string DeclaredNames::free(std::string name, const std::string& suffix) const {
+std::string DeclaredNames::free(std::string name, const std::string& suffix,
+                                std::size_t package) const {
     std::string identifier;
     do {
         name = suffixed(m_language, name, suffix);
         identifier = spelled(m_language, name);
-    } while (ownerOf(identifier) != nullptr);
+    } while (ownerOf(identifier, package) != nullptr);
     return identifier;
 }
 
-std::string DeclaredNames::freeLiteral(std::string name, const std::string& suffix) const {
+std::string DeclaredNames::freeLiteral(std::string name, const std::string& suffix,
+                                       std::size_t package) const {
     do
-        name = free(name, suffix);
-    while (isMadeForType(name));
+        name = free(name, suffix, package);
+    while (isMadeForType(name, package));
     return name;
 }
 
-bool DeclaredNames::isMadeForType(std::string_view identifier) const {
+bool DeclaredNames::isMadeForType(std::string_view identifier, std::size_t package) const {
     const std::size_t end = identifier.find_last_of("0123456789");
     const std::size_t underline = identifier.rfind('_');
     if (end == std::string_view::npos || underline == std::string_view::npos || end < underline)
@@ -235,7 +279,18 @@ bool DeclaredNames::isMadeForType(std::string_view identifier) const {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), id);
     if (read.ec != std::errc() || id >= m_types.count)
         return false;
-    return isOfLanguage(id) && typeName(id) == identifier;
+    return isOfLanguage(id) && m_packages.packageOf(id) == package && typeName(id) == identifier;
+}
+
+std::string_view DeclaredNames::localName(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr ? m_packages.localName(id, nameOf(*type)) : "";
+}
+
+std::string DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) const {
+    const std::size_t package = m_packages.packageOf(id);
+    const bool isVisible = package == fromPackage || !isOfLanguage(id) || isPredefined(id);
+    return (isVisible ? "" : m_packages.nameOf(package) + "::") + typeName(id);
 }
 
 std::string DeclaredNames::typeName(unsigned int id) const {
@@ -245,17 +300,17 @@ std::string DeclaredNames::typeName(unsigned int id) const {
         return madeName(id);
     if (isPredefined(id))
         return std::string(nameOf(*type));
-    const bool keepsName = m_naming == Naming::OWN || (id < m_keepsName.size() && m_keepsName[id]);
+    const bool keepsName = !isDistinct() || (id < m_keepsName.size() && m_keepsName[id]);
     // A type of the other language is named where a declaration cannot be read in any case.
     if (keepsName || !isOfLanguage(id))
-        return identifierOf(m_language, nameOf(*type));
+        return identifierOf(m_language, localName(id));
     return madeName(id);
 }
 
 std::string DeclaredNames::madeName(unsigned int id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    const bool isNamed = type != nullptr && !nameOf(*type).empty();
-    return free(std::string(isNamed ? nameOf(*type) : "type"), '_' + std::to_string(id));
+    const std::string_view name = localName(id);
+    return free(std::string(name.empty() ? "type" : name), '_' + std::to_string(id),
+                m_packages.packageOf(id));
 }
 
 std::vector<std::string> DeclaredNames::literalNames(unsigned int id, std::size_t most) const {
@@ -266,13 +321,15 @@ std::vector<std::string> DeclaredNames::literalNames(unsigned int id, std::size_
     std::vector<std::string> result;
     std::unordered_set<std::string> used;
     const Owner owner = literalOwner(id);
+    const std::size_t package = m_packages.packageOf(id);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const std::string name(names[i].empty() ? "literal" : names[i]);
         std::string identifier = spelled(m_language, name);
         const bool isFree =
-            m_naming == Naming::OWN || isPredefined(id) || isOwned(identifier, owner);
+            !isDistinct() || isPredefined(id) || isOwned(identifier, owner, package);
         if (names[i].empty() || !isFree || used.count(identityOf(m_language, identifier)) != 0)
-            identifier = freeLiteral(name, '_' + std::to_string(id) + '_' + std::to_string(i));
+            identifier =
+                freeLiteral(name, '_' + std::to_string(id) + '_' + std::to_string(i), package);
         used.insert(identityOf(m_language, identifier));
         result.push_back(std::move(identifier));
     }

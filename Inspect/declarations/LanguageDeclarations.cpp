@@ -61,7 +61,7 @@ std::string LanguageDeclarations::obstacleOf(unsigned int id) const {
         if (!m_names.isOfLanguage(need.typeId))
             return fmt::format("type {} belongs to {}", need.typeId, nameOf(languageOf(*needed)));
     }
-    return ownObstacleOf(*type);
+    return ownObstacleOf(id);
 }
 
 } // namespace Inspect

@@ -26,6 +26,10 @@ public:
     /// The names used for types.
     const DeclaredNames& names() const { return m_names; }
 
+    /// Sets the package that contains the declarations written from now on: names of types in
+    /// other packages are qualified.
+    void enterPackage(std::size_t package) { m_package = package; }
+
     /// Writes the declaration of a type, in complete lines. If the type cannot be declared, writes
     /// the closest possible declaration.
     virtual void declare(std::ostream& out, unsigned int id) const = 0;
@@ -47,6 +51,10 @@ public:
     /// Replaces `needs` with the types of the same file that the declaration names.
     virtual void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const = 0;
 
+    /// Whether users of the type can write it out, so that it needs no declaration. A user that
+    /// calls it by its name nevertheless has it among its needs.
+    virtual bool isSpelledOut(unsigned int id) const = 0;
+
     /// Why the language cannot declare the type, judged by this type only; empty if it can.
     std::string obstacleOf(unsigned int id) const;
 
@@ -63,12 +71,15 @@ protected:
         : m_language(language), m_types(types), m_names(names) {}
 
     /// What `obstacleOf` tells beyond types that are missing or of another language.
-    virtual std::string ownObstacleOf(const RTTI::RTBaseType& type) const = 0;
+    virtual std::string ownObstacleOf(unsigned int id) const = 0;
 
     /// Null for the id that says "no type", and where there is none.
     const RTTI::RTBaseType* typeOf(unsigned int id) const {
         return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     }
+
+    /// What a declaration calls a type.
+    std::string nameHere(unsigned int id) const { return m_names.typeName(id, m_package); }
 
     /// Whether the type has no name that somebody gave.
     bool isUnnamed(unsigned int id) const;
@@ -82,6 +93,7 @@ protected:
     SourceLanguage m_language;    ///< The language that is written.
     const TypeTable& m_types;     ///< Not owned.
     const DeclaredNames& m_names; ///< Not owned.
+    std::size_t m_package = 0;    ///< Where declarations stand.
 };
 
 } // namespace Inspect

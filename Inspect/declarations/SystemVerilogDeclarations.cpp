@@ -2,19 +2,18 @@
 
 #include "Inspect/declarations/EnumValues.h"
 #include "Inspect/declarations/PredefinedTypes.h"
+#include "Inspect/declarations/SystemVerilogNeeds.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Inspect {
 
 using namespace RTTI;
 
 namespace {
-
-/// Arrays of arrays without names are written out up to this depth, then called by a name.
-constexpr int INLINE_LIMIT = 8;
 
 /// `text` with a space at its end, unless it has one: an escaped identifier ends with its own.
 std::string spaced(std::string text) {
@@ -36,18 +35,6 @@ std::string dimensionsOf(const RTArrayType& type) {
             text += fmt::format("[{}:{}]", type.m_constraints[i].si, type.m_constraints[i].ei);
     }
     return text;
-}
-
-bool isPacked(const RTArrayType& type) { return type.m_arrayKind == VLOG_FIXED_PACKED_ARRAY; }
-
-bool isArray(const RTBaseType& type) {
-    switch (type.GetClassId()) {
-    case ClassId::ARRAY:
-    case ClassId::DYNAMIC_ARRAY:
-    case ClassId::QUEUE:
-    case ClassId::ASSOC_ARRAY: return true;
-    default: return false;
-    }
 }
 
 const char* aggregateWords(RecordKind kind) {
@@ -85,30 +72,46 @@ bool isTypedef(const RTBaseType& type) {
     case ClassId::DISCRETE_ENUM:
     case ClassId::RECORD:
     case ClassId::TYPEDEF: return true;
-    default: return isArray(type) || !scalarWord(type).empty();
+    default: return isSystemVerilogArray(type) || !scalarWord(type).empty();
     }
 }
 
-} // namespace
-
-bool SystemVerilogDeclarations::isClass(unsigned int id) const {
-    const RTBaseType* type = typeOf(id);
-    return type != nullptr && type->GetClassId() == ClassId::CLASS;
+/// Why a declaration with the body of the type is not legal; else empty.
+std::string obstacleInBody(const RTBaseType& type) {
+    if (const auto* array = dynamic_cast<const RTArrayType*>(&type)) {
+        if (array->m_indexTypeIds.empty())
+            return "an array has at least one dimension";
+        if (isPackedArray(*array) && dimensionsOf(*array).find("[]") != std::string::npos)
+            return "a packed dimension has bounds";
+        return {};
+    }
+    if (const auto* record = dynamic_cast<const RTRecordType*>(&type)) {
+        const auto& members = record->m_members;
+        const bool isEmpty = std::all_of(members.begin(), members.end(),
+                                         [](const auto* member) { return member == nullptr; });
+        return isEmpty && systemVerilogKeyword(type).empty() ? "a struct has at least one member"
+                                                             : "";
+    }
+    if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type))
+        return discrete->m_enumerators.empty() ? "an enumeration has at least one literal" : "";
+    return {};
 }
+
+} // namespace
 
 SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int id,
                                                                     Spelling spelling,
                                                                     bool isPackedElement,
                                                                     int depth) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr || !isArray(*type))
-        return {m_names.typeName(id), ""};
+    if (type == nullptr || !isSystemVerilogArray(*type))
+        return {nameHere(id), ""};
     // A predefined integer takes no packed dimensions: its own are written out.
     const bool isInteger = isPackedElement && !systemVerilogKeyword(*type).empty();
-    const bool isWritten =
-        spelling == Spelling::BODY || isInteger || (isUnnamed(id) && depth < INLINE_LIMIT);
+    const bool isWritten = spelling == Spelling::BODY || isInteger ||
+                           (Inspect::isSpelledOut(*type) && depth < INLINE_LIMIT);
     if (!isWritten)
-        return {m_names.typeName(id), ""};
+        return {nameHere(id), ""};
     switch (type->GetClassId()) {
     case ClassId::ARRAY: return arrayParts(static_cast<const RTArrayType&>(*type), depth);
     case ClassId::DYNAMIC_ARRAY:
@@ -117,15 +120,15 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int
         return containerParts(static_cast<const RTAbstractArrayType&>(*type), "[$]", depth);
     default: {
         const auto& map = static_cast<const RTAssocArrayType&>(*type);
-        return containerParts(map, '[' + indexOf(map) + ']', depth);
+        return containerParts(map, '[' + indexOf(map, depth) + ']', depth);
     }
     }
 }
 
 SystemVerilogDeclarations::Parts SystemVerilogDeclarations::arrayParts(const RTArrayType& type,
                                                                        int depth) const {
-    Parts parts = partsOf(type.m_elementTypeId, Spelling::NAME, isPacked(type), depth + 1);
-    if (!isPacked(type)) {
+    Parts parts = partsOf(type.m_elementTypeId, Spelling::NAME, isPackedArray(type), depth + 1);
+    if (!isPackedArray(type)) {
         parts.after = dimensionsOf(type) + parts.after;
         return parts;
     }
@@ -147,11 +150,13 @@ SystemVerilogDeclarations::containerParts(const RTAbstractArrayType& type,
     return parts;
 }
 
-std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type) const {
+std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type, int depth) const {
     const RTBaseType* index = typeOf(type.m_indexTypeId);
     if (index != nullptr && index->GetClassId() == ClassId::WILDCARD)
         return "*";
-    return m_names.typeName(type.m_indexTypeId);
+    if (index != nullptr && isSpelledOutAsIndex(*index))
+        return partsOf(type.m_indexTypeId, Spelling::NAME, false, depth + 1).before;
+    return nameHere(type.m_indexTypeId);
 }
 
 std::string SystemVerilogDeclarations::ending(const std::string& name, const std::string& behind) {
@@ -216,9 +221,15 @@ void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType
 void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int id,
                                                  const RTClassType& type) const {
     const std::string name = m_names.typeName(id);
+    const unsigned int base = type.m_baseClassTypeId;
+    // Some compilers take no package behind `extends`.
+    const bool isImported = m_names.isImported(base, m_package);
+    if (isImported)
+        out << "import " << nameHere(base) << ";\n";
     out << "class ";
-    if (type.m_baseClassTypeId != TypeFileFormat::NO_TYPE_ID)
-        out << spaced(name) << "extends " << m_names.typeName(type.m_baseClassTypeId) << ";\n";
+    if (base != TypeFileFormat::NO_TYPE_ID)
+        out << spaced(name) << "extends " << (isImported ? m_names.typeName(base) : nameHere(base))
+            << ";\n";
     else
         out << name << ";\n";
     members(out, type, ALL_NAMES);
@@ -246,7 +257,8 @@ std::string SystemVerilogDeclarations::define(std::ostream& out, unsigned int id
     case ClassId::CLASS:
     case ClassId::WILDCARD: return {};
     default:
-        parts = isArray(*type) ? partsOf(id, Spelling::BODY) : Parts{scalarWord(*type), ""};
+        parts = isSystemVerilogArray(*type) ? partsOf(id, Spelling::BODY)
+                                            : Parts{scalarWord(*type), ""};
         break;
     }
     out << spaced(parts.before);
@@ -283,56 +295,24 @@ std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {
 }
 
 void SystemVerilogDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) const {
-    needs.clear();
-    const RTBaseType* type = typeOf(id);
-    if (type == nullptr || !systemVerilogKeyword(*type).empty())
-        return;
-    const auto need = [&](unsigned int needed) { needs.push_back({needed, isClass(needed)}); };
-    switch (type->GetClassId()) {
-    case ClassId::TYPEDEF: return need(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
-    case ClassId::DISCRETE_ENUM:
-        return need(static_cast<const RTDiscreteEnumType&>(*type).m_baseTypeId);
-    case ClassId::ARRAY: return need(static_cast<const RTArrayType&>(*type).m_elementTypeId);
-    case ClassId::DYNAMIC_ARRAY:
-    case ClassId::QUEUE:
-        return need(static_cast<const RTAbstractArrayType&>(*type).m_elementTypeId);
-    case ClassId::ASSOC_ARRAY:
-        need(static_cast<const RTAssocArrayType&>(*type).m_elementTypeId);
-        return need(static_cast<const RTAssocArrayType&>(*type).m_indexTypeId);
-    case ClassId::CLASS: {
-        const auto base = static_cast<const RTClassType&>(*type).m_baseClassTypeId;
-        if (base != TypeFileFormat::NO_TYPE_ID)
-            needs.push_back({base, false});
-        break;
-    }
-    default: break;
-    }
-    if (const auto* aggregate = dynamic_cast<const RTAggregateType*>(type)) {
-        for (const auto* member : aggregate->m_members) {
-            if (member != nullptr)
-                need(member->m_typeId);
-        }
-    }
+    SystemVerilogNeeds found;
+    findSystemVerilogNeeds(m_types, id, found);
+    needs = std::move(found.named);
 }
 
-std::string SystemVerilogDeclarations::ownObstacleOf(const RTBaseType& type) const {
-    if (const auto* array = dynamic_cast<const RTArrayType*>(&type)) {
-        if (array->m_indexTypeIds.empty())
-            return "an array has at least one dimension";
-        if (isPacked(*array) && dimensionsOf(*array).find("[]") != std::string::npos)
-            return "a packed dimension has bounds";
-        return {};
-    }
-    if (const auto* record = dynamic_cast<const RTRecordType*>(&type)) {
-        const auto& members = record->m_members;
-        const bool isEmpty = std::all_of(members.begin(), members.end(),
-                                         [](const auto* member) { return member == nullptr; });
-        return isEmpty && systemVerilogKeyword(type).empty() ? "a struct has at least one member"
-                                                             : "";
-    }
-    if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type))
-        return discrete->m_enumerators.empty() ? "an enumeration has at least one literal" : "";
-    return {};
+bool SystemVerilogDeclarations::isSpelledOut(unsigned int id) const {
+    const RTBaseType* type = typeOf(id);
+    return type != nullptr &&
+           (type->GetClassId() == ClassId::WILDCARD || Inspect::isSpelledOut(*type));
+}
+
+std::string SystemVerilogDeclarations::ownObstacleOf(unsigned int id) const {
+    SystemVerilogNeeds found;
+    findSystemVerilogNeeds(m_types, id, found);
+    std::string obstacle = obstacleInBody(*typeOf(id));
+    for (std::size_t i = 0; i < found.inside.size() && obstacle.empty(); ++i)
+        obstacle = obstacleInBody(*typeOf(found.inside[i]));
+    return obstacle;
 }
 
 } // namespace Inspect

@@ -15,6 +15,7 @@ public:
     std::string define(std::ostream& out, unsigned int id, std::size_t most) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
+    bool isSpelledOut(unsigned int id) const override;
 
 private:
     /// A type as a declaration has it around a name: `logic [7:0]` before, ` [0:3]` after.
@@ -26,7 +27,7 @@ private:
     /// Whether a type is written out or called by its name.
     enum class Spelling { NAME, BODY };
 
-    std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
+    std::string ownObstacleOf(unsigned int id) const override;
 
     /// Arrays without a name are written out within others, up to a depth.
     Parts partsOf(unsigned int id, Spelling spelling, bool isPackedElement = false,
@@ -48,8 +49,7 @@ private:
                      std::size_t most) const;
     void classDeclaration(std::ostream& out, unsigned int id, const RTTI::RTClassType& type) const;
     void members(std::ostream& out, const RTTI::RTAggregateType& type, std::size_t most) const;
-    std::string indexOf(const RTTI::RTAssocArrayType& type) const;
-    bool isClass(unsigned int id) const;
+    std::string indexOf(const RTTI::RTAssocArrayType& type, int depth) const;
 };
 
 } // namespace Inspect

@@ -68,6 +68,13 @@ std::string lostRange(const RTArrayType& type, std::size_t dimension) {
     return " /* " + rangeText(type.m_constraints[dimension]) + " */";
 }
 
+/// The ranges of an array that constrain its element.
+std::vector<FullConstraints> elementRanges(const RTArrayType& type) {
+    const std::size_t own = std::min(type.m_indexTypeIds.size(), type.m_constraints.size());
+    return {type.m_constraints.begin() + static_cast<std::ptrdiff_t>(own),
+            type.m_constraints.end()};
+}
+
 /// Whether the language has a declaration for types of this kind.
 bool isDeclarable(const RTBaseType& type) {
     switch (type.GetClassId()) {
@@ -273,16 +280,25 @@ std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) 
            (text.isUsedUp() ? "" : fmt::format(NO_PLACE, textOf(ranges, text.firstLeft())));
 }
 
-std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
+bool VhdlDeclarations::isSpelledOut(unsigned int id) const {
+    if (!isUnnamed(id) || typeOf(id)->GetClassId() != ClassId::TYPEDEF)
+        return false;
+    const unsigned int data = static_cast<const RTTypedefType*>(typeOf(id))->m_dataTypeId;
+    return typeOf(data) != nullptr && !isUnnamed(data);
+}
+
+unsigned int VhdlDeclarations::calledType(unsigned int id, const Ranges& ranges) const {
     const bool isPlain = std::all_of(ranges.begin(), ranges.end(), isOpen);
-    const RTBaseType* type = typeOf(id);
-    if (isPlain && isUnnamed(id) && type->GetClassId() == ClassId::TYPEDEF) {
-        const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (typeOf(alias.m_dataTypeId) != nullptr && !isUnnamed(alias.m_dataTypeId))
-            return m_names.typeName(alias.m_dataTypeId) +
-                   constraint(alias.m_dataTypeId, alias.m_constraints);
-    }
-    return m_names.typeName(id) + constraint(id, ranges);
+    return isPlain && isSpelledOut(id) ? static_cast<const RTTypedefType*>(typeOf(id))->m_dataTypeId
+                                       : id;
+}
+
+std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
+    const unsigned int called = calledType(id, ranges);
+    return m_names.typeName(called) +
+           constraint(called, called == id
+                                  ? ranges
+                                  : static_cast<const RTTypedefType*>(typeOf(id))->m_constraints);
 }
 
 void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id, std::size_t most) const {
@@ -325,10 +341,11 @@ void VhdlDeclarations::physical(std::ostream& out, unsigned int id, const RTPhys
 
 void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
     const std::size_t count = type.m_indexTypeIds.size();
-    const std::size_t given = std::min(count, type.m_constraints.size());
-    const auto rest = type.m_constraints.begin() + static_cast<std::ptrdiff_t>(given);
+    const Ranges rest = elementRanges(type);
     const bool isConstrained =
-        given == count && std::none_of(type.m_constraints.begin(), rest, isOpen);
+        type.m_constraints.size() >= count &&
+        std::none_of(type.m_constraints.begin(),
+                     type.m_constraints.end() - static_cast<std::ptrdiff_t>(rest.size()), isOpen);
     out << "array (";
     for (std::size_t i = 0; i < count; ++i) {
         const unsigned int index = type.m_indexTypeIds[i];
@@ -341,7 +358,7 @@ void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
             out << (hasIndex ? name + " range " : "")
                 << discreteRange(index, type.m_constraints[i]);
     }
-    out << ") of " << indication(type.m_elementTypeId, Ranges(rest, type.m_constraints.end()));
+    out << ") of " << indication(type.m_elementTypeId, rest);
 }
 
 void VhdlDeclarations::record(std::ostream& out, const RTRecordType& type, std::size_t most) const {
@@ -421,12 +438,18 @@ void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) co
     const RTBaseType* type = typeOf(id);
     if (type == nullptr)
         return;
-    const auto need = [&](unsigned int needed) { needs.push_back({needed, false}); };
+    const auto need = [&](unsigned int needed, const Ranges& ranges = {}) {
+        needs.push_back({calledType(needed, ranges), false});
+    };
     switch (type->GetClassId()) {
-    case ClassId::TYPEDEF: return need(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
+    case ClassId::TYPEDEF: {
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        return need(alias.m_dataTypeId, alias.m_constraints);
+    }
     case ClassId::FILE_TYPE: return need(static_cast<const RTFileType&>(*type).m_refTypeId);
     case ClassId::ACCESS: {
-        const unsigned int target = designated(static_cast<const RTAccessType&>(*type));
+        const unsigned int target =
+            calledType(designated(static_cast<const RTAccessType&>(*type)), {});
         const RTBaseType* designatedType = typeOf(target);
         const bool isSubtype =
             designatedType != nullptr && designatedType->GetClassId() == ClassId::TYPEDEF;
@@ -434,7 +457,7 @@ void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) co
     }
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(*type);
-        need(array.m_elementTypeId);
+        need(array.m_elementTypeId, elementRanges(array));
         for (const unsigned int index : array.m_indexTypeIds) {
             if (index != TypeFileFormat::NO_TYPE_ID)
                 need(index);
@@ -444,14 +467,15 @@ void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) co
     case ClassId::RECORD:
         for (const auto* member : static_cast<const RTRecordType&>(*type).m_members) {
             if (member != nullptr)
-                need(member->m_typeId);
+                need(member->m_typeId, member->m_constraints);
         }
         return;
     default: return;
     }
 }
 
-std::string VhdlDeclarations::ownObstacleOf(const RTBaseType& type) const {
+std::string VhdlDeclarations::ownObstacleOf(unsigned int id) const {
+    const RTBaseType& type = *typeOf(id);
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:
         return static_cast<const RTSeqEnumType&>(type).m_enumeratorNames.empty()

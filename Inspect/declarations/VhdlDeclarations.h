@@ -17,12 +17,13 @@ public:
     std::string define(std::ostream& out, unsigned int id, std::size_t most) const override;
     std::string announcementOf(unsigned int id) const override;
     void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
+    bool isSpelledOut(unsigned int id) const override;
 
 private:
     using Ranges = std::vector<RTTI::FullConstraints>;
     class ConstraintText;
 
-    std::string ownObstacleOf(const RTTI::RTBaseType& type) const override;
+    std::string ownObstacleOf(unsigned int id) const override;
 
     void enumeration(std::ostream& out, unsigned int id, std::size_t most) const;
     std::string real(const RTTI::RTFloatType& type) const;
@@ -38,7 +39,11 @@ private:
         return m_names.declaredType(type.m_refTypeId);
     }
 
-    /// A type's name with what `ranges` constrain of it; types without a name are written out.
+    /// The type that a user with `ranges` calls by its name: not a subtype without a name, unless
+    /// it is constrained further.
+    unsigned int calledType(unsigned int id, const Ranges& ranges) const;
+
+    /// A type's name with what `ranges` constrain of it; subtypes without a name are written out.
     std::string indication(unsigned int id, const Ranges& ranges) const;
 
     /// What `ranges` add to a type: a range, or constraints of dimensions and members.

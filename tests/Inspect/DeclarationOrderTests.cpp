@@ -1,4 +1,5 @@
 #include "Inspect/declarations/DeclarationFile.h"
+#include "Inspect/declarations/TypeDeclarations.h"
 #include "support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
@@ -144,15 +145,14 @@ TEST(DeclarationOrder, DepthTakesNoStack) {
 }
 
 std::string fileOf(LinkedTypes& types, SourceLanguage language,
-                   const std::vector<unsigned int>& wanted) {
+                   const std::vector<unsigned int>& wanted, IdComments ids = IdComments::SHOWN) {
     std::ostringstream out;
     const TypeTable table = types.table();
-    DeclarationFile file(out, table, language);
-    const std::size_t heading = out.str().size();
+    DeclarationFile file(out, table, language, ids);
     for (const unsigned int id : wanted)
         file.add(id);
     file.end();
-    return out.str().substr(heading);
+    return out.str().substr(out.str().find("\npackage ") + 1);
 }
 
 TEST(DeclarationFile, NamesTypesOfTheOtherLanguageInComments) {
@@ -160,11 +160,13 @@ TEST(DeclarationFile, NamesTypesOfTheOtherLanguageInComments) {
     types.logic();
     types.enumeration("e", {"x"});
     EXPECT_EQ(fileOf(types, VHDL, {0, 1}),
+              "package types is\n"
               "    -- type 0: sequential enumeration \"logic\": SystemVerilog\n"
               "    -- type 1: sequential enumeration \"e\"\n"
               "    type e is (x);\n"
               "end package types;\n");
     EXPECT_EQ(fileOf(types, SV, {0, 1}),
+              "package types;\n"
               "    // type 0: sequential enumeration \"logic\": predefined\n"
               "    // type 1: sequential enumeration \"e\": VHDL\n"
               "endpackage\n");
@@ -174,6 +176,7 @@ TEST(DeclarationFile, CommentsOutWhatHasNoDeclaration) {
     LinkedTypes types;
     record(types, VHDL_RECORD, {0});
     EXPECT_EQ(fileOf(types, VHDL, {0}),
+              "package types is\n"
               "    -- type 0: record \"r\" has no declaration: it needs type 0, which needs it in "
               "turn\n"
               "    -- type r is record\n"
@@ -188,11 +191,39 @@ TEST(DeclarationFile, TellsOfTypesThatAreNotThereAndOfSharedDeclarations) {
     types.integer("small", 0, 1);
     types.alias("small", 1);
     EXPECT_EQ(fileOf(types, VHDL, {0, 1, 2}),
+              "package types is\n"
               "    -- type 0: builds no type\n"
               "    -- type 1: integer \"small\"\n"
               "    type small is range 0 to 1;\n"
               "    -- type 2: typedef \"small\": declared as type 1\n"
               "end package types;\n");
+}
+
+TEST(DeclarationFile, HasNoCommentsOnIdsUnlessTheyAreAskedFor) {
+    LinkedTypes types;
+    types.hole();
+    types.integer("small", 0, 1);
+    types.alias("small", 1);
+    types.integer("integer", -2147483647 - 1, 2147483647);
+    types.logic();
+    EXPECT_EQ(fileOf(types, VHDL, {0, 1, 2, 3, 4}, IdComments::NONE),
+              "package types is\n"
+              "    type small is range 0 to 1;\n"
+              "end package types;\n");
+}
+
+TEST(DeclarationFile, CountsTheTypesOfTheOtherLanguage) {
+    LinkedTypes types;
+    types.logic();
+    types.bit();
+    std::ostringstream out;
+    const TypeTable table = types.table();
+    DeclarationFile file(out, table, VHDL, IdComments::NONE);
+    file.add(0);
+    file.add(1);
+    file.end();
+    EXPECT_THAT(out.str(), HasSubstr("-- 2 types of the other language are left out.\n"
+                                     "package types is\nend package types;\n"));
 }
 
 TEST(DeclarationFile, EscapesNamesInComments) {

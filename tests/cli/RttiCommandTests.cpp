@@ -688,20 +688,31 @@ TEST(RttiDump, RefusesTwoFormsAtOnce) {
 TEST(RttiDump, DeclaresTheTypesAskedForAndWhatTheyNeed) {
     const Result result = rtti("dump --format sv --id 53 " + example("svkinds_slang"));
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.out, EndsWith("    // type 3: sequential enumeration \"logic\": predefined\n"
-                                     "    // type 14: packed array \"\"\n"
-                                     "    typedef logic [7:0] type_14;\n"
-                                     "    // type 15: typedef \"kinds_pkg::byte_t\"\n"
-                                     "    typedef logic [7:0] \\kinds_pkg::byte_t ;\n"
-                                     "    // type 52: queue \"\"\n"
-                                     "    typedef \\kinds_pkg::byte_t type_52 [$];\n"
-                                     "    // type 53: typedef \"kinds_pkg::q_t\"\n"
-                                     "    typedef \\kinds_pkg::byte_t \\kinds_pkg::q_t [$];\n"
+    EXPECT_THAT(result.out, EndsWith("package kinds_pkg;\n"
+                                     "    typedef logic [7:0] byte_t;\n"
+                                     "    typedef byte_t q_t [$];\n"
+                                     "endpackage\n"));
+}
+
+TEST(RttiDump, PrintsIdsAboveDeclarationsOnRequest) {
+    const Result result = rtti("dump --format sv --ids --id 53 " + example("svkinds_slang"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("    // type 15: typedef \"kinds_pkg::byte_t\"\n"
+                                      "    typedef logic [7:0] byte_t;\n"
+                                      "    // type 53: typedef \"kinds_pkg::q_t\"\n"
+                                      "    typedef byte_t q_t [$];\n"));
+    EXPECT_EQ(rtti("dump --ids " + example("svkinds_slang")).status, 2);
+}
+
+TEST(RttiDump, DeclaresAnArrayWithoutANameThatIsAskedFor) {
+    const Result result = rtti("dump --format sv --id 52 " + example("svkinds_slang"));
+    EXPECT_THAT(result.out, EndsWith("package types;\n"
+                                     "    typedef kinds_pkg::byte_t type_52 [$];\n"
                                      "endpackage\n"));
 }
 
 TEST(RttiDump, DeclaresNothingForAKindWithoutType) {
-    const Result result = rtti("dump --force --format vhdl " + fileOf(oneRecord(0xA000000E)));
+    const Result result = rtti("dump --force --format vhdl --ids " + fileOf(oneRecord(0xA000000E)));
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, EndsWith("package types is\n"
                                      "    -- type 0: builds no type\n"

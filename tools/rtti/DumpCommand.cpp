@@ -29,6 +29,7 @@ struct DumpOptions : FileArguments, ColorArguments {
     bool json = false;
     bool ndjson = false;
     bool all = false; ///< Whether to print lists of ranges completely.
+    bool ids = false; ///< Whether to print ids above declarations.
 };
 
 using namespace RTTI;
@@ -64,10 +65,11 @@ public:
         if (m_options.trace)
             m_file.manager().setDebugMode();
         if (!m_options.format.empty())
-            m_declarations.emplace(std::cout, m_types = m_file.loadedTypes(),
-                                   m_options.format == "vhdl"
-                                       ? Inspect::SourceLanguage::VHDL
-                                       : Inspect::SourceLanguage::SYSTEM_VERILOG);
+            m_declarations.emplace(
+                std::cout, m_types = m_file.loadedTypes(),
+                m_options.format == "vhdl" ? Inspect::SourceLanguage::VHDL
+                                           : Inspect::SourceLanguage::SYSTEM_VERILOG,
+                m_options.ids ? Inspect::IdComments::SHOWN : Inspect::IdComments::NONE);
         if (m_options.json || m_options.ndjson)
             m_json.emplace(std::cout,
                            m_options.json ? Inspect::JsonForm::DOCUMENT : Inspect::JsonForm::LINES,
@@ -116,11 +118,19 @@ private:
         else if (m_json)
             m_json->type(id, *type);
         else if (m_declarations)
-            m_declarations->add(id);
+            declare(id);
         else
             Inspect::dumpType(std::cout, id, *type, m_types, m_style,
                               m_options.all ? Inspect::RangeLists::WHOLE
                                             : Inspect::RangeLists::SHORT);
+    }
+
+    /// What is chosen gets a declaration, even if its users do without.
+    void declare(unsigned int id) {
+        if (m_ids.empty() && m_options.kind.empty() && m_options.name.empty())
+            m_declarations->addUnlessSpelledOut(id);
+        else
+            m_declarations->add(id);
     }
 
     bool isWanted(const RTBaseType& type) const {
@@ -166,6 +176,8 @@ int runDump(const DumpOptions& options) {
         throw CLI::ValidationError("--trace shows whole loads: use it with --id or alone");
     if (options.json + options.ndjson + options.trace + !options.format.empty() > 1)
         throw CLI::ValidationError("--format, --json, --ndjson and --trace exclude one another");
+    if (options.ids && options.format.empty())
+        throw CLI::ValidationError("--ids goes with declarations: use it with --format");
     Dump dump(options);
     dump.findTypes();
     return dump.run();
@@ -187,6 +199,7 @@ Subcommand addDump(CLI::App& program) {
         ->type_name("GLOB");
     addChoice(*dump, "--format", options->format, {"vhdl", "sv"}, "LANGUAGE",
               "Print declarations that a compiler reads, in VHDL or SystemVerilog");
+    dump->add_flag("--ids", options->ids, "Print the id of each type above its declaration");
     dump->add_flag("--all", options->all, "Print long lists of ranges completely");
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");

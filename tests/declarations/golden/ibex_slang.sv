@@ -1,86 +1,49 @@
 // Types of a type file, declared in SystemVerilog (IEEE 1800-2017). A type file has no signs,
 // no bounds of queues, and of a class no methods, constraints and parameters. A name that is
 // taken, or missing, has the id of its type at the end.
-package types;
-    // type 0: packed array "integer": predefined
-    // type 1: packed array "int": predefined
-    // type 2: sequential enumeration "logic": predefined
-    // type 3: packed array ""
-    typedef logic [3:0] type_3;
-    // type 4: discrete enumeration "prim_mubi_pkg::mubi4_t"
+
+package prim_mubi_pkg;
     typedef enum logic [3:0] {
         MuBi4True = 4'h6,
         MuBi4False = 4'h9
-    } \prim_mubi_pkg::mubi4_t ;
-    // type 5: typedef "prim_mubi_pkg::mubi4_t": declared as type 4
-    // type 6: sequential enumeration "bit": predefined
-    // type 7: unpacked array ""
-    typedef bit type_7 [0:0];
-    // type 8: packed array ""
-    typedef logic [7:0] type_8;
-    // type 9: discrete enumeration "prim_mubi_pkg::mubi8_t"
+    } mubi4_t;
     typedef enum logic [7:0] {
         MuBi8True = 8'h96,
         MuBi8False = 8'h69
-    } \prim_mubi_pkg::mubi8_t ;
-    // type 10: typedef "prim_mubi_pkg::mubi8_t": declared as type 9
-    // type 11: packed array ""
-    typedef logic [11:0] type_11;
-    // type 12: discrete enumeration "prim_mubi_pkg::mubi12_t"
+    } mubi8_t;
     typedef enum logic [11:0] {
         MuBi12True = 12'h696,
         MuBi12False = 12'h969
-    } \prim_mubi_pkg::mubi12_t ;
-    // type 13: typedef "prim_mubi_pkg::mubi12_t": declared as type 12
-    // type 14: packed array ""
-    typedef logic [15:0] type_14;
-    // type 15: discrete enumeration "prim_mubi_pkg::mubi16_t"
+    } mubi12_t;
     typedef enum logic [15:0] {
         MuBi16True = 16'h9696,
         MuBi16False = 16'h6969
-    } \prim_mubi_pkg::mubi16_t ;
-    // type 16: typedef "prim_mubi_pkg::mubi16_t": declared as type 15
-    // type 17: packed array ""
-    typedef logic [19:0] type_17;
-    // type 18: discrete enumeration "prim_mubi_pkg::mubi20_t"
+    } mubi16_t;
     typedef enum logic [19:0] {
         MuBi20True = 20'h69696,
         MuBi20False = 20'h96969
-    } \prim_mubi_pkg::mubi20_t ;
-    // type 19: typedef "prim_mubi_pkg::mubi20_t": declared as type 18
-    // type 20: packed array ""
-    typedef logic [23:0] type_20;
-    // type 21: discrete enumeration "prim_mubi_pkg::mubi24_t"
+    } mubi20_t;
     typedef enum logic [23:0] {
         MuBi24True = 24'h969696,
         MuBi24False = 24'h696969
-    } \prim_mubi_pkg::mubi24_t ;
-    // type 22: typedef "prim_mubi_pkg::mubi24_t": declared as type 21
-    // type 23: packed array ""
-    typedef logic [27:0] type_23;
-    // type 24: discrete enumeration "prim_mubi_pkg::mubi28_t"
+    } mubi24_t;
     typedef enum logic [27:0] {
         MuBi28True = 28'h6969696,
         MuBi28False = 28'h9696969
-    } \prim_mubi_pkg::mubi28_t ;
-    // type 25: typedef "prim_mubi_pkg::mubi28_t": declared as type 24
-    // type 26: packed array ""
-    typedef logic [31:0] type_26;
-    // type 27: discrete enumeration "prim_mubi_pkg::mubi32_t"
+    } mubi28_t;
     typedef enum logic [31:0] {
         MuBi32True = 32'h96969696,
         MuBi32False = 32'h69696969
-    } \prim_mubi_pkg::mubi32_t ;
-    // type 28: typedef "prim_mubi_pkg::mubi32_t": declared as type 27
-    // type 29: discrete enumeration "prim_secded_pkg::prim_secded_type_e"
+    } mubi32_t;
+endpackage
+
+package prim_secded_pkg;
     typedef enum int {
         SecdedHsiao = 32'h00000000,
         SecdedHamming = 32'h00000001,
         SecdedInvHsiao = 32'h00000002,
         SecdedInvHamming = 32'h00000003
-    } \prim_secded_pkg::prim_secded_type_e ;
-    // type 30: typedef "prim_secded_pkg::prim_secded_type_e": declared as type 29
-    // type 31: discrete enumeration "prim_secded_pkg::prim_secded_e"
+    } prim_secded_type_e;
     typedef enum int {
         SecdedNone = 32'h00000000,
         Secded_22_16 = 32'h00000001,
@@ -101,253 +64,160 @@ package types;
         SecdedInvHamming_39_32 = 32'h00000010,
         SecdedInvHamming_72_64 = 32'h00000011,
         SecdedInvHamming_76_68 = 32'h00000012
-    } \prim_secded_pkg::prim_secded_e ;
-    // type 32: typedef "prim_secded_pkg::prim_secded_e": declared as type 31
-    // type 33: packed array ""
-    typedef logic [5:0] type_33;
-    // type 34: packed array ""
-    typedef logic [21:0] type_34;
-    // type 35: packed array ""
-    typedef logic [1:0] type_35;
-    // type 36: packed struct "prim_secded_pkg::secded_22_16_t"
+    } prim_secded_e;
     typedef struct packed {
         logic [15:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_22_16_t ;
-    // type 37: typedef "prim_secded_pkg::secded_22_16_t": declared as type 36
-    // type 38: packed struct "prim_secded_pkg::secded_28_22_t"
+    } secded_22_16_t;
     typedef struct packed {
         logic [21:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_28_22_t ;
-    // type 39: typedef "prim_secded_pkg::secded_28_22_t": declared as type 38
-    // type 40: packed array ""
-    typedef logic [6:0] type_40;
-    // type 41: packed array ""
-    typedef logic [38:0] type_41;
-    // type 42: packed struct "prim_secded_pkg::secded_39_32_t"
+    } secded_28_22_t;
     typedef struct packed {
         logic [31:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_39_32_t ;
-    // type 43: typedef "prim_secded_pkg::secded_39_32_t": declared as type 42
-    // type 44: packed array ""
-    typedef logic [63:0] type_44;
-    // type 45: packed array ""
-    typedef logic [56:0] type_45;
-    // type 46: packed struct "prim_secded_pkg::secded_64_57_t"
+    } secded_39_32_t;
     typedef struct packed {
         logic [56:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_64_57_t ;
-    // type 47: typedef "prim_secded_pkg::secded_64_57_t": declared as type 46
-    // type 48: packed array ""
-    typedef logic [71:0] type_48;
-    // type 49: packed struct "prim_secded_pkg::secded_72_64_t"
+    } secded_64_57_t;
     typedef struct packed {
         logic [63:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_72_64_t ;
-    // type 50: typedef "prim_secded_pkg::secded_72_64_t": declared as type 49
-    // type 51: packed struct "prim_secded_pkg::secded_hamming_22_16_t"
+    } secded_72_64_t;
     typedef struct packed {
         logic [15:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_hamming_22_16_t ;
-    // type 52: typedef "prim_secded_pkg::secded_hamming_22_16_t": declared as type 51
-    // type 53: packed struct "prim_secded_pkg::secded_hamming_39_32_t"
+    } secded_hamming_22_16_t;
     typedef struct packed {
         logic [31:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_hamming_39_32_t ;
-    // type 54: typedef "prim_secded_pkg::secded_hamming_39_32_t": declared as type 53
-    // type 55: packed struct "prim_secded_pkg::secded_hamming_72_64_t"
+    } secded_hamming_39_32_t;
     typedef struct packed {
         logic [63:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_hamming_72_64_t ;
-    // type 56: typedef "prim_secded_pkg::secded_hamming_72_64_t": declared as type 55
-    // type 57: packed array ""
-    typedef logic [75:0] type_57;
-    // type 58: packed array ""
-    typedef logic [67:0] type_58;
-    // type 59: packed struct "prim_secded_pkg::secded_hamming_76_68_t"
+    } secded_hamming_72_64_t;
     typedef struct packed {
         logic [67:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_hamming_76_68_t ;
-    // type 60: typedef "prim_secded_pkg::secded_hamming_76_68_t": declared as type 59
-    // type 61: packed struct "prim_secded_pkg::secded_inv_22_16_t"
+    } secded_hamming_76_68_t;
     typedef struct packed {
         logic [15:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_22_16_t ;
-    // type 62: typedef "prim_secded_pkg::secded_inv_22_16_t": declared as type 61
-    // type 63: packed struct "prim_secded_pkg::secded_inv_28_22_t"
+    } secded_inv_22_16_t;
     typedef struct packed {
         logic [21:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_28_22_t ;
-    // type 64: typedef "prim_secded_pkg::secded_inv_28_22_t": declared as type 63
-    // type 65: packed struct "prim_secded_pkg::secded_inv_39_32_t"
+    } secded_inv_28_22_t;
     typedef struct packed {
         logic [31:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_39_32_t ;
-    // type 66: typedef "prim_secded_pkg::secded_inv_39_32_t": declared as type 65
-    // type 67: packed struct "prim_secded_pkg::secded_inv_64_57_t"
+    } secded_inv_39_32_t;
     typedef struct packed {
         logic [56:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_64_57_t ;
-    // type 68: typedef "prim_secded_pkg::secded_inv_64_57_t": declared as type 67
-    // type 69: packed struct "prim_secded_pkg::secded_inv_72_64_t"
+    } secded_inv_64_57_t;
     typedef struct packed {
         logic [63:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_72_64_t ;
-    // type 70: typedef "prim_secded_pkg::secded_inv_72_64_t": declared as type 69
-    // type 71: packed struct "prim_secded_pkg::secded_inv_hamming_22_16_t"
+    } secded_inv_72_64_t;
     typedef struct packed {
         logic [15:0] data;
         logic [5:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_hamming_22_16_t ;
-    // type 72: typedef "prim_secded_pkg::secded_inv_hamming_22_16_t": declared as type 71
-    // type 73: packed struct "prim_secded_pkg::secded_inv_hamming_39_32_t"
+    } secded_inv_hamming_22_16_t;
     typedef struct packed {
         logic [31:0] data;
         logic [6:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_hamming_39_32_t ;
-    // type 74: typedef "prim_secded_pkg::secded_inv_hamming_39_32_t": declared as type 73
-    // type 75: packed struct "prim_secded_pkg::secded_inv_hamming_72_64_t"
+    } secded_inv_hamming_39_32_t;
     typedef struct packed {
         logic [63:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_hamming_72_64_t ;
-    // type 76: typedef "prim_secded_pkg::secded_inv_hamming_72_64_t": declared as type 75
-    // type 77: packed struct "prim_secded_pkg::secded_inv_hamming_76_68_t"
+    } secded_inv_hamming_72_64_t;
     typedef struct packed {
         logic [67:0] data;
         logic [7:0] syndrome;
         logic [1:0] err;
-    } \prim_secded_pkg::secded_inv_hamming_76_68_t ;
-    // type 78: typedef "prim_secded_pkg::secded_inv_hamming_76_68_t": declared as type 77
-    // type 79: typedef "prim_count_pkg::action_mask_t"
-    typedef logic [3:0] \prim_count_pkg::action_mask_t ;
-    // type 80: discrete enumeration "prim_count_pkg::action_e"
-    typedef enum \prim_count_pkg::action_mask_t {
+    } secded_inv_hamming_76_68_t;
+endpackage
+
+package prim_count_pkg;
+    typedef logic [3:0] action_mask_t;
+    typedef enum action_mask_t {
         Clr = 4'h1,
         Set = 4'h2,
         Incr = 4'h4,
         Decr = 4'h8
-    } \prim_count_pkg::action_e ;
-    // type 81: typedef "prim_count_pkg::action_e": declared as type 80
-    // type 82: packed array ""
-    typedef logic [15:0][3:0] type_82;
-    // type 83: packed array ""
-    typedef logic [11:0][63:0] type_83;
-    // type 84: packed array ""
-    typedef logic [4:0] type_84;
-    // type 85: packed array ""
-    typedef logic [31:0][4:0] type_85;
-    // type 86: packed array ""
-    typedef logic [63:0][5:0] type_86;
-    // type 87: packed array ""
-    typedef logic [79:0] type_87;
-    // type 88: packed array ""
-    typedef logic [127:0] type_88;
-    // type 89: packed array "int": predefined
-    // type 90: packed array ""
-    typedef logic [2:0] type_90;
-    // type 91: packed array ""
-    typedef logic [7:0][2:0] type_91;
-    // type 92: packed struct "prim_ram_1p_pkg::ram_1p_cfg_req_t"
+    } action_e;
+endpackage
+
+package prim_ram_1p_pkg;
     typedef struct packed {
         logic [11:0] req;
-    } \prim_ram_1p_pkg::ram_1p_cfg_req_t ;
-    // type 93: typedef "prim_ram_1p_pkg::ram_1p_cfg_req_t": declared as type 92
-    // type 94: packed array ""
-    typedef logic [0:0] type_94;
-    // type 95: packed struct "prim_ram_1p_pkg::ram_1p_cfg_rsp_t"
+    } ram_1p_cfg_req_t;
     typedef struct packed {
         logic [0:0] rsp;
-    } \prim_ram_1p_pkg::ram_1p_cfg_rsp_t ;
-    // type 96: typedef "prim_ram_1p_pkg::ram_1p_cfg_rsp_t": declared as type 95
-    // type 97: packed array ""
-    typedef logic [55:0] type_97;
-    // type 98: packed struct "ibex_pkg::crash_dump_t"
+    } ram_1p_cfg_rsp_t;
+endpackage
+
+package ibex_pkg;
     typedef struct packed {
         logic [31:0] current_pc;
         logic [31:0] next_pc;
         logic [31:0] last_data_addr;
         logic [31:0] exception_pc;
         logic [31:0] exception_addr;
-    } \ibex_pkg::crash_dump_t ;
-    // type 99: typedef "ibex_pkg::crash_dump_t": declared as type 98
-    // type 100: packed struct "ibex_pkg::core2rf_t"
+    } crash_dump_t;
     typedef struct packed {
         logic dummy_instr_id;
         logic [4:0] raddr_a;
         logic [4:0] waddr_a;
         logic we_a;
         logic [4:0] raddr_b;
-    } \ibex_pkg::core2rf_t ;
-    // type 101: typedef "ibex_pkg::core2rf_t": declared as type 100
-    // type 102: discrete enumeration "ibex_pkg::base_isa_e"
+    } core2rf_t;
     typedef enum integer {
         BaseIsaRV32I = 32'h00000000,
         BaseIsaRV32IorCHERIoT = 32'h00000001
-    } \ibex_pkg::base_isa_e ;
-    // type 103: typedef "ibex_pkg::base_isa_e": declared as type 102
-    // type 104: discrete enumeration "ibex_pkg::regfile_e"
+    } base_isa_e;
     typedef enum integer {
         RegFileFF = 32'h00000000,
         RegFileFPGA = 32'h00000001,
         RegFileLatch = 32'h00000002
-    } \ibex_pkg::regfile_e ;
-    // type 105: typedef "ibex_pkg::regfile_e": declared as type 104
-    // type 106: discrete enumeration "ibex_pkg::rv32m_e"
+    } regfile_e;
     typedef enum integer {
         RV32MNone = 32'h00000000,
         RV32MSlow = 32'h00000001,
         RV32MFast = 32'h00000002,
         RV32MSingleCycle = 32'h00000003
-    } \ibex_pkg::rv32m_e ;
-    // type 107: typedef "ibex_pkg::rv32m_e": declared as type 106
-    // type 108: discrete enumeration "ibex_pkg::rv32b_e"
+    } rv32m_e;
     typedef enum integer {
         RV32BNone = 32'h00000000,
         RV32BBalanced = 32'h00000001,
         RV32BOTEarlGrey = 32'h00000002,
         RV32BFull = 32'h00000003
-    } \ibex_pkg::rv32b_e ;
-    // type 109: typedef "ibex_pkg::rv32b_e": declared as type 108
-    // type 110: discrete enumeration "ibex_pkg::rv32zc_e"
+    } rv32b_e;
     typedef enum integer {
         RV32Zca = 32'h00000000,
         RV32ZcaZcb = 32'h00000001,
         RV32ZcaZcmp = 32'h00000002,
         RV32ZcaZcbZcmp = 32'h00000003
-    } \ibex_pkg::rv32zc_e ;
-    // type 111: typedef "ibex_pkg::rv32zc_e": declared as type 110
-    // type 112: discrete enumeration "ibex_pkg::opcode_e"
+    } rv32zc_e;
     typedef enum logic [6:0] {
         OPCODE_LOAD = 7'h03,
         OPCODE_MISC_MEM = 7'h0f,
@@ -362,9 +232,7 @@ package types;
         OPCODE_SYSTEM = 7'h73,
         OPCODE_CHERI = 7'h5b,
         OPCODE_AUICGP = 7'h7b
-    } \ibex_pkg::opcode_e ;
-    // type 113: typedef "ibex_pkg::opcode_e": declared as type 112
-    // type 114: discrete enumeration "ibex_pkg::alu_op_e"
+    } opcode_e;
     typedef enum logic [6:0] {
         ALU_ADD = 7'h00,
         ALU_SUB = 7'h01,
@@ -431,67 +299,49 @@ package types;
         ALU_CRC32C_H = 7'h3e,
         ALU_CRC32_W = 7'h3f,
         ALU_CRC32C_W = 7'h40
-    } \ibex_pkg::alu_op_e ;
-    // type 115: typedef "ibex_pkg::alu_op_e": declared as type 114
-    // type 116: discrete enumeration "ibex_pkg::md_op_e"
+    } alu_op_e;
     typedef enum logic [1:0] {
         MD_OP_MULL = 2'h0,
         MD_OP_MULH = 2'h1,
         MD_OP_DIV = 2'h2,
         MD_OP_REM = 2'h3
-    } \ibex_pkg::md_op_e ;
-    // type 117: typedef "ibex_pkg::md_op_e": declared as type 116
-    // type 118: discrete enumeration "ibex_pkg::csr_op_e"
+    } md_op_e;
     typedef enum logic [1:0] {
         CSR_OP_READ = 2'h0,
         CSR_OP_WRITE = 2'h1,
         CSR_OP_SET = 2'h2,
         CSR_OP_CLEAR = 2'h3
-    } \ibex_pkg::csr_op_e ;
-    // type 119: typedef "ibex_pkg::csr_op_e": declared as type 118
-    // type 120: discrete enumeration "ibex_pkg::priv_lvl_e"
+    } csr_op_e;
     typedef enum logic [1:0] {
         PRIV_LVL_M = 2'h3,
         PRIV_LVL_H = 2'h2,
         PRIV_LVL_S = 2'h1,
         PRIV_LVL_U = 2'h0
-    } \ibex_pkg::priv_lvl_e ;
-    // type 121: typedef "ibex_pkg::priv_lvl_e": declared as type 120
-    // type 122: discrete enumeration "ibex_pkg::x_debug_ver_e"
+    } priv_lvl_e;
     typedef enum logic [3:0] {
         XDEBUGVER_NO = 4'h0,
         XDEBUGVER_STD = 4'h4,
         XDEBUGVER_NONSTD = 4'hf
-    } \ibex_pkg::x_debug_ver_e ;
-    // type 123: typedef "ibex_pkg::x_debug_ver_e": declared as type 122
-    // type 124: discrete enumeration "ibex_pkg::wb_instr_type_e"
+    } x_debug_ver_e;
     typedef enum logic [1:0] {
         WB_INSTR_LOAD = 2'h0,
         WB_INSTR_STORE = 2'h1,
         WB_INSTR_OTHER = 2'h2
-    } \ibex_pkg::wb_instr_type_e ;
-    // type 125: typedef "ibex_pkg::wb_instr_type_e": declared as type 124
-    // type 126: discrete enumeration "ibex_pkg::op_a_sel_e"
+    } wb_instr_type_e;
     typedef enum logic [1:0] {
         OP_A_REG_A = 2'h0,
         OP_A_FWD = 2'h1,
         OP_A_CURRPC = 2'h2,
         OP_A_IMM = 2'h3
-    } \ibex_pkg::op_a_sel_e ;
-    // type 127: typedef "ibex_pkg::op_a_sel_e": declared as type 126
-    // type 128: discrete enumeration "ibex_pkg::imm_a_sel_e"
+    } op_a_sel_e;
     typedef enum logic {
         IMM_A_Z = 1'h0,
         IMM_A_ZERO = 1'h1
-    } \ibex_pkg::imm_a_sel_e ;
-    // type 129: typedef "ibex_pkg::imm_a_sel_e": declared as type 128
-    // type 130: discrete enumeration "ibex_pkg::op_b_sel_e"
+    } imm_a_sel_e;
     typedef enum logic {
         OP_B_REG_B = 1'h0,
         OP_B_IMM = 1'h1
-    } \ibex_pkg::op_b_sel_e ;
-    // type 131: typedef "ibex_pkg::op_b_sel_e": declared as type 130
-    // type 132: discrete enumeration "ibex_pkg::imm_b_sel_e"
+    } op_b_sel_e;
     typedef enum logic [2:0] {
         IMM_B_I = 3'h0,
         IMM_B_S = 3'h1,
@@ -500,15 +350,11 @@ package types;
         IMM_B_J = 3'h4,
         IMM_B_INCR_PC = 3'h5,
         IMM_B_INCR_ADDR = 3'h6
-    } \ibex_pkg::imm_b_sel_e ;
-    // type 133: typedef "ibex_pkg::imm_b_sel_e": declared as type 132
-    // type 134: discrete enumeration "ibex_pkg::rf_wd_sel_e"
+    } imm_b_sel_e;
     typedef enum logic {
         RF_WD_EX = 1'h0,
         RF_WD_CSR = 1'h1
-    } \ibex_pkg::rf_wd_sel_e ;
-    // type 135: typedef "ibex_pkg::rf_wd_sel_e": declared as type 134
-    // type 136: discrete enumeration "ibex_pkg::ctrl_fsm_e"
+    } rf_wd_sel_e;
     typedef enum logic [3:0] {
         RESET = 4'h0,
         BOOT_SET = 4'h1,
@@ -520,9 +366,7 @@ package types;
         IRQ_TAKEN = 4'h7,
         DBG_TAKEN_IF = 4'h8,
         DBG_TAKEN_ID = 4'h9
-    } \ibex_pkg::ctrl_fsm_e ;
-    // type 137: typedef "ibex_pkg::ctrl_fsm_e": declared as type 136
-    // type 138: discrete enumeration "ibex_pkg::pc_sel_e"
+    } ctrl_fsm_e;
     typedef enum logic [2:0] {
         PC_BOOT = 3'h0,
         PC_JUMP = 3'h1,
@@ -530,87 +374,63 @@ package types;
         PC_ERET = 3'h3,
         PC_DRET = 3'h4,
         PC_BP = 3'h5
-    } \ibex_pkg::pc_sel_e ;
-    // type 139: typedef "ibex_pkg::pc_sel_e": declared as type 138
-    // type 140: discrete enumeration "ibex_pkg::instr_exp_e"
+    } pc_sel_e;
     typedef enum logic [1:0] {
         INSTR_NOT_EXPANDED = 2'h0,
         INSTR_EXPANDED = 2'h1,
         INSTR_EXPANDED_COMMIT = 2'h2,
         INSTR_EXPANDED_LAST = 2'h3
-    } \ibex_pkg::instr_exp_e ;
-    // type 141: typedef "ibex_pkg::instr_exp_e": declared as type 140
-    // type 142: discrete enumeration "ibex_pkg::exc_pc_sel_e"
+    } instr_exp_e;
     typedef enum logic [1:0] {
         EXC_PC_EXC = 2'h0,
         EXC_PC_IRQ = 2'h1,
         EXC_PC_DBD = 2'h2,
         EXC_PC_DBG_EXC = 2'h3
-    } \ibex_pkg::exc_pc_sel_e ;
-    // type 143: typedef "ibex_pkg::exc_pc_sel_e": declared as type 142
-    // type 144: packed array ""
-    typedef logic [14:0] type_144;
-    // type 145: packed struct "ibex_pkg::irqs_t"
+    } exc_pc_sel_e;
     typedef struct packed {
         logic irq_software;
         logic irq_timer;
         logic irq_external;
         logic [14:0] irq_fast;
-    } \ibex_pkg::irqs_t ;
-    // type 146: typedef "ibex_pkg::irqs_t": declared as type 145
-    // type 147: packed struct "ibex_pkg::exc_cause_t"
+    } irqs_t;
     typedef struct packed {
         logic irq_int;
         logic irq_ext;
         logic [4:0] lower_cause;
-    } \ibex_pkg::exc_cause_t ;
-    // type 148: typedef "ibex_pkg::exc_cause_t": declared as type 147
-    // type 149: discrete enumeration "ibex_pkg::nmi_int_cause_e"
+    } exc_cause_t;
     typedef enum logic [4:0] {
         NMI_INT_CAUSE_ECC = 5'h00
-    } \ibex_pkg::nmi_int_cause_e ;
-    // type 150: typedef "ibex_pkg::nmi_int_cause_e": declared as type 149
-    // type 151: discrete enumeration "ibex_pkg::dbg_cause_e"
+    } nmi_int_cause_e;
     typedef enum logic [2:0] {
         DBG_CAUSE_NONE = 3'h0,
         DBG_CAUSE_EBREAK = 3'h1,
         DBG_CAUSE_TRIGGER = 3'h2,
         DBG_CAUSE_HALTREQ = 3'h3,
         DBG_CAUSE_STEP = 3'h4
-    } \ibex_pkg::dbg_cause_e ;
-    // type 152: typedef "ibex_pkg::dbg_cause_e": declared as type 151
-    // type 153: discrete enumeration "ibex_pkg::pmp_req_e"
+    } dbg_cause_e;
     typedef enum logic [1:0] {
         PMP_ACC_EXEC = 2'h0,
         PMP_ACC_WRITE = 2'h1,
         PMP_ACC_READ = 2'h2
-    } \ibex_pkg::pmp_req_e ;
-    // type 154: typedef "ibex_pkg::pmp_req_e": declared as type 153
-    // type 155: discrete enumeration "ibex_pkg::pmp_cfg_mode_e"
+    } pmp_req_e;
     typedef enum logic [1:0] {
         PMP_MODE_OFF = 2'h0,
         PMP_MODE_TOR = 2'h1,
         PMP_MODE_NA4 = 2'h2,
         PMP_MODE_NAPOT = 2'h3
-    } \ibex_pkg::pmp_cfg_mode_e ;
-    // type 156: typedef "ibex_pkg::pmp_cfg_mode_e": declared as type 155
-    // type 157: packed struct "ibex_pkg::pmp_cfg_t"
+    } pmp_cfg_mode_e;
     typedef struct packed {
         logic lock;
-        \ibex_pkg::pmp_cfg_mode_e mode;
+        pmp_cfg_mode_e mode;
         logic exec;
         logic write;
         logic read;
-    } \ibex_pkg::pmp_cfg_t ;
-    // type 158: typedef "ibex_pkg::pmp_cfg_t": declared as type 157
-    // type 159: packed struct "ibex_pkg::pmp_mseccfg_t"
+    } pmp_cfg_t;
     typedef struct packed {
         logic rlb;
         logic mmwp;
         logic mml;
-    } \ibex_pkg::pmp_mseccfg_t ;
-    // type 160: typedef "ibex_pkg::pmp_mseccfg_t": declared as type 159
-    // type 161: discrete enumeration "ibex_pkg::csr_num_e"
+    } pmp_mseccfg_t;
     typedef enum logic [11:0] {
         CSR_MVENDORID = 12'hf11,
         CSR_MARCHID = 12'hf12,
@@ -822,21 +642,10 @@ package types;
         CSR_HPMCOUNTER31H = 12'hc9f,
         CSR_CPUCTRLSTS = 12'h7c0,
         CSR_SECURESEED = 12'h7c1
-    } \ibex_pkg::csr_num_e ;
-    // type 162: typedef "ibex_pkg::csr_num_e": declared as type 161
-    // type 163: typedef "ibex_pkg::lfsr_seed_t"
-    typedef logic [31:0] \ibex_pkg::lfsr_seed_t ;
-    // type 164: typedef "ibex_pkg::lfsr_perm_t"
-    typedef logic [31:0][4:0] \ibex_pkg::lfsr_perm_t ;
-    // type 165: typedef "ibex_pkg::ibex_mubi_t"
-    typedef logic [3:0] \ibex_pkg::ibex_mubi_t ;
-    // type 166: unpacked array ""
-    typedef \ibex_pkg::pmp_cfg_t type_166 [0:15];
-    // type 167: packed array ""
-    typedef logic [33:0] type_167;
-    // type 168: unpacked array ""
-    typedef logic [33:0] type_168 [0:15];
-    // type 169: discrete enumeration "ibex_pkg::ls_fsm_e"
+    } csr_num_e;
+    typedef logic [31:0] lfsr_seed_t;
+    typedef logic [31:0][4:0] lfsr_perm_t;
+    typedef logic [3:0] ibex_mubi_t;
     typedef enum logic [3:0] {
         IDLE = 4'h0,
         WAIT_GNT_MIS = 4'h1,
@@ -846,30 +655,21 @@ package types;
         CTX_WAIT_GNT1 = 4'h5,
         CTX_WAIT_GNT2 = 4'h6,
         CTX_WAIT_RESP = 4'h7
-    } \ibex_pkg::ls_fsm_e ;
-    // type 170: typedef "ibex_pkg::ls_fsm_e": declared as type 169
-    // type 171: discrete enumeration "ibex_pkg::cap_rx_fsm_t"
+    } ls_fsm_e;
     typedef enum logic [2:0] {
         CRX_IDLE = 3'h0,
         CRX_WAIT_RESP1 = 3'h1,
         CRX_WAIT_RESP2 = 3'h2
-    } \ibex_pkg::cap_rx_fsm_t ;
-    // type 172: typedef "ibex_pkg::cap_rx_fsm_t": declared as type 171
-    // type 173: packed array ""
-    typedef logic [8:0] type_173;
-    // type 174: typedef "ibex_cheriot_pkg::cbound_t"
-    typedef logic [8:0] \ibex_cheriot_pkg::cbound_t ;
-    // type 175: typedef "ibex_cheriot_pkg::cexp_t"
-    typedef logic [3:0] \ibex_cheriot_pkg::cexp_t ;
-    // type 176: typedef "ibex_cheriot_pkg::exp_t"
-    typedef logic [4:0] \ibex_cheriot_pkg::exp_t ;
-    // type 177: typedef "ibex_cheriot_pkg::otype_t"
-    typedef logic [2:0] \ibex_cheriot_pkg::otype_t ;
-    // type 178: typedef "ibex_cheriot_pkg::cperms_t"
-    typedef logic [5:0] \ibex_cheriot_pkg::cperms_t ;
-    // type 179: typedef "ibex_cheriot_pkg::cap_cor_t"
-    typedef logic [1:0] \ibex_cheriot_pkg::cap_cor_t ;
-    // type 180: packed struct "ibex_cheriot_pkg::perms_t"
+    } cap_rx_fsm_t;
+endpackage
+
+package ibex_cheriot_pkg;
+    typedef logic [8:0] cbound_t;
+    typedef logic [3:0] cexp_t;
+    typedef logic [4:0] exp_t;
+    typedef logic [2:0] otype_t;
+    typedef logic [5:0] cperms_t;
+    typedef logic [1:0] cap_cor_t;
     typedef struct packed {
         logic U0;
         logic SE;
@@ -883,66 +683,48 @@ package types;
         logic SD;
         logic LG;
         logic GL;
-    } \ibex_cheriot_pkg::perms_t ;
-    // type 181: typedef "ibex_cheriot_pkg::perms_t": declared as type 180
-    // type 182: packed struct "ibex_cheriot_pkg::cap_t"
+    } perms_t;
     typedef struct packed {
-        \ibex_cheriot_pkg::cap_cor_t cap_cor;
+        cap_cor_t cap_cor;
         logic valid;
         logic rsvd;
-        \ibex_cheriot_pkg::cperms_t cperms;
-        \ibex_cheriot_pkg::otype_t otype;
-        \ibex_cheriot_pkg::cexp_t cexp;
-        \ibex_cheriot_pkg::cbound_t top;
-        \ibex_cheriot_pkg::cbound_t base;
-    } \ibex_cheriot_pkg::cap_t ;
-    // type 183: typedef "ibex_cheriot_pkg::cap_t": declared as type 182
-    // type 184: packed array ""
-    typedef logic [32:0] type_184;
-    // type 185: packed struct "ibex_cheriot_pkg::decoded_cap_t"
+        cperms_t cperms;
+        otype_t otype;
+        cexp_t cexp;
+        cbound_t top;
+        cbound_t base;
+    } cap_t;
     typedef struct packed {
         logic [32:0] top33;
         logic [31:0] base32;
-        \ibex_cheriot_pkg::perms_t perms;
-        \ibex_cheriot_pkg::cap_cor_t cap_cor;
+        perms_t perms;
+        cap_cor_t cap_cor;
         logic valid;
         logic rsvd;
-        \ibex_cheriot_pkg::cperms_t cperms;
-        \ibex_cheriot_pkg::otype_t otype;
-        \ibex_cheriot_pkg::cexp_t cexp;
-        \ibex_cheriot_pkg::cbound_t top;
-        \ibex_cheriot_pkg::cbound_t base;
-    } \ibex_cheriot_pkg::decoded_cap_t ;
-    // type 186: typedef "ibex_cheriot_pkg::decoded_cap_t": declared as type 185
-    // type 187: packed struct "ibex_cheriot_pkg::bound_req_t"
+        cperms_t cperms;
+        otype_t otype;
+        cexp_t cexp;
+        cbound_t top;
+        cbound_t base;
+    } decoded_cap_t;
     typedef struct packed {
         logic [32:0] top33req;
-        \ibex_cheriot_pkg::exp_t exp1;
-        \ibex_cheriot_pkg::exp_t exp2;
+        exp_t exp1;
+        exp_t exp2;
         logic [5:0] explen;
         logic [5:0] expb;
         logic in_bound;
-    } \ibex_cheriot_pkg::bound_req_t ;
-    // type 188: typedef "ibex_cheriot_pkg::bound_req_t": declared as type 187
-    // type 189: packed struct "ibex_cheriot_pkg::bound_result_t"
+    } bound_req_t;
     typedef struct packed {
-        \ibex_cheriot_pkg::decoded_cap_t cap;
+        decoded_cap_t cap;
         logic [31:0] maska;
         logic [31:0] rlen;
-    } \ibex_cheriot_pkg::bound_result_t ;
-    // type 190: typedef "ibex_cheriot_pkg::bound_result_t": declared as type 189
-    // type 191: packed struct "ibex_cheriot_pkg::cap_clrperm_t"
+    } bound_result_t;
     typedef struct packed {
         logic CTAG;
         logic SD_LM;
         logic GL_LG;
-    } \ibex_cheriot_pkg::cap_clrperm_t ;
-    // type 192: typedef "ibex_cheriot_pkg::cap_clrperm_t": declared as type 191
-    // type 193: packed array ""
-    typedef logic [9:0] type_193;
-    // type 194: packed array ""
-    typedef logic [34:0] type_194;
-    // type 195: packed struct "ibex_cheriot_pkg::cheriot_op_t"
+    } cap_clrperm_t;
     typedef struct packed {
         logic CSET_BOUNDS_RNDN;
         logic CRAM;
@@ -970,9 +752,7 @@ package types;
         logic CUNSEAL;
         logic CSEAL;
         logic CGET_FIELD;
-    } \ibex_cheriot_pkg::cheriot_op_t ;
-    // type 196: typedef "ibex_cheriot_pkg::cheriot_op_t": declared as type 195
-    // type 197: discrete enumeration "ibex_cheriot_pkg::cheriot_cap_field_e"
+    } cheriot_op_t;
     typedef enum logic [2:0] {
         CFIELD_PERM = 3'h0,
         CFIELD_TYPE = 3'h1,
@@ -982,34 +762,26 @@ package types;
         CFIELD_ADDR = 3'h5,
         CFIELD_HIGH = 3'h6,
         CFIELD_TOP = 3'h7
-    } \ibex_cheriot_pkg::cheriot_cap_field_e ;
-    // type 198: typedef "ibex_cheriot_pkg::cheriot_cap_field_e": declared as type 197
-    // type 199: discrete enumeration "ibex_cheriot_pkg::cheriot_adder_a_sel_e"
+    } cheriot_cap_field_e;
     typedef enum logic [2:0] {
         CHERIOT_ADDER_A_ZERO = 3'h0,
         CHERIOT_ADDER_A_IMM12 = 3'h1,
         CHERIOT_ADDER_A_IMM21 = 3'h2,
         CHERIOT_ADDER_A_IMM20 = 3'h3,
         CHERIOT_ADDER_A_RS2 = 3'h4
-    } \ibex_cheriot_pkg::cheriot_adder_a_sel_e ;
-    // type 200: typedef "ibex_cheriot_pkg::cheriot_adder_a_sel_e": declared as type 199
-    // type 201: discrete enumeration "ibex_cheriot_pkg::cheriot_adder_b_sel_e"
+    } cheriot_adder_a_sel_e;
     typedef enum logic [1:0] {
         CHERIOT_ADDER_B_ZERO = 2'h0,
         CHERIOT_ADDER_B_RS1 = 2'h1,
         CHERIOT_ADDER_B_PC = 2'h2
-    } \ibex_cheriot_pkg::cheriot_adder_b_sel_e ;
-    // type 202: typedef "ibex_cheriot_pkg::cheriot_adder_b_sel_e": declared as type 201
-    // type 203: discrete enumeration "ibex_cheriot_pkg::cheriot_setaddr_sel_e"
+    } cheriot_adder_b_sel_e;
     typedef enum logic [2:0] {
         SETADDR_NONE = 3'h0,
         SETADDR_PCC_PCNXT = 3'h1,
         SETADDR_PCC_ARITH = 3'h2,
         SETADDR_RFA_ARITH = 3'h3,
         SETADDR_SCR = 3'h4
-    } \ibex_cheriot_pkg::cheriot_setaddr_sel_e ;
-    // type 204: typedef "ibex_cheriot_pkg::cheriot_setaddr_sel_e": declared as type 203
-    // type 205: discrete enumeration "ibex_cheriot_pkg::cheriot_setbounds_sel_e"
+    } cheriot_setaddr_sel_e;
     typedef enum logic [2:0] {
         SETBOUNDS_NONE = 3'h0,
         SETBOUNDS_RS2 = 3'h1,
@@ -1018,46 +790,14 @@ package types;
         SETBOUNDS_IMM = 3'h4,
         SETBOUNDS_CRRL = 3'h5,
         SETBOUNDS_CRAM = 3'h6
-    } \ibex_cheriot_pkg::cheriot_setbounds_sel_e ;
-    // type 206: typedef "ibex_cheriot_pkg::cheriot_setbounds_sel_e": declared as type 205
-    // type 207: discrete enumeration "ibex_cheriot_pkg::cheriot_csr_op_e"
+    } cheriot_setbounds_sel_e;
     typedef enum logic [4:0] {
         CHERIOT_CSR_NULL = 5'h00,
         CHERIOT_CSR_RW = 5'h01
-    } \ibex_cheriot_pkg::cheriot_csr_op_e ;
-    // type 208: typedef "ibex_cheriot_pkg::cheriot_csr_op_e": declared as type 207
-    // type 209: packed array ""
-    typedef \prim_ram_1p_pkg::ram_1p_cfg_req_t [1:0] type_209;
-    // type 210: packed array ""
-    typedef \prim_ram_1p_pkg::ram_1p_cfg_rsp_t [1:0] type_210;
-    // type 211: unpacked array ""
-    typedef logic [31:0] type_211 [0:9];
-    // type 212: unpacked array ""
-    typedef logic [21:0] type_212 [0:1];
-    // type 213: unpacked array ""
-    typedef logic [63:0] type_213 [0:1];
-    // type 214: unpacked array ""
-    typedef logic [33:0] type_214 [0:1];
-    // type 215: unpacked array ""
-    typedef logic [33:0] type_215 [0:3];
-    // type 216: unpacked array ""
-    typedef \ibex_pkg::pmp_cfg_t type_216 [0:3];
-    // type 217: unpacked array ""
-    typedef logic type_217 [0:2];
-    // type 218: packed array ""
-    typedef logic [20:0] type_218;
-    // type 219: packed array ""
-    typedef logic [2:0][31:0] type_219;
-    // type 220: packed array ""
-    typedef logic [31:1] type_220;
-    // type 221: packed array ""
-    typedef bit [127:0] type_221;
-    // type 222: packed array ""
-    typedef bit [319:0] type_222;
-    // type 223: sequential enumeration "logic": predefined
-    // type 224: packed array ""
-    typedef logic [11:0] type_224;
-    // type 225: discrete enumeration "ibex_compressed_decoder.cm_state_e"
+    } cheriot_csr_op_e;
+endpackage
+
+package types;
     typedef enum logic [2:0] {
         CmIdle = 3'h0,
         CmPushStoreReg = 3'h1,
@@ -1068,38 +808,10 @@ package types;
         CmPopRetRa = 3'h6,
         CmMvSecondReg = 3'h7
     } \ibex_compressed_decoder.cm_state_e ;
-    // type 226: typedef "ibex_compressed_decoder.cm_state_e": declared as type 225
-    // type 227: discrete enumeration "ibex_id_stage.id_fsm_e"
     typedef enum logic {
         FIRST_CYCLE = 1'h0,
         MULTI_CYCLE = 1'h1
     } \ibex_id_stage.id_fsm_e ;
-    // type 228: typedef "ibex_id_stage.id_fsm_e": declared as type 227
-    // type 229: unpacked array ""
-    typedef logic [31:0] type_229 [0:1];
-    // type 230: packed array ""
-    typedef logic [32:0] type_230;
-    // type 231: unpacked array ""
-    typedef logic [5:0] type_231 [0:31];
-    // type 232: unpacked array ""
-    typedef logic [31:0] type_232 [0:3];
-    // type 233: packed array ""
-    typedef logic [3:0][1:0] type_233;
-    // type 234: packed array ""
-    typedef logic [1:0][0:0] type_234;
-    // type 235: packed array ""
-    typedef logic [7:0][3:0] type_235;
-    // type 236: unpacked array ""
-    typedef logic [31:0] type_236 [0:31];
-    // type 237: unpacked array ""
-    typedef logic [31:0] type_237 [0:15];
-    // type 238: unpacked array ""
-    typedef logic [31:0] type_238 [0:7];
-    // type 239: unpacked array ""
-    typedef logic [31:0] type_239 [0:4];
-    // type 240: packed array ""
-    typedef logic [34:0] type_240;
-    // type 241: discrete enumeration "ibex_multdiv_fast.md_fsm_e"
     typedef enum logic [2:0] {
         MD_IDLE = 3'h0,
         MD_ABS_A = 3'h1,
@@ -1109,45 +821,29 @@ package types;
         MD_CHANGE_SIGN = 3'h5,
         MD_FINISH = 3'h6
     } \ibex_multdiv_fast.md_fsm_e ;
-    // type 242: typedef "ibex_multdiv_fast.md_fsm_e": declared as type 241
-    // type 243: discrete enumeration "ibex_multdiv_fast.gen_mult_single_cycle.mult_fsm_e"
     typedef enum logic {
         MULL = 1'h0,
         MULH = 1'h1
     } \ibex_multdiv_fast.gen_mult_single_cycle.mult_fsm_e ;
-    // type 244: typedef "ibex_multdiv_fast.gen_mult_single_cycle.mult_fsm_e": declared as type 243
-    // type 245: packed array ""
-    typedef logic [33:0] type_245;
-    // type 246: packed array ""
-    typedef logic [33:32] type_246;
-    // type 247: discrete enumeration "ibex_multdiv_fast.gen_mult_fast.mult_fsm_e"
     typedef enum logic [1:0] {
         ALBL = 2'h0,
         ALBH = 2'h1,
         AHBL = 2'h2,
         AHBH = 2'h3
     } \ibex_multdiv_fast.gen_mult_fast.mult_fsm_e ;
-    // type 248: typedef "ibex_multdiv_fast.gen_mult_fast.mult_fsm_e": declared as type 247
-    // type 249: packed array ""
-    typedef logic [31:8] type_249;
-    // type 250: packed struct "ibex_cs_registers.status_t"
     typedef struct packed {
         logic mie;
         logic mpie;
-        \ibex_pkg::priv_lvl_e mpp;
+        ibex_pkg::priv_lvl_e mpp;
         logic mprv;
         logic tw;
     } \ibex_cs_registers.status_t ;
-    // type 251: typedef "ibex_cs_registers.status_t": declared as type 250
-    // type 252: packed struct "ibex_cs_registers.status_stk_t"
     typedef struct packed {
         logic mpie;
-        \ibex_pkg::priv_lvl_e mpp;
+        ibex_pkg::priv_lvl_e mpp;
     } \ibex_cs_registers.status_stk_t ;
-    // type 253: typedef "ibex_cs_registers.status_stk_t": declared as type 252
-    // type 254: packed struct "ibex_cs_registers.dcsr_t"
     typedef struct packed {
-        \ibex_pkg::x_debug_ver_e xdebugver;
+        ibex_pkg::x_debug_ver_e xdebugver;
         logic [11:0] zero2;
         logic ebreakm;
         logic zero1;
@@ -1156,15 +852,13 @@ package types;
         logic stepie;
         logic stopcount;
         logic stoptime;
-        \ibex_pkg::dbg_cause_e cause;
+        ibex_pkg::dbg_cause_e cause;
         logic zero0;
         logic mprven;
         logic nmip;
         logic step;
-        \ibex_pkg::priv_lvl_e prv;
+        ibex_pkg::priv_lvl_e prv;
     } \ibex_cs_registers.dcsr_t ;
-    // type 255: typedef "ibex_cs_registers.dcsr_t": declared as type 254
-    // type 256: packed struct "ibex_cs_registers.cpu_ctrl_sts_part_t"
     typedef struct packed {
         logic double_fault_seen;
         logic sync_exc_seen;
@@ -1173,75 +867,8 @@ package types;
         logic data_ind_timing;
         logic icache_enable;
     } \ibex_cs_registers.cpu_ctrl_sts_part_t ;
-    // type 257: typedef "ibex_cs_registers.cpu_ctrl_sts_part_t": declared as type 256
-    // type 258: unpacked array ""
-    typedef logic [7:0] type_258 [0:15];
-    // type 259: unpacked array ""
-    typedef logic [63:0] type_259 [0:31];
-    // type 260: packed array ""
-    typedef bit [5:0] type_260;
-    // type 261: packed array ""
-    typedef bit [31:0] type_261;
-    // type 262: packed array ""
-    typedef bit [17:0] type_262;
-    // type 263: packed array ""
-    typedef logic [17:0] type_263;
-    // type 264: packed array ""
-    typedef bit [6:0] type_264;
-    // type 265: packed array ""
-    typedef bit [2:0] type_265;
-    // type 266: packed array ""
-    typedef logic [63:64] type_266;
-    // type 267: packed array ""
-    typedef logic [28:0] type_267;
-    // type 268: unpacked array ""
-    typedef logic [31:0] type_268 [0:0];
-    // type 269: packed array ""
-    typedef bit [7:0] type_269;
-    // type 270: unpacked array ""
-    typedef logic [33:0] type_270 [0:2];
-    // type 271: unpacked array ""
-    typedef \ibex_pkg::pmp_req_e type_271 [0:2];
-    // type 272: unpacked array ""
-    typedef \ibex_pkg::priv_lvl_e type_272 [0:2];
-    // type 273: unpacked array ""
-    typedef logic type_273 [0:0];
-    // type 274: unpacked array ""
-    typedef logic [63:0] type_274 [0:0];
-    // type 275: unpacked array ""
-    typedef logic [1:0] type_275 [0:0];
-    // type 276: unpacked array ""
-    typedef logic [4:0] type_276 [0:0];
-    // type 277: unpacked array ""
-    typedef \ibex_cheriot_pkg::cap_t type_277 [0:0];
-    // type 278: unpacked array ""
-    typedef logic [3:0] type_278 [0:0];
-    // type 279: unpacked array ""
-    typedef \ibex_pkg::irqs_t type_279 [0:1];
-    // type 280: unpacked array ""
-    typedef \ibex_pkg::irqs_t type_280 [0:0];
-    // type 281: unpacked array ""
-    typedef logic type_281 [0:1];
-    // type 282: unpacked array ""
-    typedef logic [31:0] type_282 [0:0][0:9];
-    // type 283: unpacked array ""
-    typedef logic [15:0] type_283 [0:0];
-    // type 284: unpacked array ""
-    typedef logic [34:0] type_284 [0:15];
-    // type 285: packed array ""
-    typedef logic [715:0] type_285;
-    // type 286: packed struct "ibex_top.pending_access_t"
     typedef struct packed {
         logic valid;
         logic is_read;
     } \ibex_top.pending_access_t ;
-    // type 287: typedef "ibex_top.pending_access_t": declared as type 286
-    // type 288: unpacked array ""
-    typedef \ibex_top.pending_access_t type_288 [0:1];
-    // type 289: string "string": predefined
-    // type 290: unpacked struct "void": predefined
-    // type 291: packed array ""
-    typedef logic [13:0] type_291;
-    // type 292: sequential enumeration "logic": predefined
-    // type 293: sequential enumeration "bit": predefined
 endpackage

@@ -1,29 +1,72 @@
 // Types of a type file, declared in SystemVerilog (IEEE 1800-2017). A type file has no signs,
 // no bounds of queues, and of a class no methods, constraints and parameters. A name that is
 // taken, or missing, has the id of its type at the end.
-package types;
-    // type 0: sequential enumeration "logic": predefined
-    // type 9: packed array ""
-    typedef logic [31:0] type_9;
-    // type 23: packed struct "ibex_pkg::crash_dump_t"
+
+package ibex_pkg;
     typedef struct packed {
         logic [31:0] current_pc;
         logic [31:0] next_pc;
         logic [31:0] last_data_addr;
         logic [31:0] exception_pc;
         logic [31:0] exception_addr;
-    } \ibex_pkg::crash_dump_t ;
-    // type 24: packed array ""
-    typedef logic [1:0] type_24;
-    // type 25: packed array ""
-    typedef logic [5:0] type_25;
-    // type 26: packed array ""
-    typedef logic [2:0] type_26;
-    // type 18: packed array ""
-    typedef logic [3:0] type_18;
-    // type 27: packed array ""
-    typedef logic [8:0] type_27;
-    // type 28: packed struct "ibex_cheriot_pkg::cap_t"
+    } crash_dump_t;
+    typedef enum logic [1:0] {
+        PMP_MODE_OFF = 2'h0,
+        PMP_MODE_TOR = 2'h1,
+        PMP_MODE_NA4 = 2'h2,
+        PMP_MODE_NAPOT = 2'h3
+    } pmp_cfg_mode_e;
+    typedef struct packed {
+        logic lock;
+        pmp_cfg_mode_e mode;
+        logic exec;
+        logic write;
+        logic read;
+    } pmp_cfg_t;
+    typedef struct packed {
+        logic rlb;
+        logic mmwp;
+        logic mml;
+    } pmp_mseccfg_t;
+    typedef struct packed {
+        logic irq_int;
+        logic irq_ext;
+        logic [4:0] lower_cause;
+    } exc_cause_t;
+    typedef struct packed {
+        logic irq_software;
+        logic irq_timer;
+        logic irq_external;
+        logic [14:0] irq_fast;
+    } irqs_t;
+    typedef enum logic [1:0] {
+        PRIV_LVL_M = 2'h3,
+        PRIV_LVL_H = 2'h2,
+        PRIV_LVL_S = 2'h1,
+        PRIV_LVL_U = 2'h0
+    } priv_lvl_e;
+    typedef enum logic [3:0] {
+        XDEBUGVER_NO = 4'h0,
+        XDEBUGVER_STD = 4'h4,
+        XDEBUGVER_NONSTD = 4'hf
+    } x_debug_ver_e;
+    typedef enum logic [2:0] {
+        DBG_CAUSE_NONE = 3'h0,
+        DBG_CAUSE_EBREAK = 3'h1,
+        DBG_CAUSE_TRIGGER = 3'h2,
+        DBG_CAUSE_HALTREQ = 3'h3,
+        DBG_CAUSE_STEP = 3'h4
+    } dbg_cause_e;
+    typedef struct packed {
+        logic dummy_instr_id;
+        logic [4:0] raddr_a;
+        logic [4:0] waddr_a;
+        logic we_a;
+        logic [4:0] raddr_b;
+    } core2rf_t;
+endpackage
+
+package ibex_cheriot_pkg;
     typedef struct packed {
         logic [1:0] cap_cor;
         logic valid;
@@ -33,46 +76,7 @@ package types;
         logic [3:0] cexp;
         logic [8:0] top;
         logic [8:0] base;
-    } \ibex_cheriot_pkg::cap_t ;
-    // type 41: discrete enumeration "ibex_pkg::pmp_cfg_mode_e"
-    typedef enum logic [1:0] {
-        PMP_MODE_OFF = 2'h0,
-        PMP_MODE_TOR = 2'h1,
-        PMP_MODE_NA4 = 2'h2,
-        PMP_MODE_NAPOT = 2'h3
-    } \ibex_pkg::pmp_cfg_mode_e ;
-    // type 42: packed struct "ibex_pkg::pmp_cfg_t"
-    typedef struct packed {
-        logic lock;
-        \ibex_pkg::pmp_cfg_mode_e mode;
-        logic exec;
-        logic write;
-        logic read;
-    } \ibex_pkg::pmp_cfg_t ;
-    // type 46: packed struct "ibex_pkg::pmp_mseccfg_t"
-    typedef struct packed {
-        logic rlb;
-        logic mmwp;
-        logic mml;
-    } \ibex_pkg::pmp_mseccfg_t ;
-    // type 10: packed array ""
-    typedef logic [4:0] type_10;
-    // type 101: packed struct "ibex_pkg::exc_cause_t"
-    typedef struct packed {
-        logic irq_int;
-        logic irq_ext;
-        logic [4:0] lower_cause;
-    } \ibex_pkg::exc_cause_t ;
-    // type 20: packed array ""
-    typedef logic [14:0] type_20;
-    // type 107: packed struct "ibex_pkg::irqs_t"
-    typedef struct packed {
-        logic irq_software;
-        logic irq_timer;
-        logic irq_external;
-        logic [14:0] irq_fast;
-    } \ibex_pkg::irqs_t ;
-    // type 113: packed struct "ibex_cheriot_pkg::perms_t"
+    } cap_t;
     typedef struct packed {
         logic U0;
         logic SE;
@@ -86,14 +90,11 @@ package types;
         logic SD;
         logic LG;
         logic GL;
-    } \ibex_cheriot_pkg::perms_t ;
-    // type 39: packed array ""
-    typedef logic [32:0] type_39;
-    // type 114: packed struct "ibex_cheriot_pkg::decoded_cap_t"
+    } perms_t;
     typedef struct packed {
         logic [32:0] top33;
         logic [31:0] base32;
-        \ibex_cheriot_pkg::perms_t perms;
+        perms_t perms;
         logic [1:0] cap_cor;
         logic valid;
         logic rsvd;
@@ -102,8 +103,7 @@ package types;
         logic [3:0] cexp;
         logic [8:0] top;
         logic [8:0] base;
-    } \ibex_cheriot_pkg::decoded_cap_t ;
-    // type 122: packed struct "ibex_cheriot_pkg::cheriot_op_t"
+    } decoded_cap_t;
     typedef struct packed {
         logic CSET_BOUNDS_RNDN;
         logic CRAM;
@@ -131,68 +131,28 @@ package types;
         logic CUNSEAL;
         logic CSEAL;
         logic CGET_FIELD;
-    } \ibex_cheriot_pkg::cheriot_op_t ;
-    // type 124: packed struct "ibex_cheriot_pkg::cap_clrperm_t"
+    } cheriot_op_t;
     typedef struct packed {
         logic CTAG;
         logic SD_LM;
         logic GL_LG;
-    } \ibex_cheriot_pkg::cap_clrperm_t ;
-    // type 111: discrete enumeration "ibex_pkg::priv_lvl_e"
-    typedef enum logic [1:0] {
-        PRIV_LVL_M = 2'h3,
-        PRIV_LVL_H = 2'h2,
-        PRIV_LVL_S = 2'h1,
-        PRIV_LVL_U = 2'h0
-    } \ibex_pkg::priv_lvl_e ;
-    // type 169: packed struct "ibex_cs_registers.status_t"
+    } cap_clrperm_t;
     typedef struct packed {
-        logic mie;
-        logic mpie;
-        \ibex_pkg::priv_lvl_e mpp;
-        logic mprv;
-        logic tw;
-    } \ibex_cs_registers.status_t ;
-    // type 171: packed struct "ibex_cs_registers.status_stk_t"
+        logic [32:0] top33req;
+        logic [4:0] exp1;
+        logic [4:0] exp2;
+        logic [5:0] explen;
+        logic [5:0] expb;
+        logic in_bound;
+    } bound_req_t;
     typedef struct packed {
-        logic mpie;
-        \ibex_pkg::priv_lvl_e mpp;
-    } \ibex_cs_registers.status_stk_t ;
-    // type 173: discrete enumeration "ibex_pkg::x_debug_ver_e"
-    typedef enum logic [3:0] {
-        XDEBUGVER_NO = 4'h0,
-        XDEBUGVER_STD = 4'h4,
-        XDEBUGVER_NONSTD = 4'hf
-    } \ibex_pkg::x_debug_ver_e ;
-    // type 12: packed array ""
-    typedef logic [11:0] type_12;
-    // type 112: discrete enumeration "ibex_pkg::dbg_cause_e"
-    typedef enum logic [2:0] {
-        DBG_CAUSE_NONE = 3'h0,
-        DBG_CAUSE_EBREAK = 3'h1,
-        DBG_CAUSE_TRIGGER = 3'h2,
-        DBG_CAUSE_HALTREQ = 3'h3,
-        DBG_CAUSE_STEP = 3'h4
-    } \ibex_pkg::dbg_cause_e ;
-    // type 174: packed struct "ibex_cs_registers.dcsr_t"
-    typedef struct packed {
-        \ibex_pkg::x_debug_ver_e xdebugver;
-        logic [11:0] zero2;
-        logic ebreakm;
-        logic zero1;
-        logic ebreaks;
-        logic ebreaku;
-        logic stepie;
-        logic stopcount;
-        logic stoptime;
-        \ibex_pkg::dbg_cause_e cause;
-        logic zero0;
-        logic mprven;
-        logic nmip;
-        logic step;
-        \ibex_pkg::priv_lvl_e prv;
-    } \ibex_cs_registers.dcsr_t ;
-    // type 176: packed struct "ibex_cs_registers.cpu_ctrl_sts_part_t"
+        decoded_cap_t cap;
+        logic [31:0] maska;
+        logic [31:0] rlen;
+    } bound_result_t;
+endpackage
+
+package ibex_cs_registers__pi7;
     typedef struct packed {
         logic double_fault_seen;
         logic sync_exc_seen;
@@ -201,27 +161,35 @@ package types;
         logic data_ind_timing;
         logic icache_enable;
     } \ibex_cs_registers.cpu_ctrl_sts_part_t ;
-    // type 204: packed struct "ibex_pkg::core2rf_t"
+endpackage
+
+package types;
     typedef struct packed {
-        logic dummy_instr_id;
-        logic [4:0] raddr_a;
-        logic [4:0] waddr_a;
-        logic we_a;
-        logic [4:0] raddr_b;
-    } \ibex_pkg::core2rf_t ;
-    // type 251: packed struct "ibex_cheriot_pkg::bound_req_t"
+        logic mie;
+        logic mpie;
+        ibex_pkg::priv_lvl_e mpp;
+        logic mprv;
+        logic tw;
+    } \ibex_cs_registers.status_t ;
     typedef struct packed {
-        logic [32:0] top33req;
-        logic [4:0] exp1;
-        logic [4:0] exp2;
-        logic [5:0] explen;
-        logic [5:0] expb;
-        logic in_bound;
-    } \ibex_cheriot_pkg::bound_req_t ;
-    // type 253: packed struct "ibex_cheriot_pkg::bound_result_t"
+        logic mpie;
+        ibex_pkg::priv_lvl_e mpp;
+    } \ibex_cs_registers.status_stk_t ;
     typedef struct packed {
-        \ibex_cheriot_pkg::decoded_cap_t cap;
-        logic [31:0] maska;
-        logic [31:0] rlen;
-    } \ibex_cheriot_pkg::bound_result_t ;
+        ibex_pkg::x_debug_ver_e xdebugver;
+        logic [11:0] zero2;
+        logic ebreakm;
+        logic zero1;
+        logic ebreaks;
+        logic ebreaku;
+        logic stepie;
+        logic stopcount;
+        logic stoptime;
+        ibex_pkg::dbg_cause_e cause;
+        logic zero0;
+        logic mprven;
+        logic nmip;
+        logic step;
+        ibex_pkg::priv_lvl_e prv;
+    } \ibex_cs_registers.dcsr_t ;
 endpackage

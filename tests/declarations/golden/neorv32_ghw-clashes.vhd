@@ -2,22 +2,15 @@
 -- functions and no ranges of physical types. A name that is taken, or missing, has the id of
 -- its type at the end.
 package types is
-    -- type 269: sequential enumeration "state_t"
     type state_t_269 is (s_idle, s_busy, s_pipe, s_done);
-    -- type 0: sequential enumeration "std_ulogic"
     type std_ulogic is ('U', 'X', '0', '1', 'Z', 'W', 'L', 'H', '-');
-    -- type 2: typedef "natural": predefined
-    -- type 3: VHDL array "std_ulogic_vector"
     type std_ulogic_vector is array (natural range <>) of std_ulogic;
-    -- type 271: record "ctrl_t"
     type ctrl_t is record
         state : state_t_269;
         cnt : std_ulogic_vector(4 downto 0);
         oe : std_ulogic;
     end record;
-    -- type 384: sequential enumeration "ctrl_engine_state_t"
     type ctrl_engine_state_t is (s_idle, s_prepare_f2i, s_normalize_busy, s_round, s_finalize);
-    -- type 390: record "ctrl_t"
     type ctrl_t_390 is record
         state : ctrl_engine_state_t;
         unsign : std_ulogic;
@@ -31,11 +24,9 @@ package types is
         result : std_ulogic_vector(31 downto 0);
         flags : std_ulogic_vector(4 downto 0);
     end record;
-    -- type 409: sequential enumeration "ctrl_engine_state_t"
     type ctrl_engine_state_t_409 is (
         s_idle, s_prepare_i2f, s_check_i2f, s_prepare_norm, s_prepare_shift, s_normalize_busy,
         s_round, s_check, s_finalize);
-    -- type 416: record "ctrl_t"
     type ctrl_t_416 is record
         state : ctrl_engine_state_t_409;
         norm_r : std_ulogic;
@@ -50,12 +41,10 @@ package types is
         class : std_ulogic_vector(9 downto 0);
         flags : std_ulogic_vector(4 downto 0);
     end record;
-    -- type 523: sequential enumeration "state_t"
     type state_t_523 is (
         s_idle, s_check, s_bypass, s_sync_start, s_sync_delay, s_sync_check, s_sync_next,
         s_read_start, s_read_wait, s_read_burst, s_read_done, s_write_start, s_write_req,
         s_write_rsp, s_write_wait, s_write_burst, s_write_done);
-    -- type 529: record "ctrl_t"
     type ctrl_t_529 is record
         state : state_t_523;
         sync : std_ulogic;
@@ -72,7 +61,6 @@ package types is
         ofs_ext : std_ulogic_vector(3 downto 0);
         ofs_buf : std_ulogic_vector(3 downto 0);
     end record;
-    -- type 578: record "ctrl_t"
     type ctrl_t_578 is record
         state : state_t_523;
         sync : std_ulogic;
@@ -89,7 +77,6 @@ package types is
         ofs_ext : std_ulogic_vector(3 downto 0);
         ofs_buf : std_ulogic_vector(3 downto 0);
     end record;
-    -- type 673: record "ctrl_t"
     type ctrl_t_673 is record
         state : state_t_523;
         sync : std_ulogic;
@@ -106,7 +93,6 @@ package types is
         ofs_ext : std_ulogic_vector(3 downto 0);
         ofs_buf : std_ulogic_vector(3 downto 0);
     end record;
-    -- type 716: record "ctrl_t"
     type ctrl_t_716 is record
         state : state_t_523;
         sync : std_ulogic;
@@ -123,14 +109,12 @@ package types is
         ofs_ext : std_ulogic_vector(3 downto 0);
         ofs_buf : std_ulogic_vector(3 downto 0);
     end record;
-    -- type 761: record "ctrl_t"
     type ctrl_t_761 is record
         enable : std_ulogic;
         start : std_ulogic;
         err : std_ulogic;
         done : std_ulogic;
     end record;
-    -- type 922: record "ctrl_t"
     type ctrl_t_922 is record
         enable : std_ulogic;
         clr_rx : std_ulogic;
@@ -139,13 +123,11 @@ package types is
         irq_rx_full : std_ulogic;
         irq_tx_empty : std_ulogic;
     end record;
-    -- type 954: record "ctrl_t"
     type ctrl_t_954 is record
         enable : std_ulogic;
         lock : std_ulogic;
         timeout : std_ulogic_vector(23 downto 0);
     end record;
-    -- type 983: record "ctrl_t"
     type ctrl_t_983 is record
         enable : std_ulogic;
         sim_mode : std_ulogic;
@@ -157,7 +139,6 @@ package types is
         irq_tx_empty : std_ulogic;
         irq_tx_nfull : std_ulogic;
     end record;
-    -- type 1024: record "ctrl_t"
     type ctrl_t_1024 is record
         enable : std_ulogic;
         cpha : std_ulogic;
@@ -165,14 +146,12 @@ package types is
         prsc : std_ulogic_vector(2 downto 0);
         cdiv : std_ulogic_vector(3 downto 0);
     end record;
-    -- type 1052: record "ctrl_t"
     type ctrl_t_1052 is record
         enable : std_ulogic;
         prsc : std_ulogic_vector(2 downto 0);
         cdiv : std_ulogic_vector(3 downto 0);
         clkstr : std_ulogic;
     end record;
-    -- type 1081: record "ctrl_t"
     type ctrl_t_1081 is record
         enable : std_ulogic;
         fsel : std_ulogic;
@@ -184,7 +163,6 @@ package types is
         irq_com_beg : std_ulogic;
         irq_com_end : std_ulogic;
     end record;
-    -- type 1157: record "ctrl_t"
     type ctrl_t_1157 is record
         enable : std_ulogic;
         clk_prsc : std_ulogic_vector(2 downto 0);
@@ -192,14 +170,12 @@ package types is
         t0_high : std_ulogic_vector(4 downto 0);
         t1_high : std_ulogic_vector(4 downto 0);
     end record;
-    -- type 1190: record "ctrl_t"
     type ctrl_t_1190 is record
         enable : std_ulogic;
         clear : std_ulogic;
         clk_prsc : std_ulogic_vector(1 downto 0);
         clk_div : std_ulogic_vector(7 downto 0);
     end record;
-    -- type 1220: record "ctrl_t"
     type ctrl_t_1220 is record
         enable : std_ulogic;
         irq_rx_nempty : std_ulogic;

@@ -2,12 +2,8 @@
 -- functions and no ranges of physical types. A name that is taken, or missing, has the id of
 -- its type at the end.
 package types is
-    -- type 0: sequential enumeration "std_ulogic"
     type std_ulogic is ('U', 'X', '0', '1', 'Z', 'W', 'L', 'H', '-');
-    -- type 2: typedef "natural": predefined
-    -- type 3: VHDL array "std_ulogic_vector"
     type std_ulogic_vector is array (natural range <>) of std_ulogic;
-    -- type 119: record "ctrl_bus_t"
     type ctrl_bus_t is record
         if_reset : std_ulogic;
         if_ready : std_ulogic;
@@ -51,7 +47,6 @@ package types is
         cpu_sync_exc : std_ulogic;
         cpu_debug : std_ulogic;
     end record;
-    -- type 122: record "if_bus_t"
     type if_bus_t is record
         valid : std_ulogic;
         i32 : std_ulogic_vector(31 downto 0);

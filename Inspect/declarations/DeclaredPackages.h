@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Inspect/model/TypeTable.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Inspect {
+
+class DeclaredNames;
+
+/// The packages that SystemVerilog types are declared in, in an order in which a compiler can read
+/// them.
+///
+/// A type called `p::t` belongs to the package `p`, unless a class has the name `p`. As packages
+/// cannot need one another, a type that needs one of a later package is declared there. A type
+/// without a package that needs no type of one goes with the first package that needs it; all
+/// others are in the last package, which has a name of its own. The needs of specialisations of
+/// classes, `p::c#(...)`, make no difference for the order of packages.
+class DeclaredPackages {
+public:
+    /// One package for all types.
+    DeclaredPackages() : m_names{"types"} {}
+
+    /// Looks at all types of the language of `names`, and at their needs.
+    DeclaredPackages(const TypeTable& types, const DeclaredNames& names);
+
+    /// At least 1.
+    std::size_t count() const { return m_names.size(); }
+
+    /// The name of a package. That of the last one is no other's.
+    const std::string& nameOf(std::size_t package) const { return m_names[package]; }
+
+    /// The place among the packages of the one that declares the type.
+    std::size_t packageOf(unsigned int id) const {
+        return id < m_places.size() ? m_places[id] : m_names.size() - 1;
+    }
+
+    /// Whether that is another package than the one in the type's name.
+    bool isAway(unsigned int id) const { return id < m_away.size() && m_away[id]; }
+
+    /// The name of a type within the package that declares it: without that package's name.
+    std::string_view localName(unsigned int id, std::string_view name) const;
+
+private:
+    std::vector<std::string> m_names;
+    std::vector<unsigned int> m_places; ///< Of types.
+    std::vector<bool> m_away;
+};
+
+} // namespace Inspect

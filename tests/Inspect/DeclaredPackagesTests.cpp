@@ -1,0 +1,238 @@
+#include "Inspect/declarations/DeclarationFile.h"
+#include "support/LinkedTypes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using namespace RTTI;
+using namespace Inspect;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+/// All types but those that their users spell out, from the first package on.
+std::string packagesOf(LinkedTypes& types) {
+    std::ostringstream out;
+    const TypeTable table = types.table();
+    DeclarationFile file(out, table, SourceLanguage::SYSTEM_VERILOG, IdComments::NONE);
+    for (unsigned int id = 0; id < table.count; ++id)
+        file.addUnlessSpelledOut(id);
+    file.end();
+    return out.str().substr(out.str().find("\npackage ") + 1);
+}
+
+void structure(LinkedTypes& types, const std::string& name, unsigned int member) {
+    auto& type = types.add<RTRecordType>(name);
+    type.m_recordKind = VLOG_UNPACKED_STRUCT;
+    TypeFile::addMember(type, "m", member);
+}
+
+RTClassType& classType(LinkedTypes& types, const std::string& name,
+                       const std::vector<unsigned int>& members,
+                       unsigned int base = TypeFileFormat::NO_TYPE_ID) {
+    auto& type = types.add<RTClassType>(name);
+    type.m_baseClassTypeId = base;
+    for (const unsigned int member : members)
+        TypeFile::addMember(type, std::string(1, static_cast<char>('a' + type.m_members.size())),
+                            member);
+    return type;
+}
+
+TEST(DeclaredPackages, DeclareTheTypesThatHaveTheirNames) {
+    LinkedTypes types;
+    types.logic();
+    types.alias("p::t", 0);
+    structure(types, "q::s", 1);
+    structure(types, "p::s", 1);
+    types.alias("top.t", 2);
+    EXPECT_EQ(packagesOf(types), "package p;\n"
+                                 "    typedef logic t;\n"
+                                 "    typedef struct {\n"
+                                 "        t m;\n"
+                                 "    } s;\n"
+                                 "endpackage\n"
+                                 "\n"
+                                 "package q;\n"
+                                 "    typedef struct {\n"
+                                 "        p::t m;\n"
+                                 "    } s;\n"
+                                 "endpackage\n"
+                                 "\n"
+                                 "package types;\n"
+                                 "    typedef q::s \\top.t ;\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, FollowThoseThatTheyNeed) {
+    LinkedTypes types;
+    structure(types, "p::s", 2);
+    types.logic();
+    types.alias("q::t", 1);
+    EXPECT_EQ(packagesOf(types), "package q;\n"
+                                 "    typedef logic t;\n"
+                                 "endpackage\n"
+                                 "\n"
+                                 "package p;\n"
+                                 "    typedef struct {\n"
+                                 "        q::t m;\n"
+                                 "    } s;\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, HaveNoTypesThatNeedALaterOne) {
+    LinkedTypes types;
+    types.logic();
+    types.alias("p::t", 0);
+    structure(types, "q::s", 1);
+    classType(types, "p::c#(q::s)", {2, 1});
+    structure(types, "p::user", 3);
+    types.alias("q::last", 4);
+    EXPECT_THAT(packagesOf(types),
+                EndsWith("    } s;\n"
+                         "    // Declared here and not in its own package, as it needs types of "
+                         "this one:\n"
+                         "    class \\p::c#(q::s) ;\n"
+                         "        s a;\n"
+                         "        p::t b;\n"
+                         "    endclass\n"
+                         "    // Declared here and not in its own package, as it needs types of "
+                         "this one:\n"
+                         "    typedef struct {\n"
+                         "        \\p::c#(q::s) m;\n"
+                         "    } \\p::user ;\n"
+                         "    typedef \\p::user last;\n"
+                         "endpackage\n"));
+}
+
+TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
+    LinkedTypes types;
+    classType(types, "p::c", {0, 1});
+    classType(types, "p::d", {});
+    classType(types, "q::e", {1, 3});
+    classType(types, "q::f", {});
+    EXPECT_EQ(packagesOf(types), "package p;\n"
+                                 "    typedef class d;\n"
+                                 "    class c;\n"
+                                 "        c a;\n"
+                                 "        d b;\n"
+                                 "    endclass\n"
+                                 "    class d;\n"
+                                 "    endclass\n"
+                                 "endpackage\n"
+                                 "\n"
+                                 "package q;\n"
+                                 "    typedef class f;\n"
+                                 "    class e;\n"
+                                 "        p::d a;\n"
+                                 "        f b;\n"
+                                 "    endclass\n"
+                                 "    class f;\n"
+                                 "    endclass\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, ThatNeedOneAnotherHaveBothTypesInTheLater) {
+    LinkedTypes types;
+    classType(types, "p::c", {1});
+    classType(types, "q::d", {0});
+    const std::string text = packagesOf(types);
+    EXPECT_THAT(text, testing::StartsWith("package p;\n"));
+    EXPECT_THAT(text, Not(HasSubstr("package q;")));
+    EXPECT_THAT(text, HasSubstr("        c a;\n"));
+    EXPECT_THAT(text, HasSubstr("        \\q::d a;\n"));
+}
+
+TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatTheyNeedFirst) {
+    LinkedTypes types;
+    types.logic();
+    structure(types, "", 0);
+    structure(types, "q::s", 1);
+    structure(types, "p::s", 4);
+    types.alias("word_t", 0);
+    structure(types, "q::t", 4);
+    types.alias("p::q_user", 2);
+    const std::string text = packagesOf(types);
+    EXPECT_THAT(text, HasSubstr("package q;\n"
+                                "    typedef struct {\n"
+                                "        logic m;\n"
+                                "    } type_1;\n"));
+    EXPECT_THAT(text, HasSubstr("    typedef logic word_t;\n"
+                                "    typedef struct {\n"
+                                "        word_t m;\n"
+                                "    } t;\n"));
+    EXPECT_THAT(text, HasSubstr("        q::word_t m;\n"));
+    EXPECT_THAT(text, Not(HasSubstr("package types;")));
+}
+
+TEST(DeclaredPackages, ImportBaseClassesOfOthers) {
+    LinkedTypes types;
+    classType(types, "p::base", {});
+    classType(types, "q::derived", {}, 0);
+    classType(types, "r::base", {}, 0);
+    const std::string text = packagesOf(types);
+    EXPECT_THAT(text, HasSubstr("    import p::base;\n"
+                                "    class derived extends base;\n"));
+    EXPECT_THAT(text, HasSubstr("package r;\n"
+                                "    class base extends p::base;\n"))
+        << "the name is taken";
+}
+
+TEST(DeclaredPackages, AreNotMadeOfClasses) {
+    LinkedTypes types;
+    types.logic();
+    classType(types, "c", {});
+    types.alias("c::t", 0);
+    types.alias("std::t", 0);
+    types.alias("$unit::t", 0);
+    EXPECT_EQ(packagesOf(types), "package types;\n"
+                                 "    class c;\n"
+                                 "    endclass\n"
+                                 "    typedef logic \\c::t ;\n"
+                                 "    typedef logic \\std::t ;\n"
+                                 "    typedef logic \\$unit::t ;\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, KeepTheirNamesFromTypes) {
+    LinkedTypes types;
+    types.logic();
+    types.alias("p::q", 0);
+    types.alias("q::t", 0);
+    types.alias("types::t", 0);
+    types.alias("t", 0);
+    const std::string text = packagesOf(types);
+    EXPECT_THAT(text, HasSubstr("    typedef logic q_1;\n"));
+    EXPECT_THAT(text, HasSubstr("package types_;\n    typedef logic t;\n"));
+}
+
+TEST(DeclaredPackages, HaveNoArraysThatUsersSpellOut) {
+    LinkedTypes types;
+    types.logic();
+    types.array(VLOG_FIXED_PACKED_ARRAY, "", 0, {{7, 0, 0}});
+    structure(types, "p::s", 1);
+    types.array(VLOG_FIXED_UNPACKED_ARRAY, "", 2, {{0, 3, 1}});
+    types.alias("p::s", 2);
+    EXPECT_EQ(packagesOf(types), "package p;\n"
+                                 "    typedef struct {\n"
+                                 "        logic [7:0] m;\n"
+                                 "    } s;\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, DeclareArraysThatAreTooDeepToSpellOut) {
+    LinkedTypes types;
+    unsigned int id = types.logic();
+    for (int i = 0; i < 10; ++i)
+        id = types.array(VLOG_FIXED_PACKED_ARRAY, "", id, {{0, 0, 0}});
+    types.alias("p::t", id);
+    EXPECT_EQ(packagesOf(types), "package p;\n"
+                                 "    typedef logic [0:0][0:0] type_2;\n"
+                                 "    typedef type_2 [0:0][0:0][0:0][0:0][0:0][0:0][0:0][0:0] t;\n"
+                                 "endpackage\n");
+}
+
+} // namespace
