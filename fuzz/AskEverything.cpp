@@ -41,7 +41,7 @@ void ask(RTBaseType& type) {
 void declareAll(std::ostream& out, const Inspect::TypeTable& types) {
     using Inspect::SourceLanguage;
     for (const auto language : {SourceLanguage::VHDL, SourceLanguage::SYSTEM_VERILOG}) {
-        Inspect::DeclarationFile file(out, types, language);
+        Inspect::DeclarationFile file(out, types, language, Inspect::IdComments::SHOWN);
         for (unsigned int id = 0; id < types.count; ++id)
             file.add(id);
         file.end();

@@ -110,10 +110,10 @@ TEST(DeclaredPackages, HaveNoTypesThatNeedALaterOne) {
 
 TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
     LinkedTypes types;
-    classType(types, "p::c", {0, 1});
-    classType(types, "p::d", {});
-    classType(types, "q::e", {1, 3});
+    classType(types, "q::e", {3, 1});
     classType(types, "q::f", {});
+    classType(types, "p::c", {2, 3});
+    classType(types, "p::d", {});
     EXPECT_EQ(packagesOf(types), "package p;\n"
                                  "    typedef class d;\n"
                                  "    class c;\n"
