@@ -363,8 +363,12 @@ bool TreeTypes::isCovergroup(TreeAddress address, unsigned long long line) const
 TreeTypes::Made TreeTypes::makeClass(const TreeClass& type) {
     auto made = std::make_unique<RTClassType>();
     TypeFile::setName(*made, type.name);
-    if (type.base != 0)
+    if (type.base != 0) {
+        if (typeAt(behindAliases(type.base, type.line), type.line).kind != TreeTypeKind::CLASS_REF)
+            throw ImportError(m_input.linePlace(type.line),
+                              "the tree is damaged: the base of " + type.name + " is no class");
         made->m_baseClassTypeId = idOf(type.base, type.line);
+    }
     if (type.hasParameters)
         note(type.line, type.name + ": its parameters are not kept");
     for (const std::string& interface : type.interfaces)

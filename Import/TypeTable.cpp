@@ -92,6 +92,18 @@ std::string nameOf(const RTBaseType& type) {
     return name.empty() ? "a type without a name" : name;
 }
 
+/// Calls take(id) for each type without which there is none: members of classes and designated
+/// types are but handles.
+template <typename Take> void forEachPart(const RTBaseType& type, Take take) {
+    if (type.GetClassId() == ClassId::ACCESS)
+        return;
+    if (type.GetClassId() != ClassId::CLASS)
+        forEachTypeId(type, take);
+    else if (const unsigned int base = static_cast<const RTClassType&>(type).m_baseClassTypeId;
+             base != TypeFileFormat::NO_TYPE_ID)
+        take(base);
+}
+
 } // namespace
 
 unsigned int TypeTable::reserve(const std::string& what) {
@@ -193,15 +205,10 @@ void TypeTable::checkParts(const Ids& needed) const {
     std::vector<Ids> wholes(size());
     Ids pending;
     for (const unsigned int id : needed) {
-        const RTBaseType& type = *m_types[id].type;
-        const bool holdsHandles =
-            type.GetClassId() == ClassId::CLASS || type.GetClassId() == ClassId::ACCESS;
-        if (!holdsHandles) {
-            forEachTypeId(type, [&](unsigned int part) {
-                ++partsLeft[id];
-                wholes[part].push_back(id);
-            });
-        }
+        forEachPart(*m_types[id].type, [&](unsigned int part) {
+            ++partsLeft[id];
+            wholes[part].push_back(id);
+        });
         if (partsLeft[id] == 0)
             pending.push_back(id);
     }

@@ -428,4 +428,24 @@ TEST_F(VerilatorTreeTest, TypesThatLeadToThemselvesAreDamage) {
         HasSubstr("is a part of itself"));
 }
 
+/// A tree whose class p::c extends the type with the address 0xb.
+std::string extendingTree(const std::string& type) {
+    return tree("    1: PACKAGE 0x6 {c1aj}  p  L3 [LIB] [1ps]\n"
+                "    1:2: CLASS 0xc {c2am}  c  L4 [1ps] [EXT]\n"
+                "    1:2:4: CLASSEXTENDS 0xd {c2az} @dt=0xb@(w0)class:c\n",
+                type);
+}
+
+TEST_F(VerilatorTreeTest, InvalidClassThatIsItsOwnBase) {
+    EXPECT_EQ(faultOf(extendingTree("    3:1: CLASSREFDTYPE 0xb {c2dg} @dt=this@(w0)class:c  c "
+                                    "cpkg=0xc -> CLASS 0xc {c2am}  c  L4 [1ps] [EXT]\n")),
+              "x.tree:4: the input is damaged: p::c is a part of itself");
+}
+
+TEST_F(VerilatorTreeTest, InvalidClassWhoseBaseIsNoClass) {
+    EXPECT_EQ(
+        faultOf(extendingTree("    3:1: BASICDTYPE 0xb {c2aj} @dt=this@(w1)  logic kwd=logic\n")),
+        "x.tree:4: the tree is damaged: the base of p::c is no class");
+}
+
 } // namespace
