@@ -203,33 +203,48 @@ private:
         return {packages.size() + 1, pairs};
     }
 
-    /// A named type without a package that needs one of a package stays in the last; what has a
-    /// package is in the latest one that it leads to.
-    void placeWithNeeds() {
-        const auto all = [](unsigned int) { return true; };
-        m_placed.assign(m_types.count, NONE);
-        for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (hasOwn(id) && m_placed[id] == NONE)
-                spread(id, 0, users(), all);
-        }
-        std::vector<bool> leadsToPackage;
-        for (const unsigned int place : m_placed)
-            leadsToPackage.push_back(place != NONE);
-        const Edges starts = sorted([&](unsigned int id) {
-            if (hasOwn(id))
-                return m_ranks[m_owns[id]];
-            return leadsToPackage[id] && !nameOf(id).empty() ? last() : NONE;
-        });
+    /// Places what `starts` has, and what leads to it, as late as it takes.
+    void placeUsersOf(const Edges& starts) {
         m_placed.assign(m_types.count, NONE);
         for (unsigned int place = last() + 1; place-- > 0;) {
             for (std::size_t i = 0; i < starts.count(place); ++i) {
                 if (m_placed[starts.target(place, i)] == NONE)
-                    spread(starts.target(place, i), place, users(), all);
+                    spread(starts.target(place, i), place, users(),
+                           [](unsigned int) { return true; });
             }
         }
+    }
+
+    /// Places what `starts` leads to, as early as it can be, over types that are accepted.
+    template <typename Accept> void placeNeedsOf(const Edges& starts, Accept accept) {
+        for (unsigned int place = 0; place <= last(); ++place) {
+            for (std::size_t i = 0; i < starts.count(place); ++i)
+                spread(starts.target(place, i), place, needs(), accept);
+        }
+    }
+
+    /// A type with a package is in the latest one that it leads to. A named type without one floats
+    /// if all packages that it leads to are before the first that leads to it; else it is in the
+    /// last.
+    void placeWithNeeds() {
+        const Edges owned =
+            sorted([&](unsigned int id) { return hasOwn(id) ? m_ranks[m_owns[id]] : NONE; });
+        placeUsersOf(owned);
+        const std::vector<unsigned int> latestNeeds = m_placed;
+        m_placed.assign(m_types.count, NONE);
+        placeNeedsOf(owned, [this](unsigned int id) { return !hasOwn(id); });
         m_isFloating.resize(m_types.count);
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            m_isFloating[id] = !hasOwn(id) && !(leadsToPackage[id] && !nameOf(id).empty());
+            const bool isBetween = m_placed[id] != NONE && m_placed[id] > latestNeeds[id];
+            m_isFloating[id] =
+                !hasOwn(id) && (nameOf(id).empty() || latestNeeds[id] == NONE || isBetween);
+        }
+        placeUsersOf(sorted([&](unsigned int id) {
+            if (hasOwn(id))
+                return m_ranks[m_owns[id]];
+            return m_isFloating[id] ? NONE : last();
+        }));
+        for (unsigned int id = 0; id < m_types.count; ++id) {
             if (m_isFloating[id])
                 m_placed[id] = NONE;
         }
@@ -237,12 +252,8 @@ private:
 
     /// All others go with the first package that uses them.
     void placeWithUsers() {
-        const auto isFloating = [this](unsigned int id) { return m_isFloating[id]; };
-        const Edges placed = sorted([&](unsigned int id) { return m_placed[id]; });
-        for (unsigned int place = 0; place <= last(); ++place) {
-            for (std::size_t i = 0; i < placed.count(place); ++i)
-                spread(placed.target(place, i), place, needs(), isFloating);
-        }
+        placeNeedsOf(sorted([&](unsigned int id) { return m_placed[id]; }),
+                     [this](unsigned int id) { return m_isFloating[id]; });
     }
 
     const TypeTable& m_types;

@@ -16,9 +16,9 @@ class DeclaredNames;
 ///
 /// A type called `p::t` belongs to the package `p`, unless a class has the name `p`. As packages
 /// cannot need one another, a type that needs one of a later package is declared there. A type
-/// without a package that needs no type of one goes with the first package that needs it; all
-/// others are in the last package, which has a name of its own. The needs of specialisations of
-/// classes, `p::c#(...)`, make no difference for the order of packages.
+/// without a package goes with the first package that needs it, if it needs none or only earlier
+/// ones; all others are in the last package, which has a name of its own. The needs of
+/// specialisations of classes, `p::c#(...)`, make no difference for the order of packages.
 class DeclaredPackages {
 public:
     /// One package for all types.

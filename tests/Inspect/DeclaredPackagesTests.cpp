@@ -168,6 +168,46 @@ TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatTheyNeedFirst) {
     EXPECT_THAT(text, Not(HasSubstr("package types;")));
 }
 
+TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatNeedEarlierOnes) {
+    LinkedTypes types;
+    types.logic();
+    types.alias("p::t", 0);
+    structure(types, "top.s", 1);
+    types.alias("q::s", 2);
+    EXPECT_EQ(packagesOf(types), "package p;\n"
+                                 "    typedef logic t;\n"
+                                 "endpackage\n"
+                                 "\n"
+                                 "package q;\n"
+                                 "    typedef struct {\n"
+                                 "        p::t m;\n"
+                                 "    } \\top.s ;\n"
+                                 "    typedef \\top.s s;\n"
+                                 "endpackage\n");
+}
+
+TEST(DeclaredPackages, HaveNoTypeWithoutOneThatNeedsThePackageItself) {
+    LinkedTypes types;
+    classType(types, "p::base", {});
+    classType(types, "top.item", {}, 0);
+    classType(types, "p::queue#(top.item)", {1});
+    EXPECT_EQ(packagesOf(types),
+              "package p;\n"
+              "    class base;\n"
+              "    endclass\n"
+              "endpackage\n"
+              "\n"
+              "package types;\n"
+              "    import p::base;\n"
+              "    class \\top.item extends base;\n"
+              "    endclass\n"
+              "    // Declared here and not in its own package, as it needs types of this one:\n"
+              "    class \\p::queue#(top.item) ;\n"
+              "        \\top.item a;\n"
+              "    endclass\n"
+              "endpackage\n");
+}
+
 TEST(DeclaredPackages, ImportBaseClassesOfOthers) {
     LinkedTypes types;
     classType(types, "p::base", {});

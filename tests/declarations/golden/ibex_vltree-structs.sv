@@ -154,17 +154,6 @@ endpackage
 
 package ibex_cs_registers__pi7;
     typedef struct packed {
-        logic double_fault_seen;
-        logic sync_exc_seen;
-        logic [2:0] dummy_instr_mask;
-        logic dummy_instr_en;
-        logic data_ind_timing;
-        logic icache_enable;
-    } \ibex_cs_registers.cpu_ctrl_sts_part_t ;
-endpackage
-
-package types;
-    typedef struct packed {
         logic mie;
         logic mpie;
         ibex_pkg::priv_lvl_e mpp;
@@ -192,4 +181,12 @@ package types;
         logic step;
         ibex_pkg::priv_lvl_e prv;
     } \ibex_cs_registers.dcsr_t ;
+    typedef struct packed {
+        logic double_fault_seen;
+        logic sync_exc_seen;
+        logic [2:0] dummy_instr_mask;
+        logic dummy_instr_en;
+        logic data_ind_timing;
+        logic icache_enable;
+    } \ibex_cs_registers.cpu_ctrl_sts_part_t ;
 endpackage
