@@ -235,9 +235,10 @@ std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId,
         literals.size() <= LITERAL_LIMIT) {
         std::string literal = m_names.literalNames(baseId, static_cast<std::size_t>(value) +
                                                                1)[static_cast<std::size_t>(value)];
-        const bool isHidden = m_names.isPredefined(baseId) && !isCharacterLiteral(literal) &&
-                              m_names.isHidden(literal);
-        if (!isHidden)
+        // A predefined literal that needs an escape here is one outside ASCII, such as y umlaut.
+        const bool isHidden =
+            !isCharacterLiteral(literal) && (literal.front() == '\\' || m_names.isHidden(literal));
+        if (!isHidden || !m_names.isPredefined(baseId))
             return literal;
     }
     return fmt::format("{}'val({})", m_names.typeName(baseId), value);
