@@ -110,10 +110,11 @@ TEST(DeclaredPackages, HaveNoTypesThatNeedALaterOne) {
 
 TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
     LinkedTypes types;
-    classType(types, "q::e", {3, 1});
+    classType(types, "q::e", {3, 1, 4});
     classType(types, "q::f", {});
     classType(types, "p::c", {2, 3});
     classType(types, "p::d", {});
+    classType(types, "p::z", {});
     EXPECT_EQ(packagesOf(types), "package p;\n"
                                  "    typedef class d;\n"
                                  "    class c;\n"
@@ -122,6 +123,8 @@ TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
                                  "    endclass\n"
                                  "    class d;\n"
                                  "    endclass\n"
+                                 "    class z;\n"
+                                 "    endclass\n"
                                  "endpackage\n"
                                  "\n"
                                  "package q;\n"
@@ -129,6 +132,7 @@ TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
                                  "    class e;\n"
                                  "        p::d a;\n"
                                  "        f b;\n"
+                                 "        p::z c;\n"
                                  "    endclass\n"
                                  "    class f;\n"
                                  "    endclass\n"
