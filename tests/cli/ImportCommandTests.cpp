@@ -347,4 +347,23 @@ TEST_F(RttiImportRun, NamesThePackageOfAFrontEndThatIsMissing) {
     EXPECT_FALSE(fs::exists(m_output));
 }
 
+TEST_F(RttiImportRun, NamesThePackageOfGhdlIfItIsMissing) {
+    const Result result =
+        rttiWith("PATH=/nowhere", "import --run ghdl -o '" + m_output + "' -- --std=08 tb");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "rtti: ghdl: the program is not there: install the package ghdl-mcode\n");
+}
+
+TEST_F(RttiImportRun, SaysThatTheAnalysisOfGhdlFailed) {
+    std::ofstream(m_programs + "/ghdl") << "#!/bin/sh\necho tb.vhd:1:1: fault >&2\nexit 1\n";
+    fs::permissions(m_programs + "/ghdl", fs::perms::owner_all);
+    const Result result = rttiWith("PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "'",
+                                   "import --run ghdl -o '" + m_output + "' -- --std=08 tb.vhd tb");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "tb.vhd:1:1: fault\n"
+                          "rtti: ghdl: the analysis failed: it ended with exit status 1\n");
+    EXPECT_TRUE(fs::is_empty(m_temporary));
+    EXPECT_FALSE(fs::exists(m_output));
+}
+
 } // namespace
