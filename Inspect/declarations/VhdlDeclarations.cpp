@@ -281,25 +281,34 @@ std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) 
            (text.isUsedUp() ? "" : fmt::format(NO_PLACE, textOf(ranges, text.firstLeft())));
 }
 
-bool VhdlDeclarations::isSpelledOut(unsigned int id) const {
-    if (!isUnnamed(id) || typeOf(id)->GetClassId() != ClassId::TYPEDEF)
-        return false;
-    const unsigned int data = static_cast<const RTTypedefType*>(typeOf(id))->m_dataTypeId;
-    return typeOf(data) != nullptr && !isUnnamed(data);
+/// The typedef with this id, if it has no name and its users spell it out; else null.
+const RTTypedefType* VhdlDeclarations::spelledOut(unsigned int id) const {
+    const RTBaseType* const type = typeOf(id);
+    if (type == nullptr || !isUnnamed(id) || type->GetClassId() != ClassId::TYPEDEF)
+        return nullptr;
+    const auto* const alias = static_cast<const RTTypedefType*>(type);
+    const unsigned int data = alias->m_dataTypeId;
+    return typeOf(data) != nullptr && !isUnnamed(data) ? alias : nullptr;
+}
+
+bool VhdlDeclarations::isSpelledOut(unsigned int id) const { return spelledOut(id) != nullptr; }
+
+/// What a user with these ranges spells out in place of the type; else null.
+const RTTypedefType* VhdlDeclarations::spelledOut(unsigned int id, const Ranges& ranges) const {
+    const bool isPlain = std::all_of(ranges.begin(), ranges.end(), isOpen);
+    return isPlain ? spelledOut(id) : nullptr;
 }
 
 unsigned int VhdlDeclarations::calledType(unsigned int id, const Ranges& ranges) const {
-    const bool isPlain = std::all_of(ranges.begin(), ranges.end(), isOpen);
-    return isPlain && isSpelledOut(id) ? static_cast<const RTTypedefType*>(typeOf(id))->m_dataTypeId
-                                       : id;
+    const RTTypedefType* const alias = spelledOut(id, ranges);
+    return alias != nullptr ? alias->m_dataTypeId : id;
 }
 
 std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
+    const RTTypedefType* const alias = spelledOut(id, ranges);
     const unsigned int called = calledType(id, ranges);
     return m_names.typeName(called) +
-           constraint(called, called == id
-                                  ? ranges
-                                  : static_cast<const RTTypedefType*>(typeOf(id))->m_constraints);
+           constraint(called, alias != nullptr ? alias->m_constraints : ranges);
 }
 
 void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id, std::size_t most) const {

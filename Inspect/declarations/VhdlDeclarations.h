@@ -41,6 +41,8 @@ private:
 
     /// The type that a user with `ranges` calls by its name: not a subtype without a name, unless
     /// it is constrained further.
+    const RTTI::RTTypedefType* spelledOut(unsigned int id) const;
+    const RTTI::RTTypedefType* spelledOut(unsigned int id, const Ranges& ranges) const;
     unsigned int calledType(unsigned int id, const Ranges& ranges) const;
 
     /// A type's name with what `ranges` constrain of it; subtypes without a name are written out.
