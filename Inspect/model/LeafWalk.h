@@ -22,10 +22,16 @@ std::string dimensionText(const Dimension& dimension);
 /// with the depth alone.
 class LeafWalk {
 public:
-    LeafWalk(unsigned int id, const RTTI::RTBaseType* type) : m_walk(id, type) {}
+    /// The walk ends after `maxParts` parts, as PartWalk does.
+    LeafWalk(unsigned int id, const RTTI::RTBaseType* type,
+             unsigned int maxParts = PartWalk::ANY_NUMBER)
+        : m_walk(id, type, PartWalk::ANY_DEPTH, maxParts) {}
 
     /// Goes to the next leaf; false at the end.
     bool next();
+
+    /// Whether the walk ended because there are more parts than it may go to.
+    bool isCut() const { return m_walk.isCut(); }
 
     // The leaf that `next` went to; until the next call.
 

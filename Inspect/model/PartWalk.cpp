@@ -58,8 +58,9 @@ bool isAggregate(const RTBaseType& type) {
 
 } // namespace
 
-PartWalk::PartWalk(unsigned int id, const RTBaseType* type, unsigned int maxDepth)
-    : m_maxDepth(maxDepth) {
+PartWalk::PartWalk(unsigned int id, const RTBaseType* type, unsigned int maxDepth,
+                   unsigned int maxParts)
+    : m_maxDepth(maxDepth), m_partsLeft(maxParts) {
     m_part.typeId = id;
     m_part.type = type;
     m_stacks.push_back(std::make_unique<Stack>());
@@ -76,6 +77,10 @@ bool PartWalk::next() {
             leave();
             continue;
         }
+        m_isCut = m_partsLeft == 0;
+        if (m_isCut)
+            return false;
+        --m_partsLeft;
         enterPart();
         if (m_part.depth <= m_maxDepth)
             return true;

@@ -42,14 +42,20 @@ struct Part {
 class PartWalk {
 public:
     static constexpr unsigned int ANY_DEPTH = std::numeric_limits<unsigned int>::max();
+    static constexpr unsigned int ANY_NUMBER = std::numeric_limits<unsigned int>::max();
 
     /// `type` may be null; it and what is below it must outlive the walk. What lies deeper than
     /// `maxDepth` does not come; it is still gone through where it takes ranges from above away
-    /// from parts that come.
-    PartWalk(unsigned int id, const RTTI::RTBaseType* type, unsigned int maxDepth = ANY_DEPTH);
+    /// from parts that come. After `maxParts` parts, those that lie too deep included, the walk
+    /// ends: a short file can hold a type of 2^40 parts.
+    PartWalk(unsigned int id, const RTTI::RTBaseType* type, unsigned int maxDepth = ANY_DEPTH,
+             unsigned int maxParts = ANY_NUMBER);
 
     /// Goes to the next part; false at the end.
     bool next();
+
+    /// Whether the walk ended because there are more parts than it may go to.
+    bool isCut() const { return m_isCut; }
 
     /// The part that `next` went to; until the next call.
     const Part& part() const { return m_part; }
@@ -82,6 +88,8 @@ private:
     void leave();
 
     unsigned int m_maxDepth;
+    unsigned int m_partsLeft;
+    bool m_isCut = false;
     Part m_part;
     bool m_isBegun = false;
     std::vector<Step> m_path;

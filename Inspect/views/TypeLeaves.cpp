@@ -75,22 +75,28 @@ Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
 
 } // namespace
 
-void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
+bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style) {
-    LeafWalk leaf(id, types.typeOf(id));
+    LeafWalk leaf(request.id, types.typeOf(request.id), request.limit);
     while (out && leaf.next())
         out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
             << column(style, Ink::KEYWORD, typeText(types, leaf), TYPE_WIDTH)
             << column(style, Ink::COMMENT, encodingOf(leaf, types), ENCODING_WIDTH)
             << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
+    if (leaf.isCut())
+        out << style.paint(Ink::COMMENT, "... and more") << '\n';
+    return !leaf.isCut();
 }
 
-void writeLeavesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
-    LeafWalk leaf(id, types.typeOf(id));
-    JsonLines lines(out, form, jsonHead("HDL simulator type leaves", {{"id", id}}), "leaves");
+bool writeLeavesJson(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
+                     JsonForm form) {
+    LeafWalk leaf(request.id, types.typeOf(request.id), request.limit);
+    JsonLines lines(out, form, jsonHead("HDL simulator type leaves", {{"id", request.id}}),
+                    "leaves");
     while (out && leaf.next())
         lines.add(leafToJson(leaf, types));
     lines.end();
+    return !leaf.isCut();
 }
 
 } // namespace Inspect

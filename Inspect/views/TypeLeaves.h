@@ -2,6 +2,7 @@
 
 #include "Inspect/json/TypeJsonWriter.h"
 #include "Inspect/model/TypeTable.h"
+#include "Inspect/views/TypeTree.h"
 #include "Inspect/words/TextStyle.h"
 
 #include <ostream>
@@ -20,12 +21,22 @@ namespace Inspect {
 // within the innermost array of that sort. Each leaf is written as soon as it is found, so memory
 // use grows only with the depth.
 
+/// Which leaves are listed.
+struct LeavesRequest {
+    unsigned int id = 0; ///< The id of the outermost type.
+
+    /// The largest number of parts that the walk goes to on its way to the leaves; see TreeRequest.
+    unsigned int limit = TreeRequest().limit;
+};
+
 /// Writes one line for each leaf: path, type, encoding and ranges, with "-" for anything that does
-/// not apply. At least two spaces separate the columns.
-void writeLeaves(std::ostream& out, const TypeTable& types, unsigned int id,
+/// not apply. At least two spaces separate the columns. A list that goes on behind the limit ends
+/// with a line that says so; the result is then false.
+bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style);
 
-/// Writes the leaves as a list of objects.
-void writeLeavesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form);
+/// Writes the leaves as a list of objects. False if the limit cut it.
+bool writeLeavesJson(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
+                     JsonForm form);
 
 } // namespace Inspect

@@ -99,9 +99,9 @@ Json partToJson(const Part& part) {
 
 } // namespace
 
-void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+bool writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                const TextStyle& style) {
-    PartWalk walk(request.id, types.typeOf(request.id), request.depth);
+    PartWalk walk(request.id, types.typeOf(request.id), request.depth, request.limit);
     Branches branches;
     while (out && walk.next()) {
         const Part& part = walk.part();
@@ -111,11 +111,14 @@ void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& req
             out << ' ' << style.paint(Ink::COMMENT, "...");
         out << '\n';
     }
+    if (walk.isCut())
+        out << style.paint(Ink::COMMENT, "... and more") << '\n';
+    return !walk.isCut();
 }
 
-void writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+bool writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                    JsonForm form) {
-    PartWalk walk(request.id, types.typeOf(request.id), request.depth);
+    PartWalk walk(request.id, types.typeOf(request.id), request.depth, request.limit);
     JsonLines lines(out, form, jsonHead("HDL simulator type tree", {{"id", request.id}}), "parts");
     while (out && walk.next()) {
         Json json = partToJson(walk.part());
@@ -124,6 +127,7 @@ void writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest&
         lines.add(json);
     }
     lines.end();
+    return !walk.isCut();
 }
 
 } // namespace Inspect

@@ -15,6 +15,10 @@ struct TreeRequest {
 
     /// The largest number of types above one that is shown.
     unsigned int depth = std::numeric_limits<unsigned int>::max();
+
+    /// The largest number of parts that the walk goes to, those that lie too deep included. The
+    /// largest tree of the example designs has fewer; a short file can hold one of 2^40.
+    unsigned int limit = 10'000'000;
 };
 
 // A tree shows what a type is made of, with one line for each part and the parts of a type below
@@ -27,12 +31,13 @@ struct TreeRequest {
 // Each part is written as soon as it is found, so memory use grows only with the depth: a tree can
 // be far larger than the file.
 
-/// Draws the tree with ASCII lines. From the 40th level on, a number gives the depth instead.
-void writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+/// Draws the tree with ASCII lines. From the 40th level on, a number gives the depth instead. A
+/// tree that goes on behind the limit ends with a line that says so; the result is then false.
+bool writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                const TextStyle& style);
 
-/// Writes the tree as a list of parts, each with its depth and its role.
-void writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
+/// Writes the tree as a list of parts, each with its depth and its role. False if the limit cut it.
+bool writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                    JsonForm form);
 
 } // namespace Inspect

@@ -22,7 +22,7 @@ constexpr FullConstraints LANES{0, 3, 1};
 
 std::string leavesOf(const TypeTable& types, unsigned int id) {
     std::ostringstream out;
-    writeLeaves(out, types, id, TextStyle::plain());
+    writeLeaves(out, types, {id}, TextStyle::plain());
     return out.str();
 }
 
@@ -30,13 +30,26 @@ std::string leavesOf(WrittenTypes& types, unsigned int id) { return leavesOf(typ
 
 std::string jsonOf(WrittenTypes& types, unsigned int id) {
     std::ostringstream out;
-    writeLeavesJson(out, types.table(), id, JsonForm::LINES);
+    writeLeavesJson(out, types.table(), {id}, JsonForm::LINES);
     return out.str();
 }
 
 /// A table of one type that was linked by hand.
 TypeTable tableOf(const RTBaseType& type) {
     return {1, [only = &type](unsigned int) { return only; }};
+}
+
+TEST(TypeLeaves, EndBehindAsManyPartsAsTheWalkMayLookAt) {
+    TypeGraph types;
+    const RTBaseType* type = &types.add<RTStringType>();
+    for (int i = 0; i < 60; ++i) // 2^60 leaves.
+        type = &types.structure({type, type});
+    std::ostringstream out;
+    EXPECT_FALSE(writeLeaves(out, tableOf(*type), {0, 1000}, TextStyle::plain()));
+    EXPECT_THAT(out.str(), EndsWith("\n... and more\n"));
+    std::ostringstream json;
+    EXPECT_FALSE(writeLeavesJson(json, tableOf(*type), {0, 1000}, JsonForm::DOCUMENT));
+    EXPECT_THAT(json.str(), EndsWith("]}\n"));
 }
 
 TEST(TypeLeaves, StandInColumns) {

@@ -1,3 +1,4 @@
+#include "Inspect/model/PartWalk.h"
 #include "Inspect/views/TypeTree.h"
 #include "support/TypeGraph.h"
 #include "support/WrittenTypes.h"
@@ -244,6 +245,31 @@ TEST(TypeTree, OfStructsThatHoldTwoOfTheNextComesAsItIsRead) {
               "0 unpacked struct struct { type_0 member_0; type_0 member_1; }\n"
               "|-- \"\": 0 unpacked struct struct { type_0 member_0; type_0 member_1; } ...\n"
               "`-- \"\": 0 unpacked struct struct { type_0 member_0; type_0 member_1; } ...\n");
+}
+
+TEST(TypeTree, EndsBehindAsManyPartsAsItMayLookAt) {
+    TypeGraph types;
+    const RTBaseType& string = types.add<RTStringType>();
+    const RTBaseType& type = types.structure({&string, &string});
+    std::ostringstream whole;
+    EXPECT_TRUE(writeTree(whole, tableOf(type), {0, PartWalk::ANY_DEPTH, 2}, TextStyle::plain()));
+    std::ostringstream cut;
+    EXPECT_FALSE(writeTree(cut, tableOf(type), {0, PartWalk::ANY_DEPTH, 1}, TextStyle::plain()));
+    EXPECT_THAT(cut.str(), EndsWith("\n|-- \"\": 0 string\n... and more\n"));
+    std::ostringstream json;
+    EXPECT_FALSE(writeTreeJson(json, tableOf(type), {0, PartWalk::ANY_DEPTH, 1}, JsonForm::LINES));
+    EXPECT_THAT(json.str(), HasSubstr("\"depth\":1"));
+}
+
+TEST(TypeTree, OfADepthEndsWhereTooManyPartsLieDeeper) {
+    TypeGraph types;
+    // An array whose ranges come from above: what takes them has to be gone through.
+    const RTBaseType* type = &types.array(&types.add<RTStringType>(), {OPEN});
+    for (int i = 0; i < 60; ++i)
+        type = &types.structure({type, type});
+    const RTBaseType& outer = types.alias(type, {LANES});
+    std::ostringstream out;
+    EXPECT_FALSE(writeTree(out, tableOf(outer), {0, 1, 1000}, TextStyle::plain()));
 }
 
 std::string jsonOf(const TypeTable& types, TreeRequest request, JsonForm form) {

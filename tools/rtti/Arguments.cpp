@@ -4,7 +4,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <iostream>
 #include <limits>
+#include <string>
 
 namespace {
 
@@ -43,6 +45,17 @@ CLI::Option* addNumber(CLI::App& subcommand, const std::string& name, unsigned l
 CLI::Option* addNumber(CLI::App& subcommand, const std::string& name, unsigned int& number,
                        const std::string& description) {
     return addWholeNumber(subcommand, name, number, description);
+}
+
+void addPartLimit(CLI::App& subcommand, unsigned int& limit) {
+    addNumber(subcommand, "--limit", limit,
+              "Parts to look at before the output ends (" + std::to_string(limit) + ")");
+}
+
+void reportPartLimit(bool isWhole, unsigned int limit) {
+    if (!isWhole)
+        std::cerr << "rtti: the type has more than " << limit
+                  << " parts: the rest is left out (see --limit)\n";
 }
 
 CLI::Option* addChoice(CLI::App& subcommand, const std::string& name, std::string& choice,

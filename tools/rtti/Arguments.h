@@ -66,6 +66,12 @@ CLI::Option* addNumber(CLI::App& subcommand, const std::string& name, unsigned l
 CLI::Option* addNumber(CLI::App& subcommand, const std::string& name, unsigned int& number,
                        const std::string& description);
 
+/// --limit, for walks over all parts of a type.
+void addPartLimit(CLI::App& subcommand, unsigned int& limit);
+
+/// Says on standard error that a walk ended at its limit, unless it is whole.
+void reportPartLimit(bool isWhole, unsigned int limit);
+
 /// An option that takes one of a few words; `what` is the word for these in --help.
 CLI::Option* addChoice(CLI::App& subcommand, const std::string& name, std::string& choice,
                        const std::vector<std::string>& words, const std::string& what,

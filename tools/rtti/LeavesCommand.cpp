@@ -14,18 +14,19 @@ namespace {
 /// `rtti leaves`: which type of which file.
 struct LeavesOptions : FileArguments, JsonArguments, ColorArguments {
     std::string type;
+    Inspect::LeavesRequest request;
 };
 
 /// Prints the values that a type is made of. The exit status is 0. Throws for a wrong call or an
 /// unusable file.
-int runLeaves(const LeavesOptions& options) {
+int runLeaves(LeavesOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
-    const unsigned int id = file.idOf("TYPE", options.type);
-    if (form)
-        Inspect::writeLeavesJson(std::cout, file.types(), id, *form);
-    else
-        Inspect::writeLeaves(std::cout, file.types(), id, options.style());
+    options.request.id = file.idOf("TYPE", options.type);
+    const bool isWhole =
+        form ? Inspect::writeLeavesJson(std::cout, file.types(), options.request, *form)
+             : Inspect::writeLeaves(std::cout, file.types(), options.request, options.style());
+    reportPartLimit(isWhole, options.request.limit);
     return ExitStatus::DONE;
 }
 
@@ -37,6 +38,7 @@ Subcommand addLeaves(CLI::App& program) {
         "leaves", "List the values that a type is made of: path, type, encoding, ranges");
     addFileArguments(*leaves, *options);
     addTypeArgument(*leaves, options->type)->required();
+    addPartLimit(*leaves, options->request.limit);
     addJsonArguments(*leaves, *options);
     addColorArgument(*leaves, *options);
     leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "

@@ -23,10 +23,10 @@ int runTree(TreeOptions& options) {
     const auto form = options.jsonForm();
     OpenedFile file(options);
     options.request.id = file.idOf("TYPE", options.type);
-    if (form)
-        Inspect::writeTreeJson(std::cout, file.types(), options.request, *form);
-    else
-        Inspect::writeTree(std::cout, file.types(), options.request, options.style());
+    const bool isWhole =
+        form ? Inspect::writeTreeJson(std::cout, file.types(), options.request, *form)
+             : Inspect::writeTree(std::cout, file.types(), options.request, options.style());
+    reportPartLimit(isWhole, options.request.limit);
     return ExitStatus::DONE;
 }
 
@@ -38,6 +38,7 @@ Subcommand addTree(CLI::App& program) {
     addFileArguments(*tree, *options);
     addTypeArgument(*tree, options->type)->required();
     addNumber(*tree, "--depth", options->request.depth, "Levels to show below the type (all)");
+    addPartLimit(*tree, options->request.limit);
     addJsonArguments(*tree, *options);
     addColorArgument(*tree, *options);
     tree->footer(
