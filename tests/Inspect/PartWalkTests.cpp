@@ -14,7 +14,7 @@ using namespace RTTI;
 using namespace RTTITest;
 using Inspect::PartWalk;
 
-constexpr unsigned int graphs = 5000;
+constexpr unsigned int graphs = 8000;
 constexpr std::size_t partLimit = 5000;
 
 bool isContainer(const RTBaseType* type) {
