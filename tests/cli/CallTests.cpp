@@ -1,6 +1,7 @@
 // What all subcommands have in common: how a call is read, how it ends, and what --help says.
 
 #include "tests/cli/RttiProgram.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,15 +23,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-/// A header of 40 bytes for one type, whose address stands at 40 and whose record, a string without
-/// flags, at 48.
-std::string fileWithVersion(std::string version) {
-    version.resize(32, '\0');
-    return version + std::string("\x01\0\0\0\x28\0\0\0"
-                                 "\x30\0\0\0\0\0\0\0"
-                                 "\x0e\0\0\0\x18\0\0\xa0"
-                                 "s\0\0\0\0\0",
-                                 30);
+std::string fileWithVersion(const std::string& version) {
+    return TypeFileBuilder().version(version).string("s").image();
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -68,6 +62,18 @@ TEST(Call, OfAnUnknownSubcommandNamesItAndTheNearest) {
     EXPECT_THAT(rtti("foo").err, HasSubstr("no subcommand \"foo\"; the nearest is \""));
     EXPECT_THAT(rtti("anotate F").err, HasSubstr("the nearest is \"annotate\""));
     EXPECT_EQ(rtti("foo").status, 2);
+}
+
+TEST(Call, WithoutASubcommandIsRefused) {
+    const Result result = rtti("");
+    EXPECT_EQ(result.status, 2);
+    expectOneLine(result.err);
+}
+
+TEST(Call, WithAnUnknownOptionIsRefused) {
+    const Result result = rtti("dump --colour " + example("svkinds_slang"));
+    EXPECT_EQ(result.status, 2);
+    expectOneLine(result.err);
 }
 
 TEST(Call, ForTheVersionPrintsIt) {
@@ -144,6 +150,16 @@ TEST(Call, ColorsWhenItIsToldTo) {
     EXPECT_EQ(rtti(arguments + " --color auto").out, plain);
     EXPECT_EQ(rttiOnTerminal(OnTerminal::OUTPUT, "", arguments + " --color never").out, plain);
     EXPECT_THAT(rtti(arguments + " --color blue").err, HasSubstr("{auto,always,never}"));
+}
+
+TEST(Help, OfTheProgramAndOfADumpHasAnExample) {
+    const Result program = rtti("--help");
+    EXPECT_EQ(program.status, 0);
+    EXPECT_THAT(program.out, HasSubstr("Example:"));
+    const Result dump = rtti("dump --help");
+    EXPECT_EQ(dump.status, 0);
+    EXPECT_THAT(dump.out, HasSubstr("--trace"));
+    EXPECT_THAT(dump.out, HasSubstr("Example:"));
 }
 
 TEST(Help, BreaksNoWordAt60Columns) {
@@ -237,5 +253,34 @@ TEST(TypeName, ThatNoTypeHasIsAWrongCall) {
     EXPECT_THAT(result.err, HasSubstr("TYPE lines: no type has this name"));
     expectOneLine(result.err);
 }
+
+/// The subcommands that answer questions about one type.
+class TypeQueries : public testing::TestWithParam<const char*> {};
+
+TEST_P(TypeQueries, EndWith2ForAnIdThatTheFileDoesNotHave) {
+    const Result result = rtti(std::string(GetParam()) + " " + example("ieee_rti") + " 46");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    expectOneLine(result.err);
+    EXPECT_THAT(result.err, HasSubstr("TYPE 46: the file has 46 types"));
+}
+
+TEST_P(TypeQueries, EndWith2ForTwoFormsAtOnce) {
+    const Result result =
+        rtti(std::string(GetParam()) + " --json --ndjson " + example("ieee_rti") + " 1");
+    EXPECT_EQ(result.status, 2);
+    expectOneLine(result.err);
+}
+
+TEST_P(TypeQueries, EndWith1ForAFileWithErrorsUnlessForced) {
+    std::string bytes = contentOf(example("ieee_rti"));
+    bytes[40] = '\x7F'; // The size of the first record now ends within the second.
+    const std::string call = std::string(GetParam()) + " " + fileOf(bytes) + " 11";
+    EXPECT_EQ(rtti(call).status, 1);
+    EXPECT_EQ(rtti(call + " --force").status, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Subcommands, TypeQueries, testing::Values("tree", "leaves", "uses"),
+                         [](const auto& tested) { return std::string(tested.param); });
 
 } // namespace

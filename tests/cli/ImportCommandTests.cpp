@@ -25,13 +25,6 @@ std::string tree(const std::string& release) {
     return dump("verilator/kinds-" + release + ".tree");
 }
 
-/// A file of the running test.
-std::string fileNamed(const std::string& name, const std::string& bytes) {
-    std::string path = scratch(name);
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-}
-
 /// A tree whose package declares the type `t`, eight bits.
 std::string byteTree(const std::string& package) {
     return "Verilator Tree Dump (format 0x3900) from <e0> to <e9>\n"

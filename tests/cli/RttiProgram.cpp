@@ -1,5 +1,7 @@
 #include "tests/cli/RttiProgram.h"
 
+#include "tests/support/TypeFileBuilder.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -92,10 +94,16 @@ std::string contentOf(const std::string& path) {
 
 std::string example(const std::string& name) { return EXAMPLE_TYPEFILES_DIR "/" + name + ".typ"; }
 
-std::string fileOf(const std::string& bytes) {
-    std::string path = scratch("typ");
+std::string fileNamed(const std::string& name, const std::string& bytes) {
+    std::string path = scratch(name);
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
+}
+
+std::string fileOf(const std::string& bytes) { return fileNamed("typ", bytes); }
+
+std::string oneRecord(unsigned int kind, const std::string& version) {
+    return TypeFileBuilder().version(version).record(kind, "abc").image();
 }
 
 void expectOneLine(const std::string& text) {

@@ -34,7 +34,12 @@ std::string contentOf(const std::string& path);
 std::string example(const std::string& name);
 
 /// A file of the running test with these bytes.
+std::string fileNamed(const std::string& name, const std::string& bytes);
 std::string fileOf(const std::string& bytes);
+
+/// The bytes of a type file of one type, "abc", of this kind: its record is at 40, its address
+/// at 56.
+std::string oneRecord(unsigned int kind, const std::string& version = "TYPES 1");
 
 /// Expects one line that begins like every message of the program.
 void expectOneLine(const std::string& text);
