@@ -1,8 +1,8 @@
 #include "Import/GhdlDumps.h"
 
 #include "Import/ImportError.h"
-#include "support/GhwBuilder.h"
-#include "support/ImportedTypes.h"
+#include "tests/support/GhwBuilder.h"
+#include "tests/support/ImportedTypes.h"
 
 #include <gtest/gtest.h>
 

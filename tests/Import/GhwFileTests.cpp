@@ -1,7 +1,7 @@
 #include "Import/GhwFile.h"
 
 #include "Import/ImportError.h"
-#include "support/GhwBuilder.h"
+#include "tests/support/GhwBuilder.h"
 
 #include <gtest/gtest.h>
 

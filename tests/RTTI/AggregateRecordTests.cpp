@@ -1,6 +1,6 @@
 // Records, structs, unions and classes.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

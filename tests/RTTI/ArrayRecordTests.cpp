@@ -1,6 +1,6 @@
 // Arrays in records that end early, in front of their element's record, and of every kind.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Classes in records that end early, and what their trace says.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
-#include "support/TypeGraph.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

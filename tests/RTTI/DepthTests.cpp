@@ -3,10 +3,10 @@
 
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/ConstraintStack.h"
-#include "support/BuildKind.h"
-#include "support/RunOnStack.h"
-#include "support/TypeFileBuilder.h"
-#include "support/TypeGraph.h"
+#include "tests/support/BuildKind.h"
+#include "tests/support/RunOnStack.h"
+#include "tests/support/TypeFileBuilder.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Sequential and discrete enumerations, and physical types.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

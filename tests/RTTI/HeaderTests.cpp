@@ -1,6 +1,6 @@
 // The header and the address table: which bytes are read, and which of them count.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "RTTI/RTTypeManager.h"
 #include "RTTI/TypeDeserializer.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

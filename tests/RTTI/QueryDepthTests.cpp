@@ -2,9 +2,9 @@
 
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
-#include "support/BuildKind.h"
-#include "support/RunOnStack.h"
-#include "support/TypeGraph.h"
+#include "tests/support/BuildKind.h"
+#include "tests/support/RunOnStack.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
-#include "support/BuildKind.h"
-#include "support/StraightforwardModel.h"
-#include "support/TypeGraph.h"
+#include "tests/support/BuildKind.h"
+#include "tests/support/StraightforwardModel.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What every record has in common, and the kinds without a reader of their own.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Records, structs and unions in records that end early, and the names of their kinds.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

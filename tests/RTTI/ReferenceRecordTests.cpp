@@ -1,6 +1,6 @@
 // Access, file and typedef types, arrays, and references that come back.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Damaged and cyclic type files, storages that fail, and managers that are used out of order.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The trace of every kind, written out by hand.
 
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gtest/gtest.h>
 

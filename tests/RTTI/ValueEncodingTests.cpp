@@ -2,7 +2,7 @@
 
 #include "OVAT/IBlockManager.h"
 #include "RTTI/RTTypeManager.h"
-#include "support/TypeGraph.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "RTTI/CTType.h"
 #include "RTTI/RTTypeVisitor.h"
-#include "support/TypeGraph.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

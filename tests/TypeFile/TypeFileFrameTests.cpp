@@ -1,5 +1,5 @@
 #include "TypeFile/TypeFileFrame.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

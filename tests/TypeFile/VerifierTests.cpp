@@ -2,7 +2,7 @@
 // long, so that the fields of a kind begin 14 bytes into the record: size, kind, name, flags.
 
 #include "TypeFile/TypeFileVerifier.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "PeerContentTests.h"
 #include "bench/peers/BtfTypes.h"
+#include "tests/bench/PeerContentTests.h"
 
 namespace Bench {
 

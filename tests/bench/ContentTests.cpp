@@ -1,6 +1,6 @@
-#include "SampleTypes.h"
 #include "bench/peers/ContentSum.h"
 #include "bench/peers/LoadedTypes.h"
+#include "tests/bench/SampleTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "PeerContentTests.h"
 #include "bench/peers/FlatTypes.h"
+#include "tests/bench/PeerContentTests.h"
 
 namespace Bench {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "SampleTypes.h"
 #include "bench/GeneratedTable.h"
 #include "bench/peers/ContentSum.h"
 #include "bench/peers/LoadedTypes.h"
+#include "tests/bench/SampleTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "SampleTypes.h"
+#include "tests/bench/SampleTypes.h"
 
 #include "TypeFile/TypeBuilding.h"
 #include "TypeFile/TypeFileWriter.h"

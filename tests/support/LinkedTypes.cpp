@@ -1,4 +1,4 @@
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 using namespace RTTI;
 

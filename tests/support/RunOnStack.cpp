@@ -1,6 +1,6 @@
-#include "support/RunOnStack.h"
+#include "tests/support/RunOnStack.h"
 
-#include "support/BuildKind.h"
+#include "tests/support/BuildKind.h"
 
 #include <pthread.h>
 

@@ -1,4 +1,4 @@
-#include "support/StraightforwardModel.h"
+#include "tests/support/StraightforwardModel.h"
 
 #include <climits>
 

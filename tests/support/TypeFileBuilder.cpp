@@ -1,4 +1,4 @@
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <cstring>
 #include <iostream>

@@ -1,4 +1,4 @@
-#include "support/TypeGraph.h"
+#include "tests/support/TypeGraph.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "support/WrittenTypes.h"
+#include "tests/support/WrittenTypes.h"
 
 #include "RTTI/CTType.h"
 #include "TypeFile/TypeBuilding.h"

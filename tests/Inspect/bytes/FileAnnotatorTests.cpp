@@ -2,7 +2,7 @@
 
 #include "Inspect/bytes/FileAnnotator.h"
 #include "OVAT/FileBlockManager.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

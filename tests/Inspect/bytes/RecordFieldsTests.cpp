@@ -7,7 +7,7 @@
 #include "RTTI/LittleEndian.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFileFrame.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

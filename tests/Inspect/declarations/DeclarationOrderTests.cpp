@@ -1,6 +1,6 @@
 #include "Inspect/declarations/DeclarationFile.h"
 #include "Inspect/declarations/TypeDeclarations.h"
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

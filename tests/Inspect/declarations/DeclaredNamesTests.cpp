@@ -1,6 +1,6 @@
 #include "Inspect/declarations/DeclaredNames.h"
 #include "Inspect/declarations/Identifiers.h"
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "Inspect/declarations/DeclarationFile.h"
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "Inspect/declarations/SourceLanguage.h"
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Inspect/declarations/EnumValues.h"
 #include "Inspect/declarations/TypeDeclarations.h"
-#include "support/LinkedTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "Inspect/html/HtmlPage.h"
 #include "RTTI/RTTypeManager.h"
-#include "support/TypeFileBuilder.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "Inspect/model/LeafWalk.h"
 #include "Inspect/model/PartWalk.h"
-#include "support/TypeGraph.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The encodings that printers show: what a type answers when it is asked first.
 
 #include "Inspect/model/TypeEncodings.h"
-#include "support/StraightforwardModel.h"
-#include "support/TypeGraph.h"
+#include "tests/support/StraightforwardModel.h"
+#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 

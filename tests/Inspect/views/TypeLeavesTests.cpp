@@ -1,7 +1,7 @@
 #include "Inspect/views/TypeLeaves.h"
 #include "RTTI/CTType.h"
-#include "support/TypeGraph.h"
-#include "support/WrittenTypes.h"
+#include "tests/support/TypeGraph.h"
+#include "tests/support/WrittenTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,9 +4,9 @@
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/CTType.h"
 #include "TypeFile/TypeFileFrame.h"
-#include "support/ModelStorage.h"
-#include "support/TypeTableModel.h"
-#include "support/WrittenTypes.h"
+#include "tests/support/ModelStorage.h"
+#include "tests/support/TypeTableModel.h"
+#include "tests/support/WrittenTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

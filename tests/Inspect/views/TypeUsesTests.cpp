@@ -2,9 +2,9 @@
 #include "Inspect/model/UseIndex.h"
 #include "Inspect/views/TypeUses.h"
 #include "RTTI/CTType.h"
-#include "support/ModelStorage.h"
-#include "support/TypeTableModel.h"
-#include "support/WrittenTypes.h"
+#include "tests/support/ModelStorage.h"
+#include "tests/support/TypeTableModel.h"
+#include "tests/support/WrittenTypes.h"
 
 #include <gtest/gtest.h>
 
