@@ -1,9 +1,11 @@
-// Arrays in records that end early, in front of their element's record, and of every kind.
+// Arrays of every kind.
 
 #include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace {
 
@@ -13,6 +15,58 @@ using testing::IsEmpty;
 
 bool traceHas(const TypeFileBuilder& file, const std::string& text) {
     return LoadedTypes(file, false).trace().find(text) != std::string::npos;
+}
+
+TEST(ArrayRecords, IndexTypesStayIds) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000010, "a").u32(0xA00001).u32(0).i32(2).u32(7).u32(9);
+    LoadedTypes types(file);
+    EXPECT_THAT(types.as<RTArrayType>(1).m_indexTypeIds, ElementsAre(7u, 9u));
+}
+
+TEST(ArrayRecords, CutAfterTheElementTypeHaveNoDimensionsAndNoSVTypeId) {
+    LoadedTypes types(TypeFileBuilder{}.string("s").record(0xA0000010, "a").u32(0xA00003).u32(0));
+    const auto& type = types.as<RTArrayType>(1);
+    EXPECT_EQ(type.m_elementType, types[0]);
+    EXPECT_THAT(type.m_indexTypeIds, IsEmpty());
+    EXPECT_THAT(type.m_constraints, IsEmpty());
+    EXPECT_EQ(type.getSVTypeId(), -99);
+}
+
+TEST(ArrayRecords, IndexIdsPastTheEndAreZero) {
+    LoadedTypes types(
+        TypeFileBuilder{}.string("s").record(0xA0000010, "a").u32(0xA00003).u32(0).i32(3).u32(5));
+    EXPECT_THAT(types.as<RTArrayType>(1).m_indexTypeIds, ElementsAre(5u, 0u, 0u));
+}
+
+TEST(ArrayRecords, NegativeDimensionCountGivesNoDimensions) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000010, "a").u32(0xA00002).u32(0).i32(-1).u32(1).range(0, 3, 1);
+    LoadedTypes types(file.i32(6));
+    EXPECT_THAT(types.as<RTArrayType>(1).m_indexTypeIds, IsEmpty());
+    EXPECT_EQ(types.as<RTArrayType>(1).m_constraints.size(), 1u);
+    EXPECT_EQ(types[1]->getSVTypeId(), 6);
+}
+
+TEST(ArrayRecords, DynamicArrayCutAfterElementIdHasSVTypeIdZero) {
+    LoadedTypes types(TypeFileBuilder{}.string("s").record(0xA0000013, "d").u32(0));
+    EXPECT_EQ(types[1]->getSVTypeId(), 0);
+}
+
+TEST(ArrayRecords, ArraysOfOneElementTypeShareItsObject) {
+    TypeFileBuilder file;
+    file.record(0xA0000013, "d").u32(2).i32(1).record(0xA0000014, "q").u32(2).i32(2).string("s");
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTDynamicArrayType>(0).m_elementType, types[2]);
+    EXPECT_EQ(types.as<RTQueueType>(1).m_elementType, types[2]);
+}
+
+TEST(ArrayRecords, AssociativeArrayIndexedByItsElementTypeResolvesBothToOneObject) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000015, "m").u32(1).i32(3).u32(1).string("s"));
+    const auto& type = types.as<RTAssocArrayType>(0);
+    EXPECT_EQ(type.m_elementType, types[1]);
+    EXPECT_EQ(type.m_indexType, types[1]);
+    EXPECT_EQ(type.getIndexTypeId(), 1u);
 }
 
 TEST(FixedArrays, EmptyBodyHasTypeZeroAsItsElement) {

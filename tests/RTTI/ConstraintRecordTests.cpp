@@ -1,11 +1,61 @@
-// Ranges, alone and in counted lists, in records that end early.
+// Ranges, alone and in counted lists.
 
 #include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <string>
+#include <vector>
+
 namespace {
+
+using namespace RTTI;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(ConstraintRecords, ShortCountGivesAnEmptyListAndGoesOnFourBytes) {
+    TypeFileBuilder file;
+    file.record(0xA0000007, "t").u32(1).u32(1).cut(8 + 2 + 4 + 4 + 2).string("s");
+    EXPECT_THAT(LoadedTypes(file).as<RTTypedefType>(0).m_constraints, IsEmpty());
+}
+
+TEST(ConstraintRecords, EntriesPastTheEndAreZero) {
+    TypeFileBuilder file;
+    file.record(0xA0000007, "t").u32(1).u32(2).range(4, 5, 6).string("s");
+    LoadedTypes types(file);
+    EXPECT_THAT(numbersOf(types.as<RTTypedefType>(0).m_constraints),
+                ElementsAre(ElementsAre(4, 5, 6), ElementsAre(0, 0, 0)));
+}
+
+TEST(ConstraintRecords, CountOfZeroGivesAnEmptyList) {
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000007, "t").u32(1).u32(0).string("s"));
+    EXPECT_THAT(types.as<RTTypedefType>(0).m_constraints, IsEmpty());
+}
+
+TEST(ConstraintRecords, WholeIndexRangeReadsBackUnchanged) {
+    const int lowest = std::numeric_limits<int>::min();
+    const int highest = std::numeric_limits<int>::max();
+    LoadedTypes types(TypeFileBuilder{}.record(0xA0000005, "i").range(lowest, highest, 1));
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.si, lowest);
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.ei, highest);
+    EXPECT_EQ(types.as<RTIntType>(0).m_constraint.dir, 1);
+}
+
+TEST(ConstraintRecords, EachMemberHasItsOwnList) {
+    TypeFileBuilder file;
+    file.record(0xA0000011, "r").u32(0xB0001).i32(2);
+    file.str("five").u32(1).u32(5);
+    for (int i = 0; i < 5; ++i)
+        file.range(i, i, 0);
+    file.str("three").u32(1).u32(3).range(7, 6, 0).range(5, 4, 0).range(3, 2, 0).i32(-99);
+    file.string("s");
+    LoadedTypes types(file);
+    EXPECT_EQ(types.as<RTRecordType>(0).m_members[0]->m_constraints.size(), 5u);
+    EXPECT_THAT(numbersOf(types.as<RTRecordType>(0).m_members[1]->m_constraints),
+                ElementsAre(ElementsAre(7, 6, 0), ElementsAre(5, 4, 0), ElementsAre(3, 2, 0)));
+}
 
 using namespace RTTI;
 using testing::ElementsAre;

@@ -1,9 +1,11 @@
-// Sequential and discrete enumerations, and physical types.
+// Sequential and discrete enumerations.
 
 #include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace {
 
@@ -120,38 +122,6 @@ TEST(DiscreteEnumRecords, NegativeCountIsTracedWithoutASign) {
     EXPECT_THAT(types.as<RTDiscreteEnumType>(1).m_enumerators, IsEmpty());
 }
 
-TEST(PhysicalRecords, EmptyBodyHasNoUnits) {
-    EXPECT_THAT(
-        LoadedTypes(TypeFileBuilder{}.record(0xA000000D, "t")).as<RTPhysicalType>(0).m_units,
-        IsEmpty());
-}
-
-TEST(PhysicalRecords, NegativeCountHasNoUnits) {
-    TypeFileBuilder file;
-    file.record(0xA000000D, "t").i32(-2).str("fs").i64(1);
-    EXPECT_THAT(LoadedTypes(file).as<RTPhysicalType>(0).m_units, IsEmpty());
-}
-
-TEST(PhysicalRecords, UnitWithoutAWholeValueHasZeroAndTheNextBeginsEightBytesOn) {
-    TypeFileBuilder file;
-    file.record(0xA000000D, "t").i32(2).str("fs").i32(7);
-    LoadedTypes types(file);
-    const auto& units = types.as<RTPhysicalType>(0).m_units;
-    ASSERT_EQ(units.size(), 2u);
-    EXPECT_EQ(units[0].unitName, "fs");
-    EXPECT_EQ(units[0].value, 0);
-    EXPECT_EQ(units[1].unitName, "");
-    EXPECT_EQ(units[1].value, 0);
-}
-
-TEST(PhysicalRecords, ValuesMayBeNegativeAndLarge) {
-    TypeFileBuilder file;
-    file.record(0xA000000D, "t").i32(2).str("a").i64(-5).str("b").i64(0x123456789ABCDEF0);
-    LoadedTypes types(file);
-    EXPECT_EQ(types.as<RTPhysicalType>(0).m_units[0].value, -5);
-    EXPECT_EQ(types.as<RTPhysicalType>(0).m_units[1].value, 0x123456789ABCDEF0);
-}
-
 TEST(SeqEnumRecords, EmptyBodyIsTracedWithItsDefaults) {
     const std::string trace = LoadedTypes(TypeFileBuilder{}.record(0xA0000003, "e"), false).trace();
     EXPECT_NE(trace.find("  Encoding:  4-State  \n  Kind:  INVALID_ENUM  \n**  Size:  1  \n"),
@@ -202,6 +172,24 @@ TEST(DiscreteEnumRecords, ConstraintsFollowTheSizeWhereThereAreNoEnumerators) {
     EXPECT_EQ(types[1]->getValueSize(), 4u);
     EXPECT_THAT(numbersOf(types.as<RTDiscreteEnumType>(1).m_constraints),
                 ElementsAre(ElementsAre(5, 6, 1)));
+}
+
+TEST(SeqEnumRecords, EnumeratorNameEndsWithTheRecordAndTheRestAreEmpty) {
+    TypeFileBuilder file;
+    file.record(0xA0000003, "e").i32(2).i32(5).i32(3).str("idle").bytes("bu");
+    LoadedTypes types(file);
+    EXPECT_THAT(types.as<RTSeqEnumType>(0).m_enumeratorNames,
+                ElementsAre(StrEq("idle"), StrEq("bu"), StrEq("")));
+    EXPECT_EQ(types[0]->getValueSize(), 1u);
+}
+
+TEST(DiscreteEnumRecords, EnumeratorNameEndsWithTheRecordAndItsValueIsZero) {
+    TypeFileBuilder file;
+    file.string("s").record(0xA0000004, "e").u32(0).i32(1).i32(2).bytes("bu");
+    LoadedTypes types(file);
+    const auto& enumerator = types.as<RTDiscreteEnumType>(1).m_enumerators[0];
+    EXPECT_EQ(enumerator.enumName, "bu");
+    EXPECT_EQ(std::string(enumerator.value, 2), std::string(2, '\0'));
 }
 
 } // namespace

@@ -136,4 +136,14 @@ TEST(AddressTable, IsReadOnceForAllTypes) {
         EXPECT_LT(offset, file.tableOffset()) << count;
 }
 
+TEST(Header, TypesOfAFileMarkedInvalidAreNullAndNotRead) {
+    TypeFileBuilder file;
+    file.version("Brakel Ovat TYPE FILE 000");
+    file.record(0xA0000017, "c").u32(0xFFFFFFFF).i32(0).i32(0);
+    LoadedTypes types(file);
+    EXPECT_EQ(types[0], nullptr);
+    EXPECT_THAT(types.manager().getRTClassTypeIds(), IsEmpty());
+    EXPECT_THAT(types.storage().takeReads(), IsEmpty());
+}
+
 } // namespace

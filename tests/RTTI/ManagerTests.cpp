@@ -1,3 +1,5 @@
+// A manager before its setup, after it, and after the next one.
+
 #include "RTTI/RTTypeManager.h"
 #include "RTTI/TypeDeserializer.h"
 #include "tests/support/TypeFileBuilder.h"
@@ -5,7 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -162,44 +165,59 @@ TEST(Manager, KeepsItsFileWhenASecondSetupFails) {
     EXPECT_STREQ(types[0]->m_name, "int");
 }
 
-/// A class with a base class, members of an array, an access and a typedef type that lead back.
-TypeFileBuilder tangledFile() {
-    TypeFileBuilder file;
-    file.record(0xA0000017, "derived").u32(1).i32(-99).u32(1).str("m").u32(2).u32(0).u32(1);
-    file.record(0xA0000017, "base").u32(0xFFFFFFFF).i32(3).u32(1).str("d").u32(0).u32(0).u32(0);
-    file.record(0xA0000010, "array").u32(0xA00002).u32(3).u32(1).u32(5).u32(0).i32(-99);
-    file.record(0xA0000007, "alias").u32(4).u32(1).range(1, 2, 1);
-    file.record(0xA0000008, "pointer").u32(0).u32(8).u32(8);
-    file.integer("index");
-    return file;
+TEST(BeforeSetup, DebugModeCanBeSwitched) {
+    RTTypeManager manager;
+    manager.setDebugMode();
+    manager.unsetDebugMode();
+    EXPECT_EQ(manager.getRTType(0xFFFFFFFF), nullptr);
 }
 
-TEST(Manager, TakesBackALoadThatFailsAtAnyReadAndMakesItAgain) {
-    LoadedTypes whole(tangledFile());
-    const std::size_t reads = whole.storage().takeReads().size();
-    const std::size_t setupReads = 7;
-    ASSERT_GE(reads, 6u * 3);
-    for (std::size_t read = 0; read < reads; ++read) {
-        LoadedTypes types(tangledFile(), false);
-        types.storage().failAtRead(setupReads + read);
-        EXPECT_THROW(types.manager().readAllRTTypes(), std::runtime_error) << read;
-        EXPECT_THAT(types.manager().getRTClassTypeIds(), IsEmpty()) << read;
-        types.storage().takeReads();
-        EXPECT_NE(types.manager().readAllRTTypes(), nullptr) << read;
-        EXPECT_EQ(types.storage().takeReads().size(), reads) << read;
-        EXPECT_EQ(types.manager().getRTClassTypeIds(), whole.manager().getRTClassTypeIds());
-        EXPECT_EQ(types.as<RTClassType>(1).m_memberTypes[0], types[0]);
-        EXPECT_EQ(types.as<RTAccessType>(4).m_refType, types[0]);
+TEST(BeforeSetup, ConstructionLeavesTheSharedInstanceAlone) {
+    RTTypeManager shared;
+    RTTypeManager::m_instance = &shared;
+    const auto* other = new RTTypeManager;
+    EXPECT_EQ(RTTypeManager::m_instance, &shared);
+    delete other;
+    EXPECT_EQ(RTTypeManager::m_instance, nullptr);
+}
+
+TEST(BeforeSetup, ManagerWhoseFirstSetupFailsStaysEmptyAndCanBeSetUp) {
+    TypeFileBuilder file;
+    file.integer("int").integer("other");
+    for (std::size_t read = 0; read < 3; ++read) {
+        RecordingBlockManager failing(file.image());
+        failing.failAtRead(read);
+        RTTypeManager manager;
+        EXPECT_THROW(manager.setupDeserializer(failing, 0), std::runtime_error) << read;
+        EXPECT_EQ(manager.readAllRTTypes(), nullptr);
+        EXPECT_TRUE(manager.setupDeserializer(failing, 0));
+        EXPECT_STREQ(manager.readAllRTTypes()->m_name, "other");
     }
 }
 
-TEST(Manager, KeepsWhatEarlierCallsReadWhenALaterOneFails) {
-    LoadedTypes types(TypeFileBuilder{}.integer("a").integer("b"), false);
+TEST(SecondSetup, StartsWithTheTraceOffAndWithoutClasses) {
+    TypeFileBuilder file;
+    file.record(0xA0000017, "c").u32(0xFFFFFFFF).i32(0).i32(0);
+    LoadedTypes types(file);
+    types.manager().setDebugMode();
+    const CapturedOutput output;
+    types.manager().setupDeserializer(types.storage(), 0);
+    EXPECT_THAT(types.manager().getRTClassTypeIds(), IsEmpty());
+    EXPECT_NE(types[0], nullptr);
+    EXPECT_EQ(output.text(), "");
+}
+
+TEST(SecondSetup, KeepsEveryFormerFileAliveUntilTheManagerEnds) {
+    TypeFileBuilder file;
+    file.integer("int");
+    LoadedTypes types(file);
     const RTBaseType* first = types[0];
-    types.storage().failAtRead(3 + 3 + 2); // Setup, the first type, the second type's record.
-    EXPECT_THROW(types[1], std::runtime_error);
-    EXPECT_EQ(types[0], first);
-    EXPECT_STREQ(types[1]->m_name, "b");
+    types.manager().setupDeserializer(types.storage(), 0);
+    const RTBaseType* second = types[0];
+    types.manager().setupDeserializer(types.storage(), 0);
+    EXPECT_NE(first, second);
+    EXPECT_STREQ(first->m_name, "int");
+    EXPECT_STREQ(second->m_name, "int");
 }
 
 TEST(Deserializer, TracesTheAddressTable) {

@@ -4,11 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <iostream>
 #include <locale>
 #include <streambuf>
 
 namespace {
+
+using namespace RTTI;
 
 const std::string LINE = " ===============================================  \n";
 
@@ -238,6 +241,50 @@ TEST(Trace, LoadGoesOnWhereTheOutputFails) {
     ASSERT_NE(types[0], nullptr);
     EXPECT_STREQ(types[0]->m_name, "string");
     EXPECT_TRUE(std::cout.bad());
+}
+
+/// Storage that runs an action just before the read with a given number.
+class ActingStorage : public RecordingBlockManager {
+public:
+    ActingStorage(std::string image, std::size_t number, std::function<void()> action)
+        : RecordingBlockManager(std::move(image)), m_number(number), m_action(std::move(action)) {}
+    bool read(unsigned long long offset, void* buffer, long long count) override {
+        if (m_done++ == m_number)
+            m_action();
+        return RecordingBlockManager::read(offset, buffer, count);
+    }
+
+private:
+    std::size_t m_number;
+    std::size_t m_done = 0;
+    std::function<void()> m_action;
+};
+
+TEST(TraceSwitch, TakesEffectInTheMiddleOfARecord) {
+    RTTypeManager manager;
+    TypeFileBuilder file;
+    file.string("s"); // Two reads of the setup, then size, kind and record.
+    ActingStorage storage(file.image(), 4, [&] { manager.setDebugMode(); });
+    const CapturedOutput output;
+    manager.setupDeserializer(storage, 0);
+    manager.readAllRTTypes();
+    EXPECT_EQ(output.text(), " ** Built in String Type   Type name =  s  , flags =  0  **  \n"
+                             "**** Type Id  =  0   end ****  \n"
+                             " ===============================================  \n");
+}
+
+TEST(TraceSwitch, FailedOutputDoesNotDisturbTheLoad) {
+    TypeFileBuilder file;
+    file.record(0xA0000011, "r").u32(0xB0002).i32(1).str("m").u32(1).u32(0).i32(4).integer("i");
+    LoadedTypes types(file, false);
+    const CapturedOutput output;
+    std::cout.setstate(std::ios::badbit);
+    types.manager().setDebugMode();
+    const RTBaseType* last = types.manager().readAllRTTypes();
+    std::cout.clear();
+    EXPECT_EQ(last, types[1]);
+    EXPECT_EQ(types[0]->getSVTypeId(), 4);
+    EXPECT_EQ(output.text(), "");
 }
 
 } // namespace
