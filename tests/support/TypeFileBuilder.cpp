@@ -77,6 +77,31 @@ TypeFileBuilder& TypeFileBuilder::string(const std::string& name) {
     return record(0xA0000018, name);
 }
 
+TypeFileBuilder& TypeFileBuilder::alias(unsigned int type) {
+    return record(0xA0000007, "t").u32(type).u32(0);
+}
+
+TypeFileBuilder& TypeFileBuilder::packedArray(unsigned int element, int direction) {
+    record(0xA0000010, "a").u32(RTTI::VLOG_FIXED_PACKED_ARRAY).u32(element);
+    return u32(1).u32(0).u32(1).range(0, 7, direction).i32(-99);
+}
+
+TypeFileBuilder& TypeFileBuilder::structure(const std::vector<unsigned int>& members) {
+    record(0xA0000011, "s").u32(RTTI::VLOG_UNPACKED_STRUCT);
+    u32(static_cast<unsigned int>(members.size()));
+    for (const unsigned int member : members)
+        str("m").u32(member).u32(0);
+    return i32(-99);
+}
+
+TypeFileBuilder& TypeFileBuilder::classType(unsigned int base,
+                                            const std::vector<unsigned int>& members) {
+    record(0xA0000017, "c").u32(base).i32(1).u32(static_cast<unsigned int>(members.size()));
+    for (const unsigned int member : members)
+        str("m").u32(member).u32(0).u32(0);
+    return *this;
+}
+
 unsigned long long TypeFileBuilder::address(unsigned int id) const {
     unsigned long long offset = m_base + HEADER;
     for (unsigned int i = 0; i < id; ++i)

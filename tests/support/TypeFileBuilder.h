@@ -36,6 +36,12 @@ public:
     TypeFileBuilder& integer(const std::string& name);
     TypeFileBuilder& string(const std::string& name);
 
+    // Whole records; names have one character.
+    TypeFileBuilder& alias(unsigned int type);
+    TypeFileBuilder& packedArray(unsigned int element, int direction = 1); ///< 0 to 7.
+    TypeFileBuilder& structure(const std::vector<unsigned int>& members);
+    TypeFileBuilder& classType(unsigned int base, const std::vector<unsigned int>& members);
+
     unsigned long long baseOffset() const { return m_base; }
     unsigned long long address(unsigned int id) const;
     unsigned long long tableOffset() const;
