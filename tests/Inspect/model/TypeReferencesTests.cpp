@@ -111,4 +111,17 @@ TEST(TypeReferences, EachReferredTypeIsListedOnceInTheOrderOfTheFields) {
     EXPECT_THAT(referencesOf(type), ElementsAre(8, 3, 1));
 }
 
+TEST(TypeReferences, AreTheIdsOfAllFieldsEachOnce) {
+    CTArrayType array("a", VHDL_ARRAY, 8, 9);
+    array.m_indexTypeIds = {9, 8, 9};
+    EXPECT_THAT(referencesOf(array), ElementsAre(8u, 9u));
+    RTClassType derived;
+    EXPECT_THAT(referencesOf(derived), IsEmpty());
+    derived.m_baseClassTypeId = 3;
+    EXPECT_THAT(referencesOf(derived), ElementsAre(3u));
+    EXPECT_THAT(referencesOf(CTAssocArrayType("m", 1, 2)), ElementsAre(1u, 2u));
+    EXPECT_THAT(referencesOf(CTTypedefType("t", 5)), ElementsAre(5u));
+    EXPECT_THAT(referencesOf(RTStringType()), IsEmpty());
+}
+
 } // namespace

@@ -1,7 +1,4 @@
-#include "Inspect/model/TypeReferences.h"
 #include "Inspect/views/TypeDumper.h"
-#include "Inspect/words/TypeKind.h"
-#include "Inspect/words/TypeText.h"
 #include "RTTI/CTType.h"
 
 #include <gmock/gmock.h>
@@ -236,82 +233,6 @@ TEST(TypeDumper, EndsTheWalkOfATypeThatNeverEnds) {
     const std::string line = lineWith(dump(0, *records.back()), "  flattened constraints:");
     EXPECT_THAT(line, testing::MatchesRegex("  flattened constraints: \\(7 downto 0\\) x [0-9]+, "
                                             "\\.\\.\\. more than [0-9]+ in all"));
-}
-
-TEST(TypeReferences, AreTheIdsOfAllFieldsEachOnce) {
-    CTArrayType array("a", VHDL_ARRAY, 8, 9);
-    array.m_indexTypeIds = {9, 8, 9};
-    EXPECT_THAT(referencesOf(array), testing::ElementsAre(8u, 9u));
-    RTClassType derived;
-    EXPECT_THAT(referencesOf(derived), testing::IsEmpty());
-    derived.m_baseClassTypeId = 3;
-    EXPECT_THAT(referencesOf(derived), testing::ElementsAre(3u));
-    EXPECT_THAT(referencesOf(CTAssocArrayType("m", 1, 2)), testing::ElementsAre(1u, 2u));
-    EXPECT_THAT(referencesOf(CTTypedefType("t", 5)), testing::ElementsAre(5u));
-    EXPECT_THAT(referencesOf(RTStringType()), testing::IsEmpty());
-}
-
-TEST(TypeText, EscapesWhatATerminalWouldAct) {
-    EXPECT_EQ(quoted("a\"b\\c\n\x1B[0m\xFF"), "\"a\\\"b\\\\c\\n\\x1B[0m\\xFF\"");
-    EXPECT_EQ(quotedName(nullptr), "(no name)");
-}
-
-TEST(TypeText, WritesRangesAsTheLanguagesDo) {
-    EXPECT_EQ(rangeText({0, 15, 1}), "0 to 15");
-    EXPECT_EQ(rangeText({-1, -4, 0}), "-1 downto -4");
-    EXPECT_EQ(rangeText({0, 0, -2}), "open");
-    EXPECT_EQ(rangeText({1, 2, -2}), "open (1, 2)");
-    EXPECT_EQ(rangeText({1, 2, 7}), "1, 2, direction 7");
-}
-
-TEST(TypeText, CountsEqualRangesThatFollowOneAnother) {
-    const FullConstraints word = {31, 0, 0};
-    const FullConstraints byte = {7, 0, 0};
-    EXPECT_EQ(runsText({word, word, byte, word}), "(31 downto 0) x 2, (7 downto 0), (31 downto 0)");
-    EXPECT_EQ(runsText({word, word}, false), "(31 downto 0) x 2, ... more than 2 in all");
-    EXPECT_EQ(runsText({}), "none");
-}
-
-TEST(TypeText, KnowsNamesThatSomebodyGave) {
-    EXPECT_TRUE(isGivenName("a"));
-    EXPECT_TRUE(isGivenName("<a>b"));
-    EXPECT_TRUE(isGivenName("<a><b>"));
-    EXPECT_FALSE(isGivenName("<anonymous>"));
-    EXPECT_FALSE(isGivenName(""));
-    EXPECT_FALSE(isGivenName(nullptr));
-}
-
-TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {
-    EXPECT_EQ(encodingText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
-    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(4)), "4");
-    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(-1)), "-1");
-}
-
-TEST(TypeKind, MatchesAllItsWordsOrTheLast) {
-    EXPECT_TRUE(matchesKind("packed struct", "packed struct"));
-    EXPECT_TRUE(matchesKind("packed struct", "struct"));
-    EXPECT_TRUE(matchesKind("packed struct", "Packed_Struct"));
-    EXPECT_TRUE(matchesKind("discrete enumeration", "enum"));
-    EXPECT_TRUE(matchesKind("physical type", "physical"));
-    EXPECT_FALSE(matchesKind("packed struct", "packed"));
-    EXPECT_FALSE(matchesKind("unpacked struct", "packed struct"));
-    EXPECT_FALSE(matchesKind("queue", ""));
-}
-
-TEST(TypeKind, NamesEachKindOfStructAndUnion) {
-    CTRecordType type;
-    const auto kind = [&](unsigned int number) {
-        type.m_recordKind = static_cast<RecordKind>(number);
-        return kindOf(type);
-    };
-    EXPECT_EQ(kind(0xB0001), "record");
-    EXPECT_EQ(kind(0xB0002), "unpacked struct");
-    EXPECT_EQ(kind(0xB0003), "packed struct");
-    EXPECT_EQ(kind(0xB0004), "packed tagged union");
-    EXPECT_EQ(kind(0xB0005), "unpacked tagged union");
-    EXPECT_EQ(kind(0xB0006), "packed union");
-    EXPECT_EQ(kind(0xB0007), "unpacked union");
-    EXPECT_EQ(kind(0xB0008), "unpadded byte struct");
 }
 
 } // namespace

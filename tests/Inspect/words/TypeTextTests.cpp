@@ -1,0 +1,46 @@
+#include "Inspect/words/TypeText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Inspect;
+using namespace RTTI;
+
+TEST(TypeText, EscapesWhatATerminalWouldAct) {
+    EXPECT_EQ(quoted("a\"b\\c\n\x1B[0m\xFF"), "\"a\\\"b\\\\c\\n\\x1B[0m\\xFF\"");
+    EXPECT_EQ(quotedName(nullptr), "(no name)");
+}
+
+TEST(TypeText, WritesRangesAsTheLanguagesDo) {
+    EXPECT_EQ(rangeText({0, 15, 1}), "0 to 15");
+    EXPECT_EQ(rangeText({-1, -4, 0}), "-1 downto -4");
+    EXPECT_EQ(rangeText({0, 0, -2}), "open");
+    EXPECT_EQ(rangeText({1, 2, -2}), "open (1, 2)");
+    EXPECT_EQ(rangeText({1, 2, 7}), "1, 2, direction 7");
+}
+
+TEST(TypeText, CountsEqualRangesThatFollowOneAnother) {
+    const FullConstraints word = {31, 0, 0};
+    const FullConstraints byte = {7, 0, 0};
+    EXPECT_EQ(runsText({word, word, byte, word}), "(31 downto 0) x 2, (7 downto 0), (31 downto 0)");
+    EXPECT_EQ(runsText({word, word}, false), "(31 downto 0) x 2, ... more than 2 in all");
+    EXPECT_EQ(runsText({}), "none");
+}
+
+TEST(TypeText, KnowsNamesThatSomebodyGave) {
+    EXPECT_TRUE(isGivenName("a"));
+    EXPECT_TRUE(isGivenName("<a>b"));
+    EXPECT_TRUE(isGivenName("<a><b>"));
+    EXPECT_FALSE(isGivenName("<anonymous>"));
+    EXPECT_FALSE(isGivenName(""));
+    EXPECT_FALSE(isGivenName(nullptr));
+}
+
+TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {
+    EXPECT_EQ(encodingText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
+    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(4)), "4");
+    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(-1)), "-1");
+}
+
+} // namespace
