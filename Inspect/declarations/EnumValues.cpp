@@ -1,26 +1,12 @@
 #include "Inspect/declarations/EnumValues.h"
 
-#include "Inspect/declarations/PredefinedTypes.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <limits>
 
 namespace Inspect {
 
-using namespace RTTI;
-
 namespace {
-
-constexpr int CHAIN_LIMIT = 1000;
-
-std::uint64_t lengthOf(const FullConstraints& range) {
-    const auto left = static_cast<std::int64_t>(range.si);
-    const auto right = static_cast<std::int64_t>(range.ei);
-    return static_cast<std::uint64_t>(std::max(left, right) - std::min(left, right)) + 1;
-}
 
 bool bitAt(const char* bytes, unsigned int size, unsigned int bit) {
     const unsigned int byte = bit / 8;
@@ -36,37 +22,14 @@ char hexDigit(const char* bytes, unsigned int size, unsigned int digit) {
 
 } // namespace
 
-std::optional<unsigned int> packedWidth(const RTBaseType* type) {
-    std::uint64_t width = 1;
-    for (int i = 0; i < CHAIN_LIMIT && type != nullptr; ++i) {
-        if (const auto* alias = dynamic_cast<const RTTypedefType*>(type)) {
-            type = alias->m_dataType;
-        } else if (type->GetClassId() == ClassId::SEQ_ENUM) {
-            return static_cast<unsigned int>(width);
-        } else if (type->GetClassId() == ClassId::ARRAY) {
-            const auto& array = static_cast<const RTArrayType&>(*type);
-            if (array.m_constraints.size() < array.m_indexTypeIds.size())
-                return std::nullopt;
-            for (std::size_t d = 0; d < array.m_indexTypeIds.size(); ++d) {
-                width *= lengthOf(array.m_constraints[d]);
-                if (width > std::numeric_limits<std::uint32_t>::max())
-                    return std::nullopt;
-            }
-            type = array.m_elementType;
-        } else {
-            return std::nullopt;
-        }
-    }
-    return std::nullopt;
-}
-
-std::string enumValue(const char* bytes, unsigned int size, unsigned int width, bool isFourState) {
+std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
     const unsigned int plane = isFourState ? size / 2 : size;
     const char* unknown = bytes + plane;
     const bool hasUnknown =
         isFourState && std::any_of(unknown, unknown + plane, [](char byte) { return byte != 0; });
     // What the bytes do not reach is 0, and need not be written.
-    const unsigned int known = std::max(1U, std::min(width, plane * 8));
+    const auto known = static_cast<unsigned int>(
+        std::clamp<std::uint64_t>(plane * 8ULL, 1, std::max<std::uint64_t>(width, 1)));
     std::string digits;
     if (hasUnknown) {
         if (known < width)

@@ -189,7 +189,8 @@ void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
     const std::size_t count = type.m_enumerators.size();
     const bool isFourState = m_types.encodings->of(type) == ENCODING_4_STATE;
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
-    const unsigned int width = packedWidth(type.m_baseType).value_or(std::max(bytes, 1U) * 8);
+    const std::uint64_t width =
+        m_types.widths->of(type.m_baseType).value_or(std::max(bytes, 1U) * 8ULL);
     out << "enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
     for (std::size_t i = 0; i < literals.size(); ++i)
         out << "    " << spaced(literals[i]) << "= "

@@ -45,6 +45,9 @@ void LeafWalk::meet(const Part& part) {
     m_path.resize(part.depth != 0 ? m_pathLengths.back() : 0);
     if (part.depth == 0 || part.role == LinkRole::MEMBER || part.role == LinkRole::BASE_CLASS)
         beginMember(part);
+    m_places.meet(part);
+    if (!m_bits)
+        m_bits = m_places.place();
     if (m_encoded == nullptr)
         m_encoded = part.type;
     if (part.type != nullptr)
@@ -59,6 +62,7 @@ void LeafWalk::beginMember(const Part& part) {
     m_dimensions.clear();
     m_encoded = nullptr;
     m_enumeration = nullptr;
+    m_bits.reset();
     if (part.depth == 0)
         m_path = hasName(part.type) ? pathName(part.type->m_name) : std::to_string(part.typeId);
     else if (part.role == LinkRole::MEMBER)

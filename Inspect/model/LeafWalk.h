@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Inspect/model/BitPlaces.h"
 #include "Inspect/model/PartWalk.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,10 +24,10 @@ std::string dimensionText(const Dimension& dimension);
 /// with the depth alone.
 class LeafWalk {
 public:
-    /// The walk ends after `maxParts` parts, as PartWalk does.
-    LeafWalk(unsigned int id, const RTTI::RTBaseType* type,
+    /// The walk ends after `maxParts` parts, as PartWalk does. The widths must outlive the walk.
+    LeafWalk(unsigned int id, const RTTI::RTBaseType* type, PackedWidths& widths,
              unsigned int maxParts = PartWalk::ANY_NUMBER)
-        : m_walk(id, type, PartWalk::ANY_DEPTH, maxParts) {}
+        : m_walk(id, type, PartWalk::ANY_DEPTH, maxParts), m_places(widths) {}
 
     /// Goes to the next leaf; false at the end.
     bool next();
@@ -58,6 +60,10 @@ public:
     /// One a dimension, outermost first; those of an enumeration's base type come last.
     const std::vector<Dimension>& dimensions() const { return m_dimensions; }
 
+    /// None where the leaf is not packed. Of an unpacked array of packed values, they are those of
+    /// one element.
+    const std::optional<BitPlace>& bits() const { return m_bits; }
+
     /// What narrows the leaf's values; null for nothing.
     const RTTI::FullConstraints* narrowing() const { return m_walk.part().narrowing; }
     bool isSeenAbove() const { return m_walk.part().isSeenAbove; }
@@ -69,6 +75,7 @@ private:
     void addDimensionsToPath();
 
     PartWalk m_walk;
+    BitPlaces m_places;
     std::string m_path;
     std::vector<std::size_t> m_pathLengths; ///< With each part on the way.
 
@@ -78,6 +85,7 @@ private:
     const RTTI::RTBaseType* m_encoded = nullptr; ///< Since the innermost array of variable size.
     const RTTI::RTBaseType* m_enumeration = nullptr; ///< The outermost discrete one.
     unsigned int m_enumerationId = RTTI::TypeFileFormat::NO_TYPE_ID;
+    std::optional<BitPlace> m_bits; ///< Of the outermost packed type.
 };
 
 } // namespace Inspect

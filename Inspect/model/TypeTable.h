@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inspect/model/PackedWidths.h"
 #include "Inspect/model/TypeEncodings.h"
 #include "RTTI/RTType.h"
 
@@ -20,6 +21,9 @@ struct TypeTable {
 
     /// The encodings of the types, independent of earlier questions. Copies of a table share it.
     std::shared_ptr<TypeEncodings> encodings = std::make_shared<TypeEncodings>();
+
+    /// The widths of packed types. Copies of a table share it.
+    std::shared_ptr<PackedWidths> widths = std::make_shared<PackedWidths>();
 };
 
 } // namespace Inspect

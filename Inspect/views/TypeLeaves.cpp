@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t PATH_WIDTH = 40;
 constexpr std::size_t TYPE_WIDTH = 24;
 constexpr std::size_t ENCODING_WIDTH = 13; ///< Of the longest name.
+constexpr std::size_t BITS_WIDTH = 7;      ///< Of three digits a bound.
 
 std::string typeText(const TypeTable& types, const LeafWalk& leaf) {
     const RTBaseType* type = leaf.type();
@@ -32,6 +33,20 @@ std::string typeText(const TypeTable& types, const LeafWalk& leaf) {
 std::string encodingOf(const LeafWalk& leaf, const TypeTable& types) {
     const RTBaseType* encoded = leaf.encoded();
     return encoded != nullptr ? encodingText(types.encodings->of(*encoded)) : "-";
+}
+
+/// "13:12", and "13:12 (4 every 20)" where structs of an array have it 20 bits apart.
+std::string bitsOf(const LeafWalk& leaf) {
+    if (!leaf.bits())
+        return "-";
+    const BitPlace& bits = *leaf.bits();
+    std::string text = bits.width == 1
+                           ? fmt::format("{}", bits.offset)
+                           : fmt::format("{}:{}", bits.offset + (bits.width - 1), bits.offset);
+    for (const BitStride& stride : bits.strides)
+        text += fmt::format("{}{} every {}", &stride == &bits.strides.front() ? " (" : ", ",
+                            stride.count, stride.bits);
+    return bits.strides.empty() ? text : text + ')';
 }
 
 std::string rangesOf(const LeafWalk& leaf) {
@@ -57,6 +72,13 @@ Json dimensionToJson(const Dimension& dimension) {
     return dimensionText(dimension);
 }
 
+Json bitsToJson(const BitPlace& bits) {
+    Json strides = Json::array();
+    for (const BitStride& stride : bits.strides)
+        strides.push_back({{"count", stride.count}, {"bits", stride.bits}});
+    return {{"offset", bits.offset}, {"width", bits.width}, {"strides", std::move(strides)}};
+}
+
 Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
     Json json{{"path", leaf.path()}};
     json.update(typeToJson(leaf.typeId(), leaf.type()));
@@ -66,6 +88,7 @@ Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
     Json& dimensions = json["dimensions"] = Json::array();
     for (const Dimension& dimension : leaf.dimensions())
         dimensions.push_back(dimensionToJson(dimension));
+    json["bits"] = leaf.bits() ? bitsToJson(*leaf.bits()) : Json();
     if (leaf.narrowing() != nullptr)
         json["valueRange"] = rangeToJson(*leaf.narrowing());
     if (leaf.isSeenAbove())
@@ -77,11 +100,12 @@ Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
 
 bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style) {
-    LeafWalk leaf(request.id, types.typeOf(request.id), request.limit);
+    LeafWalk leaf(request.id, types.typeOf(request.id), *types.widths, request.limit);
     while (out && leaf.next())
         out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
             << column(style, Ink::KEYWORD, typeText(types, leaf), TYPE_WIDTH)
             << column(style, Ink::COMMENT, encodingOf(leaf, types), ENCODING_WIDTH)
+            << column(style, Ink::NUMBER, bitsOf(leaf), BITS_WIDTH)
             << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
     if (leaf.isCut())
         out << style.paint(Ink::COMMENT, "... and more") << '\n';
@@ -90,7 +114,7 @@ bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest&
 
 bool writeLeavesJson(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                      JsonForm form) {
-    LeafWalk leaf(request.id, types.typeOf(request.id), request.limit);
+    LeafWalk leaf(request.id, types.typeOf(request.id), *types.widths, request.limit);
     JsonLines lines(out, form, jsonHead("HDL simulator type leaves", {{"id", request.id}}),
                     "leaves");
     while (out && leaf.next())

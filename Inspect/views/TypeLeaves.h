@@ -29,9 +29,9 @@ struct LeavesRequest {
     unsigned int limit = TreeRequest().limit;
 };
 
-/// Writes one line for each leaf: path, type, encoding and ranges, with "-" for anything that does
-/// not apply. At least two spaces separate the columns. A list that goes on behind the limit ends
-/// with a line that says so; the result is then false.
+/// Writes one line for each leaf: path, type, encoding, bits and ranges, with "-" for anything that
+/// does not apply. At least two spaces separate the columns. A list that goes on behind the limit
+/// ends with a line that says so; the result is then false.
 bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style);
 

@@ -11,13 +11,13 @@ using testing::StartsWith;
 
 TEST(RttiLeaves, ListsTheValuesOfAVhdlRecord) {
     const Result result = rtti("leaves " + example("vhkinds_rti") + " 58 | tr -s ' '");
-    EXPECT_EQ(result.out, "rec_t.i integer Byte range 0 to 15\n"
-                          "rec_t.v std_ulogic Byte 15 downto 0\n"
-                          "rec_t.n.a std_ulogic Byte -\n"
-                          "rec_t.n.b std_ulogic Byte 3 downto 0\n"
-                          "rec_t.t time Byte -\n"
-                          "rec_t.e color_t Byte -\n"
-                          "rec_t.arr std_ulogic Byte 0 to 3, 7 downto 0\n");
+    EXPECT_EQ(result.out, "rec_t.i integer Byte - range 0 to 15\n"
+                          "rec_t.v std_ulogic Byte - 15 downto 0\n"
+                          "rec_t.n.a std_ulogic Byte - -\n"
+                          "rec_t.n.b std_ulogic Byte - 3 downto 0\n"
+                          "rec_t.t time Byte - -\n"
+                          "rec_t.e color_t Byte - -\n"
+                          "rec_t.arr std_ulogic Byte - 0 to 3, 7 downto 0\n");
 }
 
 TEST(RttiLeaves, HasAJsonObjectALine) {

@@ -35,7 +35,7 @@ int runLeaves(LeavesOptions& options) {
 Subcommand addLeaves(CLI::App& program) {
     const auto options = std::make_shared<LeavesOptions>();
     CLI::App* leaves = program.add_subcommand(
-        "leaves", "List the values that a type is made of: path, type, encoding, ranges");
+        "leaves", "List the values that a type is made of: path, type, encoding, bits, ranges");
     addFileArguments(*leaves, *options);
     addTypeArgument(*leaves, options->type)->required();
     addPartLimit(*leaves, options->request.limit);
@@ -43,7 +43,10 @@ Subcommand addLeaves(CLI::App& program) {
     addColorArgument(*leaves, *options);
     leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "
                    "of structs is part of the path, with its ranges: pkt_t.lanes[0 to 3].data. "
-                   "The ranges are those of rtti tree.\n"
+                   "The ranges are those of rtti tree. The bits are those in the "
+                   "outermost packed value around the leaf, for example 13:12; in a packed array "
+                   "of structs those in the element with the right bound, with the distance of "
+                   "the others: 13:12 (4 every 20).\n"
                    "\n"
                    "Example:\n  rtti leaves examples/typefiles/svkinds_slang.typ 33");
     return {leaves, [options] { return runLeaves(*options); }};

@@ -133,7 +133,8 @@ TEST(LeafWalk, GivesEveryPartThatHasNoParts) {
         const Parts parts = partsOf(type);
         if (!parts.isWhole)
             continue;
-        Inspect::LeafWalk leaf(0, &type);
+        Inspect::PackedWidths widths;
+        Inspect::LeafWalk leaf(0, &type, widths);
         for (const Inspect::Part& part : parts.all) {
             if (part.hasParts)
                 continue;

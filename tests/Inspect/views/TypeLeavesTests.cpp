@@ -1,5 +1,6 @@
 #include "Inspect/views/TypeLeaves.h"
 #include "RTTI/CTType.h"
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/TypeGraph.h"
 #include "tests/support/WrittenTypes.h"
 
@@ -15,6 +16,7 @@ using namespace RTTI;
 using namespace RTTITest;
 using namespace Inspect;
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr FullConstraints BYTE{7, 0, 0};
@@ -58,12 +60,12 @@ TEST(TypeLeaves, StandInColumns) {
     const auto byte = types.alias("byte_t", types.packed(logic, {BYTE}));
     const auto header = types.structure("hdr_t", {{"len", byte}, {"ok", logic}});
     const auto packet = types.structure("pkt", {{"hdr", header}, {"text", types.string()}});
-    const std::string rows = "pkt.hdr.len" + std::string(31, ' ') + "logic" + std::string(21, ' ') +
-                             "4-State" + std::string(8, ' ') + "7 downto 0\n" + "pkt.hdr.ok" +
-                             std::string(32, ' ') + "logic" + std::string(21, ' ') + "4-State" +
-                             std::string(8, ' ') + "-\n" + "pkt.text" + std::string(34, ' ') +
-                             "string" + std::string(20, ' ') + "2-State" + std::string(8, ' ') +
-                             "-\n";
+    const std::string rows =
+        "pkt.hdr.len" + std::string(31, ' ') + "logic" + std::string(21, ' ') + "4-State" +
+        std::string(8, ' ') + "7:0" + std::string(6, ' ') + "7 downto 0\n" + "pkt.hdr.ok" +
+        std::string(32, ' ') + "logic" + std::string(21, ' ') + "4-State" + std::string(8, ' ') +
+        "0" + std::string(8, ' ') + "-\n" + "pkt.text" + std::string(34, ' ') + "string" +
+        std::string(20, ' ') + "2-State" + std::string(8, ' ') + "-" + std::string(8, ' ') + "-\n";
     EXPECT_EQ(leavesOf(types, packet), rows);
 }
 
@@ -82,7 +84,7 @@ TEST(TypeLeaves, ArrayOfScalarsIsOneLeafWithAllItsDimensions) {
     const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
     const auto memory = types.array(VLOG_FIXED_UNPACKED_ARRAY, "mem", byte, {LANES, {1, 0, 0}});
     EXPECT_EQ(squeezed(leavesOf(types, memory)),
-              "mem logic 4-State 0 to 3, 1 downto 0, 7 downto 0\n");
+              "mem logic 4-State 7:0 0 to 3, 1 downto 0, 7 downto 0\n");
 }
 
 TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
@@ -91,8 +93,8 @@ TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
     const auto lanes = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", lane, {LANES, {1, 0, 0}});
     const auto record = types.structure("r", {{"lanes", lanes}, {"all", types.queue(lanes)}});
     EXPECT_EQ(squeezed(leavesOf(types, record)),
-              "r.lanes[0 to 3, 1 downto 0].data logic 4-State 7 downto 0\n"
-              "r.all[queue, 0 to 3, 1 downto 0].data logic 4-State 7 downto 0\n");
+              "r.lanes[0 to 3, 1 downto 0].data logic 4-State 7:0 7 downto 0\n"
+              "r.all[queue, 0 to 3, 1 downto 0].data logic 4-State 7:0 7 downto 0\n");
 }
 
 TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
@@ -102,7 +104,7 @@ TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
     const auto table = types.add(CTAssocArrayType("", dynamic, byte));
     const auto alias = types.alias("t", types.queue(table));
     EXPECT_EQ(squeezed(leavesOf(types, alias)),
-              "t logic 4-State queue, associative, dynamic, 7 downto 0\n");
+              "t logic 4-State 7:0 queue, associative, dynamic, 7 downto 0\n");
 }
 
 TEST(TypeLeaves, EnumerationIsNamedForItself) {
@@ -113,7 +115,7 @@ TEST(TypeLeaves, EnumerationIsNamedForItself) {
     const auto list = types.packed(types.add(state), {LANES});
     const auto record = types.structure("r", {{"s", list}});
     EXPECT_EQ(squeezed(leavesOf(types, record)),
-              "r.s enum logic [1:0] { } 4-State 0 to 3, 1 downto 0\n");
+              "r.s enum logic [1:0] { } 4-State 7:0 0 to 3, 1 downto 0\n");
 }
 
 TEST(TypeLeaves, InheritedMembersComeFirst) {
@@ -121,17 +123,17 @@ TEST(TypeLeaves, InheritedMembersComeFirst) {
     const auto string = types.string();
     const auto base = types.classType("base", {{"id", string}});
     const auto derived = types.classType("derived", {{"more", string}, {"up", 1}}, base);
-    EXPECT_EQ(squeezed(leavesOf(types, derived)), "derived.id string 2-State -\n"
-                                                  "derived.more string 2-State -\n"
-                                                  "derived.up.id string 2-State -\n");
+    EXPECT_EQ(squeezed(leavesOf(types, derived)), "derived.id string 2-State - -\n"
+                                                  "derived.more string 2-State - -\n"
+                                                  "derived.up.id string 2-State - -\n");
 }
 
 TEST(TypeLeaves, ClassThatLeadsBackAndEmptyStructAreLeaves) {
     WrittenTypes types;
     const auto empty = types.structure("empty", {});
     const auto node = types.classType("node", {{"next", 1}, {"none", empty}});
-    EXPECT_EQ(squeezed(leavesOf(types, node)), "node.next node (seen above) - -\n"
-                                               "node.none empty - -\n");
+    EXPECT_EQ(squeezed(leavesOf(types, node)), "node.next node (seen above) - - -\n"
+                                               "node.none empty - - -\n");
 }
 
 TEST(TypeLeaves, ScalarsHaveTheirRange) {
@@ -139,7 +141,7 @@ TEST(TypeLeaves, ScalarsHaveTheirRange) {
     const auto integer = types.integer("integer", {-8, 7, 1});
     const auto natural = types.alias("natural", integer, {{0, 7, 1}});
     const auto array = types.array(VHDL_ARRAY, "a", natural, {LANES});
-    EXPECT_EQ(squeezed(leavesOf(types, array)), "a integer Byte 0 to 3, range 0 to 7\n");
+    EXPECT_EQ(squeezed(leavesOf(types, array)), "a integer Byte - 0 to 3, range 0 to 7\n");
 }
 
 TEST(TypeLeaves, RealsHaveTheirRangeUnlessItIsAny) {
@@ -156,16 +158,16 @@ TEST(TypeLeaves, RealsHaveTheirRangeUnlessItIsAny) {
 TEST(TypeLeaves, PathOfATypeWithoutANameBeginsWithItsId) {
     WrittenTypes types;
     const auto record = types.structure("", {{"s", types.string()}, {"a.b", 0}, {"\x1B", 0}});
-    EXPECT_EQ(squeezed(leavesOf(types, record)), "1.s string 2-State -\n"
-                                                 "1.\"a.b\" string 2-State -\n"
-                                                 "1.\"\\x1B\" string 2-State -\n");
+    EXPECT_EQ(squeezed(leavesOf(types, record)), "1.s string 2-State - -\n"
+                                                 "1.\"a.b\" string 2-State - -\n"
+                                                 "1.\"\\x1B\" string 2-State - -\n");
 }
 
 TEST(TypeLeaves, MissingTypesAreLeaves) {
     TypeGraph types;
     const auto& record = types.structure({nullptr, &types.alias(nullptr)});
-    EXPECT_EQ(squeezed(leavesOf(tableOf(record), 0)), "0.\"\" (no type) - -\n"
-                                                      "0.\"\" (no type) - -\n");
+    EXPECT_EQ(squeezed(leavesOf(tableOf(record), 0)), "0.\"\" (no type) - - -\n"
+                                                      "0.\"\" (no type) - - -\n");
 }
 
 TEST(TypeLeaves, OfAChainOfAHundredThousandStructsIsOne) {
@@ -178,6 +180,33 @@ TEST(TypeLeaves, OfAChainOfAHundredThousandStructsIsOne) {
     EXPECT_EQ(leaves.find('\n'), leaves.size() - 1);
 }
 
+TEST(TypeLeaves, PackedStructsGiveTheirBits) {
+    WrittenTypes types;
+    const auto nibble = types.packed(types.logic(), {{3, 0, 0}});
+    RTRecordType lane("lane_t");
+    lane.m_recordKind = VLOG_PACKED_STRUCT;
+    TypeFile::addMember(lane, "tag", nibble);
+    TypeFile::addMember(lane, "data", types.packed(nibble, {{0, 1, 1}}));
+    const auto lanes = types.packed(types.add(lane), {{0, 2, 1}, {4, 3, 0}});
+    RTRecordType packet("pkt_t");
+    packet.m_recordKind = VLOG_PACKED_STRUCT;
+    TypeFile::addMember(packet, "lanes", lanes);
+    TypeFile::addMember(packet, "last", 0);
+    const auto id = types.add(packet);
+    const TypeTable table = types.table();
+    EXPECT_EQ(squeezed(leavesOf(table, id)),
+              "pkt_t.lanes[0 to 2, 4 downto 3].tag logic 4-State 12:9 (3 every 24, 2 every 12) "
+              "3 downto 0\n"
+              "pkt_t.lanes[0 to 2, 4 downto 3].data logic 4-State 8:1 (3 every 24, 2 every 12) "
+              "0 to 1, 3 downto 0\n"
+              "pkt_t.last logic 4-State 0 -\n");
+    std::ostringstream json;
+    writeLeavesJson(json, table, {id}, JsonForm::LINES);
+    EXPECT_THAT(json.str(),
+                HasSubstr("\"bits\":{\"offset\":9,\"width\":4,\"strides\":[{\"count\":3,"
+                          "\"bits\":24},{\"count\":2,\"bits\":12}]}"));
+}
+
 TEST(TypeLeaves, JsonHasALeafALine) {
     WrittenTypes types;
     const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
@@ -187,12 +216,13 @@ TEST(TypeLeaves, JsonHasALeafALine) {
               "{\"format\":\"HDL simulator type leaves\",\"formatVersion\":1,\"id\":6}\n"
               "{\"path\":\"c.q\",\"id\":0,\"kind\":\"seqEnum\",\"name\":\"logic\","
               "\"declaredType\":5,\"encoding\":\"4-State\",\"dimensions\":[\"queue\","
-              "{\"si\":7,\"ei\":0,\"dir\":0}]}\n"
+              "{\"si\":7,\"ei\":0,\"dir\":0}],"
+              "\"bits\":{\"offset\":0,\"width\":8,\"strides\":[]}}\n"
               "{\"path\":\"c.n\",\"id\":3,\"kind\":\"integer\",\"name\":\"integer\","
-              "\"declaredType\":4,\"encoding\":\"Byte\",\"dimensions\":[],"
+              "\"declaredType\":4,\"encoding\":\"Byte\",\"dimensions\":[],\"bits\":null,"
               "\"valueRange\":{\"si\":0,\"ei\":7,\"dir\":1}}\n"
               "{\"path\":\"c.me\",\"id\":6,\"kind\":\"class\",\"name\":\"c\",\"declaredType\":6,"
-              "\"encoding\":null,\"dimensions\":[],\"seenAbove\":true}\n");
+              "\"encoding\":null,\"dimensions\":[],\"bits\":null,\"seenAbove\":true}\n");
 }
 
 } // namespace

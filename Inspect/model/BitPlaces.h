@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Inspect/model/PackedWidths.h"
+#include "Inspect/model/PartWalk.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace Inspect {
+
+/// A packed dimension around a part.
+struct BitStride {
+    std::uint64_t count; ///< Of elements.
+    std::uint64_t bits;  ///< From one element to the next.
+};
+
+/// The bits of a part in the outermost packed value around it.
+struct BitPlace {
+    std::uint64_t offset; ///< Of its least significant bit, from that of the whole value.
+    std::uint64_t width;
+
+    /// Of the packed arrays around it, outermost first. The offset is that in the elements with the
+    /// right bounds: one element further to the left means that many bits more.
+    std::vector<BitStride> strides;
+};
+
+/// Finds the bits of the parts of a type, in constant time for each.
+class BitPlaces {
+public:
+    /// The widths must outlive this object.
+    explicit BitPlaces(PackedWidths& widths) : m_widths(widths) {}
+
+    /// Goes on to the next part of a PartWalk; takes all of them in turn.
+    void meet(const Part& part);
+
+    /// The bits of the part that was met last. None if it is not packed.
+    std::optional<BitPlace> place() const;
+
+private:
+    /// A type on the path.
+    struct Step {
+        const RTTI::RTBaseType* type;
+        std::optional<std::uint64_t> width;
+        std::uint64_t offset;
+        std::uint64_t end;   ///< The bits below are those of the members that were not met yet.
+        std::size_t strides; ///< From the outermost packed value to here.
+    };
+
+    void placeMember(Step& above, Step& member) const;
+    void addStrides(const RTTI::RTArrayType& array, std::uint64_t elementBits);
+
+    PackedWidths& m_widths;
+    std::vector<Step> m_path;
+    std::vector<BitStride> m_strides;
+};
+
+} // namespace Inspect
