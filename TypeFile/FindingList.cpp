@@ -22,6 +22,17 @@ bool comesBefore(const Finding& left, const Finding& right) {
 
 } // namespace
 
+bool FindingList::hasRoom(FindingCode code) const {
+    const Kept& kept = severityOf(code) == Severity::ERROR ? m_errors : m_warnings;
+    return kept.findings.size() < m_maxKept;
+}
+
+void FindingList::leaveOut(FindingCode code) { ++listOf(code).count; }
+
+FindingList::Kept& FindingList::listOf(FindingCode code) {
+    return severityOf(code) == Severity::ERROR ? m_errors : m_warnings;
+}
+
 void FindingList::add(FindingCode code, unsigned int typeId, const char* field,
                       unsigned long long offset, std::string text) {
     add(code, typeId, FieldName{field, inOneWord(field)}, offset, std::move(text));
@@ -29,11 +40,10 @@ void FindingList::add(FindingCode code, unsigned int typeId, const char* field,
 
 void FindingList::add(FindingCode code, unsigned int typeId, FieldName field,
                       unsigned long long offset, std::string text) {
-    const Severity severity = severityOf(code);
-    Kept& kept = severity == Severity::ERROR ? m_errors : m_warnings;
+    Kept& kept = listOf(code);
     ++kept.count;
     if (kept.findings.size() < m_maxKept)
-        kept.findings.push_back({code, severity, typeId, std::move(field.words), offset,
+        kept.findings.push_back({code, severityOf(code), typeId, std::move(field.words), offset,
                                  std::move(text), std::move(field.key)});
 }
 

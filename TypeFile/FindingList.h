@@ -18,6 +18,12 @@ class FindingList {
 public:
     explicit FindingList(std::size_t maxKept) : m_maxKept(maxKept) {}
 
+    /// Whether one more finding with this code would be kept, so that it is worth its words.
+    bool hasRoom(FindingCode code) const;
+
+    /// Counts a finding that has no words, since there is no room for it.
+    void leaveOut(FindingCode code);
+
     void add(FindingCode code, unsigned int typeId, FieldName field, unsigned long long offset,
              std::string text);
 
@@ -34,6 +40,8 @@ private:
         std::vector<Finding> findings;
         unsigned long long count = 0;
     };
+
+    Kept& listOf(FindingCode code);
 
     std::size_t m_maxKept;
     Kept m_errors;

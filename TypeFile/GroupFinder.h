@@ -9,37 +9,44 @@
 namespace TypeFile {
 
 /// Finds the groups of types that lead to one another, by the algorithm of Tarjan, with a stack of
-/// its own: each group after those that it leads to. Settled types are in none.
+/// its own: each group after those that it leads to. Finished types are in none.
 class GroupFinder {
 public:
     explicit GroupFinder(const TypeNodes& types) : m_types(types) {}
 
-    /// Calls `take` with the ids of each group, in ascending order, over the references that
-    /// `follows(reference)` picks. Inside `take`, `isInside` tells who belongs to the group.
+    /// Calls `take` with the ids of each group, in ascending order, over the parts that
+    /// `follows(part)` picks. Inside `take`, `isInside` tells who belongs to the group.
     template <typename Follows, typename Take> void find(Follows follows, Take take) {
-        m_numbers.assign(m_types.size(), 0);
-        m_lows.assign(m_types.size(), 0);
+        m_marks.assign(m_types.deferred.size(), {});
         m_entered = m_groups = 0;
-        for (unsigned int id = 0; id < m_types.size(); ++id) {
-            if (!m_types.states[id].isSettled && m_numbers[id] == 0)
-                goDownFrom(id, follows, take);
+        for (const DeferredType& type : m_types.deferred) {
+            if (m_types.isUnfinished(type.typeId) && markOf(type.typeId).number == 0)
+                goDownFrom(type.typeId, follows, take);
         }
     }
 
     /// Whether a type is in the group that was given last.
     bool isInside(unsigned int target) const {
-        return target < m_types.size() && !m_types.states[target].isSettled &&
-               m_lows[target] == GROUPED && m_numbers[target] == m_groups;
+        if (!m_types.isUnfinished(target))
+            return false;
+        const Mark& mark = markOf(target);
+        return mark.low == GROUPED && mark.number == m_groups;
     }
 
 private:
     static constexpr unsigned int GROUPED = 0;
 
-    /// A type on the way down, and the reference that is next.
+    /// What the search knows of a type.
+    struct Mark {
+        unsigned int number = 0; ///< 0 until it is entered; its group's once it is grouped.
+        unsigned int low = 0;    ///< The smallest number that it leads to, or GROUPED.
+    };
+
+    /// A type on the way down, and the part that is next.
     struct Step {
         unsigned int typeId;
         bool isDone;
-        unsigned long long next;
+        std::size_t next;
     };
 
     template <typename Follows, typename Take>
@@ -51,49 +58,54 @@ private:
                 leave(take);
                 continue;
             }
-            const Reference& reference = m_types.references[step.next++];
-            step.isDone = reference.isLast;
-            if (reference.target >= m_types.size() || m_types.states[reference.target].isSettled ||
-                !follows(reference))
+            const Part& part = m_types.parts[step.next++];
+            step.isDone = part.isLast;
+            if (!m_types.isUnfinished(part.target) || !follows(part))
                 continue;
-            if (m_numbers[reference.target] == 0)
-                enter(reference.target);
-            else if (m_lows[reference.target] != GROUPED)
-                m_lows[step.typeId] = std::min(m_lows[step.typeId], m_numbers[reference.target]);
+            const Mark& below = markOf(part.target);
+            if (below.number == 0)
+                enter(part.target);
+            else if (below.low != GROUPED)
+                lowerTo(step.typeId, below.number);
         }
     }
 
+    Mark& markOf(unsigned int id) { return m_marks[m_types.places[id]]; }
+    const Mark& markOf(unsigned int id) const { return m_marks[m_types.places[id]]; }
+
+    void lowerTo(unsigned int id, unsigned int number) {
+        Mark& mark = markOf(id);
+        mark.low = std::min(mark.low, number);
+    }
+
     void enter(unsigned int id) {
-        m_numbers[id] = m_lows[id] = ++m_entered;
+        ++m_entered;
+        markOf(id) = {m_entered, m_entered};
         m_ungrouped.push_back(id);
-        m_path.push_back({id, false, m_types.nodes[id].firstReference});
+        m_path.push_back({id, false, m_types.deferred[m_types.places[id]].firstPart});
     }
 
     template <typename Take> void leave(Take& take) {
         const unsigned int id = m_path.back().typeId;
         m_path.pop_back();
-        if (!m_path.empty()) {
-            unsigned int& low = m_lows[m_path.back().typeId];
-            low = std::min(low, m_lows[id]);
-        }
-        if (m_lows[id] != m_numbers[id])
+        const Mark mark = markOf(id);
+        if (!m_path.empty())
+            lowerTo(m_path.back().typeId, mark.low);
+        if (mark.low != mark.number)
             return;
         auto first = m_ungrouped.end() - 1;
         while (*first != id)
             --first;
         std::sort(first, m_ungrouped.end());
         ++m_groups;
-        for (auto next = first; next != m_ungrouped.end(); ++next) {
-            m_numbers[*next] = m_groups;
-            m_lows[*next] = GROUPED;
-        }
+        for (auto next = first; next != m_ungrouped.end(); ++next)
+            markOf(*next) = {m_groups, GROUPED};
         take(std::span<const unsigned int>(first, m_ungrouped.end()));
         m_ungrouped.erase(first, m_ungrouped.end());
     }
 
     const TypeNodes& m_types;
-    std::vector<unsigned int> m_numbers; ///< 0 until a type is entered; its group's once grouped.
-    std::vector<unsigned int> m_lows;    ///< The smallest number that a type leads to, or GROUPED.
+    std::vector<Mark> m_marks; ///< Of the deferred types.
     std::vector<Step> m_path;
     std::vector<unsigned int> m_ungrouped;
     unsigned int m_entered = 0;

@@ -1,7 +1,7 @@
 #include "TypeFile/PartVerifier.h"
 
 #include "OVAT/Counted.h"
-#include "RTTI/LittleEndian.h"
+#include "TypeFile/RecordScan.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,120 +12,106 @@ using namespace RTTI::TypeFileFormat;
 
 namespace {
 
-/// In place of the ranges that a type asks for.
-constexpr unsigned int NOT_KNOWN = std::numeric_limits<unsigned int>::max();
-constexpr unsigned int MOST_RANGES = NOT_KNOWN - 1;
-constexpr std::size_t DIRECTION_OFFSET = 8; ///< In a constraint.
+constexpr unsigned int MOST_RANGES = std::numeric_limits<unsigned int>::max() - 1;
 
-/// How many of the first `count` ranges of a part have bounds of their own.
-unsigned int rangesWithBounds(const Part& part, unsigned int count, StorageWindow& window) {
-    unsigned int found = 0;
-    for (unsigned long long i = 0; i < std::min(count, part.rangeCount); ++i) {
-        const char* const range = window.at(part.rangesAt + i * CONSTRAINT_SIZE, CONSTRAINT_SIZE);
-        const int direction = RTTI::littleEndianAt<int>(range + DIRECTION_OFFSET);
-        found += direction != UNCONSTRAINED_DIRECTION ? 1 : 0;
-    }
-    return found;
+/// The list of a part with MANY ranges.
+const LongList& longListOf(const PartsOfType& type, std::size_t place) {
+    return *std::lower_bound(
+        type.longLists.begin(), type.longLists.end(), type.firstPlace + place,
+        [](const LongList& list, std::size_t part) { return list.part < part; });
 }
 
 } // namespace
 
-void PartVerifier::settle(unsigned int typeId, const RecordParts& record) {
-    TypeState& state = m_types.states[typeId];
-    if (record.parts.empty()) {
-        state.isSettled = true;
-        return;
-    }
-    WalkSum sum{record.dimensions};
-    bool needsCheck = record.dimensions != 0;
-    for (const Part& part : record.parts) {
-        const bool isBroken = m_types.isBroken(part.target, part.link);
-        needsCheck = needsCheck || isBroken;
-        if (part.target >= m_types.size())
+void PartVerifier::verify(unsigned int typeId, const PartsOfType& type) {
+    bool isPlain = type.dimensions == 0;
+    for (const Part& part : type.parts) {
+        if (part.target >= m_types.size()) {
+            isPlain = false;
             continue;
+        }
         const TypeState below = m_types.states[part.target];
-        if (!below.isSettled)
-            return keep(typeId, record);
-        if (!below.hasFacts)
-            continue;
-        needsCheck = true;
-        m_steps.add(sum, m_types, part.target, part.link);
+        if (!below.isFinished)
+            return defer(typeId, type);
+        isPlain = isPlain && !below.hasCounts && below.role != Role::NO_TYPE &&
+                  !Link::has(part.link, Link::BASE_CLASS);
     }
-    state.isSettled = true;
-    if (!needsCheck)
-        return;
-    TypeNode& node = m_types.nodes[typeId];
-    node.dimensions = record.dimensions;
-    check(typeId, record, m_sweep);
-    node.steps = m_steps.end(sum, state.role);
-    state.hasFacts = node.open != 0 || node.steps != 0;
-    m_steps.report(typeId, m_types, m_findings);
+    m_types.states[typeId].isFinished = true;
+    if (!isPlain)
+        finish(typeId, type);
 }
 
-/// What the type asks itself is found out while its ranges are at hand.
-void PartVerifier::keep(unsigned int typeId, const RecordParts& record) {
-    TypeNode& node = m_types.nodes[typeId];
-    node.dimensions = record.dimensions;
-    node.firstReference = m_types.references.size();
-    for (const Part& part : record.parts)
-        m_types.references.push_back({part.target, part.link, false});
-    m_types.references.back().isLast = true;
-    if (node.dimensions == 0)
-        return;
-    const Part& element = record.parts.front();
-    node.open = element.rangeCount < node.dimensions
-                    ? NOT_KNOWN
-                    : node.dimensions - rangesWithBounds(element, node.dimensions, m_sweep);
-}
-
-void PartVerifier::checkKept(unsigned int typeId) {
-    TypeNode& node = m_types.nodes[typeId];
-    bool needsCheck = node.open == NOT_KNOWN;
-    m_types.forEachReference(typeId, [&](const Reference& reference) {
-        needsCheck = needsCheck || askedBelow(reference.target, reference.link) != 0 ||
-                     m_types.isBroken(reference.target, reference.link);
-    });
-    if (needsCheck) {
-        m_records.readParts(typeId, m_kept);
-        check(typeId, m_kept, m_jumps);
-    }
-    m_types.states[typeId].hasFacts = node.open != 0;
-}
-
-void PartVerifier::settleKept(unsigned int typeId) {
-    TypeNode& node = m_types.nodes[typeId];
-    WalkSum sum{node.dimensions};
-    bool isSettled = true;
-    m_types.forEachReference(typeId, [&](const Reference& reference) {
-        isSettled = isSettled && (reference.target >= m_types.size() ||
-                                  m_types.states[reference.target].isSettled);
-        m_steps.add(sum, m_types, reference.target, reference.link);
-    });
-    if (!isSettled)
-        return;
+void PartVerifier::finish(unsigned int typeId, const PartsOfType& type) {
+    const WalkSum sum = check(typeId, type);
     TypeState& state = m_types.states[typeId];
-    node.steps = m_steps.end(sum, state.role);
-    state.hasFacts = node.open != 0 || node.steps != 0;
-    state.isSettled = true;
+    TypeCounts& counts = m_types.counts[typeId];
+    counts.steps = m_steps.end(sum, state.role);
+    state.hasCounts = counts.open != 0 || counts.steps != 0;
+    state.isFinished = true;
     m_steps.report(typeId, m_types, m_findings);
 }
 
-void PartVerifier::check(unsigned int typeId, const RecordParts& record, StorageWindow& window) {
+void PartVerifier::defer(unsigned int typeId, const PartsOfType& type) {
+    const std::size_t first = m_types.parts.size();
+    m_types.deferred.push_back({typeId, type.dimensions, first});
+    m_types.parts.insert(m_types.parts.end(), type.parts.begin(), type.parts.end());
+    m_types.parts.back().isLast = true;
+    for (const LongList& list : type.longLists)
+        m_types.longLists.push_back({first + list.part, list.rangeCount, list.rangesAt});
+}
+
+void PartVerifier::checkDeferred(unsigned int typeId) {
+    check(typeId, m_types.partsOf(typeId));
+    m_types.states[typeId].hasCounts = m_types.counts[typeId].open != 0;
+}
+
+void PartVerifier::verifyDeferred(unsigned int typeId) {
+    const PartsOfType type = m_types.partsOf(typeId);
+    const bool isFinished =
+        std::none_of(type.parts.begin(), type.parts.end(),
+                     [this](const Part& part) { return m_types.isUnfinished(part.target); });
+    if (isFinished)
+        finish(typeId, type);
+    else
+        checkDeferred(typeId);
+}
+
+/// Gives the steps of the type's walk, as far as those of its parts are known.
+WalkSum PartVerifier::check(unsigned int typeId, const PartsOfType& type) {
+    WalkSum sum{type.dimensions};
     unsigned long long open = 0;
     bool isBroken = false;
-    for (std::size_t i = 0; i < record.parts.size(); ++i) {
-        const Part& part = record.parts[i];
+    for (std::size_t place = 0; place < type.parts.size(); ++place) {
+        const Part& part = type.parts[place];
         isBroken = isBroken || m_types.isBroken(part.target, part.link);
         if (!Link::has(part.link, Link::WALKED) || !m_types.isLinked(part.target))
             continue;
-        const unsigned int asked = askedBelow(part.target, part.link);
-        if (asked != 0 || record.dimensions != 0)
-            open += openRanges(typeId, i, part, asked, window);
+        unsigned int asked = 0;
+        if (m_types.states[part.target].hasCounts) {
+            m_steps.add(sum, m_types, part.target, part.link);
+            if (m_types.states[part.target].role != Role::CLASS)
+                asked = m_types.counts[part.target].open;
+        }
+        if (asked != 0 || type.dimensions != 0)
+            open += openRanges(typeId, type, place, asked);
     }
-    m_types.nodes[typeId].open =
+    m_types.counts[typeId].open =
         static_cast<unsigned int>(std::min<unsigned long long>(open, MOST_RANGES));
     if (isBroken)
-        m_records.addBrokenLinks(typeId);
+        addBrokenParts(typeId, type);
+    return sum;
+}
+
+void PartVerifier::addBrokenParts(unsigned int typeId, const PartsOfType& type) {
+    bool hasRoom = false;
+    for (const Part& part : type.parts)
+        hasRoom = hasRoom || (m_types.isBroken(part.target, part.link) &&
+                              m_findings.hasRoom(m_types.brokenCode(part.target)));
+    if (hasRoom)
+        return m_records.addBrokenLinks(typeId);
+    for (const Part& part : type.parts)
+        if (m_types.isBroken(part.target, part.link))
+            m_findings.leaveOut(m_types.brokenCode(part.target));
 }
 
 /// How many ranges a part asks of the levels around.
@@ -133,19 +119,37 @@ void PartVerifier::check(unsigned int typeId, const RecordParts& record, Storage
 /// Its list answers, entry by entry, what is asked below; entries that stand open and those that
 /// are missing are asked of the level further out. An array asks for its own dimensions first, and
 /// its element may have what the list holds beyond them.
-unsigned int PartVerifier::openRanges(unsigned int typeId, std::size_t place, const Part& part,
-                                      unsigned int askedBelow, StorageWindow& window) {
-    const unsigned int dimensions = m_types.nodes[typeId].dimensions;
+unsigned int PartVerifier::openRanges(unsigned int typeId, const PartsOfType& type,
+                                      std::size_t place, unsigned int askedBelow) {
+    const Part& part = type.parts[place];
+    const unsigned int dimensions = type.dimensions;
     const auto asked = static_cast<unsigned int>(std::min<unsigned long long>(
         MOST_RANGES, static_cast<unsigned long long>(dimensions) + askedBelow));
-    const unsigned int bounded = rangesWithBounds(part, asked, window);
-    const bool isShort =
-        part.rangeCount < dimensions || (part.rangeCount > dimensions && part.rangeCount < asked);
-    if (isShort)
+    const LongList* const list = part.rangeCount == Part::MANY ? &longListOf(type, place) : nullptr;
+    const unsigned int rangeCount = list != nullptr ? list->rangeCount : part.rangeCount;
+    const bool isShort = rangeCount < dimensions || (rangeCount > dimensions && rangeCount < asked);
+    if (isShort && m_findings.hasRoom(FindingCode::CONSTRAINT_LIST_TOO_SHORT))
         m_records.addAtRanges(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId, place,
-                              "Found " + OVAT::counted(part.rangeCount, "constraint") + " for " +
+                              "Found " + OVAT::counted(rangeCount, "constraint") + " for " +
                                   OVAT::counted(asked, "dimension") + ".");
-    return asked - bounded;
+    else if (isShort)
+        m_findings.leaveOut(FindingCode::CONSTRAINT_LIST_TOO_SHORT);
+    if (list != nullptr)
+        return asked - rangesWithBounds(*list, asked);
+    unsigned int withBounds = 0;
+    for (unsigned int i = 0; i < std::min<unsigned int>(asked, part.rangeCount); ++i)
+        withBounds += part.bounded >> i & 1;
+    return asked - withBounds;
+}
+
+/// How many of the first `count` ranges of a list have bounds of their own.
+unsigned int PartVerifier::rangesWithBounds(const LongList& list, unsigned int count) {
+    unsigned int found = 0;
+    for (unsigned long long i = 0; i < std::min(count, list.rangeCount); ++i) {
+        const char* const range = m_jumps.at(list.rangesAt + i * CONSTRAINT_SIZE, CONSTRAINT_SIZE);
+        found += hasBounds(range) ? 1 : 0;
+    }
+    return found;
 }
 
 } // namespace TypeFile

@@ -8,45 +8,44 @@
 
 namespace TypeFile {
 
-/// Checks what a type is made of, once that is checked itself: that its references lead to objects,
+/// Checks what a type is made of, once its record is checked: that its references lead to objects,
 /// and that lists of ranges are long enough for the dimensions that will consume them.
+///
+/// A type is finished when this is done for it and for all below it.
 class PartVerifier {
 public:
-    PartVerifier(StorageWindow& sweep, StorageWindow& jumps, TypeNodes& types,
-                 RecordVerifier& records, FindingList& findings, const WalkSteps& steps)
-        : m_sweep(sweep), m_jumps(jumps), m_types(types), m_records(records), m_findings(findings),
-          m_steps(steps) {}
-
-    /// Settles a type whose record was just read, if all that it refers to is settled. Most types
-    /// are: they mostly come behind those that they are made of. The references of the others are
-    /// kept.
-    void settle(unsigned int typeId, const RecordParts& record);
-
-    /// Checks a type whose references were kept, when all records are read. Its parts by value must
-    /// be checked, unless they lead back to it.
-    void checkKept(unsigned int typeId);
-
-    /// Settles a type that was checked in this way and is part of no group, if all that it refers
-    /// to is settled.
-    void settleKept(unsigned int typeId);
-
-private:
-    void keep(unsigned int typeId, const RecordParts& record);
-    void check(unsigned int typeId, const RecordParts& record, StorageWindow& window);
-    unsigned int openRanges(unsigned int typeId, std::size_t place, const Part& part,
-                            unsigned int askedBelow, StorageWindow& window);
-    unsigned int askedBelow(unsigned int target, unsigned char link) const {
-        const bool asks = m_types.isByValue(target, link) && m_types.states[target].hasFacts;
-        return asks ? m_types.nodes[target].open : 0;
+    PartVerifier(StorageWindow& jumps, TypeNodes& types, RecordVerifier& records,
+                 FindingList& findings, const WalkSteps& steps)
+        : m_jumps(jumps), m_types(types), m_records(records), m_findings(findings), m_steps(steps) {
     }
 
-    StorageWindow& m_sweep;
+    /// Finishes a type whose record was just read, if all that it refers to is finished. Most types
+    /// are: they mostly come behind those that they are made of. The others are deferred, with
+    /// their parts.
+    void verify(unsigned int typeId, const PartsOfType& type);
+
+    /// Checks a deferred type, when all records are read and its parts by value are checked, unless
+    /// they lead back to it.
+    void checkDeferred(unsigned int typeId);
+
+    /// Checks a deferred type which does not lead back to itself, and finishes it if all that it
+    /// refers to is finished.
+    void verifyDeferred(unsigned int typeId);
+
+private:
+    void finish(unsigned int typeId, const PartsOfType& type);
+    void defer(unsigned int typeId, const PartsOfType& type);
+    WalkSum check(unsigned int typeId, const PartsOfType& type);
+    void addBrokenParts(unsigned int typeId, const PartsOfType& type);
+    unsigned int openRanges(unsigned int typeId, const PartsOfType& type, std::size_t place,
+                            unsigned int askedBelow);
+    unsigned int rangesWithBounds(const LongList& list, unsigned int count);
+
     StorageWindow& m_jumps;
     TypeNodes& m_types;
     RecordVerifier& m_records;
     FindingList& m_findings;
     const WalkSteps& m_steps;
-    RecordParts m_kept; ///< Parts of a record that was read once more.
 };
 
 } // namespace TypeFile

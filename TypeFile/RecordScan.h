@@ -4,31 +4,23 @@
 #include "TypeFile/RecordLayout.h"
 #include "TypeFile/StorageWindow.h"
 
-#include <bit>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
+#include <experimental/simd>
 #include <iterator>
 #include <limits>
 #include <utility>
 
 namespace TypeFile {
 
-/// The top bit of the first of 8 bytes that is zero; 0 where none is.
-inline std::uint64_t firstZeroIn(const char* bytes) {
-    constexpr std::uint64_t ONES = 0x0101010101010101;
-    const auto word = RTTI::littleEndianAt<std::uint64_t>(bytes);
-    return (word - ONES) & ~word & (ONES << 7); // Bits above the first may be wrong.
-}
-
 /// The zero byte that ends a name, or any place from `end` on. Looks at StorageWindow's
 /// READABLE_BEHIND bytes: names are searched in steps of so many.
 [[gnu::always_inline]] inline const char* endOfName(const char* at, const char* end) {
-    for (; at < end; at += StorageWindow::READABLE_BEHIND) {
-        const std::uint64_t first = firstZeroIn(at);
-        const std::uint64_t second = firstZeroIn(at + sizeof first);
-        if ((first | second) != 0)
-            return at + (first != 0 ? std::countr_zero(first) : 64 + std::countr_zero(second)) / 8;
+    namespace simd = std::experimental;
+    using Bytes = simd::fixed_size_simd<signed char, StorageWindow::READABLE_BEHIND>;
+    for (; at < end; at += Bytes::size()) {
+        const Bytes bytes(reinterpret_cast<const signed char*>(at), simd::element_aligned);
+        if (const auto isZero = bytes == 0; simd::any_of(isZero))
+            return at + simd::find_first_set(isZero);
     }
     return at;
 }
@@ -40,15 +32,23 @@ inline bool isUsableDirection(double direction) {
            truncated <= std::numeric_limits<int>::max();
 }
 
+/// Whether the range at these bytes has bounds of its own. Its direction comes last.
+inline bool hasBounds(const char* range) {
+    const char* const end = range + RTTI::TypeFileFormat::CONSTRAINT_SIZE;
+    return RTTI::littleEndianAt<int>(end - sizeof(int)) !=
+           RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
+}
+
 /// Reads a record that is in memory along its layouts, which the compiler unrolls, and hands its
 /// references to a sink. It only says whether all is well: where it is not, whoever asks reads the
 /// record again, field by field.
 ///
 /// Sink: bool reference<LINK>(typeId) and void ranges(const char* first, unsigned int count), the
-/// latter for the reference before it.
+/// latter for the reference before it. The scan holds it by value, so that all of its numbers can
+/// be in registers.
 template <typename Sink> class RecordScan {
 public:
-    RecordScan(const char* begin, const char* end, Sink& sink)
+    RecordScan(const char* begin, const char* end, const Sink& sink)
         : m_at(begin), m_end(end), m_sink(sink) {}
 
     /// Whether the fields of a layout are all there and hold what they should.
@@ -57,6 +57,7 @@ public:
     }
 
     bool isAtEnd() const { return m_at == m_end; }
+    const Sink& sink() const { return m_sink; }
 
 private:
     std::size_t left() const { return static_cast<std::size_t>(m_end - m_at); }
@@ -171,7 +172,7 @@ private:
 
     const char* m_at;
     const char* m_end;
-    Sink& m_sink;
+    Sink m_sink;
     unsigned int m_count = 0;
     unsigned int m_valueSize = 0;
 };

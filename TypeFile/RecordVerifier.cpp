@@ -14,37 +14,53 @@ using RTTI::littleEndianAt;
 
 namespace {
 
-/// Collects the parts of a record that is scanned.
+/// Collects the parts of a record that is scanned, and gives them to `record` in the end.
 class PartSink {
 public:
-    PartSink(const char* begin, unsigned long long address, unsigned int typeCount,
-             RecordParts& record)
-        : m_begin(begin), m_address(address), m_typeCount(typeCount), m_record(record) {}
+    PartSink(const char* begin, std::size_t size, unsigned long long address,
+             unsigned int typeCount, RecordParts& record)
+        : m_begin(begin), m_address(address), m_typeCount(typeCount), m_record(&record),
+          m_first(record.roomFor(size)), m_next(m_first) {}
 
     template <unsigned char LINK> bool reference(unsigned int target) {
         if constexpr (!Link::has(LINK, Link::LINKED)) {
-            ++m_record.dimensions;
+            ++m_dimensions;
             return target < m_typeCount || target == NO_TYPE_ID;
         }
         if constexpr (Link::has(LINK, Link::OR_NONE)) {
             if (target == NO_TYPE_ID)
                 return true;
         }
-        m_record.parts.push_back({target, 0, 0, LINK});
+        *m_next++ = {target, LINK, false, 0, 0};
         return true;
     }
 
-    void ranges(const char* first, unsigned int count) {
-        Part& part = m_record.parts.back();
-        part.rangeCount = count;
-        part.rangesAt = m_address + static_cast<std::size_t>(first - m_begin);
+    [[gnu::always_inline]] void ranges(const char* first, unsigned int count) {
+        Part& part = m_next[-1];
+        if (count > Part::MOST_RANGES) {
+            part.rangeCount = Part::MANY;
+            m_record->addLongList(static_cast<std::size_t>(&part - m_first), count,
+                                  m_address + static_cast<std::size_t>(first - m_begin));
+            return;
+        }
+        part.rangeCount = static_cast<unsigned char>(count);
+        for (unsigned int i = 0; i < count; ++i)
+            part.setBounded(i, hasBounds(first + i * CONSTRAINT_SIZE));
+    }
+
+    void finish() const {
+        m_record->setEnd(m_next);
+        m_record->setDimensions(m_dimensions);
     }
 
 private:
     const char* m_begin;
     unsigned long long m_address;
     unsigned int m_typeCount;
-    RecordParts& m_record;
+    unsigned int m_dimensions = 0;
+    RecordParts* m_record;
+    Part* m_first;
+    Part* m_next;
 };
 
 /// Whether the field is a part: a reference that must lead to an object, if there is one.
@@ -55,15 +71,19 @@ bool isPart(const ReadField& field) {
 }
 
 /// Collects the parts of a record that is read field by field.
-void addPart(const ReadField& field, RecordParts& record) {
+void addPart(const ReadField& field, StorageWindow& window, RecordParts& record) {
     if (isPart(field)) {
-        record.parts.push_back({field.word, 0, 0, field.layout->link});
+        record.add({field.word, field.layout->link, false, 0, 0});
+    } else if (field.layout == &Layout::RANGE_COUNT && field.word > Part::MOST_RANGES) {
+        record.last().rangeCount = Part::MANY;
+        record.addLongList(record.all().parts.size() - 1, field.word, field.offset + field.size);
     } else if (field.layout == &Layout::RANGE_COUNT) {
-        record.parts.back().rangeCount = field.word;
-        record.parts.back().rangesAt = field.offset + field.size;
+        record.last().rangeCount = static_cast<unsigned char>(field.word);
+    } else if (field.layout == &Layout::RANGE_IN_LIST && record.last().rangeCount != Part::MANY) {
+        record.last().setBounded(field.item, hasBounds(window.at(field.offset, CONSTRAINT_SIZE)));
     } else if (field.layout->form == FieldForm::TYPE_ID &&
                !Link::has(field.layout->link, Link::LINKED)) {
-        ++record.dimensions;
+        record.addDimension();
     }
 }
 
@@ -82,12 +102,18 @@ std::string valueText(const NamedValues& names, unsigned int value) {
     return names.first != 0 ? hexText(value) : std::to_string(value);
 }
 
-/// Scans the body of a record.
+/// Scans the body of a record, behind what all kinds have. Whether all is well, up to its end.
 struct BodyScan {
-    RecordScan<PartSink>& scan;
+    const RecordScan<PartSink>& head;
 
-    template <const auto& LAYOUT> bool operator()() const { return scan.template read<LAYOUT>(); }
-    bool none() const { return true; }
+    template <const auto& LAYOUT> bool operator()() const {
+        RecordScan<PartSink> scan = head;
+        if (!scan.template read<LAYOUT>() || !scan.isAtEnd())
+            return false;
+        scan.sink().finish();
+        return true;
+    }
+    bool none() const { return head.isAtEnd(); }
 };
 
 } // namespace
@@ -95,7 +121,7 @@ struct BodyScan {
 void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int kind,
                             RecordParts& record) {
     record.clear();
-    if (scan(m_sweep, typeId, size, kind, record))
+    if (scan(typeId, size, kind, record))
         return;
     record.clear();
     m_typeId = typeId;
@@ -104,15 +130,14 @@ void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int
         record.clear();
 }
 
-bool RecordVerifier::scan(StorageWindow& window, unsigned int typeId, unsigned int size,
-                          unsigned int kind, RecordParts& record) {
-    if (size > window.blockSize())
+bool RecordVerifier::scan(unsigned int typeId, unsigned int size, unsigned int kind,
+                          RecordParts& record) {
+    if (size > m_sweep.blockSize())
         return false;
     const unsigned long long address = m_types.addresses[typeId];
-    const char* const begin = window.at(address, size);
-    PartSink sink(begin, address, m_types.size(), record);
-    RecordScan<PartSink> scan(begin, begin + size, sink);
-    return scan.read<Layout::HEAD>() && withLayout(kind, BodyScan{scan}) && scan.isAtEnd();
+    const char* const begin = m_sweep.at(address, size);
+    RecordScan scan(begin, begin + size, PartSink(begin, size, address, m_types.size(), record));
+    return scan.read<Layout::HEAD>() && withLayout(kind, BodyScan{scan});
 }
 
 void RecordVerifier::readFields(unsigned int size, unsigned int kind, RecordParts& record) {
@@ -123,7 +148,7 @@ void RecordVerifier::readFields(unsigned int size, unsigned int kind, RecordPart
     FieldReader reader(m_sweep, address, m_end, [&](const ReadField& field) {
         check(field);
         if (m_isBelieved)
-            addPart(field, record);
+            addPart(field, m_sweep, record);
         return m_isBelieved;
     });
     reader.read(Layout::HEAD);
@@ -235,29 +260,13 @@ void RecordVerifier::addMissing(const ReadField& field) {
 /// Calls `take` with the fields of a record.
 template <typename Take> void RecordVerifier::readAgain(unsigned int typeId, Take take) {
     const unsigned long long address = m_types.addresses[typeId];
-    const Head head = headOf(typeId);
+    const char* const frame = m_jumps.at(address, RECORD_HEADER_SIZE);
+    const auto size = littleEndianAt<unsigned int>(frame);
+    const auto kind = littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET);
     m_typeId = typeId;
-    FieldReader reader(m_jumps, address, address + head.size, std::move(take));
+    FieldReader reader(m_jumps, address, address + size, std::move(take));
     reader.read(Layout::HEAD);
-    reader.read(bodyLayout(head.kind));
-}
-
-RecordVerifier::Head RecordVerifier::headOf(unsigned int typeId) {
-    const char* const frame = m_jumps.at(m_types.addresses[typeId], RECORD_HEADER_SIZE);
-    return {littleEndianAt<unsigned int>(frame),
-            littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET)};
-}
-
-void RecordVerifier::readParts(unsigned int typeId, RecordParts& record) {
-    record.clear();
-    const Head head = headOf(typeId);
-    if (scan(m_jumps, typeId, head.size, head.kind, record))
-        return;
-    record.clear();
-    readAgain(typeId, [&](const ReadField& field) {
-        addPart(field, record);
-        return true;
-    });
+    reader.read(bodyLayout(kind));
 }
 
 void RecordVerifier::addBrokenLinks(unsigned int typeId) {

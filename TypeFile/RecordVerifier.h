@@ -27,8 +27,6 @@ public:
 
     // The rest is for records that were found whole, and reads them once more.
 
-    void readParts(unsigned int typeId, RecordParts& record);
-
     /// Says of each part that leads to no object, or to none that it should, what is wrong.
     void addBrokenLinks(unsigned int typeId);
 
@@ -38,15 +36,7 @@ public:
     void addAtRanges(FindingCode code, unsigned int typeId, std::size_t place, std::string text);
 
 private:
-    /// The first two fields of a record.
-    struct Head {
-        unsigned int size;
-        unsigned int kind;
-    };
-
-    bool scan(StorageWindow& window, unsigned int typeId, unsigned int size, unsigned int kind,
-              RecordParts& record);
-    Head headOf(unsigned int typeId);
+    bool scan(unsigned int typeId, unsigned int size, unsigned int kind, RecordParts& record);
     void readFields(unsigned int size, unsigned int kind, RecordParts& record);
     void check(const ReadField& field);
     void checkCount(const ReadField& field);

@@ -25,7 +25,7 @@ namespace {
 /// Records are read once, in the order of the storage, in blocks that stay in a cache.
 constexpr std::size_t SWEEP_BLOCK = 65536;
 
-/// Some are read again in the order in which types lead to one another, a block a jump.
+/// Those with something to say about what they lead to are read again, in any order.
 constexpr std::size_t JUMP_BLOCK = 2048;
 
 /// One verification: each record by itself, then what types lead to, then how long walks are.
@@ -37,12 +37,13 @@ public:
           m_jumps(storage, storageSize, JUMP_BLOCK), m_size(storageSize), m_limits(limits),
           m_findings(limits.maxFindings), m_steps(limits.maxWalkSteps),
           m_records(m_sweep, m_jumps, m_types, m_findings),
-          m_parts(m_sweep, m_jumps, m_types, m_records, m_findings, m_steps) {}
+          m_parts(m_jumps, m_types, m_records, m_findings, m_steps) {}
 
     std::vector<Finding> run() {
         if (checkHeader() && readTable()) {
             readRecords();
-            if (!m_types.references.empty()) {
+            if (!m_types.deferred.empty()) {
+                placeDeferred();
                 GroupVerifier(m_types, m_parts, m_records).verify();
                 WalkCounter(m_types, m_findings, m_limits, m_steps, m_frame.tableOffset()).verify();
             }
@@ -54,11 +55,16 @@ private:
     bool checkHeader();
     bool readTable();
     void readRecords();
+    template <typename IdAt> void readInOrder(IdAt idAt);
     void readRecord(unsigned int typeId, unsigned long long end);
     bool readFrame(unsigned int typeId);
+    void addOutside(unsigned int typeId);
+    void addWrongSize(unsigned int typeId, int found);
+    void addCut(unsigned int typeId, unsigned int size);
     bool overlaps(unsigned int typeId, unsigned long long end);
     void addWrongKind(unsigned int typeId);
     void share(unsigned int typeId, unsigned int other);
+    void placeDeferred();
     void addForFile(FindingCode code, const char* field, unsigned long long offset,
                     std::string text) {
         m_findings.add(code, NO_TYPE_ID, field, offset, std::move(text));
@@ -74,6 +80,7 @@ private:
     TypeNodes m_types;
     RecordVerifier m_records;
     PartVerifier m_parts;
+    unsigned long long m_tableEnd = 0;
     unsigned long long m_recordBytes = 0;
 
     // The record that was read last.
@@ -118,9 +125,10 @@ bool Verification::readTable() {
         addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
                    base + ADDRESS_TABLE_OFFSET,
                    "The table at " + hexText(table) + " shares bytes with the header.");
+    m_tableEnd = table + m_frame.tableSize();
     m_types.addresses = m_frame.addresses();
     m_types.states.resize(typeCount);
-    m_types.nodes.resize(typeCount);
+    m_types.counts.resize(typeCount);
     return true;
 }
 
@@ -128,17 +136,25 @@ bool Verification::readTable() {
 /// storage is looked at once.
 void Verification::readRecords() {
     const std::vector<unsigned long long>& addresses = m_types.addresses;
-    std::vector<unsigned int> order;
-    if (!std::is_sorted(addresses.begin(), addresses.end())) {
-        order.resize(addresses.size());
+    if (std::is_sorted(addresses.begin(), addresses.end())) {
+        readInOrder([](std::size_t place) { return static_cast<unsigned int>(place); });
+    } else {
+        std::vector<unsigned int> order(addresses.size());
         std::iota(order.begin(), order.end(), 0);
         std::stable_sort(order.begin(), order.end(), [&](unsigned int left, unsigned int right) {
             return addresses[left] < addresses[right];
         });
+        readInOrder([&](std::size_t place) { return order[place]; });
     }
-    const auto idAt = [&](std::size_t place) {
-        return order.empty() ? static_cast<unsigned int>(place) : order[place];
-    };
+    if (m_recordBytes > m_limits.maxRecordBytes)
+        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
+                   "The records take " + counted(m_recordBytes, "byte") +
+                       ", each counted once a type, and the limit is " +
+                       std::to_string(m_limits.maxRecordBytes) + ".");
+}
+
+template <typename IdAt> void Verification::readInOrder(IdAt idAt) {
+    const std::vector<unsigned long long>& addresses = m_types.addresses;
     for (std::size_t first = 0; first < addresses.size();) {
         const unsigned int id = idAt(first);
         std::size_t next = first + 1;
@@ -149,11 +165,6 @@ void Verification::readRecords() {
             share(idAt(i), id);
         first = next;
     }
-    if (m_recordBytes > m_limits.maxRecordBytes)
-        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
-                   "The records take " + counted(m_recordBytes, "byte") +
-                       ", each counted once a type, and the limit is " +
-                       std::to_string(m_limits.maxRecordBytes) + ".");
 }
 
 void Verification::readRecord(unsigned int typeId, unsigned long long end) {
@@ -169,33 +180,25 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
             m_records.verify(typeId, m_recordSize, m_kind, m_record);
     }
     m_types.states[typeId].role = role;
-    m_parts.settle(typeId, m_record);
+    m_parts.verify(typeId, m_record.all());
 }
 
 /// Size and kind, if the record is all there.
 bool Verification::readFrame(unsigned int typeId) {
     const unsigned long long address = m_types.addresses[typeId];
     if (address > m_size || m_size - address < RECORD_HEADER_SIZE) {
-        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address",
-                       m_frame.entryOffset(typeId),
-                       "The record begins at " + hexText(address) + ", and the storage ends at " +
-                           hexText(m_size) + ".");
+        addOutside(typeId);
         return false;
     }
     const char* frame = m_sweep.at(address, RECORD_HEADER_SIZE);
     const int found = littleEndianAt<int>(frame);
     if (found < static_cast<int>(RECORD_HEADER_SIZE)) {
-        m_findings.add(FindingCode::RECORD_SIZE_INVALID, typeId, "record size", address,
-                       "Found " + std::to_string(found) +
-                           ", and a record has at least 8 bytes for size and kind.");
+        addWrongSize(typeId, found);
         return false;
     }
     const auto size = static_cast<unsigned int>(found);
     if (m_size - address < size) {
-        m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "record size", address,
-                       "The record takes " + counted(size, "byte") +
-                           ", and the storage ends after " + std::to_string(m_size - address) +
-                           ".");
+        addCut(typeId, size);
         return false;
     }
     m_recordSize = size;
@@ -203,22 +206,45 @@ bool Verification::readFrame(unsigned int typeId) {
     return true;
 }
 
+void Verification::addOutside(unsigned int typeId) {
+    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address",
+                   m_frame.entryOffset(typeId),
+                   "The record begins at " + hexText(m_types.addresses[typeId]) +
+                       ", and the storage ends at " + hexText(m_size) + ".");
+}
+
+void Verification::addWrongSize(unsigned int typeId, int found) {
+    m_findings.add(FindingCode::RECORD_SIZE_INVALID, typeId, "record size",
+                   m_types.addresses[typeId],
+                   "Found " + std::to_string(found) +
+                       ", and a record has at least 8 bytes for size and kind.");
+}
+
+void Verification::addCut(unsigned int typeId, unsigned int size) {
+    const unsigned long long address = m_types.addresses[typeId];
+    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "record size", address,
+                   "The record takes " + counted(size, "byte") + ", and the storage ends after " +
+                       std::to_string(m_size - address) + ".");
+}
+
 /// Whether the record shares bytes with the next one, which begins at `end`, with the header or
 /// with the table. Its body is then passed over, so that nothing is looked at twice.
 bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
     const unsigned long long begin = m_types.addresses[typeId];
-    const auto meets = [&](unsigned long long from, unsigned long long size) {
-        return begin < from + size && from < begin + m_recordSize;
+    const auto meets = [&](unsigned long long from, unsigned long long to) {
+        return begin < to && from < begin + m_recordSize;
     };
-    const char* other = meets(m_frame.baseOffset(), HEADER_SIZE)            ? "the header"
-                        : meets(m_frame.tableOffset(), m_frame.tableSize()) ? "the address table"
-                        : begin + m_recordSize > end ? "the record that follows"
-                                                     : nullptr;
-    if (other != nullptr)
-        m_findings.add(FindingCode::RECORD_OVERLAP, typeId, "record size", begin,
-                       "The record of " + std::to_string(m_recordSize) +
-                           " bytes shares some with " + other + ".");
-    return other != nullptr;
+    const bool meetsHeader = meets(m_frame.baseOffset(), m_frame.baseOffset() + HEADER_SIZE);
+    const bool meetsTable = meets(m_frame.tableOffset(), m_tableEnd);
+    if (!meetsHeader && !meetsTable && begin + m_recordSize <= end)
+        return false;
+    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, "record size", begin,
+                   "The record of " + std::to_string(m_recordSize) + " bytes shares some with " +
+                       (meetsHeader  ? "the header"
+                        : meetsTable ? "the address table"
+                                     : "the record that follows") +
+                       ".");
+    return true;
 }
 
 void Verification::addWrongKind(unsigned int typeId) {
@@ -232,6 +258,18 @@ void Verification::addWrongKind(unsigned int typeId) {
                            ", expected a kind from 0xa0000003 to 0xa0000019.");
 }
 
+/// Lets them be found by id. Records are not always read in the order of the ids.
+void Verification::placeDeferred() {
+    std::vector<DeferredType>& deferred = m_types.deferred;
+    std::sort(deferred.begin(), deferred.end(),
+              [](const DeferredType& left, const DeferredType& right) {
+                  return left.typeId < right.typeId;
+              });
+    m_types.places.resize(m_types.size());
+    for (unsigned int place = 0; place < deferred.size(); ++place)
+        m_types.places[deferred[place].typeId] = place;
+}
+
 /// The record that was read last is this type's as well. Where sharing makes a load too large, it
 /// would also take too long to look at the parts once a type.
 void Verification::share(unsigned int typeId, unsigned int other) {
@@ -239,10 +277,12 @@ void Verification::share(unsigned int typeId, unsigned int other) {
     m_types.states[typeId].role = m_types.states[other].role;
     if (m_recordBytes > m_limits.maxRecordBytes)
         m_record.clear();
-    if (m_record.parts.empty() || m_types.states[other].isSettled)
-        m_parts.settle(typeId, m_record);
-    else
-        m_types.nodes[typeId] = m_types.nodes[other];
+    if (m_record.isEmpty() || m_types.states[other].isFinished) {
+        m_parts.verify(typeId, m_record.all());
+    } else {
+        m_types.deferred.push_back(m_types.deferred.back()); // That of the other type, or a copy.
+        m_types.deferred.back().typeId = typeId;
+    }
     m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", m_frame.entryOffset(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
 }

@@ -1,79 +1,59 @@
 #pragma once
 
 #include "TypeFile/RecordLayout.h"
+#include "TypeFile/RecordParts.h"
 
+#include <span>
 #include <vector>
 
 namespace TypeFile {
 
 /// What a type is to those that refer to it. One whose record could not be read has a finding of
 /// its own, and is no fault of others.
-enum class Role : unsigned char { UNREAD, UNREADABLE, NO_TYPE, LEAF, PASSAGE, RECORD, CLASS };
+enum class Role : unsigned char { UNREADABLE, NO_TYPE, PLAIN, RECORD, CLASS };
 
 /// The role of a type with a record of this kind.
 constexpr Role roleOf(unsigned int kind) {
-    if (kind == RTTI::ClassId::RECORD)
-        return Role::RECORD;
-    if (kind == RTTI::ClassId::CLASS)
-        return Role::CLASS;
-    if (kind == RTTI::ClassId::TYPEDEF || kind == RTTI::ClassId::DISCRETE_ENUM ||
-        kind == RTTI::ClassId::ARRAY)
-        return Role::PASSAGE;
-    return buildsType(kind) ? Role::LEAF : Role::NO_TYPE;
+    if (!buildsType(kind))
+        return Role::NO_TYPE;
+    return kind == RTTI::ClassId::RECORD  ? Role::RECORD
+           : kind == RTTI::ClassId::CLASS ? Role::CLASS
+                                          : Role::PLAIN;
 }
-
-/// A reference of a record, with the ranges that stand behind it.
-struct Part {
-    unsigned int target;
-    unsigned int rangeCount;
-    unsigned long long rangesAt; ///< In the storage.
-    unsigned char link;
-};
-
-/// What a record refers to, in its order: the references that must lead to an object.
-struct RecordParts {
-    std::vector<Part> parts;
-    unsigned int dimensions = 0; ///< Of an array; 0 for other kinds.
-
-    void clear() {
-        parts.clear();
-        dimensions = 0;
-    }
-};
-
-/// A reference that is kept because its target, or one below it, had not been read.
-struct Reference {
-    unsigned int target;
-    unsigned char link;
-    bool isLast; ///< Of those of a type.
-};
-static_assert(sizeof(Reference) == 8, "memory counts: a file can have many millions of members");
 
 /// What is looked up of types in any order: one byte each.
 struct TypeState {
-    Role role : 3 = Role::UNREAD;
-    bool isSettled : 1 = false; ///< It and all below it are checked; none leads back to it.
-    bool hasFacts : 1 = false;  ///< Its `open` or `steps` is not 0.
-    bool isBound : 1 = false;   ///< Its `steps` may be more than its walk takes.
-    bool isUnsound : 1 = false; ///< It contains itself by value, or cannot be read before itself.
+    Role role : 3 = Role::UNREADABLE;
+    bool isFinished : 1 = false; ///< It and all below it are checked; none leads back to it.
+    bool hasCounts : 1 = false;  ///< Its counts are not all 0.
+    bool isBound : 1 = false;    ///< Its `steps` may be more than its walk takes.
+    bool isUnsound : 1 = false;  ///< It contains itself by value, or cannot be read before itself.
 };
 static_assert(sizeof(TypeState) == 1);
 
-/// What is known of a type besides.
-struct TypeNode {
-    unsigned long long firstReference = 0; ///< Of those that are kept, where it is not settled.
-    unsigned int dimensions = 0;           ///< Of an array.
-    unsigned int open = 0;                 ///< Ranges that it asks of the levels around it.
-    unsigned int steps = 0;                ///< Of its constraint walk; at most one above the limit.
-    unsigned char chain = 0; ///< Records that can lead back while this one waits, up to a limit.
+/// What a type asks of others.
+struct TypeCounts {
+    unsigned int open = 0;  ///< Ranges that it asks of the levels around it.
+    unsigned int steps = 0; ///< Of its constraint walk; at most one above the limit.
+};
+
+/// A type that refers to one that was not finished when its record was read.
+struct DeferredType {
+    unsigned int typeId;
+    unsigned int dimensions; ///< Of an array.
+    std::size_t firstPart;   ///< Among those of all types.
 };
 
 /// All types of a file, by id.
 struct TypeNodes {
     std::vector<unsigned long long> addresses;
     std::vector<TypeState> states;
-    std::vector<TypeNode> nodes;
-    std::vector<Reference> references; ///< Those that are kept, type by type.
+    std::vector<TypeCounts> counts;
+
+    std::vector<DeferredType> deferred; ///< In the order of their ids, once all are there.
+    std::vector<unsigned int> places;   ///< By id: among those deferred.
+    std::vector<Part> parts;            ///< Of those deferred, type by type.
+    std::vector<LongList> longLists;    ///< Of these parts.
 
     unsigned int size() const { return static_cast<unsigned int>(addresses.size()); }
 
@@ -90,19 +70,32 @@ struct TypeNodes {
         return Link::has(link, Link::BASE_CLASS) && role != Role::CLASS && role != Role::UNREADABLE;
     }
 
+    /// What is wrong with a reference that is broken.
+    FindingCode brokenCode(unsigned int target) const {
+        if (target >= size())
+            return FindingCode::TYPE_ID_OUTSIDE_TABLE;
+        return isLinked(target) ? FindingCode::BASE_IS_NO_CLASS : FindingCode::LINK_TO_NO_TYPE;
+    }
+
     /// Whether a part of a type holds its target by value: a class is held by its handle.
     bool isByValue(unsigned int target, unsigned char link) const {
         return Link::has(link, Link::WALKED) && isLinked(target) &&
                states[target].role != Role::CLASS;
     }
 
-    /// Calls `use` with each reference of a type that is not settled.
-    template <typename Use> void forEachReference(unsigned int typeId, Use use) const {
-        for (const Reference* next = &references[nodes[typeId].firstReference];; ++next) {
-            use(*next);
-            if (next->isLast)
-                return;
+    /// Whether a target is one of the types that are deferred and not finished yet.
+    bool isUnfinished(unsigned int target) const {
+        return target < size() && !states[target].isFinished;
+    }
+
+    /// The parts of a type that is deferred.
+    PartsOfType partsOf(unsigned int typeId) const {
+        const DeferredType& type = deferred[places[typeId]];
+        std::size_t end = type.firstPart;
+        while (!parts[end++].isLast) {
         }
+        return {std::span(&parts[type.firstPart], end - type.firstPart), longLists, type.firstPart,
+                type.dimensions};
     }
 };
 

@@ -10,9 +10,9 @@ namespace TypeFile {
 void WalkCounter::verify() {
     if (!count(true))
         count(false);
-    for (unsigned int id = 0; id < m_types.size(); ++id)
-        if (!m_types.states[id].isSettled)
-            m_steps.report(id, m_types, m_findings);
+    for (const DeferredType& type : m_types.deferred)
+        if (m_types.isUnfinished(type.typeId))
+            m_steps.report(type.typeId, m_types, m_findings);
     if (m_isExhausted)
         m_findings.add(FindingCode::WALKS_NOT_COUNTED, RTTI::TypeFileFormat::NO_TYPE_ID,
                        "address table", m_tableOffset,
@@ -26,10 +26,10 @@ void WalkCounter::verify() {
 bool WalkCounter::count(bool withBounds) {
     m_withBounds = withBounds;
     m_needsExact = false;
-    const auto follows = [this](const Reference& reference) {
-        return Link::has(reference.link, Link::WALKED) &&
-               m_types.states[reference.target].role != Role::NO_TYPE &&
-               !m_types.states[reference.target].isUnsound;
+    const auto follows = [this](const Part& part) {
+        return Link::has(part.link, Link::WALKED) &&
+               m_types.states[part.target].role != Role::NO_TYPE &&
+               !m_types.states[part.target].isUnsound;
     };
     m_groups.find(follows, [this](Group group) {
         if (m_types.states[group.front()].isUnsound)
@@ -43,27 +43,26 @@ bool WalkCounter::count(bool withBounds) {
 }
 
 bool WalkCounter::leadsToItself(unsigned int typeId) const {
-    bool found = false;
-    m_types.forEachReference(typeId, [&](const Reference& reference) {
-        found = found || (reference.target == typeId && Link::has(reference.link, Link::WALKED));
+    const std::span<const Part> parts = m_types.partsOf(typeId).parts;
+    return std::any_of(parts.begin(), parts.end(), [&](const Part& part) {
+        return part.target == typeId && Link::has(part.link, Link::WALKED);
     });
-    return found;
 }
 
 void WalkCounter::countAlone(unsigned int typeId) {
-    WalkSum sum{m_types.nodes[typeId].dimensions};
-    m_types.forEachReference(typeId, [&](const Reference& reference) {
-        m_steps.add(sum, m_types, reference.target, reference.link);
-    });
+    const PartsOfType type = m_types.partsOf(typeId);
+    WalkSum sum{type.dimensions};
+    for (const Part& part : type.parts)
+        m_steps.add(sum, m_types, part.target, part.link);
     set(typeId, m_steps.end(sum, m_types.states[typeId].role), sum.isBound);
 }
 
 void WalkCounter::set(unsigned int typeId, unsigned int steps, bool isBound) {
-    TypeNode& node = m_types.nodes[typeId];
+    TypeCounts& counts = m_types.counts[typeId];
     TypeState& state = m_types.states[typeId];
-    node.steps = steps;
+    counts.steps = steps;
     state.isBound = isBound;
-    state.hasFacts = node.open != 0 || steps != 0;
+    state.hasCounts = counts.open != 0 || steps != 0;
     m_needsExact = m_needsExact || (isBound && m_steps.isTooMany(steps));
 }
 
@@ -82,15 +81,14 @@ void WalkCounter::countGroup(Group group) {
 
 /// Makes the flat graph of the group.
 void WalkCounter::layOut(Group group) {
-    m_placeOf.resize(m_types.size());
+    m_placeInGroup.resize(m_types.deferred.size());
     m_places.assign(group.size() + 1, {});
     m_edges.clear();
     for (unsigned int place = 0; place < group.size(); ++place)
-        m_placeOf[group[place]] = place;
+        m_placeInGroup[m_types.places[group[place]]] = place;
     for (unsigned int place = 0; place < group.size(); ++place) {
         m_places[place].firstEdge = m_edges.size();
         m_places[place].role = m_types.states[group[place]].role;
-        m_places[place].outside.steps = m_types.nodes[group[place]].dimensions;
         addEdges(group[place], m_places[place]);
     }
     m_places.back().firstEdge = m_edges.size();
@@ -98,14 +96,16 @@ void WalkCounter::layOut(Group group) {
 
 /// Parts of the same type are one edge.
 void WalkCounter::addEdges(unsigned int typeId, Place& place) {
-    m_types.forEachReference(typeId, [&](const Reference& reference) {
-        if (!Link::has(reference.link, Link::WALKED))
-            return;
-        if (m_groups.isInside(reference.target))
-            m_edges.push_back({m_placeOf[reference.target], 1});
+    const PartsOfType type = m_types.partsOf(typeId);
+    place.outside.steps = type.dimensions;
+    for (const Part& part : type.parts) {
+        if (!Link::has(part.link, Link::WALKED))
+            continue;
+        if (m_groups.isInside(part.target))
+            m_edges.push_back({m_placeInGroup[m_types.places[part.target]], 1});
         else
-            m_steps.add(place.outside, m_types, reference.target, reference.link);
-    });
+            m_steps.add(place.outside, m_types, part.target, part.link);
+    }
     const auto first = m_edges.begin() + static_cast<std::ptrdiff_t>(place.firstEdge);
     std::sort(first, m_edges.end(), [](Edge left, Edge right) { return left.to < right.to; });
     auto last = first;

@@ -9,8 +9,8 @@
 
 namespace TypeFile {
 
-/// Counts the steps of the constraint walks of the types whose references were kept, and reports
-/// those above the limit.
+/// Counts the steps of the constraint walks of the deferred types that are not finished, and
+/// reports those above the limit.
 ///
 /// Outside of groups that lead back to themselves, a type costs the sum of its parts. Inside, a
 /// class ends a path on which it was met before, so that the walk takes every path that meets none
@@ -39,7 +39,7 @@ private:
     /// A type of the group.
     struct Place {
         std::size_t firstEdge = 0;
-        Role role = Role::LEAF;
+        Role role = Role::PLAIN;
         WalkSum outside;              ///< Its own steps, and those of parts outside the group.
         unsigned long long paths = 0; ///< To the next classes of the group, through no class.
         unsigned long long steps = 0; ///< On them.
@@ -96,8 +96,8 @@ private:
     unsigned long long m_counted = 0;
 
     // The group that is being counted.
-    std::vector<unsigned int> m_placeOf;
-    std::vector<Place> m_places; ///< With one more at the end.
+    std::vector<unsigned int> m_placeInGroup; ///< Of each deferred type.
+    std::vector<Place> m_places;              ///< With one more at the end.
     std::vector<Edge> m_edges;
     std::vector<unsigned int> m_order; ///< Of its places, each before its parts by value.
 

@@ -22,9 +22,9 @@ public:
     /// Adds those of a part, if the walk goes through it.
     void add(WalkSum& sum, const TypeNodes& types, unsigned int target, unsigned char link) const {
         if (!Link::has(link, Link::WALKED) || target >= types.size() ||
-            !types.states[target].hasFacts)
+            !types.states[target].hasCounts)
             return;
-        sum.steps += types.nodes[target].steps;
+        sum.steps += types.counts[target].steps;
         sum.isBound = sum.isBound || types.states[target].isBound;
     }
 
@@ -43,7 +43,7 @@ public:
 
     /// Reports a type whose walk takes more steps than the limit.
     void report(unsigned int typeId, const TypeNodes& types, FindingList& findings) const {
-        if (!isTooMany(types.nodes[typeId].steps))
+        if (!isTooMany(types.counts[typeId].steps))
             return;
         findings.add(FindingCode::WALK_TOO_LARGE, typeId, "record", types.addresses[typeId],
                      "To flatten the constraints of this type takes more than " +

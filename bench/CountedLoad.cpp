@@ -1,9 +1,11 @@
-// The program whose instructions are counted: one load of a generated table, or its floor.
+// The program whose instructions are counted: one load of a generated table, its floor, or one
+// verification.
 //
-//   counted_load load|floor TYPES
+//   counted_load load|floor|verify TYPES
 
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
+#include "TypeFile/TypeFileVerifier.h"
 #include "bench/GeneratedTable.h"
 #include "bench/LoadFloor.h"
 
@@ -11,7 +13,7 @@
 #include <iostream>
 #include <string_view>
 
-// What happens inside these two is counted, by their names.
+// What happens inside these is counted, by their names.
 
 extern "C" [[gnu::noinline]] void countedLoad(RTTI::RTTypeManager& manager,
                                               OVAT::IBlockManager& storage) {
@@ -24,11 +26,16 @@ extern "C" [[gnu::noinline]] void countedFloor(Bench::LoadFloor& floor,
     floor.load(storage);
 }
 
+extern "C" [[gnu::noinline]] std::size_t countedVerify(OVAT::IBlockManager& storage,
+                                                       std::size_t size) {
+    return TypeFile::verify(storage, size, 0).size();
+}
+
 int main(int argc, char** argv) {
     const std::string_view what = argc == 3 ? argv[1] : "";
     const unsigned int types = argc == 3 ? static_cast<unsigned int>(std::atoi(argv[2])) : 0;
-    if ((what != "load" && what != "floor") || types == 0) {
-        std::cerr << "counted_load load|floor TYPES\n";
+    if ((what != "load" && what != "floor" && what != "verify") || types == 0) {
+        std::cerr << "counted_load load|floor|verify TYPES\n";
         return 2;
     }
     const std::vector<char> table = Bench::generatedTable(types);
@@ -36,6 +43,8 @@ int main(int argc, char** argv) {
     if (what == "load") {
         RTTI::RTTypeManager manager;
         countedLoad(manager, storage);
+    } else if (what == "verify") {
+        countedVerify(storage, table.size());
     } else {
         const Bench::LoadPlan plan(storage);
         Bench::LoadFloor floor(plan);
