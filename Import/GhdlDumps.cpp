@@ -17,17 +17,14 @@ struct GhdlDumps::Types {
     VhdlTypes ofListings;
 };
 
-GhdlDumps::GhdlDumps(bool keepAnonymous)
-    : m_keepAnonymous(keepAnonymous), m_types(std::make_unique<Types>()) {}
+GhdlDumps::GhdlDumps() : m_types(std::make_unique<Types>()) {}
 
 GhdlDumps::~GhdlDumps() = default;
 
-void GhdlDumps::readWave(Input& input) {
-    addGhwTypes(readGhw(input), input, m_keepAnonymous, m_types->ofWaves);
-}
+void GhdlDumps::readWave(Input& input) { addGhwTypes(readGhw(input), input, m_types->ofWaves); }
 
 void GhdlDumps::readListing(Input& input, Notes& notes) {
-    addGhdlTypes(readGhdlListing(input, notes), input, m_keepAnonymous, m_types->ofListings);
+    addGhdlTypes(readGhdlListing(input, notes), input, m_types->ofListings);
 }
 
 void GhdlDumps::addTo(TypeTable& table, Notes& notes) {

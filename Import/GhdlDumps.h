@@ -12,9 +12,7 @@ namespace Import {
 /// (`--dump-rti`). Read all dumps first, then add their combined types to a table.
 class GhdlDumps {
 public:
-    /// With `keepAnonymous`, also keeps subtypes without a name that no declaration needs, such as
-    /// those of signals.
-    explicit GhdlDumps(bool keepAnonymous = false);
+    GhdlDumps();
     GhdlDumps(const GhdlDumps&) = delete;
     GhdlDumps& operator=(const GhdlDumps&) = delete;
     ~GhdlDumps();
@@ -35,7 +33,6 @@ public:
 private:
     struct Types;
 
-    bool m_keepAnonymous;
     std::unique_ptr<Types> m_types;
 };
 

@@ -77,11 +77,9 @@ bool isArrayInOnePiece(const ListedType& type) {
 
 class GhdlTypeMaker {
 public:
-    GhdlTypeMaker(const GhdlListing& listing, const Input& input, bool keepAnonymous,
-                  VhdlTypes& types)
-        : m_listing(listing), m_input(input), m_keepAnonymous(keepAnonymous), m_types(types),
-          m_scopes(listing), m_first(types.size()), m_made(listing.types.size()),
-          m_isReal(listing.types.size()) {}
+    GhdlTypeMaker(const GhdlListing& listing, const Input& input, VhdlTypes& types)
+        : m_listing(listing), m_input(input), m_types(types), m_scopes(listing),
+          m_first(types.size()), m_made(listing.types.size()), m_isReal(listing.types.size()) {}
 
     void make() {
         for (const ListedType& type : m_listing.types)
@@ -145,7 +143,7 @@ private:
         const ListedType& type = m_listing.types[i];
         // The types of universal numbers have no name in VHDL: no design can mean them.
         const bool isUniversal = type.name.rfind("UNIVERSAL_", 0) == 0;
-        if (!isUniversal && (!type.name.empty() || m_keepAnonymous))
+        if (!isUniversal)
             m_types.declare(idOf(i), m_listing.scopes[type.scope].package);
     }
 
@@ -540,7 +538,6 @@ private:
 
     const GhdlListing& m_listing;
     const Input& m_input;
-    bool m_keepAnonymous;
     VhdlTypes& m_types;
     GhdlScopes m_scopes;
     std::uint32_t m_first; ///< The id of the first declaration; the others follow.
@@ -552,9 +549,8 @@ private:
 
 } // namespace
 
-void addGhdlTypes(const GhdlListing& listing, const Input& input, bool keepAnonymous,
-                  VhdlTypes& types) {
-    GhdlTypeMaker(listing, input, keepAnonymous, types).make();
+void addGhdlTypes(const GhdlListing& listing, const Input& input, VhdlTypes& types) {
+    GhdlTypeMaker(listing, input, types).make();
 }
 
 } // namespace Import

@@ -5,11 +5,9 @@
 
 namespace Import {
 
-/// Adds the types of a listing to `types`, and declares them; those without a name only if
-/// `keepAnonymous` says so. The listing names types without the package: a name means the last
-/// declaration that is in sight, or any of those in packages. `input` is where the listing came
-/// from. Takes time by the size of the declarations.
-void addGhdlTypes(const GhdlListing& listing, const Input& input, bool keepAnonymous,
-                  VhdlTypes& types);
+/// Adds the types of a listing to `types`, and declares them. The listing names types without the
+/// package: a name means the last declaration that is in sight, or any of those in packages.
+/// `input` is where the listing came from. Takes time by the size of the declarations.
+void addGhdlTypes(const GhdlListing& listing, const Input& input, VhdlTypes& types);
 
 } // namespace Import

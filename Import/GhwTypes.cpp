@@ -34,9 +34,9 @@ struct Made {
 /// its first subtype, of the same name. One type is made of the two again.
 class GhwTypeMaker {
 public:
-    GhwTypeMaker(const GhwFile& file, const Input& input, bool keepAnonymous, VhdlTypes& types)
-        : m_file(file), m_input(input), m_keepAnonymous(keepAnonymous), m_types(types),
-          m_made(file.types.size()), m_firstSubtypes(file.types.size()) {}
+    GhwTypeMaker(const GhwFile& file, const Input& input, VhdlTypes& types)
+        : m_file(file), m_input(input), m_types(types), m_made(file.types.size()),
+          m_firstSubtypes(file.types.size()) {}
 
     void make() {
         for (std::uint32_t number = 1; number < m_file.types.size(); ++number)
@@ -213,8 +213,6 @@ private:
             return made;
         }
         made.use = {base.type, rangesOf(type), {}};
-        if (type.name == 0 && !m_keepAnonymous)
-            return made;
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use;
         made.type = m_types.intern(std::move(result));
@@ -237,15 +235,13 @@ private:
     }
 
     void declare(std::uint32_t number) {
-        const GhwType& type = m_file.types[number];
         const bool isHalf = m_firstSubtypes[number] != 0;
-        if (m_made[number].type != VhdlType::NONE && !isHalf && (type.name != 0 || m_keepAnonymous))
+        if (m_made[number].type != VhdlType::NONE && !isHalf)
             m_types.declare(m_made[number].type, "");
     }
 
     const GhwFile& m_file;
     const Input& m_input;
-    bool m_keepAnonymous;
     VhdlTypes& m_types;
     std::vector<Made> m_made;                   ///< Of each type.
     std::vector<std::uint32_t> m_firstSubtypes; ///< Of each base type; 0 where there is none.
@@ -253,8 +249,8 @@ private:
 
 } // namespace
 
-void addGhwTypes(const GhwFile& file, const Input& input, bool keepAnonymous, VhdlTypes& types) {
-    GhwTypeMaker(file, input, keepAnonymous, types).make();
+void addGhwTypes(const GhwFile& file, const Input& input, VhdlTypes& types) {
+    GhwTypeMaker(file, input, types).make();
 }
 
 } // namespace Import

@@ -5,10 +5,10 @@
 
 namespace Import {
 
-/// Adds the types of a GHW file to `types`, and declares those that have a name; where
-/// `keepAnonymous` says so also the others. The file's first subtypes and the types behind them
-/// become one. `input` is where the file came from: its places are in what is thrown and noted.
-/// Throws ImportError where types do not fit together. Takes time by the size of the types.
-void addGhwTypes(const GhwFile& file, const Input& input, bool keepAnonymous, VhdlTypes& types);
+/// Adds the types of a GHW file to `types`, and declares them. The file's first subtypes and the
+/// types behind them become one. `input` is where the file came from: its places are in what is
+/// thrown and noted. Throws ImportError where types do not fit together. Takes time by the size of
+/// the types.
+void addGhwTypes(const GhwFile& file, const Input& input, VhdlTypes& types);
 
 } // namespace Import

@@ -11,7 +11,8 @@ struct ImportOptions {
     /// everything.
     std::vector<std::string> packages;
 
-    /// Keep the names that the front end has made up for types without a name.
+    /// Keep the names that the front end has made up for types without a name, with a typedef for
+    /// each. Verilator makes up such names; GHDL does not.
     bool keepAnonymous = false;
 };
 

@@ -71,7 +71,7 @@ Format recogniseFormat(Input& input) {
 }
 
 Importer::Importer(ImportOptions options, Notes& notes)
-    : m_options(std::move(options)), m_notes(notes), m_ghdl(m_options.keepAnonymous) {}
+    : m_options(std::move(options)), m_notes(notes) {}
 
 Importer::~Importer() = default;
 

@@ -211,11 +211,10 @@ void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType
             return;
         }
         const Parts parts = partsOf(member->m_typeId, Spelling::NAME);
-        out << "    " << spaced(parts.before) << ending(names[position++], parts.after);
         const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(member);
-        if (classMember != nullptr && classMember->m_memberFlag)
-            out << " // flagged";
-        out << withoutPlace(member->m_constraints) << '\n';
+        out << (classMember != nullptr && classMember->m_memberFlag ? "    static " : "    ")
+            << spaced(parts.before) << ending(names[position++], parts.after)
+            << withoutPlace(member->m_constraints) << '\n';
     }
 }
 

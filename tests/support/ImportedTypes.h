@@ -12,8 +12,6 @@
 /// What an import makes of texts and bytes, a line a type, to compare at a glance.
 class ImportedTypes {
 public:
-    explicit ImportedTypes(bool keepAnonymous = false) : m_dumps(keepAnonymous) {}
-
     ImportedTypes& wave(const std::string& bytes) {
         std::istringstream stream(bytes);
         Import::Input input(stream, "w");

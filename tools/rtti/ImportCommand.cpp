@@ -155,7 +155,7 @@ Subcommand addImport(CLI::App& program) {
         ->expected(1)
         ->allow_extra_args(false);
     import->add_flag("--keep-anonymous", call->options.keepAnonymous,
-                     "Keep the names that the front end made up for types without one");
+                     "Keep the names that Verilator made up for types without one");
     import->add_flag("--json", call->json,
                      "Write the types as JSON, as rtti dump --json prints them");
     import->add_flag("--strict", call->isStrict,

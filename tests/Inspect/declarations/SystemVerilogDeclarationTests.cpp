@@ -153,7 +153,7 @@ TEST(SystemVerilogDeclarations, AClassExtendsItsBase) {
     EXPECT_EQ(declared(types, 0), "class \\p::base_c ;\nendclass\n");
     EXPECT_EQ(declared(types, 1), "class derived_c extends \\p::base_c ;\n"
                                   "    derived_c next;\n"
-                                  "    \\p::base_c count; // flagged\n"
+                                  "    static \\p::base_c count;\n"
                                   "endclass\n");
 }
 

@@ -106,7 +106,7 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
     EXPECT_EQ(dump(2, type), "type 2: class \"pkt\"\n"
                              "  declaration:\n"
                              "    class pkt;\n"
-                             "        type_12 items; // flagged // no place for: (0 to 3)\n"
+                             "        static type_12 items; // no place for: (0 to 3)\n"
                              "    endclass\n"
                              "    // no legal declaration: type 12 is missing\n"
                              "  flags: 0x0\n"

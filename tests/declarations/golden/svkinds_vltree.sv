@@ -86,7 +86,7 @@ package cls_pkg;
     class base_c;
         int id;
         bit [7:0] r;
-        int count; // flagged
+        static int count;
         string nm;
         int k;
         fwd_c peer;

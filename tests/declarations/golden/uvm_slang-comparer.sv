@@ -6,10 +6,10 @@ package uvm_pkg;
     class uvm_void;
     endclass
     class uvm_object extends uvm_void;
-        bit use_uvm_seeding; // flagged
+        static bit use_uvm_seeding;
         string m_leaf_name;
         int m_inst_id;
-        int m_inst_count; // flagged
+        static int m_inst_count;
     endclass
     typedef class uvm_object_wrapper;
     class uvm_policy extends uvm_object;

@@ -6,16 +6,16 @@ package uvm_pkg;
     class uvm_void;
     endclass
     class uvm_object extends uvm_void;
-        bit use_uvm_seeding; // flagged
+        static bit use_uvm_seeding;
         string m_leaf_name;
         int m_inst_id;
-        int m_inst_count; // flagged
+        static int m_inst_count;
     endclass
     typedef class \uvm_queue#(T=string) ;
     typedef \uvm_queue#(T=string) \uvm_queue::this_type ;
     typedef string \uvm_queue::T ;
     class \uvm_queue#(T=string) extends uvm_object;
-        \uvm_queue::this_type m_global_queue; // flagged
+        static \uvm_queue::this_type m_global_queue;
         \uvm_queue::T queue [$];
     endclass
     typedef class \uvm_queue#(T=uvm_pkg::uvm_hdl_path_concat) ;
@@ -23,7 +23,7 @@ package uvm_pkg;
     typedef class uvm_hdl_path_concat;
     typedef uvm_hdl_path_concat \uvm_queue::T_478 ;
     class \uvm_queue#(T=uvm_pkg::uvm_hdl_path_concat) extends uvm_object;
-        \uvm_queue::this_type_473 m_global_queue; // flagged
+        static \uvm_queue::this_type_473 m_global_queue;
         \uvm_queue::T_478 queue [$];
     endclass
     typedef class \uvm_queue#(T=uvm_pkg::uvm_callback) ;
@@ -31,7 +31,7 @@ package uvm_pkg;
     typedef class uvm_callback;
     typedef uvm_callback \uvm_queue::T_663 ;
     class \uvm_queue#(T=uvm_pkg::uvm_callback) extends uvm_object;
-        \uvm_queue::this_type_662 m_global_queue; // flagged
+        static \uvm_queue::this_type_662 m_global_queue;
         \uvm_queue::T_663 queue [$];
     endclass
     typedef class \uvm_queue#(T=uvm_pkg::m_uvm_waiter) ;
@@ -39,7 +39,7 @@ package uvm_pkg;
     typedef class m_uvm_waiter;
     typedef m_uvm_waiter \uvm_queue::T_682 ;
     class \uvm_queue#(T=uvm_pkg::m_uvm_waiter) extends uvm_object;
-        \uvm_queue::this_type_680 m_global_queue; // flagged
+        static \uvm_queue::this_type_680 m_global_queue;
         \uvm_queue::T_682 queue [$];
     endclass
     typedef class \uvm_queue#(T=struct{string\x20name;string\x20regex;}uvm_pkg::s$1) ;
@@ -50,7 +50,7 @@ package uvm_pkg;
     } uvm_acs_name_struct;
     typedef uvm_acs_name_struct \uvm_queue::T_871 ;
     class \uvm_queue#(T=struct{string\x20name;string\x20regex;}uvm_pkg::s$1) extends uvm_object;
-        \uvm_queue::this_type_870 m_global_queue; // flagged
+        static \uvm_queue::this_type_870 m_global_queue;
         \uvm_queue::T_871 queue [$];
     endclass
     typedef class \uvm_queue#(T=uvm_pkg::uvm_resource_base) ;
@@ -58,7 +58,7 @@ package uvm_pkg;
     typedef class uvm_resource_base;
     typedef uvm_resource_base \uvm_queue::T_1292 ;
     class \uvm_queue#(T=uvm_pkg::uvm_resource_base) extends uvm_object;
-        \uvm_queue::this_type_1291 m_global_queue; // flagged
+        static \uvm_queue::this_type_1291 m_global_queue;
         \uvm_queue::T_1292 queue [$];
     endclass
     typedef class \uvm_object_registry#(T=uvm_pkg::uvm_queue#(T=uvm_pkg::uvm_callback),Tname="<unknown>") ;
@@ -96,7 +96,7 @@ package uvm_pkg;
         uvm_resource_debug dbg;
         string scope;
         int precedence;
-        int default_precedence; // flagged
+        static int default_precedence;
     endclass
     class uvm_object_wrapper extends uvm_void;
     endclass
