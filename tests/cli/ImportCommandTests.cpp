@@ -324,6 +324,13 @@ TEST_F(RttiImportRun, ImportsAndNotesItIfTheFrontEndFailsAfterItsTree) {
     EXPECT_EQ(contentOf(m_output), contentOf(imported(scratch("a.tree"), "b")));
 }
 
+TEST_F(RttiImportRun, BlamesTheFrontEndForTheTreeWithWhichItFailed) {
+    const Result result = run(fileNamed("a.tree", byteTree("a").substr(0, 100)), "exit 1");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, HasSubstr("rtti: verilator ended with exit status 1; what it wrote "
+                                      "cannot be imported: Vt_011_width.tree:"));
+}
+
 TEST_F(RttiImportRun, RemovesItsFolderIfTheTreeIsDamaged) {
     const Result result = run(fileNamed("a.tree", byteTree("a").substr(0, 100)));
     EXPECT_EQ(result.status, 2);

@@ -2,6 +2,7 @@
 
 #include "ExitStatus.h"
 #include "FrontEnd.h"
+#include "Import/ImportError.h"
 #include "Import/Importer.h"
 #include "InputStorage.h"
 #include "InputText.h"
@@ -19,6 +20,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -89,6 +91,25 @@ void writeTypes(const Types& types, const ImportCall& call) {
     }
 }
 
+/// The types of what a front end wrote, or of files that were there.
+Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes& notes) {
+    try {
+        Import::Importer importer(call.options, notes);
+        for (const std::string& path : run.files) {
+            const std::string shown = call.run.empty()
+                                          ? InputText::nameOf(path)
+                                          : std::filesystem::path(path).filename().string();
+            readFile(importer, path, shown, call.from);
+        }
+        return importer.finish();
+    } catch (const Import::ImportError& error) {
+        if (run.complaint.empty())
+            throw;
+        throw std::runtime_error(run.complaint +
+                                 "; what it wrote cannot be imported: " + error.what());
+    }
+}
+
 /// The exit status is 1 where something could not be kept that had to be.
 int runImport(const ImportCall& call) {
     std::optional<TemporaryFolder> folder;
@@ -102,13 +123,7 @@ int runImport(const ImportCall& call) {
     Import::Notes notes([&](const Import::Place& place, const std::string& text) {
         noteLines.push_back(noteLine(place, text));
     });
-    Import::Importer importer(call.options, notes);
-    for (const std::string& path : run.files) {
-        const std::string shown =
-            folder ? std::filesystem::path(path).filename().string() : InputText::nameOf(path);
-        readFile(importer, path, shown, call.from);
-    }
-    const Types types = importer.finish();
+    const Types types = importTypes(call, run, notes);
     if (!run.complaint.empty())
         notes.add(Import::Place(), run.complaint + ", and yet it wrote what is imported here");
     writeTypes(types, call);
