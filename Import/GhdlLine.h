@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Import/GhdlListing.h"
+#include "Import/ListedUse.h"
 #include "Import/Place.h"
 
 #include <string>

@@ -4,6 +4,32 @@ namespace RTTI {
 
 RTTypeVisitor::~RTTypeVisitor() = default;
 
+bool RTEnumType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTSeqEnumType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTDiscreteEnumType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTIntType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTFloatType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTTypedefType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTAccessType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTCHandle::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTEventType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTFileType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTPhysicalType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTArrayType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTAbstractArrayType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTDynamicArrayType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTQueueType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTAssocArrayType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTAggregateType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTRecordType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTClassType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+bool RTStringType::accept(RTTypeVisitor& visitor) const { return visitor.visit(*this); }
+
+/// The wildcard has no overload of its own.
+bool RTWildCardType::accept(RTTypeVisitor& visitor) const {
+    return visitor.visit(static_cast<const RTBaseType&>(*this));
+}
+
 bool RTTypeDefaultVisitor::visit(const RTBaseType&) { return true; }
 
 bool RTTypeDefaultVisitor::visit(const RTEnumType&) { return true; }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TypeFile/GroupFinder.h"
-#include "TypeFile/TypeFileVerifier.h"
+#include "TypeFile/VerifyLimits.h"
 #include "TypeFile/WalkSteps.h"
 
 #include <span>

@@ -56,7 +56,6 @@ std::string typesText(const std::vector<unsigned int>& ids) {
     return text;
 }
 
-/// Columns for people.
 class TextWriter : public AnnotationWriter {
 public:
     TextWriter(std::ostream& out, const TextStyle& style) : m_out(out), m_style(style) {}
@@ -141,7 +140,7 @@ private:
     bool m_isFirst = true;
 };
 
-/// One document, an object a line. What is inside the last line stays open until the next comes.
+/// What is inside the last line stays open until the next comes.
 class JsonWriter : public AnnotationWriter {
 public:
     explicit JsonWriter(std::ostream& out) : m_out(out) {
@@ -223,11 +222,12 @@ private:
 
 } // namespace
 
-std::unique_ptr<AnnotationWriter> annotationWriter(std::ostream& out, AnnotationForm form,
-                                                   const TextStyle& style) {
-    if (form == AnnotationForm::JSON)
-        return std::make_unique<JsonWriter>(out);
+std::unique_ptr<AnnotationWriter> textAnnotations(std::ostream& out, const TextStyle& style) {
     return std::make_unique<TextWriter>(out, style);
+}
+
+std::unique_ptr<AnnotationWriter> jsonAnnotations(std::ostream& out) {
+    return std::make_unique<JsonWriter>(out);
 }
 
 } // namespace Inspect

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "Inspect/bytes/FileAnnotator.h"
 #include "Inspect/bytes/RecordFields.h"
+#include "Inspect/words/TextStyle.h"
 #include "TypeFile/Finding.h"
 #include "TypeFile/StorageWindow.h"
 
 #include <cstddef>
 #include <memory>
+#include <ostream>
 #include <vector>
 
 namespace Inspect {
@@ -40,7 +41,10 @@ public:
     virtual void end(std::size_t errors, std::size_t warnings) = 0;
 };
 
-std::unique_ptr<AnnotationWriter> annotationWriter(std::ostream& out, AnnotationForm form,
-                                                   const TextStyle& style);
+/// Writes columns for people.
+std::unique_ptr<AnnotationWriter> textAnnotations(std::ostream& out, const TextStyle& style);
+
+/// Writes one JSON document, with an object a line.
+std::unique_ptr<AnnotationWriter> jsonAnnotations(std::ostream& out);
 
 } // namespace Inspect

@@ -70,8 +70,9 @@ public:
           m_sweep(storage, storageSize, SWEEP_BLOCK),
           m_jumps(storage, storageSize, RECORD_HEAD_BLOCK), m_size(storageSize),
           m_findings(TypeFile::verify(storage, storageSize, annotation.baseOffset)),
-          m_progress(annotation.progress),
-          m_writer(annotationWriter(out, annotation.form, annotation.style)),
+          m_progress(annotation.progress), m_writer(annotation.form == AnnotationForm::JSON
+                                                        ? jsonAnnotations(out)
+                                                        : textAnnotations(out, annotation.style)),
           m_describe([this](unsigned int id) { return describe(id); }) {}
 
     void writeAll();

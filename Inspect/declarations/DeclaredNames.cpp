@@ -82,7 +82,7 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
     findLanguages();
     claimPredefined();
     if (naming == Naming::PACKAGES && language == SourceLanguage::SYSTEM_VERILOG)
-        m_packages = DeclaredPackages(types, *this);
+        m_packages = DeclaredPackages(types, declaredTypes());
     claimPackages();
     claimTypes();
     claimLiterals();
@@ -241,6 +241,16 @@ unsigned int DeclaredNames::declaredType(unsigned int id) const {
         id = alias.m_dataTypeId;
     }
     return id;
+}
+
+std::vector<unsigned int> DeclaredNames::declaredTypes() const {
+    std::vector<unsigned int> declared(m_types.count, TypeFileFormat::NO_TYPE_ID);
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const unsigned int type = declaredType(id);
+        if (isOfLanguage(type) && !isPredefined(type))
+            declared[id] = type;
+    }
+    return declared;
 }
 
 bool DeclaredNames::isPredefined(unsigned int id) const {

@@ -90,6 +90,10 @@ private:
     bool claim(std::string_view identifier, Owner owner, std::size_t package);
     const Owner* ownerOf(std::string_view identifier, std::size_t package) const;
     bool isOwned(std::string_view identifier, Owner owner, std::size_t package) const;
+
+    /// For each type the one whose declaration it shares, or NO_TYPE_ID if that needs none or
+    /// cannot have one in the language.
+    std::vector<unsigned int> declaredTypes() const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
     bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
 

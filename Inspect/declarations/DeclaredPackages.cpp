@@ -1,6 +1,5 @@
 #include "Inspect/declarations/DeclaredPackages.h"
 
-#include "Inspect/declarations/DeclaredNames.h"
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
 #include "Inspect/words/TypeText.h"
@@ -47,15 +46,15 @@ private:
 /// Works the packages out: first their order, then the place of each type.
 class PackagePlacement {
 public:
-    PackagePlacement(const TypeTable& types, const DeclaredNames& names)
-        : m_types(types), m_names(names), m_owns(types.count, NONE), m_isNode(types.count) {
+    PackagePlacement(const TypeTable& types, const std::vector<unsigned int>& declaredTypes)
+        : m_types(types), m_declaredTypes(declaredTypes), m_owns(types.count, NONE) {
         findPackages();
         findNeeds();
         orderPackages();
         placeWithNeeds();
         placeWithUsers();
         for (unsigned int id = 0; id < types.count; ++id)
-            places.push_back(placeOf(names.declaredType(id)));
+            places.push_back(placeOf(declaredTypes[id]));
     }
 
     std::vector<std::string> packages; ///< In order, without the last.
@@ -82,6 +81,9 @@ private:
 
     bool hasOwn(unsigned int id) const { return m_owns[id] != NONE; }
 
+    /// Whether the type has a declaration of its own.
+    bool isNode(unsigned int id) const { return m_declaredTypes[id] == id; }
+
     /// The package in the name of a type, or nothing.
     static std::string_view packageIn(std::string_view name) {
         const std::size_t end = name.find("::");
@@ -95,14 +97,12 @@ private:
     void findPackages() {
         std::unordered_set<std::string_view> typeNames;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            m_isNode[id] = m_names.isOfLanguage(id) && !m_names.isPredefined(id) &&
-                           m_names.declaredType(id) == id;
-            if (m_isNode[id])
+            if (isNode(id))
                 typeNames.insert(nameOf(id));
         }
         std::unordered_map<std::string_view, unsigned int> numbers;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const std::string_view package = m_isNode[id] ? packageIn(nameOf(id)) : "";
+            const std::string_view package = isNode(id) ? packageIn(nameOf(id)) : "";
             if (package.empty() || typeNames.count(package) != 0)
                 continue;
             const auto number = numbers.try_emplace(package, numbers.size());
@@ -116,12 +116,14 @@ private:
         Pairs needs;
         SystemVerilogNeeds found;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (!m_isNode[id])
+            if (!isNode(id))
                 continue;
             findSystemVerilogNeeds(m_types, id, found);
             for (const TypeNeed& need : found.named) {
-                const unsigned int needed = m_names.declaredType(need.typeId);
-                if (needed < m_types.count && m_isNode[needed])
+                if (need.typeId >= m_types.count)
+                    continue;
+                const unsigned int needed = m_declaredTypes[need.typeId];
+                if (needed < m_types.count && isNode(needed))
                     needs.emplace_back(id, needed);
             }
         }
@@ -197,7 +199,7 @@ private:
     template <typename Key> Edges sorted(Key key) const {
         Pairs pairs;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (m_isNode[id] && key(id) <= last())
+            if (isNode(id) && key(id) <= last())
                 pairs.emplace_back(key(id), id);
         }
         return {packages.size() + 1, pairs};
@@ -257,11 +259,10 @@ private:
     }
 
     const TypeTable& m_types;
-    const DeclaredNames& m_names;
+    const std::vector<unsigned int>& m_declaredTypes;
     std::vector<std::string> m_unordered; ///< Packages as they were found.
     std::vector<unsigned int> m_owns;     ///< The package in a type's name, as it was found.
     std::vector<unsigned int> m_ranks;    ///< The place of each of these packages.
-    std::vector<bool> m_isNode;           ///< Types with a declaration of their own.
     std::vector<bool> m_isFloating;       ///< Types that go with their users.
     std::vector<Edges> m_needs;           ///< What types need, and what needs them.
     std::vector<unsigned int> m_placed;
@@ -269,8 +270,9 @@ private:
 
 } // namespace
 
-DeclaredPackages::DeclaredPackages(const TypeTable& types, const DeclaredNames& names) {
-    PackagePlacement placement(types, names);
+DeclaredPackages::DeclaredPackages(const TypeTable& types,
+                                   const std::vector<unsigned int>& declaredTypes) {
+    PackagePlacement placement(types, declaredTypes);
     m_names = std::move(placement.packages);
     std::string last = "types";
     while (std::find(m_names.begin(), m_names.end(), last) != m_names.end())

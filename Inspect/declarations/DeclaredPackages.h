@@ -9,8 +9,6 @@
 
 namespace Inspect {
 
-class DeclaredNames;
-
 /// The packages that SystemVerilog types are declared in, in an order in which a compiler can read
 /// them.
 ///
@@ -24,8 +22,10 @@ public:
     /// One package for all types.
     DeclaredPackages() : m_names{"types"} {}
 
-    /// Looks at all types of the language of `names`, and at their needs.
-    DeclaredPackages(const TypeTable& types, const DeclaredNames& names);
+    /// Looks at all types and at what their declarations name. `declaredTypes` has for each type
+    /// the one whose declaration it shares, which is mostly itself, or NO_TYPE_ID if it needs none
+    /// or has none in SystemVerilog.
+    DeclaredPackages(const TypeTable& types, const std::vector<unsigned int>& declaredTypes);
 
     /// At least 1.
     std::size_t count() const { return m_names.size(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Inspect/declarations/DeclaredNames.h"
+#include "Inspect/declarations/TypeNeed.h"
 
 #include <ostream>
 #include <string>
@@ -8,12 +9,6 @@
 #include <vector>
 
 namespace Inspect {
-
-/// A type that a declaration names.
-struct TypeNeed {
-    unsigned int typeId; ///< Its id in the same file.
-    bool isForward;      ///< Whether announcing the type is enough.
-};
 
 /// How one language declares types. The types and the names must outlive it.
 class LanguageDeclarations {

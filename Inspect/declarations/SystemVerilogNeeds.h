@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Inspect/declarations/LanguageDeclarations.h"
+#include "Inspect/declarations/TypeNeed.h"
+#include "Inspect/model/TypeTable.h"
 
 #include <vector>
 

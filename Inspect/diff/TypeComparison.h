@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Inspect/diff/TypeDiff.h"
+#include "Inspect/diff/TypeChange.h"
 #include "Inspect/diff/TypeGraph.h"
 #include "Inspect/diff/TypePairing.h"
 #include "Inspect/diff/TypeShape.h"

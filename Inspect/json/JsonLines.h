@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Inspect/json/JsonForm.h"
 #include "Inspect/json/JsonValues.h"
-#include "Inspect/json/TypeJsonWriter.h"
 
 #include <ostream>
 #include <string>

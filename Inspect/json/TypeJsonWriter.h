@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inspect/json/JsonForm.h"
 #include "RTTI/RTType.h"
 
 #include <memory>
@@ -9,12 +10,6 @@
 namespace Inspect {
 
 class JsonLines;
-
-/// How the JSON form is divided into lines.
-enum class JsonForm {
-    DOCUMENT, ///< One object, with each type of its list "types" on one line.
-    LINES     ///< One object on each line: first the file's properties, then the types.
-};
 
 /// Writes types in the JSON form, one after the other: one object for each type, with every field
 /// of its record and other types by id. The text is ASCII and the same in every run. Types are
