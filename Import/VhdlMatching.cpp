@@ -84,7 +84,9 @@ private:
             if (!canMean(listed, wave) || (saysLess(wave, type) && !mayComplete(wave, type)))
                 continue;
             count += m_isDeclared[wave] ? 1 : 0;
-            if (found == NONE || (saysLess(found, type) && !saysLess(wave, type)))
+            const bool isOpenHalf = found != NONE && !m_isDeclared[found] && m_isDeclared[wave] &&
+                                    type.kind == VhdlKind::UNKNOWN;
+            if (found == NONE || isOpenHalf || (saysLess(found, type) && !saysLess(wave, type)))
                 found = wave;
         }
         // A name alone means a type only if no other one of that name was declared.

@@ -357,6 +357,19 @@ TEST(JoinedDumps, WavesSayWhatTheListingHasNoWordsFor) {
               (Lines{"bit: enum '0' '1'", "rb: subtype of 0 (0 to 1)", "t: access 1"}));
 }
 
+TEST(JoinedDumps, WavesHaveTheRangesThatTheListingDoesNotTell) {
+    GhwBuilder file; // The literal a is of two enumerations.
+    file.names({"a", "b", "c", "d", "e", "f", "mem"}).type(23, {5, 3, 1, 2, 3});
+    file.type(23, {6, 3, 4, 2, 1}).type(ARRAY, {7, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {7, 3}).positions(23, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_e8: e is (a, b, c)\n"
+                  " ghdl_rtik_type_e8: f is (d, b, a)\n"
+                  " ghdl_rtik_subtype_array: mem is mem (a to b) of e\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"e: enum a b c", "f: enum d b a", "mem: array [0] of 0 (0 to 1)"}));
+}
+
 TEST(JoinedDumps, TypesOfOneNameWithOtherRangesStayApart) {
     GhwBuilder file;
     file.names({"integer", "mem"}).type(INTEGER, {1}).type(ARRAY, {2, 1, 1, 1});
