@@ -180,14 +180,14 @@ private:
         return made;
     }
 
-    /// The type that a composite subtype is of, and what has been made of it.
-    const Made& baseOf(const GhwType& subtype, GhwKind kind) const {
+    /// The type that a composite subtype is of.
+    std::uint32_t baseOf(const GhwType& subtype, GhwKind kind) const {
         std::uint32_t base = subtype.base;
         while (m_file.types[base].kind >= GhwKind::ARRAY_SUBTYPE)
             base = m_file.types[base].base;
         if (m_file.types[base].kind != kind)
             fail(subtype, "a subtype and its base do not fit together");
-        return m_made[base];
+        return base;
     }
 
     std::vector<VhdlRange> rangesOf(const GhwType& subtype) const {
@@ -200,19 +200,35 @@ private:
         return ranges;
     }
 
+    /// An array that was declared with its ranges, which its first subtype has.
+    std::uint32_t arrayInOnePiece(const GhwType& subtype, std::uint32_t base) {
+        VhdlType array = m_types[m_made[base].type];
+        array.place = m_input.offsetPlace(subtype.offset);
+        const std::vector<VhdlRange> ranges = rangesOf(subtype);
+        std::copy(ranges.begin(), ranges.end(), array.of.ranges.begin());
+        return m_types.intern(std::move(array));
+    }
+
+    /// Whether the subtype is of an array that was declared with these ranges.
+    bool addsNothing(const GhwType& subtype, std::uint32_t base) const {
+        const GhwType& first = m_file.types[m_firstSubtypes[base]];
+        return m_firstSubtypes[base] != 0 && first.kind == GhwKind::ARRAY_SUBTYPE &&
+               rangesOf(first) == rangesOf(subtype);
+    }
+
     Made makeSubtype(std::uint32_t number, GhwKind kind) {
         const GhwType& type = m_file.types[number];
-        const Made& base = baseOf(type, kind);
+        const std::uint32_t base = baseOf(type, kind);
+        const bool isFirst = m_file.types[type.base].name == type.name && type.name != 0;
+        const bool isWhole = kind == GhwKind::ARRAY && (isFirst || addsNothing(type, base));
         Made made;
-        if (kind == GhwKind::ARRAY && m_file.types[type.base].name == type.name && type.name != 0) {
-            VhdlType array = m_types[base.type];
-            array.place = m_input.offsetPlace(type.offset);
-            const std::vector<VhdlRange> ranges = rangesOf(type);
-            std::copy(ranges.begin(), ranges.end(), array.of.ranges.begin());
-            made.type = m_types.intern(std::move(array));
+        if (isWhole)
+            made.type = arrayInOnePiece(type, base);
+        if (isWhole && (isFirst || type.name == 0))
             return made;
-        }
-        made.use = {base.type, rangesOf(type), {}};
+        made.use = {isWhole ? made.type : m_made[base].type,
+                    isWhole ? std::vector<VhdlRange>() : rangesOf(type),
+                    {}};
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use;
         made.type = m_types.intern(std::move(result));
@@ -223,7 +239,7 @@ private:
 
     Made makeOpenSubtype(std::uint32_t number, GhwKind kind) {
         const GhwType& type = m_file.types[number];
-        Made made = baseOf(type, kind);
+        Made made = m_made[baseOf(type, kind)];
         if (m_file.types[type.base].name == type.name)
             return made;
         VhdlType result = begin(type, VhdlKind::SUBTYPE);

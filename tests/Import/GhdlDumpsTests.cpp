@@ -66,6 +66,17 @@ TEST(Waves, AnArrayAndItsFirstSubtypeAreOneType) {
                      "mem: array [0] of 0 (3 downto 1)"}));
 }
 
+TEST(Waves, ASubtypeOfAnArrayThatHasItsRangesAddsNone) {
+    GhwBuilder file;
+    file.names({"integer", "mem", "sub"}).type(INTEGER, {1}).type(ARRAY, {2, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {2, 2}).range(INTEGER, 0, 3);
+    file.type(ARRAY_SUBTYPE, {3, 2}).range(INTEGER, 0, 3);
+    file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER, 0, 3);
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
+              (Lines{"integer: integer (-2147483648 to 2147483647)", "mem: array [0] of 0 (0 to 3)",
+                     "sub: subtype of 1"}));
+}
+
 TEST(Waves, AnElementWithoutANameGivesItsRangesToTheArray) {
     GhwBuilder file;
     file.names({"bytes", "integer", "vec"}).type(INTEGER, {2}).type(ARRAY, {3, 1, 1, 1});
