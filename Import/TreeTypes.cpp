@@ -14,6 +14,9 @@ using namespace RTTI;
 
 namespace {
 
+/// What stands in place of the end of a name that is too long.
+constexpr std::string_view CUT_MARK = "__Vhsh";
+
 /// Enumerations are not wider; a damaged tree can say anything.
 constexpr unsigned long long WIDEST_ENUM = 1 << 16;
 
@@ -107,7 +110,14 @@ std::string TreeTypes::nameAt(TreeAddress address) const {
     return isMadeUpName(name) && !m_options.keepAnonymous ? "" : scopedNodeName(name);
 }
 
+/// Names beyond a limit of the front end are not whole.
+void TreeTypes::noteCutName(unsigned long long line, const std::string& name) {
+    if (name.find(CUT_MARK) != std::string::npos)
+        note(line, "the front end has cut the name " + name + " (Verilator: --comp-limit-syms N)");
+}
+
 void TreeTypes::declare(const TreeDeclaration& declaration) {
+    noteCutName(declaration.line, declaration.name);
     if (declaration.kind == TreeDeclaration::Kind::CLASS) {
         if (m_contents.classes.at(declaration.type).isCovergroup)
             note(declaration.line, "the covergroup " + declaration.name + " is left out");
@@ -304,6 +314,7 @@ TreeTypes::Made TreeTypes::makeStruct(TreeAddress address, const TreeType& type)
         note(type.line, "that this union is soft is not kept");
     for (const TreePart& part : type.parts) {
         const TreeAddress behind = behindAliases(part.type, part.line);
+        noteCutName(part.line, part.name);
         if (typeAt(behind, part.line).kind == TreeTypeKind::VOID)
             note(part.line, "the void member " + sourceName(part.name) + " is left out");
         else
@@ -324,6 +335,7 @@ TreeTypes::Made TreeTypes::makeEnum(TreeAddress address, const TreeType& type) {
     made->m_baseTypeId = idOf(type.refers, type.line);
     for (const TreePart& part : type.parts) {
         LogicValue value;
+        noteCutName(part.line, part.name);
         if (!readLogicValue(part.value, static_cast<unsigned int>(base.bits), value))
             throw ImportError(m_input.linePlace(part.line),
                               "the tree is damaged: a literal has no value");
@@ -379,6 +391,7 @@ TreeTypes::Made TreeTypes::makeClass(const TreeClass& type) {
         const std::string written =
             m_contents.hasGluedMarks ? withoutMarks(part.name, isRandom) : part.name;
         const std::string name = sourceName(written);
+        noteCutName(part.line, name);
         const TreeAddress behind = behindAliases(part.type, part.line);
         if (isCovergroup(behind, part.line)) {
             note(part.line, type.name + ": the covergroup " + name + " is left out");

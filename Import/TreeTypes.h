@@ -56,6 +56,7 @@ private:
     std::string nameAt(TreeAddress address) const;
     bool isCovergroup(TreeAddress address, unsigned long long line) const;
     void note(unsigned long long line, const std::string& text);
+    void noteCutName(unsigned long long line, const std::string& name);
 
     const TreeContents& m_contents;
     const ImportOptions& m_options;

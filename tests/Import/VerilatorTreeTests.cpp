@@ -349,6 +349,19 @@ TEST_F(VerilatorTreeTest, MadeUpNamesAreKeptWhenAskedFor) {
     EXPECT_THAT(names(), ElementsAre("top::__typeimpsu1", "top::__typeimpsu1"));
 }
 
+TEST_F(VerilatorTreeTest, NamesThatTheFrontEndCutAreNoted) {
+    importTree(tree("    1: PACKAGE 0x6 {c1aj}  p  L3 [LIB] [1ps]\n"
+                    "    1:2: TYPEDEF 0x7 {c2} @dt=0xa@(w1)  a__VhshX -> STRUCTDTYPE 0xa {c2}\n",
+                    "    3:1: STRUCTDTYPE 0xa {c2} @dt=this@(w1)  p::a__VhshX [PACKED]\n"
+                    "    3:1:1: MEMBERDTYPE 0xb {c2} @dt=this@(w1)  b__VhshY refdt=0xc(w1)\n"
+                    "    3:1: BASICDTYPE 0xc {c2} @dt=this@(w1)  bit kwd=bit\n"));
+    EXPECT_THAT(notesTaken,
+                ElementsAre("x.tree:4: the front end has cut the name p::a__VhshX (Verilator: "
+                            "--comp-limit-syms N)",
+                            "x.tree:8: the front end has cut the name b__VhshY (Verilator: "
+                            "--comp-limit-syms N)"));
+}
+
 TEST_F(VerilatorTreeTest, ThePackageStdIsNotTheDesigns) {
     importTree(tree("    1: PACKAGE 0x6 {c1ai}  std  L2 [1ps]\n"
                     "    1:2: TYPEDEF 0x8 {c2} @dt=0xa@(w1)  t -> BASICDTYPE 0xa {c2}\n"

@@ -72,7 +72,9 @@ FrontEndRun runFrontEnd(const std::string& name, const Words& arguments,
 
 FrontEndRun runVerilator(const Words& arguments, const std::string& folder) {
     const std::string trees = folder + "/trees";
-    Words words = {"verilator", "-Wno-fatal", "--timing"};
+    // Else it puts a hash in place of what is longer.
+    constexpr const char* LONGEST_NAME = "65536";
+    Words words = {"verilator", "-Wno-fatal", "--timing", "--comp-limit-syms", LONGEST_NAME};
     const Words dump = dumpOptions(folder);
     words.insert(words.end(), dump.begin(), dump.end());
     words.insert(words.end(), arguments.begin(), arguments.end());
