@@ -119,6 +119,28 @@ TEST(RttiImport, FindsOneMoreClassInTheTreeOf5006) {
     EXPECT_THAT(result.out, HasSubstr(" 1 removed, 0 changed, 0 containing changed ones, 1 added"));
 }
 
+/// What rtti diff says of the types in a dump of a release of GHDL and in that of a later one.
+std::string ghdlDifferences(const std::string& earlier, const std::string& later) {
+    return rtti("diff " + imported(dump("ghdl/kinds-" + earlier), "a") + " " +
+                imported(dump("ghdl/kinds-" + later), "b"))
+        .out;
+}
+
+TEST(RttiImport, FindsTheSameTypesInTheWavesOfGhdlBut60HasNoSubtypeThatAddsNothing) {
+    EXPECT_THAT(ghdlDifferences("2.0.ghw", "5.0.ghw"), StartsWith("identical: "));
+    const std::string found = ghdlDifferences("5.0.ghw", "6.0.ghw");
+    EXPECT_THAT(found, StartsWith("removed type 34: typedef \"res\"\nincompatible: "));
+    EXPECT_THAT(found, HasSubstr(" 1 removed, 0 changed, 0 containing changed ones, 0 added"));
+}
+
+TEST(RttiImport, FindsTheTypesOfPackageBodiesAndNat32InListingsOfLaterGhdl) {
+    const std::string found = ghdlDifferences("2.0.rti", "5.0.rti");
+    EXPECT_THAT(found, HasSubstr("\"logic_ux01_table\"\n")); // Of the body of std_logic_1164.
+    EXPECT_THAT(found, HasSubstr(" 0 removed, 0 changed, 0 containing changed ones, 13 added"));
+    EXPECT_THAT(ghdlDifferences("5.0.rti", "6.0.rti"),
+                StartsWith("added   type 24: integer \"nat32\"\ncompatible: "));
+}
+
 TEST(RttiImport, MergesFilesAndKeepsOneOfEqualTypesWithoutNames) {
     const std::string files =
         fileNamed("a.tree", byteTree("a")) + " " + fileNamed("b.tree", byteTree("b"));
