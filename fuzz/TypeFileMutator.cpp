@@ -4,6 +4,7 @@
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/TypeFileFrame.h"
+#include "fuzz/RecordEditor.h"
 
 #include <algorithm>
 #include <iterator>
@@ -17,8 +18,6 @@ namespace {
 
 constexpr std::size_t MOST_RECORDS = 4096;
 
-std::size_t below(std::mt19937& random, std::size_t limit) { return random() % limit; }
-
 std::string& anyRecord(Parts& parts, std::mt19937& random) {
     return parts.records[below(random, parts.records.size())];
 }
@@ -27,38 +26,27 @@ template <typename T> void put(std::string& bytes, std::size_t at, T value) {
     putLittleEndian(bytes.data() + at, value);
 }
 
-/// A number that means something in one field or another: an id, a count, a marker, a bound.
-unsigned int tellingNumber(const Parts& parts, std::mt19937& random) {
-    constexpr unsigned int numbers[] = {
-        0,          1,          2,          3,
-        7,          0xFFFFFFFF, 0xFFFFFFFE, static_cast<unsigned int>(NO_SV_TYPE_ID),
-        0x7FFFFFFF, 0x80000000, 0xA00002,   0xA00003,
-        0xA00007,   0xB0001,    0xB0003,    0xB0008,
-        0x10,       0x01000000};
-    if (below(random, 2) == 0)
-        return static_cast<unsigned int>(below(random, parts.records.size() + 1));
-    return numbers[below(random, std::size(numbers))];
+RecordEditor editorOf(std::string& record, const Parts& parts, std::mt19937& random) {
+    return {record, static_cast<unsigned int>(parts.records.size()), random};
 }
 
-void changeNumber(Parts& parts, std::mt19937& random) {
-    std::string& record = anyRecord(parts, random);
-    if (record.size() < RECORD_HEADER_SIZE + 4)
-        return;
-    const std::size_t at =
-        RECORD_HEADER_SIZE + below(random, record.size() - RECORD_HEADER_SIZE - 3);
-    put(record, at, tellingNumber(parts, random));
+/// What the layouts say of a field decides how it changes.
+void changeField(Parts& parts, std::mt19937& random) {
+    editorOf(anyRecord(parts, random), parts, random).changeField();
 }
 
+void copyEntry(Parts& parts, std::mt19937& random) {
+    std::string from = anyRecord(parts, random);
+    std::string& to = anyRecord(parts, random);
+    editorOf(to, parts, random).takeEntryOf(editorOf(from, parts, random));
+}
+
+/// Any bytes, wherever fields begin and end.
 void changeByte(Parts& parts, std::mt19937& random) {
     std::string& record = anyRecord(parts, random);
     if (record.size() > RECORD_HEADER_SIZE)
         record[RECORD_HEADER_SIZE + below(random, record.size() - RECORD_HEADER_SIZE)] =
             static_cast<char>(random());
-}
-
-void changeKind(Parts& parts, std::mt19937& random) {
-    put(anyRecord(parts, random), RECORD_KIND_OFFSET,
-        ClassId::BASE_TYPE + static_cast<unsigned int>(below(random, 26)));
 }
 
 void cutOrGrow(Parts& parts, std::mt19937& random) {
@@ -67,34 +55,36 @@ void cutOrGrow(Parts& parts, std::mt19937& random) {
         record.resize(RECORD_HEADER_SIZE + below(random, record.size() - RECORD_HEADER_SIZE + 1));
     else
         record.append(below(random, 64), static_cast<char>(random()));
+    put(record, 0, static_cast<unsigned int>(record.size()));
 }
 
-/// A stretch of one record's body into another's.
-void splice(Parts& parts, std::mt19937& random) {
-    const std::string from = anyRecord(parts, random);
-    std::string& to = anyRecord(parts, random);
-    const std::size_t begin = below(random, from.size() - RECORD_HEADER_SIZE + 1);
-    const std::size_t at = below(random, to.size() - RECORD_HEADER_SIZE + 1);
-    to.insert(RECORD_HEADER_SIZE + at, from.substr(RECORD_HEADER_SIZE + begin, below(random, 200)));
+template <typename IdOf> void renumber(Parts& parts, std::mt19937& random, IdOf idOf) {
+    for (std::string& record : parts.records)
+        editorOf(record, parts, random).renumber(idOf);
 }
 
-void changeRecords(Parts& parts, std::mt19937& random) {
-    const std::size_t i = below(random, parts.records.size());
-    const std::size_t j = below(random, parts.records.size());
-    switch (below(random, 4)) {
-    case 0: std::swap(parts.records[i], parts.records[j]); return;
-    case 1: parts.records[i] = std::string(parts.records[j]); return;
-    case 2: parts.records.push_back(std::string(parts.records[i])); return;
-    default:
-        if (parts.records.size() > 1)
-            parts.records.erase(parts.records.begin() + static_cast<std::ptrdiff_t>(i));
-    }
+/// Two types change places; now and then those that refer to them do not notice.
+void swapTypes(Parts& parts, std::mt19937& random) {
+    const auto one = static_cast<unsigned int>(below(random, parts.records.size()));
+    const auto other = static_cast<unsigned int>(below(random, parts.records.size()));
+    std::swap(parts.records[one], parts.records[other]);
+    if (below(random, 4) != 0)
+        renumber(parts, random, [&](unsigned int id) {
+            return id == one ? other : id == other ? one : id;
+        });
 }
 
-/// A field that says a size the record does not have.
-void claimSize(Parts& parts, std::mt19937& random) {
-    std::string& record = anyRecord(parts, random);
-    put(record, 0, static_cast<int>(record.size() + below(random, 16)) - 8);
+void copyType(Parts& parts, std::mt19937& random) {
+    parts.records.push_back(std::string(anyRecord(parts, random)));
+}
+
+/// The ids of the types behind it become smaller by one.
+void dropType(Parts& parts, std::mt19937& random) {
+    const std::size_t dropped = below(random, parts.records.size());
+    if (parts.records.size() == 1)
+        return;
+    renumber(parts, random, [&](unsigned int id) { return id > dropped ? id - 1 : id; });
+    parts.records.erase(parts.records.begin() + static_cast<std::ptrdiff_t>(dropped));
 }
 
 } // namespace
@@ -139,14 +129,36 @@ std::string putTogether(const Parts& parts) {
 
 void mutate(Parts& parts, std::mt19937& random) {
     using Change = void (*)(Parts&, std::mt19937&);
-    constexpr Change changes[] = {changeNumber, changeNumber, changeNumber,  changeByte, changeKind,
-                                  cutOrGrow,    splice,       changeRecords, claimSize};
-    const std::size_t which = below(random, std::size(changes));
-    changes[which](parts, random);
-    if (changes[which] != cutOrGrow && changes[which] != splice)
-        return;
-    for (std::string& record : parts.records)
-        put(record, 0, static_cast<int>(record.size()));
+    constexpr Change OTHERS[] = {copyEntry, changeByte, cutOrGrow, swapTypes, copyType, dropType};
+    const Change change =
+        below(random, 3) != 0 ? changeField : OTHERS[below(random, std::size(OTHERS))];
+    change(parts, random);
+}
+
+void append(Parts& parts, Parts others, std::mt19937& random) {
+    const auto shift = static_cast<unsigned int>(parts.records.size());
+    renumber(others, random, [&](unsigned int id) { return id + shift; });
+    std::move(others.records.begin(), others.records.end(), std::back_inserter(parts.records));
+}
+
+void changeFrame(std::string& file, std::mt19937& random) {
+    const auto count = littleEndianAt<unsigned int>(file.data() + TYPE_COUNT_OFFSET);
+    const auto table = littleEndianAt<unsigned int>(file.data() + ADDRESS_TABLE_OFFSET);
+    const auto entry = [&] { return table + below(random, count) * ADDRESS_SIZE; };
+    switch (below(random, 6)) {
+    case 0:
+        return put(file, TYPE_COUNT_OFFSET,
+                   count + 2 - static_cast<unsigned int>(below(random, 5)));
+    case 1:
+        return put(file, ADDRESS_TABLE_OFFSET,
+                   table + 8 - static_cast<unsigned int>(below(random, 17)));
+    case 2: return put(file, entry(), static_cast<unsigned long long>(random()));
+    case 3: return put(file, entry(), static_cast<unsigned long long>(below(random, file.size())));
+    default: { // One record for two types.
+        const auto address = littleEndianAt<unsigned long long>(file.data() + entry());
+        return put(file, entry(), address);
+    }
+    }
 }
 
 } // namespace Fuzz
