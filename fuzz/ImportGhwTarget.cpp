@@ -9,7 +9,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     return Fuzz::importAndVerify(
         data, size, [](Import::Input& input, Import::TypeTable& types, Import::Notes& notes) {
-            Import::GhdlDumps dumps(true);
+            Import::GhdlDumps dumps;
             dumps.readWave(input);
             dumps.addTo(types, notes);
         });
