@@ -68,8 +68,9 @@ public:
                                       : std::string(wordOf(part.kind));
         m_out << m_style.paint(Ink::HEADING, title) << fmt::format(" at {:#x}", part.offset);
         if (part.head.isThere)
-            m_out << ": " << m_style.paint(Ink::KEYWORD, part.head.kind) << ' '
-                  << m_style.paint(Ink::NAME, part.head.name);
+            m_out << ": " << m_style.paint(Ink::KEYWORD, part.head.kind)
+                  << (part.head.label.empty() ? "" : " ")
+                  << m_style.paint(Ink::NAME, part.head.label);
         m_out << ", " << counted(part.size, "byte");
         if (part.kind == AnnotatedPart::Kind::GAP)
             m_out << " that belong to nothing";

@@ -56,6 +56,12 @@ public:
 
     const std::optional<Finding>& more() const { return m_more; }
 
+    bool hasError() const {
+        return std::any_of(m_findings.begin(), m_findings.end(), [](const Finding& finding) {
+            return finding.severity == Severity::ERROR;
+        });
+    }
+
 private:
     std::vector<Finding> m_findings;
     std::optional<Finding> m_more;
@@ -70,6 +76,7 @@ public:
           m_sweep(storage, storageSize, SWEEP_BLOCK),
           m_jumps(storage, storageSize, RECORD_HEAD_BLOCK), m_size(storageSize),
           m_findings(TypeFile::verify(storage, storageSize, annotation.baseOffset)),
+          m_shapeOf(annotation.force || !m_findings.hasError() ? annotation.shapeOf : nullptr),
           m_progress(annotation.progress), m_writer(annotation.form == AnnotationForm::JSON
                                                         ? jsonAnnotations(out)
                                                         : textAnnotations(out, annotation.style)),
@@ -95,6 +102,7 @@ private:
     };
 
     std::string describe(unsigned int typeId);
+    RecordHead headOf(unsigned int typeId);
     std::vector<Place> placesInOrder();
     void writeGap(unsigned long long begin, unsigned long long end);
     unsigned long long writeHeader();
@@ -117,6 +125,7 @@ private:
     StorageWindow m_jumps; ///< For the types that fields refer to, which lie anywhere.
     unsigned long long m_size;
     FindingsByType m_findings;
+    DescribeType m_shapeOf; ///< Null where no types are to be loaded.
     const std::function<void(unsigned long long)>& m_progress;
     std::unique_ptr<AnnotationWriter> m_writer;
     DescribeType m_describe;
@@ -132,9 +141,20 @@ std::string FileAnnotator::describe(unsigned int typeId) {
         return "there is no such type";
     if (typeId >= m_frame.entryCount())
         return "";
-    const RecordHead head = recordHeadAt(m_jumps, m_frame.addressOf(typeId));
-    return head.isThere ? fmt::format("{} {}", head.kind, head.name)
-                        : "its record is not in the storage";
+    const RecordHead head = headOf(typeId);
+    if (!head.isThere)
+        return "its record is not in the storage";
+    return head.label.empty() ? std::string(head.kind)
+                              : fmt::format("{} {}", head.kind, head.label);
+}
+
+/// With a shape for a type without a name.
+RecordHead FileAnnotator::headOf(unsigned int typeId) {
+    RecordHead head = recordHeadAt(m_jumps, m_frame.addressOf(typeId));
+    const std::string shape = m_shapeOf && head.isThere ? m_shapeOf(typeId) : "";
+    if (!shape.empty())
+        head.label += (head.label.empty() ? "" : " ") + shape;
+    return head;
 }
 
 /// Those at the same offset: the header first, then the table, then records by their ids.
@@ -271,7 +291,7 @@ unsigned long long FileAnnotator::writeRecord(const std::vector<unsigned int>& t
                      [](const Finding* l, const Finding* r) { return l->offset < r->offset; });
     const unsigned long long size = m_frame.recordAt(address).size();
     m_writer->beginPart(
-        {AnnotatedPart::Kind::RECORD, address, size, typeIds, recordHeadAt(m_jumps, address)});
+        {AnnotatedPart::Kind::RECORD, address, size, typeIds, headOf(typeIds.front())});
     if (address < m_size && address + size > next)
         writeOverlapping(address, next);
     else if (size != 0)

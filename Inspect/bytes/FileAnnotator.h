@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <ostream>
+#include <string>
 
 namespace Inspect {
 
@@ -21,6 +22,12 @@ struct Annotation {
     std::optional<unsigned int> typeId;         ///< Only this type; without it everything.
     AnnotationForm form = AnnotationForm::TEXT; ///< How to write them.
     TextStyle style = TextStyle::plain();       ///< The style of the text.
+
+    /// If set, returns the shape of a type without a name, such as `logic [7:0]`, and an empty text
+    /// for a type with one. Not called if the file has errors, unless `force` is set: a call may
+    /// load types.
+    std::function<std::string(unsigned int typeId)> shapeOf;
+    bool force = false; ///< Whether to call `shapeOf` for a file with errors too.
 
     /// If set, called with the storage offset up to which everything has been written.
     std::function<void(unsigned long long offset)> progress;

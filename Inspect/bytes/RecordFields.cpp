@@ -375,7 +375,8 @@ RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {
     std::string_view rest(bytes, std::clamp(claimed, RECORD_HEADER_SIZE, size));
     rest.remove_prefix(RECORD_HEADER_SIZE);
     const std::string_view name = rest.substr(0, rest.find('\0'));
-    head.name = quoted(name.substr(0, LONGEST_HEAD_NAME));
+    if (!name.empty())
+        head.label = quoted(name.substr(0, LONGEST_HEAD_NAME));
     rest.remove_prefix(std::min(name.size() + 1 + WORD_SIZE, rest.size())); // The flags, too.
     if (rest.size() >= WORD_SIZE)
         head.detail = littleEndianAt<unsigned int>(rest.data());

@@ -71,8 +71,8 @@ struct RecordHead {
     unsigned int kindCode = 0;
     std::string_view kind; ///< In the words of `kindOf`.
     std::optional<unsigned int>
-        detail;       ///< The array kind or record kind, where the record is read so far.
-    std::string name; ///< Escaped; of a long name the beginning.
+        detail;        ///< The array kind or record kind, where the record is read so far.
+    std::string label; ///< The name in quotes, of a long one the beginning; empty without a name.
 };
 
 /// The least that a window needs for `recordHeadAt`, which looks no further: a longer name hides

@@ -39,7 +39,7 @@ std::string LanguageDeclarations::shapeOf(unsigned int id) const {
 std::string LanguageDeclarations::textOf(const std::vector<FullConstraints>& ranges,
                                          std::size_t first) {
     const auto begin = static_cast<std::ptrdiff_t>(std::min(first, ranges.size()));
-    return runsText({ranges.begin() + begin, ranges.end()});
+    return runsText(std::vector<FullConstraints>(ranges.begin() + begin, ranges.end()));
 }
 
 std::string LanguageDeclarations::remark(std::string_view text) const {

@@ -14,6 +14,11 @@ namespace Inspect {
 /// 80 characters; the kind in words where the language has no way to spell it out.
 std::string shapeOf(const TypeTable& types, unsigned int id, const RTTI::RTBaseType& type);
 
+/// The shape of a type without a name as it stands behind its kind, whose words it does not repeat:
+/// `{ logic a; }` for what is labelled `packed struct { logic a; }`. Empty where nothing is left,
+/// for a type with a name, and where there is no type.
+std::string shapeBehindKind(const TypeTable& types, unsigned int id, const RTTI::RTBaseType* type);
+
 /// The name, quoted, or else the shape.
 std::string nameOrShape(const TypeTable& types, unsigned int id, const RTTI::RTBaseType& type);
 

@@ -128,9 +128,15 @@ void TypeComparison::PairComparison::compareFields(const TypeShape& a, std::size
         const bool isInBoth = i < endA && j < endB;
         if (isInBoth && isSameValue(a.fields[i].value, b.fields[j].value))
             continue;
-        add(path, i < endA ? a.fields[i].name : b.fields[j].name,
-            i < endA ? std::optional(fieldText(a.fields[i].value)) : std::nullopt,
-            j < endB ? std::optional(fieldText(b.fields[j].value)) : std::nullopt);
+        if (isInBoth) {
+            auto [before, after] =
+                differentTexts(a.fields[i].value, b.fields[j].value, m_all.m_lists);
+            add(path, a.fields[i].name, std::move(before), std::move(after));
+        } else if (i < endA) {
+            add(path, a.fields[i].name, fieldText(a.fields[i].value, m_all.m_lists), std::nullopt);
+        } else {
+            add(path, b.fields[j].name, std::nullopt, fieldText(b.fields[j].value, m_all.m_lists));
+        }
     }
 }
 
@@ -256,7 +262,8 @@ std::string TypeComparison::PairComparison::partText(unsigned int node, const Ty
     if (it.linksBegin < shape.linksEnd(part))
         return typeText(m_graph.link(node, it.linksBegin));
     if (it.fieldsBegin < shape.fieldsEnd(part))
-        return fmt::format("value {}", fieldText(shape.fields[it.fieldsBegin].value));
+        return fmt::format("value {}",
+                           fieldText(shape.fields[it.fieldsBegin].value, m_all.m_lists));
     return fmt::format("value {}", part);
 }
 

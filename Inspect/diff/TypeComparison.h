@@ -15,8 +15,8 @@ namespace Inspect {
 class TypeComparison {
 public:
     TypeComparison(const TypeGraph& graph, const std::vector<unsigned int>& classes,
-                   const TypePairing& pairing)
-        : m_graph(graph), m_classes(classes), m_pairing(pairing) {}
+                   const TypePairing& pairing, RangeLists lists)
+        : m_graph(graph), m_classes(classes), m_pairing(pairing), m_lists(lists) {}
 
     /// The changes of a type of A that has a partner. None for one that only refers to types that
     /// were changed.
@@ -30,6 +30,7 @@ private:
     const TypeGraph& m_graph;
     const std::vector<unsigned int>& m_classes;
     const TypePairing& m_pairing;
+    const RangeLists m_lists; ///< How the changes have long lists of ranges.
 };
 
 } // namespace Inspect

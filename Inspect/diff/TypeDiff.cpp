@@ -59,7 +59,8 @@ TypeDiff::TypeDiff(const TypeTable& a, const TypeTable& b) : m_a(a), m_b(b) {
 
 TypeDiff::~TypeDiff() = default;
 
-TypeDiff::Counts TypeDiff::eachChange(const std::function<void(const TypeChange&)>& take) const {
+TypeDiff::Counts TypeDiff::eachChange(const std::function<void(const TypeChange&)>& take,
+                                      RangeLists lists) const {
     Counts counts;
     counts.typesOfA = m_a.count;
     counts.typesOfB = m_b.count;
@@ -67,7 +68,7 @@ TypeDiff::Counts TypeDiff::eachChange(const std::function<void(const TypeChange&
     counts.added = m_added.size();
     if (m_comparison != nullptr) {
         const TypePairing& pairing = m_comparison->pairing();
-        const TypeComparison types(m_comparison->graph(), m_comparison->classes(), pairing);
+        const TypeComparison types(m_comparison->graph(), m_comparison->classes(), pairing, lists);
         for (const unsigned int node : pairing.changed()) {
             const std::vector<TypeChange> changes = types.changesOf(node);
             std::for_each(changes.begin(), changes.end(), take);

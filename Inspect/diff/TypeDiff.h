@@ -2,6 +2,7 @@
 
 #include "Inspect/diff/TypeChange.h"
 #include "Inspect/model/TypeTable.h"
+#include "Inspect/words/TypeText.h"
 
 #include <cstddef>
 #include <functional>
@@ -65,8 +66,10 @@ public:
     /// The ids of the types of B that were added, in ascending order.
     const std::vector<unsigned int>& added() const { return m_added; }
 
-    /// Passes each change to `take`, in the order of the ids in A, and returns the counts.
-    Counts eachChange(const std::function<void(const TypeChange&)>& take) const;
+    /// Passes each change to `take`, in the order of the ids in A, and returns the counts. `lists`
+    /// says how the changes have long lists of ranges.
+    Counts eachChange(const std::function<void(const TypeChange&)>& take,
+                      RangeLists lists = RangeLists::SHORT) const;
 
 private:
     class Comparison;

@@ -45,11 +45,11 @@ public:
     TextPrinter(std::ostream& out, const TypeDiff& diff, const TextStyle& style)
         : m_out(out), m_diff(diff), m_style(style) {}
 
-    void print() {
+    void print(RangeLists lists) {
         for (const unsigned int id : m_diff.removed())
             type(Ink::REMOVED, "removed", m_diff.a(), id);
         const TypeDiff::Counts counts =
-            m_diff.eachChange([&](const TypeChange& one) { change(one); });
+            m_diff.eachChange([&](const TypeChange& one) { change(one); }, lists);
         for (const unsigned int id : m_diff.added())
             type(Ink::ADDED, "added", m_diff.b(), id);
         summary(counts);
@@ -135,8 +135,9 @@ Json jsonOf(const TypeChange& change, const TypeTable& a) {
 
 } // namespace
 
-void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& style) {
-    TextPrinter(out, diff, style).print();
+void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& style,
+                   RangeLists lists) {
+    TextPrinter(out, diff, style).print(lists);
 }
 
 void printDiffJson(std::ostream& out, const TypeDiff& diff) {
@@ -148,7 +149,8 @@ void printDiffJson(std::ostream& out, const TypeDiff& diff) {
     {
         JsonList list(out, "changed");
         counts =
-            diff.eachChange([&](const TypeChange& change) { list.add(jsonOf(change, diff.a())); });
+            diff.eachChange([&](const TypeChange& change) { list.add(jsonOf(change, diff.a())); },
+                            RangeLists::WHOLE);
     }
     printTypes(out, "added", diff.b(), diff.added());
     const Json json{{"typesOfA", counts.typesOfA}, {"typesOfB", counts.typesOfB},

@@ -1,10 +1,10 @@
 #include "Inspect/diff/TypeShape.h"
 
 #include "Inspect/json/JsonValues.h"
-#include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -17,14 +17,7 @@ using namespace RTTI;
 
 namespace {
 
-/// More ranges than that say no more to a reader.
-constexpr std::size_t RANGES_SHOWN = 8;
-
 using Ranges = std::vector<FullConstraints>;
-
-bool isSame(const FullConstraints& a, const FullConstraints& b) {
-    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
-}
 
 struct SameValue {
     bool operator()(Bits a, Bits b) const { return a.bits == b.bits; }
@@ -34,7 +27,7 @@ struct SameValue {
         return isSame(a, b);
     }
     bool operator()(const Ranges* a, const Ranges* b) const {
-        return std::equal(a->begin(), a->end(), b->begin(), b->end(), isSame);
+        return std::equal(a->begin(), a->end(), b->begin(), b->end(), SameValue());
     }
     bool operator()(double a, double b) const {
         return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
@@ -46,17 +39,10 @@ struct SameValue {
     template <typename A, typename B> bool operator()(const A&, const B&) const { return false; }
 };
 
-std::string rangesText(const Ranges& ranges) {
+std::string rangesText(const Ranges& ranges, RangeLists lists) {
     if (ranges.empty())
         return "no range";
-    if (ranges.size() == 1)
-        return rangeText(ranges[0]);
-    std::string text;
-    for (std::size_t i = 0; i < std::min(ranges.size(), RANGES_SHOWN); ++i)
-        text += fmt::format("{}({})", i == 0 ? "" : " ", rangeText(ranges[i]));
-    return ranges.size() <= RANGES_SHOWN
-               ? text
-               : fmt::format("{} and {} more", text, ranges.size() - RANGES_SHOWN);
+    return ranges.size() == 1 ? rangeText(ranges[0]) : runsText(ranges, lists);
 }
 
 std::string realText(double value) {
@@ -65,6 +51,8 @@ std::string realText(double value) {
 }
 
 struct Words {
+    RangeLists lists;
+
     std::string operator()(Bits value) const { return fmt::format("{:#x}", value.bits); }
     std::string operator()(SVTypeId value) const {
         if (value.id == TypeFileFormat::NO_SV_TYPE_ID)
@@ -73,7 +61,7 @@ struct Words {
     }
     std::string operator()(RawValue value) const { return hexOf(value.bytes); }
     std::string operator()(const FullConstraints& value) const { return rangeText(value); }
-    std::string operator()(const Ranges* value) const { return rangesText(*value); }
+    std::string operator()(const Ranges* value) const { return rangesText(*value, lists); }
     std::string operator()(double value) const { return realText(value); }
     std::string operator()(ValueEncoding value) const { return encodingText(value); }
     std::string operator()(EnumKind value) const { return enumKindText(value); }
@@ -112,7 +100,23 @@ LinkPlace memberPlace(const RTAggregateType& type, unsigned int position) {
 
 } // namespace
 
-std::string fieldText(const FieldValue& value) { return std::visit(Words(), value); }
+std::string fieldText(const FieldValue& value, RangeLists lists) {
+    return std::visit(Words{lists}, value);
+}
+
+std::pair<std::string, std::string> differentTexts(const FieldValue& a, const FieldValue& b,
+                                                   RangeLists lists) {
+    std::pair<std::string, std::string> texts{fieldText(a, lists), fieldText(b, lists)};
+    const auto* const rangesA = std::get_if<const Ranges*>(&a);
+    const auto* const rangesB = std::get_if<const Ranges*>(&b);
+    if (texts.first != texts.second || rangesA == nullptr || rangesB == nullptr)
+        return texts;
+    const auto [fromA, fromB] = std::mismatch((*rangesA)->begin(), (*rangesA)->end(),
+                                              (*rangesB)->begin(), (*rangesB)->end(), SameValue());
+    const std::string place = fmt::format("from [{}] on: ", fromA - (*rangesA)->begin());
+    return {place + rangesText({fromA, (*rangesA)->end()}, lists),
+            place + rangesText({fromB, (*rangesB)->end()}, lists)};
+}
 
 bool isSameValue(const FieldValue& a, const FieldValue& b) { return std::visit(SameValue(), a, b); }
 

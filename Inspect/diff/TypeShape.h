@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Inspect/model/TypeFields.h"
+#include "Inspect/words/TypeText.h"
 #include "RTTI/RTType.h"
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -16,8 +18,13 @@ using FieldValue =
                  const std::vector<RTTI::FullConstraints>*, unsigned int, int, long long, double,
                  RTTI::ValueEncoding, RTTI::EnumKind, RTTI::ArrayKind, RTTI::RecordKind>;
 
-/// A field's value in words; values that differ have different words. A long list of ranges is cut.
-std::string fieldText(const FieldValue& value);
+/// A field's value in words.
+std::string fieldText(const FieldValue& value, RangeLists lists);
+
+/// Two different values in words that differ too: of lists of ranges that look the same once they
+/// are shortened, what follows their common beginning.
+std::pair<std::string, std::string> differentTexts(const FieldValue& a, const FieldValue& b,
+                                                   RangeLists lists);
 
 bool isSameValue(const FieldValue& a, const FieldValue& b);
 

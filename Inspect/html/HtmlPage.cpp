@@ -32,7 +32,7 @@ namespace {
 /// types is shown.
 constexpr unsigned int TYPES_IN_CHUNK = 1000;
 
-/// Runs of equal ranges that the page has of a type.
+/// Runs of equal ranges that the page has of a type, unless all are wanted.
 constexpr std::size_t MOST_RUNS = 1000;
 constexpr unsigned long long MOST_RECORD_BYTES = 1ULL << 20;
 
@@ -226,26 +226,30 @@ void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
     writeBlock("details", list);
 }
 
-/// Null where there is no type.
-/// What types without names are, by id.
+/// What types without names are, by id: alone, and behind their kind.
 Json HtmlPage::shapesOf(unsigned int first, unsigned int end) const {
     Json shapes = Json::object();
     for (unsigned int id = first; id < end; ++id) {
         const RTBaseType* type = m_source.types.typeOf(id);
         if (type != nullptr && !isGivenName(type->m_name))
-            shapes[std::to_string(id)] = shapeOf(m_source.types, id, *type);
+            shapes[std::to_string(id)] = {shapeOf(m_source.types, id, *type),
+                                          shapeBehindKind(m_source.types, id, type)};
     }
     return shapes;
 }
 
+/// Null where there is no type.
 Json HtmlPage::detailsOf(unsigned int id) const {
     const RTBaseType* type = m_source.types.typeOf(id);
     if (type == nullptr)
         return {};
-    const PopulatedConstraints flattened = populateTypeConstraints(*type, MOST_WALK_STEPS);
+    const PopulatedConstraints flattened =
+        populateTypeConstraints(*type, mostWalkSteps(m_source.lists));
+    const std::size_t most =
+        m_source.lists == RangeLists::WHOLE ? flattened.ranges.size() : MOST_RUNS;
     Json runs = Json::array();
-    for (const RangeRun& run : runsOf(flattened.ranges, MOST_RUNS))
-        runs.push_back(Json::array({run.count, run.range.si, run.range.ei, run.range.dir}));
+    for (const auto& run : runsOf(flattened.ranges, most))
+        runs.push_back(Json::array({run.count, run.entry.si, run.entry.ei, run.entry.dir}));
     return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
                         m_declarations.declarationOf(id), flattened.ranges.size(),
                         flattened.isComplete, std::move(runs)});

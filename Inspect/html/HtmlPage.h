@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Inspect/model/TypeTable.h"
+#include "Inspect/words/TypeText.h"
 #include "OVAT/IBlockManager.h"
 
 #include <functional>
@@ -11,12 +12,13 @@ namespace Inspect {
 
 /// The type file that a page shows.
 struct HtmlSource {
-    std::string title;                  ///< The name of the file; any bytes.
-    std::string version;                ///< The version text in its header.
-    OVAT::IBlockManager& storage;       ///< The storage that contains the file.
-    unsigned long long storageSize = 0; ///< The size of the storage in bytes.
-    unsigned long long baseOffset = 0;  ///< Storage offset of the header.
-    TypeTable types;                    ///< The types, all of them loaded.
+    std::string title;                    ///< The name of the file; any bytes.
+    std::string version;                  ///< The version text in its header.
+    OVAT::IBlockManager& storage;         ///< The storage that contains the file.
+    unsigned long long storageSize = 0;   ///< The size of the storage in bytes.
+    unsigned long long baseOffset = 0;    ///< Storage offset of the header.
+    TypeTable types;                      ///< The types, all of them loaded.
+    RangeLists lists = RangeLists::SHORT; ///< How much the page has of long lists of ranges.
 };
 
 /// Writes a self-contained HTML page: a list of the types that can be searched and filtered and,
@@ -26,8 +28,9 @@ struct HtmlSource {
 /// The page is ASCII. Names are escaped, and nothing in them is interpreted as HTML or script: a
 /// policy in the page allows only its own script and style. Types are written a thousand at a time,
 /// so memory use does not grow with the page; `progress`, if given, is called with the number of
-/// types done. The page contains at most 1000 flattened ranges of a type and the first MiB of a
-/// record. Exceptions of the storage pass through.
+/// types done. Unless lists of ranges are wanted whole, the page contains at most 1000 runs of
+/// equal flattened ranges of a type. It contains the first MiB of a record. Exceptions of the
+/// storage pass through.
 void writeHtmlPage(std::ostream& out, const HtmlSource& source,
                    const std::function<void(unsigned int done)>& progress = {});
 

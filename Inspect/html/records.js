@@ -96,7 +96,7 @@ class Records {
         this.count = this.file.count;
         this.starts = new Float64Array(this.count + 1);
         this.addresses = new Array(this.count);
-        this.shapes = new Map(); // What types without names are, by id.
+        this.shapes = new Map(); // What types without names are, by id: alone, and behind their kind.
         this.takeRecords(Array.from(root.querySelectorAll("script.records")));
         this.details = Array.from(root.querySelectorAll("script.details"));
         this.takenDetails = new Map();
@@ -179,7 +179,8 @@ class Records {
 
     /** What a list shows for a type: its name, else what it is. */
     labelOf(id) {
-        return this.shapes.get(id) || this.names[id] || this.kinds[id];
+        const [shape] = this.shapes.get(id) || [];
+        return shape || this.names[id] || this.kinds[id];
     }
 
     size(id) {
@@ -210,7 +211,9 @@ class Records {
             return "its record is not in the storage";
         const begin = this.starts[id] + SIZE_AND_KIND;
         const end = Math.min(this.endOfName(begin, this.starts[id + 1]), begin + LONGEST_HEAD_NAME);
-        return `${this.kinds[id]} ${quoted(this.bytes.subarray(begin, end))}`;
+        const name = begin === end ? "" : quoted(this.bytes.subarray(begin, end));
+        const [, shape] = this.shapes.get(id) || [];
+        return [this.kinds[id], name, shape].filter(Boolean).join(" ");
     }
 
     /** The fields of a record, as the loader reads them. */

@@ -183,7 +183,7 @@ class DetailView {
         const shown = details.runs.reduce((sum, run) => sum + run.count, 0);
         if (shown < details.rangeCount || !details.isWalkWhole)
             made.append(element("p", { class: "hint" },
-                                `The page has the first ${shown.toLocaleString("en")} of them.`));
+                                `The page has the first ${shown.toLocaleString("en")} of them; rtti html --all has more.`));
         this.panel.append(made);
     }
 

@@ -1,10 +1,20 @@
 #include "Inspect/model/BitPlaces.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 namespace Inspect {
 
 using namespace RTTI;
+
+bool isSame(const BitStride& a, const BitStride& b) {
+    return a.count == b.count && a.bits == b.bits;
+}
+
+std::string entryText(const BitStride& stride) {
+    return fmt::format("{} every {}", stride.count, stride.bits);
+}
 
 void BitPlaces::meet(const Part& part) {
     m_path.resize(part.depth);

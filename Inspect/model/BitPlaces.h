@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace Inspect {
@@ -15,6 +16,12 @@ struct BitStride {
     std::uint64_t count; ///< Of elements.
     std::uint64_t bits;  ///< From one element to the next.
 };
+
+/// Whether both have as many elements, as many bits apart.
+bool isSame(const BitStride& a, const BitStride& b);
+
+/// A stride as an entry of a list: "4 every 20".
+std::string entryText(const BitStride& stride);
 
 /// The bits of a part in the outermost packed value around it.
 struct BitPlace {

@@ -1,7 +1,5 @@
 #include "Inspect/model/LeafWalk.h"
 
-#include "Inspect/words/TypeText.h"
-
 namespace Inspect {
 
 using namespace RTTI;
@@ -17,6 +15,18 @@ bool hasName(const RTBaseType* type) { return type != nullptr && isGivenName(typ
 
 } // namespace
 
+/// As runs of dimensions have them.
+/// @{
+bool isSame(const Dimension& a, const Dimension& b) {
+    return a.kind == b.kind && isSame(a.range, b.range);
+}
+
+std::string entryText(const Dimension& dimension) {
+    return dimension.kind == Dimension::Kind::RANGE ? entryText(dimension.range)
+                                                    : dimensionText(dimension);
+}
+/// @}
+
 std::string dimensionText(const Dimension& dimension) {
     switch (dimension.kind) {
     case Dimension::Kind::DYNAMIC: return "dynamic";
@@ -24,6 +34,15 @@ std::string dimensionText(const Dimension& dimension) {
     case Dimension::Kind::ASSOCIATIVE: return "associative";
     default: return rangeText(dimension.range);
     }
+}
+
+std::string dimensionsText(const std::vector<Dimension>& dimensions, RangeLists lists) {
+    if (lists == RangeLists::SHORT && dimensions.size() > MOST_RUNS_IN_LINE)
+        return runsText(dimensions);
+    std::string text;
+    for (const Dimension& dimension : dimensions)
+        text += (text.empty() ? "" : ", ") + dimensionText(dimension);
+    return text;
 }
 
 bool LeafWalk::next() {
@@ -93,10 +112,7 @@ void LeafWalk::addDimensions(const Part& part) {
 void LeafWalk::addDimensionsToPath() {
     if (m_dimensions.empty())
         return;
-    m_path += '[';
-    for (const Dimension& dimension : m_dimensions)
-        m_path += (&dimension != &m_dimensions.front() ? ", " : "") + dimensionText(dimension);
-    m_path += ']';
+    m_path += '[' + dimensionsText(m_dimensions, m_lists) + ']';
 }
 
 } // namespace Inspect

@@ -2,6 +2,7 @@
 
 #include "Inspect/model/BitPlaces.h"
 #include "Inspect/model/PartWalk.h"
+#include "Inspect/words/TypeText.h"
 
 #include <optional>
 #include <string>
@@ -20,14 +21,19 @@ struct Dimension {
 /// "7 downto 0", or "dynamic", "queue", "associative".
 std::string dimensionText(const Dimension& dimension);
 
+/// "0 to 3, 7 downto 0". If they are many, they are shown as runs of equal ones, unless they are
+/// wanted whole.
+std::string dimensionsText(const std::vector<Dimension>& dimensions, RangeLists lists);
+
 /// Goes to the leaves of a type, one after the other, as `writeLeaves` describes them. Memory grows
 /// with the depth alone.
 class LeafWalk {
 public:
     /// The walk ends after `maxParts` parts, as PartWalk does. The widths must outlive the walk.
+    /// `lists` says how paths have long lists of dimensions.
     LeafWalk(unsigned int id, const RTTI::RTBaseType* type, PackedWidths& widths,
-             unsigned int maxParts = PartWalk::ANY_NUMBER)
-        : m_walk(id, type, PartWalk::ANY_DEPTH, maxParts), m_places(widths) {}
+             unsigned int maxParts = PartWalk::ANY_NUMBER, RangeLists lists = RangeLists::WHOLE)
+        : m_walk(id, type, PartWalk::ANY_DEPTH, maxParts), m_places(widths), m_lists(lists) {}
 
     /// Goes to the next leaf; false at the end.
     bool next();
@@ -76,6 +82,7 @@ private:
 
     PartWalk m_walk;
     BitPlaces m_places;
+    RangeLists m_lists;
     std::string m_path;
     std::vector<std::size_t> m_pathLengths; ///< With each part on the way.
 

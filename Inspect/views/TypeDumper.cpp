@@ -21,9 +21,6 @@ using namespace RTTI;
 
 namespace {
 
-/// Steps of the walk where flattened ranges are wanted whole.
-constexpr std::size_t MOST_STEPS_WHOLE = 10'000'000;
-
 /// Writes the fields of a type's own class, in the order of its record.
 class FieldWriter : public RTTypeVisitor {
 public:
@@ -146,8 +143,8 @@ public:
             line("type behind", behind(*alias));
         if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))
             line("total dimensions", number(container->getTotalNumDimensions(false)));
-        const PopulatedConstraints flattened = populateTypeConstraints(
-            type, m_lists == RangeLists::WHOLE ? MOST_STEPS_WHOLE : MOST_WALK_STEPS);
+        const PopulatedConstraints flattened =
+            populateTypeConstraints(type, mostWalkSteps(m_lists));
         ranges("flattened constraints", flattened.ranges, flattened.isComplete);
     }
 
@@ -225,14 +222,14 @@ private:
 
     std::string rangesInLine(const std::vector<FullConstraints>& list, bool isComplete) const {
         if (!hasLines(list))
-            return list.empty() ? "none" : number(runsText(list, isComplete));
+            return list.empty() ? "none" : number(runsText(list, RangeLists::SHORT, isComplete));
         return number(list.size()) + (isComplete ? "" : " and more");
     }
 
     void rangeLines(std::string_view indentation, const std::vector<FullConstraints>& list) {
         if (!hasLines(list))
             return;
-        for (const RangeRun& run : runsOf(list, list.size()))
+        for (const auto& run : runsOf(list, list.size()))
             m_out << indentation << number(runText(run)) << '\n';
     }
 

@@ -36,23 +36,18 @@ std::string encodingOf(const LeafWalk& leaf, const TypeTable& types) {
 }
 
 /// "13:12", and "13:12 (4 every 20)" where structs of an array have it 20 bits apart.
-std::string bitsOf(const LeafWalk& leaf) {
+std::string bitsOf(const LeafWalk& leaf, RangeLists lists) {
     if (!leaf.bits())
         return "-";
     const BitPlace& bits = *leaf.bits();
     std::string text = bits.width == 1
                            ? fmt::format("{}", bits.offset)
                            : fmt::format("{}:{}", bits.offset + (bits.width - 1), bits.offset);
-    for (const BitStride& stride : bits.strides)
-        text += fmt::format("{}{} every {}", &stride == &bits.strides.front() ? " (" : ", ",
-                            stride.count, stride.bits);
-    return bits.strides.empty() ? text : text + ')';
+    return bits.strides.empty() ? text : text + " (" + runsText(bits.strides, lists) + ')';
 }
 
-std::string rangesOf(const LeafWalk& leaf) {
-    std::string text;
-    for (const Dimension& dimension : leaf.dimensions())
-        text += (text.empty() ? "" : ", ") + dimensionText(dimension);
+std::string rangesOf(const LeafWalk& leaf, RangeLists lists) {
+    std::string text = dimensionsText(leaf.dimensions(), lists);
     const std::string range =
         leaf.type() != nullptr ? valueRangeText(*leaf.type(), leaf.narrowing()) : "";
     if (!range.empty())
@@ -100,13 +95,14 @@ Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
 
 bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style) {
-    LeafWalk leaf(request.id, types.typeOf(request.id), *types.widths, request.limit);
+    LeafWalk leaf(request.id, types.typeOf(request.id), *types.widths, request.limit,
+                  request.lists);
     while (out && leaf.next())
         out << column(style, Ink::NAME, leaf.path(), PATH_WIDTH)
             << column(style, Ink::KEYWORD, typeText(types, leaf), TYPE_WIDTH)
             << column(style, Ink::COMMENT, encodingOf(leaf, types), ENCODING_WIDTH)
-            << column(style, Ink::NUMBER, bitsOf(leaf), BITS_WIDTH)
-            << style.paint(Ink::NUMBER, rangesOf(leaf)) << '\n';
+            << column(style, Ink::NUMBER, bitsOf(leaf, request.lists), BITS_WIDTH)
+            << style.paint(Ink::NUMBER, rangesOf(leaf, request.lists)) << '\n';
     if (leaf.isCut())
         out << style.paint(Ink::COMMENT, "... and more") << '\n';
     return !leaf.isCut();

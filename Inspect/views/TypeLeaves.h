@@ -27,6 +27,9 @@ struct LeavesRequest {
 
     /// The largest number of parts that the walk goes to on its way to the leaves; see TreeRequest.
     unsigned int limit = TreeRequest().limit;
+
+    /// How the text shows long lists of dimensions, those in the paths included.
+    RangeLists lists = RangeLists::SHORT;
 };
 
 /// Writes one line for each leaf: path, type, encoding, bits and ranges, with "-" for anything that
@@ -35,7 +38,7 @@ struct LeavesRequest {
 bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style);
 
-/// Writes the leaves as a list of objects. False if the limit cut it.
+/// Writes the leaves as a list of objects, with all dimensions. False if the limit cut it.
 bool writeLeavesJson(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                      JsonForm form);
 

@@ -65,12 +65,13 @@ std::string besides(const RTBaseType& type, const TypeTable& types, const TextSt
     }
 }
 
-std::string detailsOf(const Part& part, const TypeTable& types, const TextStyle& style) {
+std::string detailsOf(const Part& part, const TypeTable& types, RangeLists lists,
+                      const TextStyle& style) {
     if (part.type == nullptr)
         return "";
     std::string text;
     if (!part.ranges.empty())
-        text += ' ' + style.paint(Ink::NUMBER, runsText(part.ranges));
+        text += ' ' + style.paint(Ink::NUMBER, runsText(part.ranges, lists));
     const std::string range = valueRangeText(*part.type, part.narrowing);
     if (!range.empty())
         text += ' ' + style.paint(Ink::NUMBER, range);
@@ -106,7 +107,8 @@ bool writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& req
     while (out && walk.next()) {
         const Part& part = walk.part();
         out << branches.before(part) << roleText(part)
-            << labelOf(types, part.typeId, part.type, style) << detailsOf(part, types, style);
+            << labelOf(types, part.typeId, part.type, style)
+            << detailsOf(part, types, request.lists, style);
         if (part.hasParts && part.depth >= request.depth)
             out << ' ' << style.paint(Ink::COMMENT, "...");
         out << '\n';

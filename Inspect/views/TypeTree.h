@@ -3,6 +3,7 @@
 #include "Inspect/json/TypeJsonWriter.h"
 #include "Inspect/model/TypeTable.h"
 #include "Inspect/words/TextStyle.h"
+#include "Inspect/words/TypeText.h"
 
 #include <limits>
 #include <ostream>
@@ -19,6 +20,8 @@ struct TreeRequest {
     /// The largest number of parts that the walk goes to, those that lie too deep included. The
     /// largest tree of the example designs has fewer; a short file can hold one of 2^40.
     unsigned int limit = 10'000'000;
+
+    RangeLists lists = RangeLists::SHORT; ///< How the text shows long lists of ranges.
 };
 
 // A tree shows what a type is made of, with one line for each part and the parts of a type below
@@ -36,7 +39,8 @@ struct TreeRequest {
 bool writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                const TextStyle& style);
 
-/// Writes the tree as a list of parts, each with its depth and its role. False if the limit cut it.
+/// Writes the tree as a list of parts, each with its depth, its role and all its ranges. False if
+/// the limit cut it.
 bool writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                    JsonForm form);
 

@@ -34,10 +34,6 @@ bool hasAllLiterals(const RTSeqEnumType& type, const FullConstraints& range) {
            range.ei + 1LL == static_cast<long long>(type.m_enumeratorNames.size());
 }
 
-bool isSame(const FullConstraints& a, const FullConstraints& b) {
-    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
-}
-
 } // namespace
 
 std::string escaped(std::string_view text) {
@@ -90,37 +86,11 @@ std::string rangeText(const FullConstraints& range) {
     return fmt::format("open ({}, {})", range.si, range.ei);
 }
 
-std::vector<RangeRun> runsOf(const std::vector<FullConstraints>& ranges, std::size_t most) {
-    std::vector<RangeRun> runs;
-    for (const FullConstraints& range : ranges) {
-        if (!runs.empty() && isSame(runs.back().range, range))
-            ++runs.back().count;
-        else if (runs.size() == most)
-            break;
-        else
-            runs.push_back({range, 1});
-    }
-    return runs;
+bool isSame(const FullConstraints& a, const FullConstraints& b) {
+    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
 }
 
-std::string runText(const RangeRun& run) {
-    const std::string text = '(' + rangeText(run.range) + ')';
-    return run.count == 1 ? text : fmt::format("{} x {}", text, run.count);
-}
-
-std::string runsText(const std::vector<FullConstraints>& ranges, bool isComplete) {
-    std::string text;
-    std::size_t shown = 0;
-    for (const RangeRun& run : runsOf(ranges, MOST_RUNS_IN_LINE)) {
-        text += (text.empty() ? "" : ", ") + runText(run);
-        shown += run.count;
-    }
-    if (!isComplete)
-        return fmt::format("{}, ... more than {} in all", text, ranges.size());
-    if (shown < ranges.size())
-        return fmt::format("{}, ... {} in all", text, ranges.size());
-    return text.empty() ? "none" : text;
-}
+std::string entryText(const FullConstraints& range) { return '(' + rangeText(range) + ')'; }
 
 std::string valueRangeText(const RTBaseType& type, const FullConstraints* narrowing) {
     switch (type.GetClassId()) {

@@ -30,29 +30,72 @@ std::string pathName(const char* name);
 /// A range as text: "7 downto 0", "0 to 15", "open".
 std::string rangeText(const RTTI::FullConstraints& range);
 
-/// A run of equal ranges.
-struct RangeRun {
-    RTTI::FullConstraints range; ///< The range that is repeated.
-    std::size_t count;           ///< How many there are, at least 1.
+/// How long lists of ranges are shown.
+enum class RangeLists {
+    SHORT, ///< The first few runs of equal ranges, and the total number.
+    WHOLE  ///< Completely.
 };
 
-/// The first `most` runs of equal ranges in a list.
-std::vector<RangeRun> runsOf(const std::vector<RTTI::FullConstraints>& ranges, std::size_t most);
+/// The largest number of steps for flattening the ranges of a type that is shown: a short file can
+/// hold a type with any number of ranges. A million, or ten million where they are wanted whole.
+constexpr std::size_t mostWalkSteps(RangeLists lists) {
+    return lists == RangeLists::WHOLE ? 10'000'000 : 1'000'000;
+}
 
-/// `(7 downto 0)`, followed by ` x 5` for a run of 5.
-std::string runText(const RangeRun& run);
-
-/// The default limit of steps for flattening the ranges of a type that is shown: a short file can
-/// hold a type with any number of ranges.
-inline constexpr std::size_t MOST_WALK_STEPS = 1'000'000;
-
-/// The largest number of runs in a line.
+/// The largest number of runs in a line that is short.
 inline constexpr std::size_t MOST_RUNS_IN_LINE = 8;
 
-/// A list of ranges, shortened: `(31 downto 0) x 5, (63 downto 0), ... 3764 in all`. If
-/// `isComplete` is false there are more ranges than given, and the text says so. "none" for an
-/// empty list.
-std::string runsText(const std::vector<RTTI::FullConstraints>& ranges, bool isComplete = true);
+/// Whether both have the same bounds and direction.
+bool isSame(const RTTI::FullConstraints& a, const RTTI::FullConstraints& b);
+
+/// A range as an entry of a list: `(7 downto 0)`.
+std::string entryText(const RTTI::FullConstraints& range);
+
+/// A run of equal entries of a list: of ranges, or of anything else that has the two functions
+/// above.
+template <typename Entry> struct Run {
+    Entry entry;       ///< What is repeated.
+    std::size_t count; ///< How many there are, at least 1.
+};
+
+/// The first `most` runs of equal entries in a list.
+template <typename Entry>
+std::vector<Run<Entry>> runsOf(const std::vector<Entry>& entries, std::size_t most) {
+    std::vector<Run<Entry>> runs;
+    for (const Entry& entry : entries) {
+        if (!runs.empty() && isSame(runs.back().entry, entry))
+            ++runs.back().count;
+        else if (runs.size() == most)
+            break;
+        else
+            runs.push_back({entry, 1});
+    }
+    return runs;
+}
+
+/// The entry, followed by ` x 5` for a run of 5.
+template <typename Entry> std::string runText(const Run<Entry>& run) {
+    return entryText(run.entry) + (run.count == 1 ? "" : " x " + std::to_string(run.count));
+}
+
+/// A list in one line: `(31 downto 0) x 5, (63 downto 0), ... 3764 in all`. If `isComplete` is
+/// false there are more entries than given, and the text says so. "none" for an empty list.
+template <typename Entry>
+std::string runsText(const std::vector<Entry>& entries, RangeLists lists = RangeLists::SHORT,
+                     bool isComplete = true) {
+    std::string text;
+    std::size_t shown = 0;
+    for (const Run<Entry>& run :
+         runsOf(entries, lists == RangeLists::WHOLE ? entries.size() : MOST_RUNS_IN_LINE)) {
+        text += (text.empty() ? "" : ", ") + runText(run);
+        shown += run.count;
+    }
+    if (!isComplete)
+        return text + ", ... more than " + std::to_string(entries.size()) + " in all";
+    if (shown < entries.size())
+        return text + ", ... " + std::to_string(entries.size()) + " in all";
+    return text.empty() ? "none" : text;
+}
 
 /// The range of the values of an integer, real, enumeration or physical type: that of the type, or
 /// `narrowing` if it is not null. Empty if the type has none, for an enumeration with all of its

@@ -17,6 +17,7 @@
 
 namespace {
 
+using testing::AnyOf;
 using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -217,6 +218,39 @@ TEST(Force, OpensAFileThatIsMarkedAsUnusable) {
     const Result forced = rtti("stats --force " + file); // The library loads no type of it.
     EXPECT_EQ(forced.status, 0);
     EXPECT_THAT(forced.out, HasSubstr("\n0 types in 0 bytes"));
+}
+
+/// A type file with an array "a" of twenty dimensions, the last of which has a bound.
+std::string longArray(const std::string& name, int lastBound) {
+    std::string ranges, indexes;
+    for (int i = 0; i < 20; ++i) {
+        const std::string comma = i == 0 ? "" : ",";
+        const int bound = i < 19 ? i : lastBound;
+        ranges += comma + R"({"si":)" + std::to_string(bound) + R"(,"ei":0,"dir":0})";
+        indexes += comma + '0';
+    }
+    const std::string json = fileOf(
+        R"({"types":[{"id":0,"kind":"integer","name":"i","range":{"si":0,"ei":7,"dir":1}},)"
+        R"({"id":1,"kind":"array","name":"a","arrayKind":"VHDL_ARRAY","elementType":0,"indexTypes":[)" +
+        indexes + R"(],"constraints":[)" + ranges + "]}]}");
+    const std::string file = scratch(name);
+    EXPECT_EQ(rtti("build " + json + " -o " + file).err, "");
+    return file;
+}
+
+TEST(All, ShowsLongListsOfRangesWholeInEverySubcommand) {
+    const std::string file = longArray("long.typ", 100), other = longArray("other.typ", 200);
+    for (const std::string& call : {"dump " + file, "show " + file + " 1", "tree " + file + " 1",
+                                    "leaves " + file + " 1", "diff " + file + ' ' + other}) {
+        const std::string part = call.substr(0, call.find(' '));
+        const auto shown = [&](const std::string& text) { // Without the declaration.
+            return rtti(text + " | grep -v '^  *declaration:'").out;
+        };
+        EXPECT_THAT(shown(call), AnyOf(HasSubstr(" ... 20 in all"), HasSubstr("from [19] on")));
+        EXPECT_THAT(shown(call), Not(HasSubstr("15 downto 0"))) << part;
+        EXPECT_THAT(shown(call + " --all"), HasSubstr("15 downto 0")) << part;
+        EXPECT_THAT(shown(call + " --all"), Not(HasSubstr(" in all"))) << part;
+    }
 }
 
 TEST(TypeName, StandsForItsIdEverywhere) {

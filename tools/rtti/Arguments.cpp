@@ -58,6 +58,12 @@ void reportPartLimit(bool isWhole, unsigned int limit) {
                   << " parts: the rest is left out (see --limit)\n";
 }
 
+void addRangeLists(CLI::App& subcommand, Inspect::RangeLists& lists) {
+    subcommand.add_flag_callback(
+        "--all", [&lists] { lists = Inspect::RangeLists::WHOLE; },
+        "Show long lists of ranges completely");
+}
+
 CLI::Option* addChoice(CLI::App& subcommand, const std::string& name, std::string& choice,
                        const std::vector<std::string>& words, const std::string& what,
                        const std::string& description) {

@@ -2,6 +2,7 @@
 
 #include "Inspect/json/TypeJsonWriter.h"
 #include "Inspect/words/TextStyle.h"
+#include "Inspect/words/TypeText.h"
 
 #include <map>
 #include <optional>
@@ -71,6 +72,9 @@ void addPartLimit(CLI::App& subcommand, unsigned int& limit);
 
 /// Says on standard error that a walk ended at its limit, unless it is whole.
 void reportPartLimit(bool isWhole, unsigned int limit);
+
+/// --all, for long lists of ranges.
+void addRangeLists(CLI::App& subcommand, Inspect::RangeLists& lists);
 
 /// An option that takes one of a few words; `what` is the word for these in --help.
 CLI::Option* addChoice(CLI::App& subcommand, const std::string& name, std::string& choice,

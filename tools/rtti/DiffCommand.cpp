@@ -15,6 +15,7 @@ namespace {
 struct DiffOptions : ColorArguments {
     FileArguments a, b;
     bool json = false;
+    Inspect::RangeLists lists = Inspect::RangeLists::SHORT;
 };
 
 /// Prints the differences between the types of two files to standard output. The exit status: 0 for
@@ -28,7 +29,7 @@ int runDiff(const DiffOptions& options) {
     if (options.json)
         Inspect::printDiffJson(std::cout, diff);
     else
-        Inspect::printDiffText(std::cout, diff, options.style());
+        Inspect::printDiffText(std::cout, diff, options.style(), options.lists);
     const bool isSame = diff.verdict() == Inspect::DiffVerdict::IDENTICAL ||
                         diff.verdict() == Inspect::DiffVerdict::RENUMBERED;
     return isSame ? ExitStatus::DONE : ExitStatus::FAULTY;
@@ -46,6 +47,7 @@ Subcommand addDiff(CLI::App& program) {
     diff->add_flag_callback(
         "--force", [options] { options->a.force = options->b.force = true; },
         "Load files even if they have errors");
+    addRangeLists(*diff, options->lists);
     diff->add_flag("--json", options->json, "Print the differences as JSON");
     addColorArgument(*diff, *options);
     diff->footer("Types are compared by kind, name and shape, never by id. The verdicts are\n"

@@ -28,7 +28,7 @@ struct DumpOptions : FileArguments, ColorArguments {
     bool trace = false;
     bool json = false;
     bool ndjson = false;
-    bool all = false; ///< Whether to print lists of ranges completely.
+    Inspect::RangeLists lists = Inspect::RangeLists::SHORT;
     bool ids = false; ///< Whether to print ids above declarations.
 };
 
@@ -120,9 +120,7 @@ private:
         else if (m_declarations)
             declare(id);
         else
-            Inspect::dumpType(std::cout, id, *type, m_types, m_style,
-                              m_options.all ? Inspect::RangeLists::WHOLE
-                                            : Inspect::RangeLists::SHORT);
+            Inspect::dumpType(std::cout, id, *type, m_types, m_style, m_options.lists);
     }
 
     /// What is chosen gets a declaration, even if its users do without.
@@ -200,7 +198,7 @@ Subcommand addDump(CLI::App& program) {
     addChoice(*dump, "--format", options->format, {"vhdl", "sv"}, "LANGUAGE",
               "Print declarations that a compiler reads, in VHDL or SystemVerilog");
     dump->add_flag("--ids", options->ids, "Print the id of each type above its declaration");
-    dump->add_flag("--all", options->all, "Print long lists of ranges completely");
+    addRangeLists(*dump, options->lists);
     dump->add_flag("--trace", options->trace, "Print the debug trace of the load instead");
     dump->add_flag("--json", options->json, "Print a JSON document that rtti build reads");
     dump->add_flag("--ndjson", options->ndjson, "The same, with one JSON object on each line");

@@ -15,6 +15,7 @@ namespace {
 /// `rtti html`: which file, and where the page goes.
 struct HtmlOptions : FileArguments {
     std::string output;
+    Inspect::RangeLists lists = Inspect::RangeLists::SHORT;
 };
 
 /// Writes the page of a file. The exit status is 0. Throws for a wrong call, an unusable file, and
@@ -26,7 +27,8 @@ int runHtml(const HtmlOptions& options) {
     Progress progress("writing " + options.output, types.count);
     Inspect::writeHtmlPage(page.stream(),
                            {std::filesystem::path(options.file).filename().string(), file.version(),
-                            file.storage(), file.storage().size(), options.offset, types},
+                            file.storage(), file.storage().size(), options.offset, types,
+                            options.lists},
                            [&](unsigned int done) { progress.at(done); });
     page.commit();
     return ExitStatus::DONE;
@@ -41,6 +43,7 @@ Subcommand addHtml(CLI::App& program) {
     addFileArguments(*html, *options);
     html->add_option("-o,--output", options->output, "HTML file to write; - for standard output")
         ->required();
+    addRangeLists(*html, options->lists);
     html->footer("The page is a single file and needs no network.\n\n"
                  "Example:\n  rtti html examples/typefiles/ibex_slang.typ -o ibex.html");
     return {html, [options] { return runHtml(*options); }};

@@ -34,11 +34,12 @@ int runLeaves(LeavesOptions& options) {
 
 Subcommand addLeaves(CLI::App& program) {
     const auto options = std::make_shared<LeavesOptions>();
-    CLI::App* leaves = program.add_subcommand(
-        "leaves", "List the values that a type is made of: path, type, encoding, bits, ranges");
+    CLI::App* leaves =
+        program.add_subcommand("leaves", "List the values in a type, with bits and ranges");
     addFileArguments(*leaves, *options);
     addTypeArgument(*leaves, options->type)->required();
     addPartLimit(*leaves, options->request.limit);
+    addRangeLists(*leaves, options->request.lists);
     addJsonArguments(*leaves, *options);
     addColorArgument(*leaves, *options);
     leaves->footer("A leaf is a value, or an array of values with all of its dimensions. An array "

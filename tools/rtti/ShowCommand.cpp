@@ -18,15 +18,14 @@ namespace {
 /// `rtti show`: which type of which file.
 struct ShowOptions : FileArguments, ColorArguments {
     std::string type;
-    bool all = false; ///< Whether to print lists of ranges completely.
+    Inspect::RangeLists lists = Inspect::RangeLists::SHORT;
 };
 
 /// Prints a type with its neighbours.
 class Show {
 public:
-    Show(OpenedFile& file, const Inspect::TextStyle& style, bool all)
-        : m_file(file), m_style(style),
-          m_lists(all ? Inspect::RangeLists::WHOLE : Inspect::RangeLists::SHORT) {}
+    Show(OpenedFile& file, const Inspect::TextStyle& style, Inspect::RangeLists lists)
+        : m_file(file), m_style(style), m_lists(lists) {}
 
     void type(unsigned int id) const {
         if (const RTBaseType* shown = m_types.typeOf(id))
@@ -76,7 +75,7 @@ private:
 int runShow(const ShowOptions& options) {
     OpenedFile file(options);
     const unsigned int id = file.idOf("TYPE", options.type);
-    const Show show(file, options.style(), options.all);
+    const Show show(file, options.style(), options.lists);
     show.type(id);
     show.referredTypes(id);
     show.referringTypes(id);
@@ -91,7 +90,7 @@ Subcommand addShow(CLI::App& program) {
     addFileArguments(*show, *options);
     addTypeArgument(*show, options->type)->required();
     addColorArgument(*show, *options);
-    show->add_flag("--all", options->all, "Print long lists of ranges completely");
+    addRangeLists(*show, options->lists);
     show->footer("Example:\n  rtti show examples/typefiles/ibex_slang.typ ibex_pkg::md_op_e");
     return {show, [options] { return runShow(*options); }};
 }

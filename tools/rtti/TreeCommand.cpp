@@ -39,6 +39,7 @@ Subcommand addTree(CLI::App& program) {
     addTypeArgument(*tree, options->type)->required();
     addNumber(*tree, "--depth", options->request.depth, "Levels to show below the type (all)");
     addPartLimit(*tree, options->request.limit);
+    addRangeLists(*tree, options->request.lists);
     addJsonArguments(*tree, *options);
     addColorArgument(*tree, *options);
     tree->footer(

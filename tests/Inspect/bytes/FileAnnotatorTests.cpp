@@ -1,6 +1,7 @@
 // A whole file's bytes as text and JSON, with what the verifier finds at its place.
 
 #include "Inspect/bytes/FileAnnotator.h"
+#include "Inspect/declarations/TypeLabel.h"
 #include "OVAT/FileBlockManager.h"
 #include "tests/support/TypeFileBuilder.h"
 
@@ -104,6 +105,43 @@ TEST(FileAnnotator, ShowsOneTypeWithItsAddress) {
               "  00000030  73 00                                name                        "
               "\"s\"\n"
               "  00000032  00 00 00 00                          flags                       0x0\n");
+}
+
+/// A typedef "t" of an array of bits that has no name, and another type.
+std::string annotatedNameless(unsigned int otherKind, bool force) {
+    TypeFileBuilder file;
+    file.record(ClassId::SEQ_ENUM, "bit").u32(1).u32(1).u32(2).str("0").str("1").u32(1);
+    file.record(ClassId::ARRAY, "").u32(VLOG_FIXED_PACKED_ARRAY).u32(0).u32(1).u32(0);
+    file.u32(1).range(7, 0, 0).i32(-99);
+    file.record(ClassId::TYPEDEF, "t").u32(1).u32(0).record(otherKind, "s");
+    const std::string image = file.image();
+    RecordingBlockManager storage(image);
+    RTTypeManager manager;
+    manager.setupDeserializer(storage, 0);
+    const TypeTable types{4, [&](unsigned int id) { return manager.getRTType(id); }};
+    Annotation annotation;
+    annotation.shapeOf = [&](unsigned int id) {
+        return shapeBehindKind(types, id, types.typeOf(id));
+    };
+    annotation.force = force;
+    return annotated(image, annotation).text;
+}
+
+TEST(FileAnnotator, DescribesTypesWithoutNamesByTheirShapes) {
+    const std::string text = annotatedNameless(ClassId::STRING, false);
+    EXPECT_THAT(text, HasSubstr("\ntype 1 at 0x4c: packed array bit [7:0], 49 bytes\n"));
+    EXPECT_THAT(text,
+                HasSubstr("address[1]                  0x4c          packed array bit [7:0]\n"));
+    EXPECT_THAT(text,
+                HasSubstr("data type id                1             packed array bit [7:0]\n"));
+}
+
+TEST(FileAnnotator, LoadsTypesOfAFileWithErrorsOnlyByForce) {
+    constexpr unsigned int UNKNOWN_KIND = 0xA0000040;
+    EXPECT_THAT(annotatedNameless(UNKNOWN_KIND, false),
+                HasSubstr("\ntype 1 at 0x4c: packed array, 49 bytes\n"));
+    EXPECT_THAT(annotatedNameless(UNKNOWN_KIND, true),
+                HasSubstr("\ntype 1 at 0x4c: packed array bit [7:0], 49 bytes\n"));
 }
 
 TEST(FileAnnotator, ShowsWhatLiesBetweenRecords) {
@@ -323,8 +361,15 @@ TEST(FileAnnotator, ShowsOneTypeOfEachKindAsRecorded) {
     std::string text;
     for (const auto& [name, id] : EVERY_KIND) {
         OVAT::FileBlockManager storage(std::string(EXAMPLE_TYPEFILES_DIR "/") + name + ".typ");
+        RTTypeManager manager;
+        manager.setupDeserializer(storage, 0);
+        const TypeTable types{id + 1, [&](unsigned int other) { return manager.getRTType(other); }};
+        Annotation annotation = ofType(id);
+        annotation.shapeOf = [&](unsigned int other) {
+            return shapeBehindKind(types, other, types.typeOf(other));
+        };
         std::ostringstream out;
-        annotate(out, storage, storage.size(), ofType(id));
+        annotate(out, storage, storage.size(), annotation);
         text += std::string("$ rtti annotate ") + name + ".typ " + std::to_string(id) + '\n' +
                 out.str() + '\n';
     }

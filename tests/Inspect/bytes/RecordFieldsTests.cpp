@@ -328,7 +328,7 @@ TEST(RecordHead, HasKindAndNameOfARecord) {
     const RecordHead head = recordHeadAt(window, file.address(0));
     EXPECT_EQ(head.kindCode, ClassId::ARRAY);
     EXPECT_EQ(head.kind, "packed array");
-    EXPECT_EQ(head.name, "\"mem\"");
+    EXPECT_EQ(head.label, "\"mem\"");
     EXPECT_TRUE(head.isThere);
     EXPECT_FALSE(recordHeadAt(window, image.size() - 7).isThere);
     EXPECT_FALSE(recordHeadAt(window, ~0ULL).isThere);

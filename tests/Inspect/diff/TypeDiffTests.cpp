@@ -210,6 +210,39 @@ TEST(TypeDiffs, SharedTypeThatChangedHasOneLine) {
         ElementsAre("byte: range 0 to 255 -> 0 to 127"));
 }
 
+/// What became of a typedef with ten distinct ranges whose first and last ones were others.
+TypeList tenRanges(int first, int last) {
+    TypeList types;
+    types.integer("int");
+    auto& alias = types.alias("t", 0);
+    for (int i = 0; i < 10; ++i)
+        alias.m_constraints.push_back({i == 0 ? first : i == 9 ? last : i, 0, 0});
+    return types;
+}
+
+TEST(TypeDiffs, LongListsOfRangesAreShort) {
+    const std::string rest = ", (1 downto 0), (2 downto 0), (3 downto 0), (4 downto 0), "
+                             "(5 downto 0), (6 downto 0), (7 downto 0), ... 10 in all";
+    EXPECT_THAT(linesOf(tenRanges(40, 9), tenRanges(50, 9)),
+                ElementsAre("t: constraints (40 downto 0)" + rest + " -> (50 downto 0)" + rest));
+}
+
+TEST(TypeDiffs, ListsThatDifferBehindWhatIsShownAreToldFromThereOn) {
+    EXPECT_THAT(linesOf(tenRanges(40, 9), tenRanges(40, 10)),
+                ElementsAre("t: constraints from [9] on: 9 downto 0 -> from [9] on: 10 downto 0"));
+}
+
+TEST(TypeDiffs, LongListsOfRangesAreWholeOnRequest) {
+    const TypeList a = tenRanges(40, 9), b = tenRanges(40, 10);
+    TypeDiff(a.table(), b.table())
+        .eachChange(
+            [](const Inspect::TypeChange& change) {
+                EXPECT_THAT(change.before.value(), testing::EndsWith("(8 downto 0), (9 downto 0)"));
+                EXPECT_THAT(change.after.value(), testing::EndsWith("(8 downto 0), (10 downto 0)"));
+            },
+            Inspect::RangeLists::WHOLE);
+}
+
 TEST(TypeDiffs, StepsOfAPathNameTheReference) {
     const auto steps = [](auto link) {
         TypeList a, b;

@@ -23,14 +23,15 @@ using testing::Not;
 /// The page of a built file, with its data taken apart.
 class Page {
 public:
-    explicit Page(const TypeFileBuilder& file, unsigned int count, const std::string& title = "t") {
+    explicit Page(const TypeFileBuilder& file, unsigned int count, const std::string& title = "t",
+                  RangeLists lists = RangeLists::SHORT) {
         const std::string image = file.image();
         RecordingBlockManager storage(image);
         RTTypeManager manager;
         manager.setupDeserializer(storage, file.baseOffset());
         const TypeTable types{count, [&](unsigned int id) { return manager.getRTType(id); }};
         std::ostringstream out;
-        writeHtmlPage(out, {title, "V 1", storage, image.size(), file.baseOffset(), types},
+        writeHtmlPage(out, {title, "V 1", storage, image.size(), file.baseOffset(), types, lists},
                       [this](unsigned int done) { m_progress.push_back(done); });
         m_text = out.str();
     }
@@ -95,7 +96,7 @@ TEST(HtmlPage, HasTheShapesOfTypesWithoutNames) {
     file.record(ClassId::ARRAY, "").u32(VLOG_FIXED_PACKED_ARRAY).u32(0).u32(1).u32(0);
     file.u32(1).range(7, 0, 0).i32(-99);
     const json records = Page(file, 2).blocks("records").at(0);
-    EXPECT_EQ(records["shapes"], json({{"1", "bit [7:0]"}}));
+    EXPECT_EQ(records["shapes"], json({{"1", {"bit [7:0]", "bit [7:0]"}}}));
 }
 
 TEST(HtmlPage, SaysWhereThereIsNoType) {
@@ -126,6 +127,22 @@ TEST(HtmlPage, HasTheFirstMebibyteOfARecord) {
     const json records = Page(file, 1).blocks("records").at(0);
     EXPECT_EQ(records["sizes"], json::array({1 << 20}));
     EXPECT_EQ(records["bytes"].get<std::string>().size(), ((1u << 20) + 2) / 3 * 4);
+}
+
+TEST(HtmlPage, HasAThousandRunsOfRangesUnlessTheyAreToBeWhole) {
+    TypeFileBuilder file;
+    file.integer("int").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0).u32(1001);
+    for (int i = 0; i < 1001; ++i)
+        file.u32(0);
+    file.u32(1001);
+    for (int i = 0; i < 1001; ++i)
+        file.range(i, 0, 0);
+    file.i32(-99);
+    const auto runs = [&](RangeLists lists) {
+        return Page(file, 2, "t", lists).blocks("details").at(0)[1][5].size();
+    };
+    EXPECT_EQ(runs(RangeLists::SHORT), 1000u);
+    EXPECT_EQ(runs(RangeLists::WHOLE), 1001u);
 }
 
 TEST(HtmlPage, ComesInPiecesOfAThousandTypes) {

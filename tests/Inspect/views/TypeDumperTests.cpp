@@ -123,7 +123,7 @@ TEST(TypeDumper, ShowsTheMembersOfAClassWithTheirFlags) {
 TEST(TypeDumper, ShowsKindsOutsideTheirTablesAsNumbers) {
     CTRecordType type;
     type.m_recordKind = static_cast<RecordKind>(0xB0009);
-    EXPECT_EQ(dump(0, type), "type 0: record of unknown kind record end record\n"
+    EXPECT_EQ(dump(0, type), "type 0: record of unknown kind end record\n"
                              "  declaration:\n"
                              "    type type_0 is record\n"
                              "    end record;\n"

@@ -97,6 +97,43 @@ TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
               "r.all[queue, 0 to 3, 1 downto 0].data logic 4-State 7:0 7 downto 0\n");
 }
 
+/// An array of thirteen dimensions whose elements are queues of queues.
+unsigned int longArray(WrittenTypes& types, unsigned int elementId) {
+    Ranges ranges(5, LANES);
+    for (int i = 1; i <= 8; ++i)
+        ranges.push_back({i, 0, 0});
+    return types.array(VLOG_FIXED_UNPACKED_ARRAY, "", types.queue(types.queue(elementId)), ranges);
+}
+
+TEST(TypeLeaves, LongListsOfDimensionsAreShort) {
+    WrittenTypes types;
+    const auto lane = types.structure("lane_t", {{"data", longArray(types, types.logic())}});
+    const auto record = types.structure("r", {{"lanes", longArray(types, lane)}});
+    const std::string dimensions =
+        "(0 to 3) x 5, (1 downto 0), (2 downto 0), (3 downto 0), (4 downto 0), (5 downto 0), "
+        "(6 downto 0), (7 downto 0), ... 15 in all";
+    EXPECT_EQ(squeezed(leavesOf(types, record)),
+              "r.lanes[" + dimensions + "].data logic 4-State 0 " + dimensions + '\n');
+}
+
+TEST(TypeLeaves, LongListsOfDimensionsAreWholeOnRequestAndInJson) {
+    WrittenTypes types;
+    const auto record = types.structure("r", {{"m", types.logic()}});
+    const auto list = types.alias("t", longArray(types, record));
+    const std::string path =
+        "t[0 to 3, 0 to 3, 0 to 3, 0 to 3, 0 to 3, 1 downto 0, 2 downto 0, 3 downto 0, "
+        "4 downto 0, 5 downto 0, 6 downto 0, 7 downto 0, 8 downto 0, queue, queue].m";
+    const TypeTable table = types.table();
+    LeavesRequest request{list};
+    request.lists = RangeLists::WHOLE;
+    std::ostringstream out;
+    writeLeaves(out, table, request, TextStyle::plain());
+    EXPECT_THAT(out.str(), StartsWith(path + "  "));
+    std::ostringstream json;
+    writeLeavesJson(json, table, {list}, JsonForm::LINES);
+    EXPECT_THAT(json.str(), testing::HasSubstr("{\"path\":\"" + path + "\","));
+}
+
 TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
     WrittenTypes types;
     const auto byte = types.packed(types.logic(), {BYTE});

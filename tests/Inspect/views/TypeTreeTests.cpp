@@ -51,6 +51,19 @@ TEST(TypeTree, DrawsMembersWithTheRangesOfTheirArrays) {
               "        `-- element: 0 sequential enumeration \"logic\"\n");
 }
 
+TEST(TypeTree, ShortensLongListsOfRangesUnlessTheyAreToBeWhole) {
+    WrittenTypes types;
+    Ranges ranges;
+    for (int i = 0; i < 9; ++i)
+        ranges.push_back({i, 0, 0});
+    const auto array = types.packed(types.logic(), ranges);
+    const TypeTable table = types.table();
+    EXPECT_THAT(treeOf(table, {array}), HasSubstr(", (7 downto 0), ... 9 in all\n"));
+    TreeRequest request{array};
+    request.lists = RangeLists::WHOLE;
+    EXPECT_THAT(treeOf(table, request), HasSubstr(", (7 downto 0), (8 downto 0)\n"));
+}
+
 TEST(TypeTree, FillsOpenDimensionsFromTheMemberAndTheTypedef) {
     WrittenTypes types;
     const auto open = types.array(VHDL_ARRAY, "bits", types.logic(), {OPEN});
@@ -182,7 +195,7 @@ TEST(TypeTree, ShowsMissingTypesAndMembers) {
     delete record.m_members[0];
     record.m_members[0] = nullptr;
     record.m_members[1]->m_typeId = 9;
-    EXPECT_EQ(treeOf(tableOf(record), {0}), "0 unpacked struct struct { type_9 member_0; }\n"
+    EXPECT_EQ(treeOf(tableOf(record), {0}), "0 unpacked struct { type_9 member_0; }\n"
                                             "|-- (no member): 4294967295 (no type)\n"
                                             "`-- \"\": 9 (no type)\n");
 }
@@ -242,9 +255,9 @@ TEST(TypeTree, OfStructsThatHoldTwoOfTheNextComesAsItIsRead) {
     writeTree(out, tableOf(*type), {0}, TextStyle::plain());
     EXPECT_FALSE(out);
     EXPECT_EQ(treeOf(tableOf(*type), {0, 1}),
-              "0 unpacked struct struct { type_0 member_0; type_0 member_1; }\n"
-              "|-- \"\": 0 unpacked struct struct { type_0 member_0; type_0 member_1; } ...\n"
-              "`-- \"\": 0 unpacked struct struct { type_0 member_0; type_0 member_1; } ...\n");
+              "0 unpacked struct { type_0 member_0; type_0 member_1; }\n"
+              "|-- \"\": 0 unpacked struct { type_0 member_0; type_0 member_1; } ...\n"
+              "`-- \"\": 0 unpacked struct { type_0 member_0; type_0 member_1; } ...\n");
 }
 
 TEST(TypeTree, EndsBehindAsManyPartsAsItMayLookAt) {

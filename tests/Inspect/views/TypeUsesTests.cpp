@@ -66,7 +66,7 @@ TEST(TypeUses, TellsWhoExtendsAClassAndWhoseBaseAnEnumerationHas) {
     state.m_baseTypeId = others.logic();
     others.add(state);
     EXPECT_EQ(usesOf(others, 0), "0 sequential enumeration \"logic\" is used by:\n"
-                                 "  1 discrete enumeration enum logic { }: base type\n");
+                                 "  1 discrete enumeration logic { }: base type\n");
 }
 
 TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {

@@ -1,5 +1,6 @@
 #include "Inspect/words/TypeText.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -23,9 +24,21 @@ TEST(TypeText, WritesRangesAsTheLanguagesDo) {
 TEST(TypeText, CountsEqualRangesThatFollowOneAnother) {
     const FullConstraints word = {31, 0, 0};
     const FullConstraints byte = {7, 0, 0};
-    EXPECT_EQ(runsText({word, word, byte, word}), "(31 downto 0) x 2, (7 downto 0), (31 downto 0)");
-    EXPECT_EQ(runsText({word, word}, false), "(31 downto 0) x 2, ... more than 2 in all");
-    EXPECT_EQ(runsText({}), "none");
+    const std::vector<FullConstraints> words(2, word);
+    EXPECT_EQ(runsText(std::vector{word, word, byte, word}),
+              "(31 downto 0) x 2, (7 downto 0), (31 downto 0)");
+    EXPECT_EQ(runsText(words, RangeLists::SHORT, false),
+              "(31 downto 0) x 2, ... more than 2 in all");
+    EXPECT_EQ(runsText(std::vector<FullConstraints>()), "none");
+}
+
+TEST(TypeText, EndsALineAfterEightRunsUnlessItIsToBeWhole) {
+    std::vector<FullConstraints> ranges;
+    for (int i = 0; i < 9; ++i)
+        ranges.push_back({i, 0, 0});
+    EXPECT_THAT(runsText(ranges), testing::EndsWith("(7 downto 0), ... 9 in all"));
+    EXPECT_THAT(runsText(ranges, RangeLists::WHOLE),
+                testing::EndsWith("(7 downto 0), (8 downto 0)"));
 }
 
 TEST(TypeText, KnowsNamesThatSomebodyGave) {
