@@ -40,8 +40,8 @@ protected:
         Stack stack;
         Ranges out;
         type.populateTypeConstraints(stack, out);
-        EXPECT_EQ(triples({stack.getConstraint()}), triples({{0, 0, 0}}));
-        return triples(out);
+        EXPECT_EQ(numbersOf({stack.getConstraint()}), numbersOf({{0, 0, 0}}));
+        return numbersOf(out);
     }
 
     /// An array whose dimension tells it from other ones.
@@ -56,23 +56,23 @@ TEST_F(ConstraintPopulation, IntegerLeavesOutputAndStackAlone) {
     stack.push({{4, 5, 1}});
     Ranges out{{1, 2, 1}};
     scalar->populateTypeConstraints(stack, out);
-    EXPECT_EQ(triples(out), triples({{1, 2, 1}}));
-    EXPECT_EQ(triples({stack.getConstraint()}), triples({{4, 5, 1}}));
+    EXPECT_EQ(numbersOf(out), numbersOf({{1, 2, 1}}));
+    EXPECT_EQ(numbersOf({stack.getConstraint()}), numbersOf({{4, 5, 1}}));
 }
 
 TEST_F(ConstraintPopulation, ArrayGivesItsDimensionsInOrder) {
     EXPECT_EQ(rangesOf(types.array(scalar, {{0, 7, 1}, {3, 0, 0}})),
-              triples({{0, 7, 1}, {3, 0, 0}}));
+              numbersOf({{0, 7, 1}, {3, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, TypedefFillsTheOpenDimensionOfItsArray) {
     EXPECT_EQ(rangesOf(types.alias(&types.array(scalar, {OPEN}), {{0, 15, 1}})),
-              triples({{0, 15, 1}}));
+              numbersOf({{0, 15, 1}}));
 }
 
 TEST_F(ConstraintPopulation, DiscreteEnumFillsTheOpenDimensionOfItsBaseType) {
     EXPECT_EQ(rangesOf(types.discreteEnum(&types.array(scalar, {OPEN}), {{0, 15, 1}})),
-              triples({{0, 15, 1}}));
+              numbersOf({{0, 15, 1}}));
 }
 
 TEST_F(ConstraintPopulation, MemberFillsTheOpenDimensionOfItsType) {
@@ -80,10 +80,10 @@ TEST_F(ConstraintPopulation, MemberFillsTheOpenDimensionOfItsType) {
     auto& record = types.record(VHDL_RECORD);
     addMember(record, &open, {{1, 2, 1}});
     addMember(record, &open, {{3, 4, 1}});
-    EXPECT_EQ(rangesOf(record), triples({{1, 2, 1}, {3, 4, 1}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 2, 1}, {3, 4, 1}}));
     auto& classType = types.classType();
     addMember(classType, &open, {{5, 6, 1}});
-    EXPECT_EQ(rangesOf(classType), triples({{5, 6, 1}}));
+    EXPECT_EQ(rangesOf(classType), numbersOf({{5, 6, 1}}));
 }
 
 TEST_F(ConstraintPopulation, TypedefOfAScalarGivesNothing) {
@@ -91,13 +91,13 @@ TEST_F(ConstraintPopulation, TypedefOfAScalarGivesNothing) {
 }
 
 TEST_F(ConstraintPopulation, RecordWithAnArrayAndAnIntegerGivesOneRange) {
-    EXPECT_EQ(rangesOf(types.record(VHDL_RECORD, {numbered(4), scalar})), triples({{4, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.record(VHDL_RECORD, {numbered(4), scalar})), numbersOf({{4, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, EveryRecordKindIsWalked) {
     for (unsigned int kind = RECORD_KIND_INVALID; kind <= BYTE_UNPADDED_STRUCT; ++kind) {
         const auto& record = types.record(static_cast<RecordKind>(kind), {numbered(4)});
-        EXPECT_EQ(rangesOf(record), triples({{4, 0, 0}})) << std::hex << kind;
+        EXPECT_EQ(rangesOf(record), numbersOf({{4, 0, 0}})) << std::hex << kind;
     }
 }
 
@@ -105,21 +105,21 @@ TEST_F(ConstraintPopulation, ClassWithAHandleOfItselfEndsAndCanBeWalkedAgain) {
     auto& type = types.classType();
     addMember(type, &type);
     addMember(type, numbered(1));
-    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
-    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(type), numbersOf({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(type), numbersOf({{1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, BaseClassComesBeforeTheMembers) {
     auto& root = types.classType({numbered(1)});
     auto& middle = types.classType({numbered(2)}, &root);
     EXPECT_EQ(rangesOf(types.classType({numbered(3), numbered(4)}, &middle)),
-              triples({{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}}));
+              numbersOf({{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, ClassMetTwiceSideBySideIsWalkedBothTimes) {
     auto& part = types.classType({numbered(1), numbered(2)});
     EXPECT_EQ(rangesOf(types.classType({&part, &part})),
-              triples({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}, {2, 0, 0}}));
+              numbersOf({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}, {2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, MarksDoNotOutliveTheWalk) {
@@ -127,8 +127,8 @@ TEST_F(ConstraintPopulation, MarksDoNotOutliveTheWalk) {
     auto& first = types.classType({numbered(1)});
     auto& second = types.classType({&first, numbered(2)});
     addMember(first, &second);
-    EXPECT_EQ(rangesOf(first), triples({{1, 0, 0}, {2, 0, 0}}));
-    EXPECT_EQ(rangesOf(second), triples({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(rangesOf(first), numbersOf({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(rangesOf(second), numbersOf({{1, 0, 0}, {2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, ContainersOfVariableSizeAreNotWalked) {
@@ -149,8 +149,8 @@ TEST_F(ConstraintPopulation, AccessAndFileTypesAreNotWalked) {
 TEST_F(ConstraintPopulation, ClassDerivedFromAScalarIsAskedAboveTheFramesOfTheLevelsAround) {
     const auto& own = types.add<IntWithARange>();
     const auto& array = types.array(VHDL_ARRAY, &own, 1, {{1, 2, 1}, {3, 4, 1}});
-    EXPECT_EQ(rangesOf(types.alias(&array, {{5, 6, 1}})), triples({{1, 2, 1}, {3, 4, 1}}));
-    EXPECT_EQ(rangesOf(types.alias(&own, {{5, 6, 1}})), triples({{5, 6, 1}}));
+    EXPECT_EQ(rangesOf(types.alias(&array, {{5, 6, 1}})), numbersOf({{1, 2, 1}, {3, 4, 1}}));
+    EXPECT_EQ(rangesOf(types.alias(&own, {{5, 6, 1}})), numbersOf({{5, 6, 1}}));
 }
 
 TEST_F(ConstraintPopulation, LevelsAroundAnOpenArrayAnswerAlsoBehindArraysWithRangesOfTheirOwn) {
@@ -159,51 +159,51 @@ TEST_F(ConstraintPopulation, LevelsAroundAnOpenArrayAnswerAlsoBehindArraysWithRa
     const auto& outer = types.array(VHDL_ARRAY, &inner, 1, {{1, 2, 1}, {3, 4, 1}});
     auto& record = types.record(VHDL_RECORD);
     addMember(record, &types.alias(&outer, {{5, 6, 1}}), {{7, 8, 1}});
-    EXPECT_EQ(rangesOf(record), triples({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
 }
 
 TEST_F(ConstraintPopulation, FramesAroundAnAggregateAnswerForItsMembers) {
     auto& record = types.structure({&types.array(scalar, {OPEN}), &types.array(scalar, {OPEN})});
     const auto& array = types.array(VHDL_ARRAY, &record, 1, {{1, 2, 1}, {3, 4, 1}});
     EXPECT_EQ(rangesOf(types.structure({&types.alias(&array, {{5, 6, 1}})})),
-              triples({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
+              numbersOf({{1, 2, 1}, {3, 4, 1}, {5, 6, 1}}));
 }
 
 TEST_F(ConstraintPopulation, OpenDimensionThatNobodyFillsIsZeros) {
-    EXPECT_EQ(rangesOf(types.array(scalar, {OPEN})), triples({{0, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.array(scalar, {OPEN})), numbersOf({{0, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, OuterArraysNextEntryFillsTheInnerDimension) {
     const auto& inner = types.array(scalar, {OPEN});
     const auto& outer = types.array(VHDL_ARRAY, &inner, 1, {{0, 3, 1}, {0, 7, 1}});
-    EXPECT_EQ(rangesOf(outer), triples({{0, 3, 1}, {0, 7, 1}}));
+    EXPECT_EQ(rangesOf(outer), numbersOf({{0, 3, 1}, {0, 7, 1}}));
 }
 
 TEST_F(ConstraintPopulation, NearestLevelWithBoundsAnswers) {
     const auto& open = types.array(scalar, {OPEN});
     auto& near = types.alias(&open, {{1, 1, 1}});
-    EXPECT_EQ(rangesOf(types.alias(&near, {{2, 2, 1}})), triples({{1, 1, 1}}));
+    EXPECT_EQ(rangesOf(types.alias(&near, {{2, 2, 1}})), numbersOf({{1, 1, 1}}));
     auto& passing = types.alias(&open, {OPEN});
-    EXPECT_EQ(rangesOf(types.alias(&passing, {{2, 2, 1}})), triples({{2, 2, 1}}));
+    EXPECT_EQ(rangesOf(types.alias(&passing, {{2, 2, 1}})), numbersOf({{2, 2, 1}}));
 }
 
 TEST_F(ConstraintPopulation, MergedFrameOfAnArrayTakesBoundsByPosition) {
     // Without the merge, the open dimension would take the typedef's first entry.
     const auto& array = types.array(scalar, {{1, 4, 1}, OPEN});
     EXPECT_EQ(rangesOf(types.alias(&array, {{1, 4, 1}, {0, 9, 1}})),
-              triples({{1, 4, 1}, {0, 9, 1}}));
+              numbersOf({{1, 4, 1}, {0, 9, 1}}));
 }
 
 TEST_F(ConstraintPopulation, DimensionsBeyondTheFrameAreMissingEntries) {
     const auto& array = types.array(VHDL_ARRAY, scalar, 3, {{1, 4, 1}});
-    EXPECT_EQ(rangesOf(array), triples({{1, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
+    EXPECT_EQ(rangesOf(array), numbersOf({{1, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
     EXPECT_EQ(rangesOf(types.alias(&array, {{5, 6, 1}})),
-              triples({{1, 4, 1}, {5, 6, 1}, {0, 0, 0}}));
+              numbersOf({{1, 4, 1}, {5, 6, 1}, {0, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, ArrayWithoutDimensionsStillWalksItsElement) {
     EXPECT_EQ(rangesOf(types.array(VLOG_FIXED_PACKED_ARRAY, numbered(1), 0, {})),
-              triples({{1, 0, 0}}));
+              numbersOf({{1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, OutputIsAppendedAndTheStackIsLeftAsItWas) {
@@ -211,31 +211,31 @@ TEST_F(ConstraintPopulation, OutputIsAppendedAndTheStackIsLeftAsItWas) {
     stack.push({{5, 6, 1}, {7, 8, 1}});
     Ranges out{{1, 2, 1}};
     types.array(scalar, {OPEN}).populateTypeConstraints(stack, out);
-    EXPECT_EQ(triples(out), triples({{1, 2, 1}, {5, 6, 1}}));
-    EXPECT_EQ(triples({stack.getConstraint(), stack.getConstraint()}),
-              triples({{7, 8, 1}, {0, 0, 0}}));
+    EXPECT_EQ(numbersOf(out), numbersOf({{1, 2, 1}, {5, 6, 1}}));
+    EXPECT_EQ(numbersOf({stack.getConstraint(), stack.getConstraint()}),
+              numbersOf({{7, 8, 1}, {0, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, MissingTypesAreSkipped) {
     EXPECT_TRUE(rangesOf(types.alias(nullptr, {{0, 1, 1}})).empty());
     EXPECT_TRUE(rangesOf(types.discreteEnum(nullptr, {{0, 1, 1}})).empty());
-    EXPECT_EQ(rangesOf(types.array(nullptr, {{0, 1, 1}})), triples({{0, 1, 1}}));
-    EXPECT_EQ(rangesOf(types.structure({nullptr, numbered(1)})), triples({{1, 0, 0}}));
-    EXPECT_EQ(rangesOf(types.classType({nullptr, numbered(1)})), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.array(nullptr, {{0, 1, 1}})), numbersOf({{0, 1, 1}}));
+    EXPECT_EQ(rangesOf(types.structure({nullptr, numbered(1)})), numbersOf({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(types.classType({nullptr, numbered(1)})), numbersOf({{1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, MissingMemberRecordIsSkipped) {
     auto& record = types.structure({numbered(1), numbered(2)});
     delete record.m_members[0];
     record.m_members[0] = nullptr;
-    EXPECT_EQ(rangesOf(record), triples({{2, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, StructThatComesBackToItselfIsSkippedThere) {
     auto& record = types.structure({numbered(1)});
     addMember(record, &record);
     addMember(record, numbered(2));
-    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}, {2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, StructThatComesBackThroughOtherStructsIsSkippedThere) {
@@ -243,7 +243,7 @@ TEST_F(ConstraintPopulation, StructThatComesBackThroughOtherStructsIsSkippedTher
     auto& middle = types.structure({&types.structure({&record}), numbered(2)});
     addMember(record, &middle);
     addMember(record, &middle);
-    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}, {2, 0, 0}, {2, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {
@@ -252,7 +252,7 @@ TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {
     auto& record = types.structure({numbered(1)});
     auto& holder = types.classType({numbered(2), &record});
     addMember(record, &holder);
-    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, BoundedWalkGivesAllRangesWithinItsSteps) {
@@ -260,7 +260,7 @@ TEST_F(ConstraintPopulation, BoundedWalkGivesAllRangesWithinItsSteps) {
     const RTBaseType& type = types.record(VHDL_RECORD, {numbered(1), numbered(2)});
     const PopulatedConstraints all = populateTypeConstraints(type, 3);
     EXPECT_TRUE(all.isComplete);
-    EXPECT_EQ(triples(all.ranges), triples({{1, 0, 0}, {2, 0, 0}}));
+    EXPECT_EQ(numbersOf(all.ranges), numbersOf({{1, 0, 0}, {2, 0, 0}}));
     EXPECT_FALSE(populateTypeConstraints(type, 2).isComplete);
 }
 
@@ -272,7 +272,7 @@ TEST_F(ConstraintPopulation, BoundedWalkOfALadderEndsWithTheFirstRanges) {
     EXPECT_FALSE(some.isComplete);
     EXPECT_GT(some.ranges.size(), 400u);
     EXPECT_LE(some.ranges.size(), 1000u);
-    EXPECT_EQ(triples({some.ranges.back()}), triples({{1, 0, 0}}));
+    EXPECT_EQ(numbersOf({some.ranges.back()}), numbersOf({{1, 0, 0}}));
 }
 
 TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {
@@ -285,11 +285,11 @@ TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {
     stack.push({{5, 6, 1}});
     Ranges out;
     EXPECT_THROW(record.populateTypeConstraints(stack, out), std::runtime_error);
-    EXPECT_EQ(triples({stack.getConstraint(), stack.getConstraint()}),
-              triples({{5, 6, 1}, {0, 0, 0}}));
+    EXPECT_EQ(numbersOf({stack.getConstraint(), stack.getConstraint()}),
+              numbersOf({{5, 6, 1}, {0, 0, 0}}));
     throwing.m_throws = false;
-    EXPECT_EQ(rangesOf(type), triples({{1, 0, 0}}));
-    EXPECT_EQ(rangesOf(record), triples({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(type), numbersOf({{1, 0, 0}}));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}}));
 }
 
 } // namespace

@@ -151,7 +151,7 @@ protected:
         EXPECT_EQ(first.getSelf(true), &first);
         EXPECT_EQ(first.getSVTypeId(), GetParam().svTypeId);
         EXPECT_EQ(first.getValueSize(), GetParam().valueSize);
-        const std::vector<std::vector<int>> ranges = triples(rangesOf(first));
+        const std::vector<std::vector<int>> ranges = numbersOf(rangesOf(first));
         EXPECT_EQ(ranges.size(), GetParam().ranges);
         if (!ranges.empty()) {
             EXPECT_EQ(ranges.back(), (std::vector<int>{0, 7, 1}));
@@ -479,7 +479,7 @@ TEST_F(DeepQueries, Typedefs) {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
         EXPECT_EQ(first.getSelf(false), &m_array);
         EXPECT_EQ(first.getSVTypeId(), -99);
-        EXPECT_EQ(triples(rangesOf(first)), triples({{0, 7, 1}}));
+        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
     });
 }
 
@@ -489,7 +489,7 @@ TEST_F(DeepQueries, DiscreteEnums) {
     const auto& queue = m_types.container<RTQueueType>(&first);
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(triples(rangesOf(first)), triples({{0, 7, 1}}));
+        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
         EXPECT_EQ(queue.getTotalNumDimensions(false), 2u);
         EXPECT_EQ(queue.getTotalNumDimensions(true), 1u);
     });
@@ -525,7 +525,7 @@ TEST_F(DeepQueries, BaseClasses) {
         chain([&](const RTBaseType* type) { return &m_types.classType({}, type); }, last);
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(triples(rangesOf(first)), triples({{0, 7, 1}}));
+        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
     });
 }
 

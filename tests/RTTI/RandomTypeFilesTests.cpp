@@ -1,7 +1,8 @@
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
 #include "tests/support/BuildKind.h"
-#include "tests/support/ModelStorage.h"
+#include "tests/support/CapturedOutput.h"
+#include "tests/support/RecordingBlockManager.h"
 #include "tests/support/ReferenceLoader.h"
 #include "tests/support/RunOnStack.h"
 #include "tests/support/TypeDescription.h"
@@ -28,29 +29,18 @@ constexpr std::uint64_t FILES = 3000;
 constexpr unsigned int LARGEST_FILE = 40;
 constexpr std::uint64_t DEEP_FILES = HAS_SANITIZERS ? 12 : 30; // Sanitizers make them slow.
 
-/// What is written to the standard output while this lives.
-class CapturedOutput {
-public:
-    CapturedOutput() : m_saved(std::cout.rdbuf(m_text.rdbuf())) {}
-    ~CapturedOutput() { std::cout.rdbuf(m_saved); }
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_saved;
-};
-
 /// A random file in the hands of the library and of the reference loader.
 class Comparison {
 public:
     Comparison(std::uint64_t seed, unsigned int maxTypes)
         : Comparison(randomFile(seed, maxTypes)) {}
     explicit Comparison(ModelFile file)
-        : m_file(std::move(file)), m_reference(m_file), m_storage(m_file.bytes) {}
+        : m_file(std::move(file)), m_reference(m_file),
+          m_storage({m_file.bytes.begin(), m_file.bytes.end()}) {}
 
     std::uint32_t count() const { return static_cast<std::uint32_t>(m_file.records.size()); }
     const ReferenceLoader& reference() const { return m_reference; }
-    ModelStorage& storage() { return m_storage; }
+    RecordingBlockManager& storage() { return m_storage; }
     RTTI::RTTypeManager& manager() { return m_manager; }
 
     void setup() {
@@ -119,7 +109,7 @@ private:
 
     ModelFile m_file;
     ReferenceLoader m_reference;
-    ModelStorage m_storage;
+    RecordingBlockManager m_storage;
     RTTI::RTTypeManager m_manager;
     unsigned int m_failures = 0;
 };
@@ -176,13 +166,13 @@ TEST(RandomTypeFiles, SingleTypesAgreeInAnyOrder) {
 /// Loads a file whose read `failAt` fails, one type of it alone first; false where no read failed.
 bool loadWithFailure(std::uint64_t seed, std::size_t failAt) {
     Comparison files(seed, 8);
-    files.storage().failAt(failAt);
+    files.storage().failAtRead(failAt);
     files.setup();
     files.get(static_cast<std::uint32_t>(seed % files.count()));
     files.readAll();
     files.getEvery();
     const unsigned int failures = files.failures();
-    files.storage().failAt(ModelStorage::NEVER);
+    files.storage().failAtRead(RecordingBlockManager::NEVER);
     files.compareTypes();
     EXPECT_LE(failures, 1U);
     return failures == 1;
@@ -254,9 +244,9 @@ TEST(DeepTypeFiles, LoadMadeAgainAfterAFailedReadIsComplete) {
             SCOPED_TRACE("seed " + std::to_string(seed));
             Comparison files(deepFileOf(seed));
             files.setup();
-            files.storage().failAt(DEEP_FILE + 1 + (seed * 977 + 500) % (2 * DEEP_FILE));
+            files.storage().failAtRead(DEEP_FILE + 1 + (seed * 977 + 500) % (2 * DEEP_FILE));
             files.get(0);
-            files.storage().failAt(ModelStorage::NEVER);
+            files.storage().failAtRead(RecordingBlockManager::NEVER);
             files.getEvery();
             failures += files.failures();
             files.compareTypes();

@@ -100,7 +100,7 @@ TEST(RandomTypeGraphs, ConstraintsAgreeWithPlainRecursion) {
             continue;
         }
         for (const std::size_t i : questions(types, 2, random)) {
-            ASSERT_EQ(triples(rangesOf(types[i])), triples(expected[i]))
+            ASSERT_EQ(numbersOf(rangesOf(types[i])), numbersOf(expected[i]))
                 << "seed " << seed << ", type " << i;
             entries += expected[i].size();
         }
@@ -130,9 +130,9 @@ TEST(RandomTypeGraphs, ConstraintsBelowOtherLevelsAgreeWithPlainRecursion) {
         }
         Ranges out;
         type.populateTypeConstraints(stack, out);
-        ASSERT_EQ(triples(out), triples(model.output())) << "seed " << seed;
+        ASSERT_EQ(numbersOf(out), numbersOf(model.output())) << "seed " << seed;
         for (int i = 0; i < 7; ++i) // The two levels hold no more than six entries.
-            ASSERT_EQ(triples({stack.getConstraint()}), triples({model.next()})) << "seed " << seed;
+            ASSERT_EQ(numbersOf({stack.getConstraint()}), numbersOf({model.next()})) << "seed " << seed;
         ++compared;
         ASSERT_LT(seed, graphs() + graphs() / 10) << "too many graphs take too many steps";
     }
@@ -154,14 +154,14 @@ TEST(RandomTypeGraphs, BoundedWalksEndAtTheStepThatPlainRecursionCounts) {
         const std::size_t steps = model.output().size() + model.fruitfulVisits();
         const PopulatedConstraints whole = populateTypeConstraints(type, steps);
         ASSERT_TRUE(whole.isComplete) << "seed " << seed;
-        ASSERT_EQ(triples(whole.ranges), triples(model.output())) << "seed " << seed;
+        ASSERT_EQ(numbersOf(whole.ranges), numbersOf(model.output())) << "seed " << seed;
         if (steps != 0) {
             const PopulatedConstraints beginning = populateTypeConstraints(type, steps - 1);
             ASSERT_FALSE(beginning.isComplete) << "seed " << seed;
             const Ranges expected(model.output().begin(),
                                   model.output().begin() +
                                       static_cast<std::ptrdiff_t>(beginning.ranges.size()));
-            ASSERT_EQ(triples(beginning.ranges), triples(expected)) << "seed " << seed;
+            ASSERT_EQ(numbersOf(beginning.ranges), numbersOf(expected)) << "seed " << seed;
             ++cutOff;
         }
         ++compared;
@@ -279,14 +279,14 @@ TEST(Ladders, RangesBehindAClassWhoseStructHeldAnotherClassBeforeAreGivenBothTim
     addMember(outer, &inner);
     addMember(outer, &holder);
     addMember(outer, &second);
-    EXPECT_EQ(triples(rangesOf(outer)), triples({{0, 7, 1}, {0, 7, 1}}));
+    EXPECT_EQ(numbersOf(rangesOf(outer)), numbersOf({{0, 7, 1}, {0, 7, 1}}));
 }
 
 TEST(Ladders, ArrayBelowTwelveClassesIsGivenOnceForEachPath) {
     TypeGraph types;
     const auto& array = types.array(&types.add<RTIntType>(), {{0, 7, 1}});
     const Ranges expected(2048, {0, 7, 1}); // Eleven levels have two members of the next.
-    EXPECT_EQ(triples(rangesOf(classLadder(types, 12, &array))), triples(expected));
+    EXPECT_EQ(numbersOf(rangesOf(classLadder(types, 12, &array))), numbersOf(expected));
 }
 
 TEST(Ladders, ArraysOnEveryLevelComeInTheOrderOfTheMembers) {
@@ -305,7 +305,7 @@ TEST(Ladders, ArraysOnEveryLevelComeInTheOrderOfTheMembers) {
             ++level;
         expected.push_back({level, 0, 0});
     }
-    EXPECT_EQ(triples(rangesOf(*type)), triples(expected));
+    EXPECT_EQ(numbersOf(rangesOf(*type)), numbersOf(expected));
 }
 
 TEST(Wide, EncodingOfAStructToWhichAllItsClassesLeadBackEndsAtOnce) {
@@ -365,14 +365,14 @@ TEST(Chains, EncodingOfBaseClassesDoesNotUseUpTheCallStack) {
 TEST(Chains, ConstraintsOfClassesDoNotUseUpTheCallStack) {
     TypeGraph types;
     const auto& array = types.array(&types.add<RTIntType>(), {{0, 7, 1}, OPEN});
-    EXPECT_EQ(triples(rangesOf(classChain(types, &array))), triples({{0, 7, 1}, {0, 0, 0}}));
+    EXPECT_EQ(numbersOf(rangesOf(classChain(types, &array))), numbersOf({{0, 7, 1}, {0, 0, 0}}));
 }
 
 TEST(Chains, ConstraintsOfTypedefsDoNotUseUpTheCallStack) {
     TypeGraph types;
     const auto& array = types.array(&types.add<RTIntType>(), {OPEN});
     const auto& inner = typedefChain(types, &array, {OPEN});
-    EXPECT_EQ(triples(rangesOf(types.alias(&inner, {{3, 0, 0}}))), triples({{3, 0, 0}}));
+    EXPECT_EQ(numbersOf(rangesOf(types.alias(&inner, {{3, 0, 0}}))), numbersOf({{3, 0, 0}}));
 }
 
 TEST(Chains, ArraysWithoutEntriesLeftAreNotAskedAgainForEachArrayBelow) {
@@ -385,8 +385,8 @@ TEST(Chains, ArraysWithoutEntriesLeftAreNotAskedAgainForEachArrayBelow) {
         const EndsAtOnce clock;
         const Ranges ranges = rangesOf(alias);
         ASSERT_EQ(ranges.size(), 1000000U);
-        EXPECT_EQ(triples({ranges[0], ranges[1], ranges[2], ranges.back()}),
-                  triples({{1, 2, 1}, {3, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
+        EXPECT_EQ(numbersOf({ranges[0], ranges[1], ranges[2], ranges.back()}),
+                  numbersOf({{1, 2, 1}, {3, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
     }
 }
 

@@ -11,13 +11,19 @@ unsigned int LinkedTypes::enumeration(const std::string& name,
                                       const std::vector<std::string>& literals) {
     auto& type = add<RTSeqEnumType>(name);
     type.m_enumKind = VHDL_OTHER_ENUM;
+    type.m_valueEncoding = ENCODING_BYTE;
+    type.m_valueSize = 1;
     for (const std::string& literal : literals)
         TypeFile::addLiteral(type, literal);
     return last();
 }
 
-unsigned int LinkedTypes::alias(const std::string& name, unsigned int data,
-                                std::vector<FullConstraints> ranges) {
+unsigned int LinkedTypes::string() {
+    add<RTStringType>("string");
+    return last();
+}
+
+unsigned int LinkedTypes::alias(const std::string& name, unsigned int data, Ranges ranges) {
     auto& type = add<RTTypedefType>(name);
     type.m_dataTypeId = data;
     type.m_constraints = std::move(ranges);
@@ -25,8 +31,7 @@ unsigned int LinkedTypes::alias(const std::string& name, unsigned int data,
 }
 
 unsigned int LinkedTypes::vhdlArray(const std::string& name, unsigned int element,
-                                    const std::vector<unsigned int>& indices,
-                                    std::vector<FullConstraints> ranges) {
+                                    const std::vector<unsigned int>& indices, Ranges ranges) {
     auto& type = add<RTArrayType>(name);
     type.m_arrayKind = VHDL_ARRAY;
     type.m_elementTypeId = element;
@@ -36,7 +41,7 @@ unsigned int LinkedTypes::vhdlArray(const std::string& name, unsigned int elemen
 }
 
 unsigned int LinkedTypes::array(ArrayKind kind, const std::string& name, unsigned int element,
-                                std::vector<FullConstraints> ranges) {
+                                Ranges ranges) {
     auto& type = add<RTArrayType>(name);
     type.m_arrayKind = kind;
     type.m_elementTypeId = element;
@@ -50,20 +55,49 @@ unsigned int LinkedTypes::access(const std::string& name, unsigned int designate
     return last();
 }
 
+unsigned int LinkedTypes::packed(const std::string& name, unsigned int element, Ranges ranges) {
+    return array(VLOG_FIXED_PACKED_ARRAY, name, element, std::move(ranges));
+}
+
+unsigned int LinkedTypes::packed(unsigned int element, Ranges ranges) {
+    return packed("", element, std::move(ranges));
+}
+
+unsigned int LinkedTypes::queue(unsigned int element) {
+    add<RTQueueType>("").m_elementTypeId = element;
+    return last();
+}
+
+unsigned int LinkedTypes::structure(const std::string& name, const std::vector<Member>& members,
+                                    RecordKind kind) {
+    auto& type = add<RTRecordType>(name);
+    type.m_recordKind = kind;
+    for (const Member& member : members)
+        TypeFile::addMember(type, member.name, member.typeId, member.ranges);
+    return last();
+}
+
+unsigned int LinkedTypes::classType(const std::string& name, const std::vector<Member>& members,
+                                    unsigned int base) {
+    auto& type = add<RTClassType>(name);
+    type.m_baseClassTypeId = base;
+    for (const Member& member : members)
+        TypeFile::addMember(type, member.name, member.typeId, member.ranges);
+    return last();
+}
+
 unsigned int LinkedTypes::logic() {
-    const unsigned int id = enumeration("logic", {"0", "1", "X", "Z"});
-    auto& type = static_cast<RTSeqEnumType&>(*m_types[id]);
+    auto& type = as<RTSeqEnumType>(enumeration("logic", {"0", "1", "x", "z"}));
     type.m_enumKind = VLOG_BUILTIN_ENUM;
     type.m_valueEncoding = ENCODING_4_STATE;
-    return id;
+    return last();
 }
 
 unsigned int LinkedTypes::bit() {
-    const unsigned int id = enumeration("bit", {"0", "1"});
-    auto& type = static_cast<RTSeqEnumType&>(*m_types[id]);
+    auto& type = as<RTSeqEnumType>(enumeration("bit", {"0", "1"}));
     type.m_enumKind = VLOG_BUILTIN_ENUM;
     type.m_valueEncoding = ENCODING_2_STATE;
-    return id;
+    return last();
 }
 
 unsigned int LinkedTypes::hole() {
@@ -71,7 +105,7 @@ unsigned int LinkedTypes::hole() {
     return last();
 }
 
-const RTBaseType* LinkedTypes::at(unsigned int id) const {
+RTBaseType* LinkedTypes::at(unsigned int id) const {
     return id < m_types.size() ? m_types[id].get() : nullptr;
 }
 
@@ -99,10 +133,10 @@ void LinkedTypes::link(RTBaseType& type) const {
         map->m_indexType = at(map->m_indexTypeId);
 }
 
-Inspect::TypeTable LinkedTypes::table() {
+Inspect::TypeTable LinkedTypes::table() const {
     for (const auto& type : m_types) {
         if (type != nullptr)
             link(*type);
     }
-    return {static_cast<unsigned int>(m_types.size()), [this](unsigned int id) { return at(id); }};
+    return {size(), [this](unsigned int id) { return at(id); }};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/ModelStorage.h"
+#include "tests/support/RecordingBlockManager.h"
 #include "tests/support/TypeTableModel.h"
 
 #include <cstddef>
@@ -44,7 +44,7 @@ public:
     const std::vector<std::uint32_t>& classIds() const { return m_classIds; }
 
     /// The reads and the trace since the last call.
-    std::vector<StorageRead> takeReads() { return std::exchange(m_reads, {}); }
+    std::vector<RecordingBlockManager::Read> takeReads() { return std::exchange(m_reads, {}); }
     std::string takeTrace();
 
     /// How many records were read although their slot was filled before they were done.
@@ -97,7 +97,7 @@ private:
     const ModelFile& m_file;
     std::vector<std::unique_ptr<Description>> m_types;
     std::vector<std::uint32_t> m_classIds;
-    std::vector<StorageRead> m_reads;
+    std::vector<RecordingBlockManager::Read> m_reads;
     std::ostringstream m_trace;
     std::vector<OpenRecord> m_open;
     std::vector<unsigned int> m_timesOpen; ///< By id.

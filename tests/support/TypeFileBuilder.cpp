@@ -1,8 +1,6 @@
 #include "tests/support/TypeFileBuilder.h"
 
 #include <cstring>
-#include <iostream>
-#include <sstream>
 
 namespace {
 
@@ -102,45 +100,41 @@ TypeFileBuilder& TypeFileBuilder::classType(unsigned int base,
     return *this;
 }
 
-unsigned long long TypeFileBuilder::address(unsigned int id) const {
-    unsigned long long offset = m_base + HEADER;
-    for (unsigned int i = 0; i < id; ++i)
-        offset += m_records[i].bytes.size();
-    return offset;
+TypeFileBuilder& TypeFileBuilder::arrange(std::vector<std::size_t> order,
+                                          std::vector<std::size_t> gaps) {
+    m_order = std::move(order);
+    m_gaps = std::move(gaps);
+    return *this;
 }
 
-unsigned long long TypeFileBuilder::tableOffset() const {
-    return address(static_cast<unsigned int>(m_records.size()));
+std::vector<unsigned long long> TypeFileBuilder::addresses() const {
+    std::vector<unsigned long long> addresses(m_records.size() + 1);
+    unsigned long long offset = m_base + HEADER;
+    for (std::size_t place = 0; place < m_records.size(); ++place) {
+        offset += gapAt(place);
+        addresses[idAt(place)] = offset;
+        offset += m_records[idAt(place)].bytes.size();
+    }
+    addresses.back() = offset + gapAt(m_records.size());
+    return addresses;
 }
 
 std::string TypeFileBuilder::image() const {
-    const auto records = static_cast<unsigned int>(m_records.size());
+    const std::vector<unsigned long long> addresses = this->addresses();
     std::string image(m_base, '?');
     image += m_version + std::string(32 - m_version.size(), '\0');
-    image += littleEndian(m_hasCount ? m_count : records, 4) + littleEndian(tableOffset(), 4);
-    for (const Record& record : m_records) {
-        std::string bytes = record.bytes;
-        const int size = record.isClaimed ? record.claimed : static_cast<int>(bytes.size());
-        bytes.replace(0, 4, littleEndian(static_cast<unsigned int>(size), 4));
-        image += bytes;
+    image += littleEndian(m_hasCount ? m_count : m_records.size(), 4);
+    image += littleEndian(addresses.back(), 4);
+    image.resize(addresses.back(), '?');
+    for (std::size_t id = 0; id < m_records.size(); ++id) {
+        const Record& record = m_records[id];
+        const int size = record.isClaimed ? record.claimed : static_cast<int>(record.bytes.size());
+        image.replace(addresses[id], record.bytes.size(), record.bytes);
+        image.replace(addresses[id], 4, littleEndian(static_cast<unsigned int>(size), 4));
     }
-    unsigned long long offset = address(0);
-    for (const Record& record : m_records) {
-        image += littleEndian(offset, 8);
-        offset += record.bytes.size();
-    }
+    for (std::size_t id = 0; id < m_records.size(); ++id)
+        image += littleEndian(addresses[id], 8);
     return image;
-}
-
-bool RecordingBlockManager::read(unsigned long long offset, void* buffer, long long count) {
-    if (m_done++ == m_failAt)
-        throw std::runtime_error("the storage fails");
-    m_reads.emplace_back(offset, count);
-    if (count < 0 || offset > m_image.size() ||
-        static_cast<unsigned long long>(count) > m_image.size() - offset)
-        throw std::out_of_range("outside the image");
-    std::memcpy(buffer, m_image.data() + offset, static_cast<std::size_t>(count));
-    return true;
 }
 
 LoadedTypes::LoadedTypes(const TypeFileBuilder& file, bool readAll) : m_storage(file.image()) {
@@ -155,27 +149,4 @@ std::string LoadedTypes::trace() {
     m_manager.setDebugMode();
     m_manager.readAllRTTypes();
     return output.text();
-}
-
-struct CapturedOutput::State {
-    std::ostringstream text;
-    std::streambuf* before = nullptr;
-};
-
-CapturedOutput::CapturedOutput() : m_state(new State) {
-    m_state->before = std::cout.rdbuf(m_state->text.rdbuf());
-}
-
-CapturedOutput::~CapturedOutput() {
-    std::cout.rdbuf(m_state->before);
-    delete m_state;
-}
-
-std::string CapturedOutput::text() const { return m_state->text.str(); }
-
-std::vector<std::vector<int>> numbersOf(const std::vector<RTTI::FullConstraints>& constraints) {
-    std::vector<std::vector<int>> numbers;
-    for (const RTTI::FullConstraints& range : constraints)
-        numbers.push_back({range.si, range.ei, range.dir});
-    return numbers;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "OVAT/IBlockManager.h"
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
+#include "tests/support/CapturedOutput.h"
+#include "tests/support/Ranges.h"
+#include "tests/support/RecordingBlockManager.h"
 
 #include <cstdint>
 #include <stdexcept>
@@ -42,9 +44,16 @@ public:
     TypeFileBuilder& structure(const std::vector<unsigned int>& members);
     TypeFileBuilder& classType(unsigned int base, const std::vector<unsigned int>& members);
 
+    /// Places the records in this order of their ids; `gaps` are the bytes in front of each, and in
+    /// front of the address table.
+    TypeFileBuilder& arrange(std::vector<std::size_t> order, std::vector<std::size_t> gaps = {});
+
     unsigned long long baseOffset() const { return m_base; }
-    unsigned long long address(unsigned int id) const;
-    unsigned long long tableOffset() const;
+    unsigned long long address(unsigned int id) const { return addresses().at(id); }
+    unsigned long long tableOffset() const { return addresses().back(); }
+
+    /// Of the records, then that of the table.
+    std::vector<unsigned long long> addresses() const;
     std::string image() const;
 
 private:
@@ -53,30 +62,16 @@ private:
         int claimed;
         bool isClaimed;
     };
+    std::size_t idAt(std::size_t place) const { return m_order.empty() ? place : m_order[place]; }
+    std::size_t gapAt(std::size_t place) const { return m_gaps.empty() ? 0 : m_gaps[place]; }
+
     std::vector<Record> m_records;
+    std::vector<std::size_t> m_order;
+    std::vector<std::size_t> m_gaps;
     std::string m_version = "Brakel Ovat TYPE FILE 001";
     unsigned int m_count = 0;
     bool m_hasCount = false;
     unsigned long long m_base = 0;
-};
-
-/// A storage over an image that writes its reads down and can be told to fail.
-class RecordingBlockManager : public OVAT::IBlockManager {
-public:
-    using Read = std::pair<unsigned long long, long long>;
-
-    explicit RecordingBlockManager(std::string image) : m_image(std::move(image)) {}
-    bool read(unsigned long long offset, void* buffer, long long count) override;
-
-    /// The reads since the last call.
-    std::vector<Read> takeReads() { return std::exchange(m_reads, {}); }
-    void failAtRead(std::size_t number) { m_failAt = number; }
-
-private:
-    std::string m_image;
-    std::vector<Read> m_reads;
-    std::size_t m_done = 0;
-    std::size_t m_failAt = static_cast<std::size_t>(-1);
 };
 
 /// A manager that has been set up over a built file; types are read when they are asked for.
@@ -102,19 +97,3 @@ private:
     RecordingBlockManager m_storage;
     RTTI::RTTypeManager m_manager;
 };
-
-/// What goes to the standard output while the object lives.
-class CapturedOutput {
-public:
-    CapturedOutput();
-    CapturedOutput(const CapturedOutput&) = delete;
-    CapturedOutput& operator=(const CapturedOutput&) = delete;
-    ~CapturedOutput();
-    std::string text() const;
-
-private:
-    struct State;
-    State* m_state;
-};
-
-std::vector<std::vector<int>> numbersOf(const std::vector<RTTI::FullConstraints>& constraints);

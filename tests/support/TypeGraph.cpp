@@ -7,13 +7,6 @@ namespace RTTITest {
 
 using namespace RTTI;
 
-std::vector<std::vector<int>> triples(const Ranges& ranges) {
-    std::vector<std::vector<int>> result;
-    for (const FullConstraints& range : ranges)
-        result.push_back({range.si, range.ei, range.dir});
-    return result;
-}
-
 RTSeqEnumType& TypeGraph::seqEnum(ValueEncoding encoding) {
     auto& type = add<RTSeqEnumType>();
     type.m_valueEncoding = encoding;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RTTI/RTType.h"
+#include "tests/support/Ranges.h"
 
 #include <cstddef>
 #include <memory>
@@ -18,9 +19,6 @@ inline constexpr RTTI::FullConstraints OPEN{0, 0, -2};
 
 /// The full range of a 32-bit index.
 inline constexpr RTTI::FullConstraints FULL_RANGE{-2147483647 - 1, 2147483647, 1};
-
-/// Ranges as plain triples, which compare and print.
-std::vector<std::vector<int>> triples(const Ranges& ranges);
 
 /// Types that are linked by hand, as a loader would leave them. The graph owns every type that it
 /// makes; links may lead anywhere in it, cycles included.

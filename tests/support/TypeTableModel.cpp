@@ -13,7 +13,6 @@ namespace RTTITest {
 namespace {
 
 constexpr std::size_t RECORD_HEAD = 8;
-constexpr std::size_t FILE_HEAD = 40;
 constexpr std::uint32_t NO_ID = 0xFFFFFFFF;
 
 constexpr std::uint32_t BUILDING_KINDS[] = {
@@ -31,25 +30,14 @@ constexpr std::uint32_t EMPTY_KINDS[] = {0xA000000A, 0xA000000E, 0xA000000F, 0xA
                                          0xA0000016, 0xA0000001, 0xA0000002, 0xA000001A,
                                          0,          0xFFFFFFFF};
 
-void putNumber(std::string& out, std::uint64_t value, std::size_t width) {
-    for (std::size_t i = 0; i < width; ++i)
-        out.push_back(static_cast<char>(value >> (8 * i) & 0xFF));
-}
-
-std::string encoded(const ModelRecord& record) {
-    std::string out;
-    putNumber(out, record.size, 4);
-    putNumber(out, record.kind, 4);
-    for (const Token& token : record.tokens) {
-        if (token.kind == TokenKind::NAME || token.kind == TokenKind::RAW)
-            out += token.text;
-        else
-            putNumber(out, token.bits, token.width());
-        if (token.kind == TokenKind::NAME)
-            out.push_back('\0');
+void addToken(TypeFileBuilder& file, const Token& token) {
+    switch (token.kind) {
+    case TokenKind::NAME: file.str(token.text); break;
+    case TokenKind::RAW: file.bytes(token.text); break;
+    case TokenKind::U32:
+    case TokenKind::I32: file.u32(static_cast<std::uint32_t>(token.bits)); break;
+    default: file.i64(static_cast<long long>(token.bits)); break;
     }
-    out.resize(record.size);
-    return out;
 }
 
 /// How a file's references are drawn.
@@ -348,28 +336,24 @@ ModelRecord FileMaker::oneRecord(unsigned int id) {
     return made;
 }
 
-/// Places header, address table and records, the records in any order and with gaps.
+/// Places the records in any order and with gaps.
 void FileMaker::lay(ModelFile& file) {
     file.baseOffset = below(64);
-    std::string storage(file.baseOffset + FILE_HEAD + below(16), '\xEE');
+    std::vector<std::size_t> gaps{below(16)};
     std::vector<std::size_t> order(m_count);
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::shuffle(order.begin(), order.end(), m_random);
-    file.addresses.resize(m_count);
-    for (const std::size_t id : order) {
-        file.addresses[id] = storage.size();
-        storage += encoded(file.records[id]);
-        storage.append(below(4), '\xEE');
-    }
-    file.addressTableOffset = static_cast<std::uint32_t>(storage.size());
-    for (const std::uint64_t address : file.addresses)
-        putNumber(storage, address, 8);
-    std::string head = "TYPE FILE of the model";
-    head.resize(32);
-    putNumber(head, m_count, 4);
-    putNumber(head, file.addressTableOffset, 4);
-    storage.replace(file.baseOffset, FILE_HEAD, head);
-    file.bytes.assign(storage.begin(), storage.end());
+    for (std::uint32_t id = 0; id < m_count; ++id)
+        gaps.push_back(below(4));
+    const TypeFileBuilder built = builderOf(file)
+                                      .version("TYPE FILE of the model")
+                                      .base(file.baseOffset)
+                                      .arrange(order, gaps);
+    file.addresses = built.addresses();
+    file.addressTableOffset = static_cast<std::uint32_t>(file.addresses.back());
+    file.addresses.pop_back();
+    const std::string image = built.image();
+    file.bytes.assign(image.begin(), image.end());
 }
 
 ModelFile FileMaker::make() {
@@ -391,6 +375,18 @@ std::size_t Token::width() const {
     case TokenKind::NAME: return text.size() + 1;
     default: return text.size();
     }
+}
+
+TypeFileBuilder builderOf(const ModelFile& file) {
+    TypeFileBuilder built;
+    for (const ModelRecord& record : file.records) {
+        const auto& tokens = record.tokens; // The name and the flags are the first two.
+        built.record(record.kind, tokens[0].text, static_cast<unsigned int>(tokens[1].bits));
+        for (std::size_t i = 2; i < tokens.size(); ++i)
+            addToken(built, tokens[i]);
+        built.cut(record.size);
+    }
+    return built;
 }
 
 ModelFile randomFile(std::uint64_t seed, unsigned int maxTypes) {

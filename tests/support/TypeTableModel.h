@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/TypeFileBuilder.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -50,11 +52,14 @@ struct ModelRecord {
 /// A type file with its place in the storage.
 struct ModelFile {
     std::vector<ModelRecord> records;
-    std::vector<std::uint64_t> addresses; ///< Absolute, one a record.
+    std::vector<unsigned long long> addresses; ///< Absolute, one a record.
     std::uint64_t baseOffset = 0;
     std::uint32_t addressTableOffset = 0;
     std::vector<char> bytes; ///< The whole storage.
 };
+
+/// The records of a file, one behind the other.
+TypeFileBuilder builderOf(const ModelFile& file);
 
 /// A well-formed type file of 1 to `maxTypes` types; the same seed gives the same file. References
 /// go anywhere, also forward, in cycles and now and then past the table; some records are cut.

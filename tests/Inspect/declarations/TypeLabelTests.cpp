@@ -1,6 +1,5 @@
 #include "Inspect/declarations/TypeLabel.h"
-#include "RTTI/CTType.h"
-#include "tests/support/WrittenTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -8,16 +7,14 @@ namespace {
 
 using namespace RTTI;
 using namespace Inspect;
-using RTTITest::WrittenTypes;
 
 TEST(TypeLabel, SaysNoWordOfTheKindTwice) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto logic = types.logic();
     const auto record = types.structure("", {{"a", logic}});
-    CTDiscreteEnumType states;
-    states.m_baseTypeId = logic;
-    const auto enumeration = types.add(states);
-    const auto array = types.array(VHDL_ARRAY, "", types.integer("i", {0, 3, 1}), {{0, 3, 1}});
+    types.add<RTDiscreteEnumType>("").m_baseTypeId = logic;
+    const auto enumeration = types.last();
+    const auto array = types.array(VHDL_ARRAY, "", types.integer("i", 0, 3), {{0, 3, 1}});
     const TypeTable table = types.table();
     const auto label = [&](unsigned int id) {
         return labelOf(table, id, table.typeOf(id), TextStyle::plain());

@@ -1,6 +1,6 @@
 #include "Inspect/diff/TypeDiffPrinter.h"
 
-#include "tests/support/TypeList.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,21 +10,20 @@ namespace {
 
 using namespace RTTI;
 using Inspect::TextStyle;
-using RTTITest::TypeList;
 
 /// A removed, an added and two changed types, one of them twice, and one that contains a change.
 struct TwoFiles {
     TwoFiles() {
         a.integer("int");
-        a.record("hdr_t", {{"len", 0}, {"kind", 0}});
-        a.array("", 1, 3, 0);
+        a.structure("hdr_t", {{"len", 0}, {"kind", 0}}, VLOG_PACKED_STRUCT);
+        a.packed("", 1, {{3, 0, 0}});
         a.integer("old\x1B", 1, 2);
-        a.array("frames_t", 2, 7, 0);
-        b.array("", 1, 3, 0);
-        b.record("hdr_t", {{"len", 2}, {"crc", 3}});
+        a.packed("frames_t", 2, {{7, 0, 0}});
+        b.packed("", 1, {{3, 0, 0}});
+        b.structure("hdr_t", {{"len", 2}, {"crc", 3}}, VLOG_PACKED_STRUCT);
         b.integer("int", 0, 15);
         b.add<RTStringType>("string");
-        b.array("frames_t", 0, 7, 0);
+        b.packed("frames_t", 0, {{7, 0, 0}});
     }
 
     std::string text(const TextStyle& style) const {
@@ -33,7 +32,7 @@ struct TwoFiles {
         return out.str();
     }
 
-    TypeList a, b;
+    LinkedTypes a, b;
 };
 
 TEST(TypeDiffText, HasALineForEachTypeAndTheVerdictWithItsRule) {
@@ -66,19 +65,21 @@ TEST(TypeDiffText, OfTheSameTypesIsTheVerdictAlone) {
 }
 
 TEST(TypeDiffText, TellsTypesWithoutNamesByTheirShapes) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("int");
-    a.array("", 0, 3, 0);
-    a.alias("<anonymous>", 1).m_constraints = {{1, 2, 1}, {3, 0, 0}};
-    a.addHole();
+    a.as<RTArrayType>(a.packed("", 0, {})).m_constraints = {{3, 0, 0}}; // It has no dimension.
+    a.alias("<anonymous>", 4, {{1, 2, 1}, {3, 0, 0}});
+    a.hole();
+    a.structure("pair", {}, VHDL_RECORD);
     std::ostringstream out;
     printDiffText(out, Inspect::TypeDiff(a.table(), b.table()), TextStyle::plain());
     EXPECT_EQ(out.str().substr(0, out.str().find("incompatible")),
               "removed type 0: integer \"int\"\n"
               "removed type 1: packed array int\n"
-              "removed type 2: typedef \"<anonymous>\" type_1 /* no place for: (1 to 2), "
+              "removed type 2: typedef \"<anonymous>\" pair /* no place for: (1 to 2), "
               "(3 downto 0) */\n"
-              "removed type 3: no type\n");
+              "removed type 3: no type\n"
+              "removed type 4: record \"pair\"\n");
 }
 
 TEST(TypeDiffJson, HasTheSameListsAnEntryALine) {

@@ -6,8 +6,8 @@
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeBuilding.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/Renumbering.h"
-#include "tests/support/TypeList.h"
 #include "tests/support/TypeMutations.h"
 #include "tests/support/TypeTableModel.h"
 
@@ -94,7 +94,7 @@ class AnySeed : public testing::TestWithParam<unsigned int> {};
 INSTANTIATE_TEST_SUITE_P(TypeDiffs, AnySeed, testing::Range(0U, 40U));
 
 /// Few names and few kinds, so that many types are alike; references to anywhere.
-void addAlikeTypes(TypeList& types, unsigned int count, std::mt19937& random) {
+void addAlikeTypes(LinkedTypes& types, unsigned int count, std::mt19937& random) {
     const auto target = [&]() -> unsigned int {
         const unsigned int id = random() % (count + 1);
         return id < count ? id : random() % 2 == 0 ? 0xFFFFFFFF : count + random() % 3;
@@ -104,9 +104,11 @@ void addAlikeTypes(TypeList& types, unsigned int count, std::mt19937& random) {
         const std::string name(random() % 2, 'a');
         switch (random() % kinds) {
         case 0: types.access(name, target()); break;
-        case 1: types.record(name, {{"x", target()}, {"y", target()}}); break;
+        case 1:
+            types.structure(name, {{"x", target()}, {"y", target()}}, VLOG_PACKED_STRUCT);
+            break;
         case 2: types.alias(name, target()); break;
-        case 3: types.array(name, target(), 1, 0).m_indexTypeIds = {target()}; break;
+        case 3: types.vhdlArray(name, target(), {target()}, {{1, 0, 0}}); break;
         default: types.integer(name);
         }
     }
@@ -119,7 +121,7 @@ std::vector<std::string> textsOf(unsigned int seed, unsigned int countA, unsigne
     std::vector<std::string> texts;
     std::mt19937 random(seed);
     for (const unsigned int count : {countA, countB}) {
-        TypeList types;
+        LinkedTypes types;
         addAlikeTypes(types, count, random);
         const std::size_t first = texts.size();
         for (unsigned int id = 0; id < count; ++id) {
@@ -153,7 +155,7 @@ TEST_P(AnySeed, ClassesAreThoseThatStepsAlongReferencesTellApart) {
         for (unsigned int step = 0; step <= countA + countB; ++step)
             expected = numbered(textsOf(seed, countA, countB, expected));
 
-        TypeList a, b;
+        LinkedTypes a, b;
         random.seed(seed);
         addAlikeTypes(a, countA, random);
         addAlikeTypes(b, countB, random);
@@ -173,10 +175,12 @@ TEST_P(AnySeed, ShuffledTypesAreRenumbered) {
 
 TEST_P(AnySeed, AppendedTypesAreCompatible) {
     RandomTypes a(GetParam(), 200), b(GetParam(), 200);
-    TypeList more;
-    b.append(more.integer("an integer"));
-    b.append(more.alias("an alias", 0));
-    b.append(more.record("a record", {{"itself", b.size()}}));
+    LinkedTypes more;
+    more.integer("an integer");
+    more.alias("an alias", 0);
+    more.structure("a record", {{"itself", b.size() + 2}});
+    for (unsigned int id = 0; id < more.size(); ++id)
+        b.append(more[id]);
     b.shuffle(GetParam());
     const TypeDiff diff(a.table(), b.table());
     EXPECT_EQ(diff.verdict(), DiffVerdict::COMPATIBLE);

@@ -1,6 +1,6 @@
 #include "Inspect/diff/TypeDiff.h"
 
-#include "tests/support/TypeList.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,6 @@ namespace {
 using namespace RTTI;
 using Inspect::DiffVerdict;
 using Inspect::TypeDiff;
-using RTTITest::TypeList;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -34,18 +33,18 @@ std::vector<std::string> linesOf(const TypeDiff& diff) {
     return lines;
 }
 
-std::vector<std::string> linesOf(const TypeList& a, const TypeList& b) {
+std::vector<std::string> linesOf(const LinkedTypes& a, const LinkedTypes& b) {
     return linesOf(TypeDiff(a.table(), b.table()));
 }
 
-DiffVerdict verdictOf(const TypeList& a, const TypeList& b) {
+DiffVerdict verdictOf(const LinkedTypes& a, const LinkedTypes& b) {
     return TypeDiff(a.table(), b.table()).verdict();
 }
 
 /// The same types twice, with one change to the second.
-std::vector<std::string> linesAfter(const std::function<void(TypeList&)>& make,
-                                    const std::function<void(TypeList&)>& change) {
-    TypeList a, b;
+std::vector<std::string> linesAfter(const std::function<void(LinkedTypes&)>& make,
+                                    const std::function<void(LinkedTypes&)>& change) {
+    LinkedTypes a, b;
     make(a);
     make(b);
     change(b);
@@ -53,18 +52,18 @@ std::vector<std::string> linesAfter(const std::function<void(TypeList&)>& make,
 }
 
 /// A packet whose header has a length: 0 bit, 1 array, 2 header, 3 packet, 4 alias of it.
-void makePacket(TypeList& types) {
+void makePacket(LinkedTypes& types) {
     types.enumeration("bit", {"0", "1"});
-    types.array("", 0, 7, 0);
-    types.record("", {{"len", 1}, {"last", 0}});
-    types.record("", {{"hdr", 2}});
+    types.packed("", 0, {{7, 0, 0}});
+    types.structure("", {{"len", 1}, {"last", 0}}, VLOG_PACKED_STRUCT);
+    types.structure("", {{"hdr", 2}}, VLOG_PACKED_STRUCT);
     types.alias("pkt_t", 3);
 }
 
 // Verdicts.
 
 TEST(TypeDiffs, SameIdsWithSameTypesAreIdentical) {
-    TypeList a, b;
+    LinkedTypes a, b;
     makePacket(a);
     makePacket(b);
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::IDENTICAL);
@@ -72,11 +71,11 @@ TEST(TypeDiffs, SameIdsWithSameTypesAreIdentical) {
 }
 
 TEST(TypeDiffs, FilesWithoutTypesAreIdentical) {
-    EXPECT_EQ(verdictOf(TypeList(), TypeList()), DiffVerdict::IDENTICAL);
+    EXPECT_EQ(verdictOf(LinkedTypes(), LinkedTypes()), DiffVerdict::IDENTICAL);
 }
 
 TEST(TypeDiffs, SameTypesUnderOtherIdsAreRenumbered) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("int");
     a.alias("word", 0);
     b.alias("word", 1);
@@ -86,21 +85,21 @@ TEST(TypeDiffs, SameTypesUnderOtherIdsAreRenumbered) {
 }
 
 TEST(TypeDiffs, AnotherSystemVerilogTypeIdRenumbers) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.add<RTQueueType>("q").m_svTypeId = 5;
     b.add<RTQueueType>("q").m_svTypeId = 7;
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
 }
 
 TEST(TypeDiffs, SystemVerilogTypeIdWhereThereWasNoneIsAChange) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.add<RTQueueType>("q");
     b.add<RTQueueType>("q").m_svTypeId = 7;
     EXPECT_THAT(linesOf(a, b), ElementsAre("q: svTypeId none -> assigned"));
 }
 
 TEST(TypeDiffs, MoreTypesAreCompatible) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("int");
     b.integer("byte", 0, 255);
     b.integer("int");
@@ -109,7 +108,7 @@ TEST(TypeDiffs, MoreTypesAreCompatible) {
 }
 
 TEST(TypeDiffs, FewerTypesAreIncompatible) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("int");
     a.integer("byte", 0, 255);
     b.integer("int");
@@ -118,7 +117,7 @@ TEST(TypeDiffs, FewerTypesAreIncompatible) {
 }
 
 TEST(TypeDiffs, EachTypeNeedsAnEqualOfItsOwn) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("int");
     a.integer("int");
     b.integer("int");
@@ -127,7 +126,7 @@ TEST(TypeDiffs, EachTypeNeedsAnEqualOfItsOwn) {
 }
 
 TEST(TypeDiffs, AppendedLiteralIsIncompatible) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state", {"idle"});
     b.enumeration("state", {"idle", "busy"});
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::INCOMPATIBLE);
@@ -136,7 +135,7 @@ TEST(TypeDiffs, AppendedLiteralIsIncompatible) {
 // Where a change lies.
 
 TEST(TypeDiffs, ChangeIsToldWhereItLiesAndNotAgainAbove) {
-    TypeList a, b;
+    LinkedTypes a, b;
     makePacket(a);
     makePacket(b);
     static_cast<RTArrayType&>(b[1]).m_constraints = {{15, 0, 0}};
@@ -150,73 +149,74 @@ TEST(TypeDiffs, ChangeIsToldWhereItLiesAndNotAgainAbove) {
 
 TEST(TypeDiffs, PathBeginsAtTheNearestName) {
     EXPECT_THAT(linesAfter(
-                    [](TypeList& types) {
+                    [](LinkedTypes& types) {
                         makePacket(types);
-                        types.record("frame_t", {{"body", 4}});
+                        types.structure("frame_t", {{"body", 4}}, VLOG_PACKED_STRUCT);
                     },
-                    [](TypeList& types) { types[2].m_flags = 0x10; }),
+                    [](LinkedTypes& types) { types[2].m_flags = 0x10; }),
                 ElementsAre("pkt_t.hdr: flags 0x0 -> 0x10"));
 }
 
 TEST(TypeDiffs, MemberThatTookAnotherArrayIsToldByItsRange) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->enumeration("bit", {"0", "1"});
-        types->array("", 0, 7, 0);
-        types->array("", 0, 15, 0);
-        types->record("lengths_t", {{"short", 1}, {"long", 2}});
+        types->packed("", 0, {{7, 0, 0}});
+        types->packed("", 0, {{15, 0, 0}});
+        types->structure("lengths_t", {{"short", 1}, {"long", 2}}, VLOG_PACKED_STRUCT);
     }
-    a.record("hdr_t", {{"len", 1}});
-    b.record("hdr_t", {{"len", 2}});
+    a.structure("hdr_t", {{"len", 1}}, VLOG_PACKED_STRUCT);
+    b.structure("hdr_t", {{"len", 2}}, VLOG_PACKED_STRUCT);
     EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: constraints 7 downto 0 -> 15 downto 0"));
 }
 
 TEST(TypeDiffs, ArrayThatCameToEqualAnotherIsToldOnce) {
     EXPECT_THAT(linesAfter(
-                    [](TypeList& types) {
+                    [](LinkedTypes& types) {
                         types.enumeration("bit", {"0", "1"});
-                        types.array("", 0, 63, 0);
-                        types.array("", 0, 31, 0);
-                        types.array("", 1, 3, 0);
-                        types.array("", 2, 3, 0);
-                        types.record("word_t", {{"data", 1}});
+                        types.packed("", 0, {{63, 0, 0}});
+                        types.packed("", 0, {{31, 0, 0}});
+                        types.packed("", 1, {{3, 0, 0}});
+                        types.packed("", 2, {{3, 0, 0}});
+                        types.structure("word_t", {{"data", 1}}, VLOG_PACKED_STRUCT);
                     },
-                    [](TypeList& types) {
+                    [](LinkedTypes& types) {
                         static_cast<RTArrayType&>(types[1]).m_constraints = {{31, 0, 0}};
                     }),
                 ElementsAre("word_t.data: constraints 63 downto 0 -> 31 downto 0"));
 }
 
 TEST(TypeDiffs, MemberThatTookANamedTypeIsToldByName) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->integer("byte", 0, 255);
         types->integer("word", 0, 65535);
     }
-    a.record("hdr_t", {{"len", 0}});
-    b.record("hdr_t", {{"len", 1}});
+    a.structure("hdr_t", {{"len", 0}}, VLOG_PACKED_STRUCT);
+    b.structure("hdr_t", {{"len", 1}}, VLOG_PACKED_STRUCT);
     EXPECT_THAT(linesOf(a, b), ElementsAre("hdr_t.len: type integer \"byte\" -> integer \"word\""));
 }
 
 TEST(TypeDiffs, SharedTypeThatChangedHasOneLine) {
     EXPECT_THAT(
         linesAfter(
-            [](TypeList& types) {
+            [](LinkedTypes& types) {
                 types.integer("byte", 0, 255);
                 for (unsigned int i = 0; i < 100; ++i)
-                    types.record(numbered("record_", i), {{"field", 0}});
+                    types.structure(numbered("record_", i), {{"field", 0}}, VLOG_PACKED_STRUCT);
             },
-            [](TypeList& types) { static_cast<RTIntType&>(types[0]).m_constraint.ei = 127; }),
+            [](LinkedTypes& types) { static_cast<RTIntType&>(types[0]).m_constraint.ei = 127; }),
         ElementsAre("byte: range 0 to 255 -> 0 to 127"));
 }
 
 /// What became of a typedef with ten distinct ranges whose first and last ones were others.
-TypeList tenRanges(int first, int last) {
-    TypeList types;
-    types.integer("int");
-    auto& alias = types.alias("t", 0);
+LinkedTypes tenRanges(int first, int last) {
+    LinkedTypes::Ranges ranges;
     for (int i = 0; i < 10; ++i)
-        alias.m_constraints.push_back({i == 0 ? first : i == 9 ? last : i, 0, 0});
+        ranges.push_back({i == 0 ? first : i == 9 ? last : i, 0, 0});
+    LinkedTypes types;
+    types.integer("int");
+    types.alias("t", 0, ranges);
     return types;
 }
 
@@ -233,7 +233,7 @@ TEST(TypeDiffs, ListsThatDifferBehindWhatIsShownAreToldFromThereOn) {
 }
 
 TEST(TypeDiffs, LongListsOfRangesAreWholeOnRequest) {
-    const TypeList a = tenRanges(40, 9), b = tenRanges(40, 10);
+    const LinkedTypes a = tenRanges(40, 9), b = tenRanges(40, 10);
     TypeDiff(a.table(), b.table())
         .eachChange(
             [](const Inspect::TypeChange& change) {
@@ -245,8 +245,8 @@ TEST(TypeDiffs, LongListsOfRangesAreWholeOnRequest) {
 
 TEST(TypeDiffs, StepsOfAPathNameTheReference) {
     const auto steps = [](auto link) {
-        TypeList a, b;
-        for (TypeList* types : {&a, &b}) {
+        LinkedTypes a, b;
+        for (LinkedTypes* types : {&a, &b}) {
             types->integer("int");
             types->alias("", 0);
             link(*types);
@@ -254,44 +254,50 @@ TEST(TypeDiffs, StepsOfAPathNameTheReference) {
         b[1].m_flags = 1;
         return linesOf(a, b);
     };
-    EXPECT_THAT(steps([](TypeList& types) { types.array("mem", 1, 3, 0); }),
+    EXPECT_THAT(steps([](LinkedTypes& types) {
+                    types.packed("mem", 1, {{3, 0, 0}});
+                }),
                 ElementsAre("mem[]: flags 0x0 -> 0x1"));
-    EXPECT_THAT(steps([](TypeList& types) {
-                    types.array("mem", 0, 3, 0).m_indexTypeIds = {0, 1};
+    EXPECT_THAT(steps([](LinkedTypes& types) {
+                    types.vhdlArray("mem", 0, {0, 1}, {{3, 0, 0}});
                 }),
                 ElementsAre("mem[index 2]: flags 0x0 -> 0x1"));
-    EXPECT_THAT(steps([](TypeList& types) { types.access("ptr", 1); }),
+    EXPECT_THAT(steps([](LinkedTypes& types) { types.access("ptr", 1); }),
                 ElementsAre("ptr.all: flags 0x0 -> 0x1"));
-    EXPECT_THAT(steps([](TypeList& types) { types.add<RTFileType>("text").m_refTypeId = 1; }),
+    EXPECT_THAT(steps([](LinkedTypes& types) { types.add<RTFileType>("text").m_refTypeId = 1; }),
                 ElementsAre("text.<element>: flags 0x0 -> 0x1"));
-    EXPECT_THAT(steps([](TypeList& types) { types.add<RTClassType>("c").m_baseClassTypeId = 1; }),
-                ElementsAre("c.<base>: flags 0x0 -> 0x1"));
-    EXPECT_THAT(steps([](TypeList& types) { types.alias("t", 1); }),
+    EXPECT_THAT(
+        steps([](LinkedTypes& types) { types.add<RTClassType>("c").m_baseClassTypeId = 1; }),
+        ElementsAre("c.<base>: flags 0x0 -> 0x1"));
+    EXPECT_THAT(steps([](LinkedTypes& types) { types.alias("t", 1); }),
                 ElementsAre("t: flags 0x0 -> 0x1"));
 }
 
 TEST(TypeDiffs, OddNamesInPathsAreQuotedAndEscaped) {
     EXPECT_THAT(
         linesAfter(
-            [](TypeList& types) {
-                types.record("a.b\x1B", {{"the \"x\"", 7}});
+            [](LinkedTypes& types) {
+                types.structure("a.b\x1B", {{"the \"x\"", 7}}, VLOG_PACKED_STRUCT);
             },
-            [](TypeList& types) {
+            [](LinkedTypes& types) {
                 static_cast<RTRecordType&>(types[0]).m_members[0]->m_constraints = {{1, 0, 0}};
             }),
         ElementsAre("\"a.b\\x1B\".\"the \\\"x\\\"\": constraints no range -> 1 downto 0"));
 }
 
 TEST(TypeDiffs, TypeWithoutANameAroundItIsToldById) {
-    EXPECT_THAT(linesAfter([](TypeList& types) { types.array("", 9, 3, 0); },
-                           [](TypeList& types) { types[0].m_flags = 2; }),
+    EXPECT_THAT(linesAfter(
+                    [](LinkedTypes& types) {
+                        types.packed("", 9, {{3, 0, 0}});
+                    },
+                    [](LinkedTypes& types) { types[0].m_flags = 2; }),
                 ElementsAre("(type 0): flags 0x0 -> 0x2"));
 }
 
 // Lists of literals, units and members.
 
 TEST(TypeDiffs, LiteralInTheMiddleIsOneAddition) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state", {"idle", "busy", "done"});
     b.enumeration("state", {"idle", "wait", "busy", "done"});
     EXPECT_THAT(linesOf(a, b), ElementsAre("state.wait: literals ... -> value 1"));
@@ -299,14 +305,14 @@ TEST(TypeDiffs, LiteralInTheMiddleIsOneAddition) {
 }
 
 TEST(TypeDiffs, LiteralWithAnotherNameInItsPlaceIsRenamed) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state", {"idle", "busy", "done"});
     b.enumeration("state", {"idle", "work", "done"});
     EXPECT_THAT(linesOf(a, b), ElementsAre("state.busy: name \"busy\" -> \"work\""));
 }
 
 TEST(TypeDiffs, LiteralInAnotherPlaceIsNotRenamed) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state", {"idle", "busy"});
     b.enumeration("state", {"busy", "done"});
     EXPECT_THAT(linesOf(a, b), ElementsAre("state.idle: literals value 0 -> ...",
@@ -314,7 +320,7 @@ TEST(TypeDiffs, LiteralInAnotherPlaceIsNotRenamed) {
 }
 
 TEST(TypeDiffs, LiteralWithAnotherValueIsTold) {
-    TypeList a, b;
+    LinkedTypes a, b;
     TypeFile::addLiteral(a.add<RTDiscreteEnumType>("e"), "x", std::string("\x01\x02"));
     TypeFile::addLiteral(b.add<RTDiscreteEnumType>("e"), "x", std::string("\x01\x03"));
     static_cast<RTDiscreteEnumType&>(a[0]).m_valueSize = 2;
@@ -323,58 +329,58 @@ TEST(TypeDiffs, LiteralWithAnotherValueIsTold) {
 }
 
 TEST(TypeDiffs, UnitWithAnotherValueIsTold) {
-    TypeList a, b;
+    LinkedTypes a, b;
     TypeFile::addUnit(a.add<RTPhysicalType>("time"), "ps", 1000);
     TypeFile::addUnit(b.add<RTPhysicalType>("time"), "ps", 1);
     EXPECT_THAT(linesOf(a, b), ElementsAre("time.ps: value 1000 -> 1"));
 }
 
 TEST(TypeDiffs, FewestMembersCountAsMoved) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b})
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b})
         types->integer("int");
-    a.record("r", {{"a", 0}, {"b", 0}, {"c", 0}, {"d", 0}});
-    b.record("r", {{"d", 0}, {"a", 0}, {"b", 0}, {"c", 0}});
+    a.structure("r", {{"a", 0}, {"b", 0}, {"c", 0}, {"d", 0}}, VLOG_PACKED_STRUCT);
+    b.structure("r", {{"d", 0}, {"a", 0}, {"b", 0}, {"c", 0}}, VLOG_PACKED_STRUCT);
     EXPECT_THAT(linesOf(a, b), ElementsAre("r.d: position 3 -> 0"));
 }
 
 TEST(TypeDiffs, RemovedAndAddedMembersHaveALineEach) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->integer("int");
         types->integer("byte", 0, 255);
     }
-    a.record("r", {{"a", 0}, {"b", 0}});
-    b.record("r", {{"a", 0}, {"c", 1}});
+    a.structure("r", {{"a", 0}, {"b", 0}}, VLOG_PACKED_STRUCT);
+    b.structure("r", {{"a", 0}, {"c", 1}}, VLOG_PACKED_STRUCT);
     EXPECT_THAT(linesOf(a, b), ElementsAre("r.b: members integer \"int\" -> ...",
                                            "r.c: members ... -> integer \"byte\""));
 }
 
 TEST(TypeDiffs, MembersOfOneNameAreTakenInTheirOrder) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b})
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b})
         types->integer("int");
-    a.record("r", {{"x", 0}, {"x", 0}});
-    b.record("r", {{"x", 0}, {"x", 0}, {"x", 0}});
+    a.structure("r", {{"x", 0}, {"x", 0}}, VLOG_PACKED_STRUCT);
+    b.structure("r", {{"x", 0}, {"x", 0}, {"x", 0}}, VLOG_PACKED_STRUCT);
     EXPECT_THAT(linesOf(a, b), ElementsAre("r.x: members ... -> integer \"int\""));
 }
 
 // Which types are before and after of one another.
 
 TEST(TypeDiffs, RenamedTypeHasOneLineWhereverItIsUsed) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("byte", 0, 255);
     b.integer("octet", 0, 255);
-    for (TypeList* types : {&a, &b}) {
-        types->record("r", {{"x", 0}});
-        types->record("s", {{"y", 0}});
+    for (LinkedTypes* types : {&a, &b}) {
+        types->structure("r", {{"x", 0}}, VLOG_PACKED_STRUCT);
+        types->structure("s", {{"y", 0}}, VLOG_PACKED_STRUCT);
     }
     EXPECT_THAT(linesOf(a, b), ElementsAre("byte: name \"byte\" -> \"octet\""));
 }
 
 TEST(TypeDiffs, NameThatTheOtherFileHasAsWellIsNoNewName) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b})
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b})
         types->integer("time");
     a.alias("time", 0);
     b.alias("delay", 0);
@@ -382,24 +388,24 @@ TEST(TypeDiffs, NameThatTheOtherFileHasAsWellIsNoNewName) {
 }
 
 TEST(TypeDiffs, NameWithAnotherKindIsOneChange) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.integer("word");
     b.enumeration("word", {"low", "high"});
     EXPECT_THAT(linesOf(a, b), ElementsAre("word: kind integer -> sequential enumeration"));
 }
 
 TEST(TypeDiffs, TypesOfOneNameArePairedByTheirLiterals) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state_t", {"idle", "busy"});
     a.enumeration("state_t", {"open", "shut"});
-    b.enumeration("state_t", {"open", "shut"}).m_valueSize = 4;
-    b.enumeration("state_t", {"idle", "busy"}).m_valueSize = 2;
+    b.as<RTSeqEnumType>(b.enumeration("state_t", {"open", "shut"})).m_valueSize = 4;
+    b.as<RTSeqEnumType>(b.enumeration("state_t", {"idle", "busy"})).m_valueSize = 2;
     EXPECT_THAT(linesOf(a, b),
-                ElementsAre("state_t: valueSize 0 -> 2", "state_t: valueSize 0 -> 4"));
+                ElementsAre("state_t: valueSize 1 -> 2", "state_t: valueSize 1 -> 4"));
 }
 
 TEST(TypeDiffs, TypesOfOneNameWithNothingInCommonAreRemovedAndAdded) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.enumeration("state_t", {"idle", "busy"});
     a.enumeration("state_t", {"open", "shut"});
     b.enumeration("state_t", {"red", "green"});
@@ -408,11 +414,11 @@ TEST(TypeDiffs, TypesOfOneNameWithNothingInCommonAreRemovedAndAdded) {
 }
 
 TEST(TypeDiffs, TypesOfOneNameArePairedByTheirPlaces) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->enumeration("state_t", {"idle", "busy"});
         types->enumeration("state_t", {"open", "shut"});
-        types->record("fsm_t", {{"first", 0}, {"second", 1}});
+        types->structure("fsm_t", {{"first", 0}, {"second", 1}}, VLOG_PACKED_STRUCT);
     }
     TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[0]), "ajar");
     TypeFile::addLiteral(static_cast<RTSeqEnumType&>(b[1]), "off");
@@ -421,16 +427,18 @@ TEST(TypeDiffs, TypesOfOneNameArePairedByTheirPlaces) {
 }
 
 TEST(TypeDiffs, TypeFoundByItsPlaceIsNotRemovedAsWell) {
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->integer("int");
-        types->array("", 0, types == &a ? 7 : 15, 0);
-        types->array("", 0, 7, 0);
+        types->packed("", 0, {{types == &a ? 7 : 15, 0, 0}});
+        types->packed("", 0, {{7, 0, 0}});
         // Two of one name, so that only their members tell them apart.
-        types->record("r", {{"len", 1}, {"last", 0}}).m_flags = types == &a ? 0 : 1;
-        types->record("r", {{"tag", 0}}).m_flags = types == &a ? 0 : 1;
+        types->structure("r", {{"len", 1}, {"last", 0}}, VLOG_PACKED_STRUCT);
+        (*types)[types->last()].m_flags = types == &a ? 0 : 1;
+        types->structure("r", {{"tag", 0}}, VLOG_PACKED_STRUCT);
+        (*types)[types->last()].m_flags = types == &a ? 0 : 1;
     }
-    a.array("", 0, 7, 0);
+    a.packed("", 0, {{7, 0, 0}});
     EXPECT_THAT(linesOf(a, b), ElementsAre("-2", "r.len: constraints 7 downto 0 -> 15 downto 0",
                                            "r: flags 0x0 -> 0x1", "r: flags 0x0 -> 0x1"));
 }
@@ -438,18 +446,18 @@ TEST(TypeDiffs, TypeFoundByItsPlaceIsNotRemovedAsWell) {
 // Cycles, depth and damage.
 
 TEST(TypeDiffs, ListsThatLeadToThemselvesAreFollowedOnce) {
-    TypeList a, b;
-    a.record("node_t", {{"next", 1}});
+    LinkedTypes a, b;
+    a.structure("node_t", {{"next", 1}}, VLOG_PACKED_STRUCT);
     a.access("node_ptr", 0);
     b.access("node_ptr", 1);
-    b.record("node_t", {{"next", 0}});
+    b.structure("node_t", {{"next", 0}}, VLOG_PACKED_STRUCT);
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
     static_cast<RTAccessType&>(b[0]).m_valueSize = 8;
     EXPECT_THAT(linesOf(a, b), ElementsAre("node_ptr: valueSize 0 -> 8"));
 }
 
 TEST(TypeDiffs, CyclesOfDifferentLengthThatNothingTellsApartAreEqual) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.access("p", 0);
     b.access("p", 1);
     b.access("p", 0);
@@ -457,7 +465,7 @@ TEST(TypeDiffs, CyclesOfDifferentLengthThatNothingTellsApartAreEqual) {
 }
 
 TEST(TypeDiffs, TypeOutsideACycleEqualsOneInside) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.access("p", 0);
     a.access("p", 0);
     b.access("p", 1);
@@ -466,7 +474,7 @@ TEST(TypeDiffs, TypeOutsideACycleEqualsOneInside) {
 }
 
 TEST(TypeDiffs, ReferencesToNothingAreComparedAsSuch) {
-    TypeList a, b;
+    LinkedTypes a, b;
     a.access("none", 0xFFFFFFFF);
     a.access("beyond", 100);
     b.access("none", 0xFFFFFFFF);
@@ -477,20 +485,20 @@ TEST(TypeDiffs, ReferencesToNothingAreComparedAsSuch) {
 }
 
 TEST(TypeDiffs, IdsThatBuildNoTypeAreAlike) {
-    TypeList a, b;
-    a.addHole();
+    LinkedTypes a, b;
+    a.hole();
     a.alias("t", 0);
     b.alias("t", 1);
-    b.addHole();
+    b.hole();
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::RENUMBERED);
-    b.addHole();
+    b.hole();
     EXPECT_THAT(linesOf(a, b), ElementsAre("+2"));
 }
 
 TEST(TypeDiffs, MissingMemberIsNoCrash) {
-    TypeList a, b;
-    a.record("r", {{"x", 0}});
-    auto& record = b.record("r", {});
+    LinkedTypes a, b;
+    a.structure("r", {{"x", 0}}, VLOG_PACKED_STRUCT);
+    auto& record = b.as<RTRecordType>(b.structure("r", {}, VLOG_PACKED_STRUCT));
     record.m_members.push_back(nullptr);
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::INCOMPATIBLE);
     EXPECT_FALSE(linesOf(a, b).empty());
@@ -498,13 +506,13 @@ TEST(TypeDiffs, MissingMemberIsNoCrash) {
 
 TEST(TypeDiffs, DeepChainsNeedNoStackAndNoQuadraticTime) {
     constexpr unsigned int DEPTH = 200000;
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->integer("int");
         for (unsigned int i = 0; i < DEPTH; ++i)
             types->alias("", i);
         types->access("loop", DEPTH + 2);
-        types->record("", {{"deep", DEPTH}, {"loop", DEPTH + 1}});
+        types->structure("", {{"deep", DEPTH}, {"loop", DEPTH + 1}}, VLOG_PACKED_STRUCT);
     }
     EXPECT_EQ(verdictOf(a, b), DiffVerdict::IDENTICAL);
     b[0].m_flags = 1;
@@ -513,7 +521,7 @@ TEST(TypeDiffs, DeepChainsNeedNoStackAndNoQuadraticTime) {
 
 TEST(TypeDiffs, LongRingOfLikeTypesEndsSoon) {
     constexpr unsigned int LENGTH = 200000;
-    TypeList a, b;
+    LinkedTypes a, b;
     for (unsigned int i = 0; i < LENGTH; ++i) {
         a.access(i == 0 ? "first" : "", (i + 1) % LENGTH);
         b.access(i == LENGTH - 1 ? "first" : "", (i + 1) % LENGTH);
@@ -523,15 +531,15 @@ TEST(TypeDiffs, LongRingOfLikeTypesEndsSoon) {
 
 TEST(TypeDiffs, ManyMembersOfOneStructTakeNoQuadraticTime) {
     constexpr unsigned int MEMBERS = 50000;
-    TypeList a, b;
-    for (TypeList* types : {&a, &b}) {
+    LinkedTypes a, b;
+    for (LinkedTypes* types : {&a, &b}) {
         types->integer("int");
-        std::vector<TypeList::Member> members;
+        std::vector<LinkedTypes::Member> members;
         for (unsigned int i = 1; i <= MEMBERS; ++i) {
-            types->array("", 0, static_cast<int>(i), types == &a ? 0 : -1);
+            types->packed("", 0, {{static_cast<int>(i), types == &a ? 0 : -1, 0}});
             members.push_back({numbered("m", i), i});
         }
-        types->record("big_t", members);
+        types->structure("big_t", members, VLOG_PACKED_STRUCT);
     }
     EXPECT_EQ(linesOf(a, b).size(), MEMBERS);
 }

@@ -1,13 +1,13 @@
 #include "Inspect/graph/GraphWriter.h"
 #include "RTTI/CTType.h"
 #include "TypeFile/TypeBuilding.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -20,21 +20,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-/// Types by id, made in the test; null is an id that builds no type.
-class Types {
+/// Types, and graphs of them.
+class Types : public LinkedTypes {
 public:
-    template <typename Type> Type& add(const char* name, std::unique_ptr<Type> type) {
-        if (name != nullptr)
-            TypeFile::setName(*type, name);
-        Type& added = *type;
-        m_types.push_back(std::move(type));
-        return added;
-    }
-    template <typename Type> Type& add(const char* name) {
-        return add(name, std::make_unique<Type>());
-    }
-    void addHole() { m_types.push_back(nullptr); }
-
     std::string graph(GraphForm form, GraphRequest request = {}) const {
         std::ostringstream out;
         m_size = write(out, request, form);
@@ -57,24 +45,11 @@ public:
         return texts;
     }
 
-    GraphSize size() const { return m_size; }
+    GraphSize drawn() const { return m_size; }
 
 private:
-    TypeTable table() const {
-        return {static_cast<unsigned int>(m_types.size()), [this](unsigned int id) {
-                    return id < m_types.size() ? m_types[id].get() : nullptr;
-                }};
-    }
-
-    std::vector<std::unique_ptr<RTBaseType>> m_types;
     mutable GraphSize m_size;
 };
-
-RTIntType& addInteger(Types& types, const char* name) {
-    auto& type = types.add<RTIntType>(name);
-    type.m_constraint = {0, 255, TypeFileFormat::TO_DIRECTION};
-    return type;
-}
 
 RTRecordType& addRecord(Types& types, const char* name) {
     auto& type = types.add<RTRecordType>(name);
@@ -91,7 +66,7 @@ RTClassType& addClass(Types& types, const char* name,
 
 /// An integer, and typedefs of it that each alias the one before.
 void addChain(Types& types, unsigned int length) {
-    addInteger(types, "end");
+    types.integer("end", 0, 255);
     for (unsigned int id = 0; id < length; ++id)
         types.add<RTTypedefType>("link").m_dataTypeId = id;
 }
@@ -126,13 +101,13 @@ TEST(GraphWriter, DrawsInheritanceFromTheBaseClassInAGroupOfItsOwn) {
 
 TEST(GraphWriter, DrawsNoGroupWithoutClasses) {
     Types types;
-    addInteger(types, "int");
+    types.integer("int", 0, 255);
     EXPECT_THAT(types.graph(GraphForm::DOT), Not(HasSubstr("subgraph")));
 }
 
 TEST(GraphWriter, GivesEachNodeItsIdKindNameAndRange) {
     Types types;
-    addInteger(types, "byte_t");
+    types.integer("byte_t", 0, 255);
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
               "  T0 [label=<0 <i>integer</i><br/><b>byte_t</b><br/>0 to 255>, "
               "fillcolor=\"#FFFFFF\"];\n");
@@ -143,20 +118,24 @@ TEST(GraphWriter, GivesEachNodeItsIdKindNameAndRange) {
 }
 
 TEST(GraphWriter, ShowsTheShapeOfATypeWithoutAName) {
-    Types types;
-    addInteger(types, nullptr);
-    EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "T0"),
+    RTIntType nameless;
+    nameless.m_constraint = {0, 255, 1};
+    const TypeTable table{1, [&](unsigned int) { return &nameless; }};
+    std::ostringstream dot, json;
+    writeGraph(dot, table, {}, GraphForm::DOT);
+    EXPECT_EQ(linesWith(dot.str(), "T0"),
               "  T0 [label=<0 <i>integer</i><br/>range 0 to 255>, fillcolor=\"#FFFFFF\"];\n");
-    EXPECT_THAT(types.graph(GraphForm::JSON), HasSubstr("\"name\":\"\""));
+    writeGraph(json, table, {}, GraphForm::JSON);
+    EXPECT_THAT(json.str(), HasSubstr("\"name\":\"\""));
 }
 
 TEST(GraphWriter, DrawsEachRoleInItsOwnStyle) {
     Types types;
-    addInteger(types, "int");
-    types.add("array", std::make_unique<CTArrayType>("", VHDL_ARRAY, 0, 0));
-    types.add("access", std::make_unique<CTAccessType>("", 0));
-    types.add("file", std::make_unique<CTFileType>("", 0));
-    types.add("alias", std::make_unique<CTTypedefType>("", 0));
+    types.integer("int", 0, 255);
+    types.add<CTArrayType>("array", VHDL_ARRAY, 0, 0);
+    types.add<CTAccessType>("access", 0);
+    types.add<CTFileType>("file", 0);
+    types.add<CTTypedefType>("alias", 0);
     types.add<RTDiscreteEnumType>("enum").m_baseTypeId = 0;
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "->"),
               "  T1 -> T0 [dir=both, arrowtail=odiamond];\n"
@@ -177,21 +156,21 @@ TEST(GraphWriter, DrawsEachRoleInItsOwnStyle) {
 TEST(GraphWriter, MergesMembersOfOneTypeInTheOrderOfTheirDeclaration) {
     Types types;
     auto& record = addRecord(types, "rec");
-    addInteger(types, "a");
-    addInteger(types, "b");
+    types.integer("a", 0, 255);
+    types.integer("b", 0, 255);
     TypeFile::addMember(record, "x", 2);
     TypeFile::addMember(record, "y", 1);
     TypeFile::addMember(record, "z", 2);
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "->"),
               "  T0 -> T2 [arrowhead=vee, label=<x<br/>z>];\n"
               "  T0 -> T1 [arrowhead=vee, label=<y>];\n");
-    EXPECT_EQ(types.size().types, 3u);
-    EXPECT_EQ(types.size().edges, 2u);
+    EXPECT_EQ(types.drawn().types, 3u);
+    EXPECT_EQ(types.drawn().edges, 2u);
 }
 
 TEST(GraphWriter, CountsTheMembersThatAPictureHasNoRoomFor) {
     Types types;
-    addInteger(types, "int");
+    types.integer("int", 0, 255);
     auto& five = addRecord(types, "five");
     auto& six = addRecord(types, "six");
     for (const char* name : {"a", "b", "c", "d", "e"}) {
@@ -209,8 +188,8 @@ TEST(GraphWriter, CountsTheMembersThatAPictureHasNoRoomFor) {
 
 TEST(GraphWriter, ShortensLongNamesInPicturesAlone) {
     Types types;
-    addInteger(types, std::string(61, 'n').c_str());
-    addInteger(types, std::string(60, 'm').c_str());
+    types.integer(std::string(61, 'n'), 0, 255);
+    types.integer(std::string(60, 'm'), 0, 255);
     const std::string dot = types.graph(GraphForm::DOT);
     EXPECT_THAT(dot, HasSubstr("<b>" + std::string(57, 'n') + "...</b>"));
     EXPECT_THAT(dot, HasSubstr("<b>" + std::string(60, 'm') + "</b>"));
@@ -219,22 +198,22 @@ TEST(GraphWriter, ShortensLongNamesInPicturesAlone) {
 
 TEST(GraphWriter, EscapesWhatDotAndHtmlWouldTakeForMore) {
     Types types;
-    addInteger(types, "<b>&\"\\N\n\xFF");
+    types.integer("<b>&\"\\N\n\xFF", 0, 255);
     EXPECT_THAT(types.graph(GraphForm::DOT),
                 HasSubstr("<b>&lt;b&gt;&amp;&quot;\\\\N\\\\n\\\\xFF</b>"));
 }
 
 TEST(GraphWriter, WritesOddCharactersOfMermaidAsCodes) {
     Types types;
-    addInteger(types, "a::b#(\"T\")\x1B");
+    types.integer("a::b#(\"T\")\x1B", 0, 255);
     EXPECT_THAT(types.graph(GraphForm::MERMAID),
                 HasSubstr("[\"0 a::b#35;#40;#34;T#34;#41;#92;x1B\"]"));
 }
 
 TEST(GraphWriter, HidesTextThatMermaidWouldTakeForAStatement) {
     Types types;
-    addInteger(types, "direction LR");
-    addInteger(types, "style::x#");
+    types.integer("direction LR", 0, 255);
+    types.integer("style::x#", 0, 255);
     auto& record = addRecord(types, " blank");
     TypeFile::addMember(record, "m:n", 0);
     const std::string mermaid = types.graph(GraphForm::MERMAID);
@@ -246,30 +225,30 @@ TEST(GraphWriter, HidesTextThatMermaidWouldTakeForAStatement) {
 
 TEST(GraphWriter, ShowsIdsWithoutATypeThatSomethingRefersTo) {
     Types types;
-    types.addHole();
+    types.hole();
     auto& record = addRecord(types, "rec");
-    types.addHole();
+    types.hole();
     TypeFile::addMember(record, "gone", 0);
     TypeFile::addMember(record, "outside", 9);
     EXPECT_THAT(types.shown(), ElementsAre("1", "0", "9", "1 members 0", "1 members 9"));
     EXPECT_THAT(types.graph(GraphForm::DOT),
                 HasSubstr("  T0 [label=<0 <i>builds no type</i>>, style=dotted];\n"));
     EXPECT_THAT(types.graph(GraphForm::MERMAID), HasSubstr("  class T9[\"9 builds no type\"]\n"));
-    EXPECT_EQ(types.size().types, 3u);
+    EXPECT_EQ(types.drawn().types, 3u);
 }
 
 TEST(GraphWriter, ShowsARootWithoutAType) {
     Types types;
-    types.addHole();
+    types.hole();
     EXPECT_THAT(types.shown({0, 5}), ElementsAre("0"));
 }
 
 TEST(GraphWriter, ShowsWhatARootReachesInTheOrderOfTheIds) {
     Types types;
-    addInteger(types, "unrelated");
-    types.add("queue", std::make_unique<CTQueueType>("", 3));
-    addInteger(types, "last");
-    types.add("alias", std::make_unique<CTTypedefType>("", 2));
+    types.integer("unrelated", 0, 255);
+    types.add<CTQueueType>("queue", 3);
+    types.integer("last", 0, 255);
+    types.add<CTTypedefType>("alias", 2);
     EXPECT_THAT(types.shown({1, 9}), ElementsAre("1", "2", "3", "1 elementType 3", "3 dataType 2"));
 }
 
@@ -288,7 +267,7 @@ TEST(GraphWriter, StopsAtTheDepthAndSaysWhereItCut) {
 TEST(GraphWriter, ReachesEachTypeOfACycleOnce) {
     Types types;
     auto& record = addRecord(types, "node");
-    types.add("next", std::make_unique<CTAccessType>("", 0));
+    types.add<CTAccessType>("next", 0);
     TypeFile::addMember(record, "next", 1);
     EXPECT_THAT(types.shown({1, 100}), ElementsAre("0", "1", "0 members 1", "1 refType 0"));
 }
@@ -297,8 +276,8 @@ TEST(GraphWriter, FollowsManyLinksInARow) {
     Types types;
     addChain(types, 200000);
     std::ignore = types.graph(GraphForm::DOT, {200000, 200000});
-    EXPECT_EQ(types.size().types, 200001u);
-    EXPECT_EQ(types.size().edges, 200000u);
+    EXPECT_EQ(types.drawn().types, 200001u);
+    EXPECT_EQ(types.drawn().edges, 200000u);
 }
 
 TEST(GraphWriter, EndsWhereItsStreamFails) {

@@ -1,9 +1,7 @@
 // The bits of leaves agree with a layout by plain recursion, bit by bit.
 
 #include "Inspect/model/LeafWalk.h"
-#include "RTTI/CTType.h"
-#include "TypeFile/TypeBuilding.h"
-#include "tests/support/WrittenTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +13,6 @@
 namespace {
 
 using namespace RTTI;
-using namespace RTTITest;
 using namespace Inspect;
 
 /// The values that have a bit: their paths, and the positions in the packed arrays on the way.
@@ -44,7 +41,7 @@ public:
         return scalar();
     }
 
-    WrittenTypes types;
+    LinkedTypes types;
 
 private:
     unsigned int below(unsigned int limit) { return static_cast<unsigned int>(m_random() % limit); }
@@ -59,10 +56,8 @@ private:
         const unsigned int width = 1 + below(5);
         unsigned int id = types.packed(m_logic, {range(width)});
         if (below(3) == 0) {
-            CTDiscreteEnumType enumeration;
-            enumeration.m_baseTypeId = id;
-            enumeration.m_valueSize = 2;
-            id = types.alias("e", types.add(enumeration));
+            types.add<RTDiscreteEnumType>("").m_baseTypeId = id;
+            id = types.alias("e", types.last());
         }
         return {id, Layout(width, Owners{"@"})};
     }
@@ -102,14 +97,13 @@ private:
     }
 
     Packed aggregate(RecordKind kind, const std::string& name, int depth) {
-        RTRecordType record(name.c_str());
-        record.m_recordKind = kind;
+        std::vector<LinkedTypes::Member> members;
         std::vector<Layout> layouts;
         const unsigned int count = 1 + below(3);
         for (unsigned int i = 0; i < count; ++i) {
             const Packed member = make(depth - 1);
             const std::string memberName = "m" + std::to_string(i);
-            TypeFile::addMember(record, memberName, member.id);
+            members.push_back({memberName, member.id});
             layouts.emplace_back();
             for (const Owners& owners : member.layout) {
                 Owners named;
@@ -118,7 +112,7 @@ private:
                 layouts.back().push_back(named);
             }
         }
-        return {types.add(record),
+        return {types.structure(name, members, kind),
                 kind == VLOG_PACKED_STRUCT ? sideBySide(layouts) : onTopOfOneAnother(layouts)};
     }
 
@@ -188,13 +182,11 @@ TEST(BitPlaces, OfLeavesAreThoseOfALayoutByRecursion) {
 }
 
 TEST(BitPlaces, CountFromTheOutermostPackedValue) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto nibble = types.packed(types.logic(), {{3, 0, 0}});
-    RTRecordType pair("pair_t");
-    pair.m_recordKind = VLOG_PACKED_STRUCT;
-    TypeFile::addMember(pair, "high", nibble);
-    TypeFile::addMember(pair, "low", nibble);
-    const auto list = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", types.add(pair), {{0, 9, 1}});
+    const auto pair =
+        types.structure("pair_t", {{"high", nibble}, {"low", nibble}}, VLOG_PACKED_STRUCT);
+    const auto list = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", pair, {{0, 9, 1}});
     const auto both = types.structure("both_t", {{"first", nibble}, {"list", list}});
     const TypeTable table = types.table();
     LeafWalk leaf(both, table.typeOf(both), *table.widths);

@@ -84,7 +84,7 @@ TEST(PartWalk, GivesTheRangesOfPopulateTypeConstraintsInItsOrder) {
             if (!parts.isWhole)
                 continue;
             const Ranges expected = rangesOf(types[i]);
-            ASSERT_EQ(triples(rangesOutsideContainers(parts.all)), triples(expected))
+            ASSERT_EQ(numbersOf(rangesOutsideContainers(parts.all)), numbersOf(expected))
                 << "seed " << seed << ", type " << i;
             ++compared;
             entries += expected.size();
@@ -116,7 +116,7 @@ TEST(PartWalk, OfLimitedDepthGivesTheSamePartsAsFarAsItGoes) {
         ASSERT_EQ(shallow.all.size(), expected.size()) << "seed " << seed;
         for (std::size_t i = 0; i < expected.size(); ++i) {
             ASSERT_EQ(shallow.all[i].type, expected[i].type) << "seed " << seed;
-            ASSERT_EQ(triples(shallow.all[i].ranges), triples(expected[i].ranges))
+            ASSERT_EQ(numbersOf(shallow.all[i].ranges), numbersOf(expected[i].ranges))
                 << "seed " << seed << ", depth " << depth << ", part " << i;
         }
         cut += expected.size() < all.all.size() ? 1 : 0;

@@ -1,8 +1,7 @@
 #include "Inspect/views/TypeLeaves.h"
 #include "RTTI/CTType.h"
-#include "TypeFile/TypeBuilding.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/TypeGraph.h"
-#include "tests/support/WrittenTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,9 +27,9 @@ std::string leavesOf(const TypeTable& types, unsigned int id) {
     return out.str();
 }
 
-std::string leavesOf(WrittenTypes& types, unsigned int id) { return leavesOf(types.table(), id); }
+std::string leavesOf(LinkedTypes& types, unsigned int id) { return leavesOf(types.table(), id); }
 
-std::string jsonOf(WrittenTypes& types, unsigned int id) {
+std::string jsonOf(LinkedTypes& types, unsigned int id) {
     std::ostringstream out;
     writeLeavesJson(out, types.table(), {id}, JsonForm::LINES);
     return out.str();
@@ -55,7 +54,7 @@ TEST(TypeLeaves, EndBehindAsManyPartsAsTheWalkMayLookAt) {
 }
 
 TEST(TypeLeaves, StandInColumns) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto logic = types.logic();
     const auto byte = types.alias("byte_t", types.packed(logic, {BYTE}));
     const auto header = types.structure("hdr_t", {{"len", byte}, {"ok", logic}});
@@ -80,7 +79,7 @@ std::string squeezed(const std::string& text) {
 }
 
 TEST(TypeLeaves, ArrayOfScalarsIsOneLeafWithAllItsDimensions) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
     const auto memory = types.array(VLOG_FIXED_UNPACKED_ARRAY, "mem", byte, {LANES, {1, 0, 0}});
     EXPECT_EQ(squeezed(leavesOf(types, memory)),
@@ -88,7 +87,7 @@ TEST(TypeLeaves, ArrayOfScalarsIsOneLeafWithAllItsDimensions) {
 }
 
 TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto lane = types.structure("lane_t", {{"data", types.packed(types.logic(), {BYTE})}});
     const auto lanes = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", lane, {LANES, {1, 0, 0}});
     const auto record = types.structure("r", {{"lanes", lanes}, {"all", types.queue(lanes)}});
@@ -98,7 +97,7 @@ TEST(TypeLeaves, ArrayOfStructsIsPartOfThePath) {
 }
 
 /// An array of thirteen dimensions whose elements are queues of queues.
-unsigned int longArray(WrittenTypes& types, unsigned int elementId) {
+unsigned int longArray(LinkedTypes& types, unsigned int elementId) {
     Ranges ranges(5, LANES);
     for (int i = 1; i <= 8; ++i)
         ranges.push_back({i, 0, 0});
@@ -106,7 +105,7 @@ unsigned int longArray(WrittenTypes& types, unsigned int elementId) {
 }
 
 TEST(TypeLeaves, LongListsOfDimensionsAreShort) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto lane = types.structure("lane_t", {{"data", longArray(types, types.logic())}});
     const auto record = types.structure("r", {{"lanes", longArray(types, lane)}});
     const std::string dimensions =
@@ -117,7 +116,7 @@ TEST(TypeLeaves, LongListsOfDimensionsAreShort) {
 }
 
 TEST(TypeLeaves, LongListsOfDimensionsAreWholeOnRequestAndInJson) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto record = types.structure("r", {{"m", types.logic()}});
     const auto list = types.alias("t", longArray(types, record));
     const std::string path =
@@ -135,28 +134,27 @@ TEST(TypeLeaves, LongListsOfDimensionsAreWholeOnRequestAndInJson) {
 }
 
 TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto byte = types.packed(types.logic(), {BYTE});
-    const auto dynamic = types.add(CTDynamicArrayType("", byte));
-    const auto table = types.add(CTAssocArrayType("", dynamic, byte));
-    const auto alias = types.alias("t", types.queue(table));
+    types.add<CTDynamicArrayType>("", byte);
+    types.add<CTAssocArrayType>("", types.last(), byte);
+    const auto alias = types.alias("t", types.queue(types.last()));
     EXPECT_EQ(squeezed(leavesOf(types, alias)),
               "t logic 4-State 7:0 queue, associative, dynamic, 7 downto 0\n");
 }
 
 TEST(TypeLeaves, EnumerationIsNamedForItself) {
-    WrittenTypes types;
-    CTDiscreteEnumType state;
-    state.m_baseTypeId = types.packed(types.logic(), {{1, 0, 0}});
-    state.m_valueSize = 2;
-    const auto list = types.packed(types.add(state), {LANES});
+    LinkedTypes types;
+    const auto base = types.packed(types.logic(), {{1, 0, 0}});
+    types.add<RTDiscreteEnumType>("").m_baseTypeId = base;
+    const auto list = types.packed(types.last(), {LANES});
     const auto record = types.structure("r", {{"s", list}});
     EXPECT_EQ(squeezed(leavesOf(types, record)),
               "r.s enum logic [1:0] { } 4-State 7:0 0 to 3, 1 downto 0\n");
 }
 
 TEST(TypeLeaves, InheritedMembersComeFirst) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     const auto base = types.classType("base", {{"id", string}});
     const auto derived = types.classType("derived", {{"more", string}, {"up", 1}}, base);
@@ -166,7 +164,7 @@ TEST(TypeLeaves, InheritedMembersComeFirst) {
 }
 
 TEST(TypeLeaves, ClassThatLeadsBackAndEmptyStructAreLeaves) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto empty = types.structure("empty", {});
     const auto node = types.classType("node", {{"next", 1}, {"none", empty}});
     EXPECT_EQ(squeezed(leavesOf(types, node)), "node.next node (seen above) - - -\n"
@@ -174,8 +172,8 @@ TEST(TypeLeaves, ClassThatLeadsBackAndEmptyStructAreLeaves) {
 }
 
 TEST(TypeLeaves, ScalarsHaveTheirRange) {
-    WrittenTypes types;
-    const auto integer = types.integer("integer", {-8, 7, 1});
+    LinkedTypes types;
+    const auto integer = types.integer("integer", -8, 7);
     const auto natural = types.alias("natural", integer, {{0, 7, 1}});
     const auto array = types.array(VHDL_ARRAY, "a", natural, {LANES});
     EXPECT_EQ(squeezed(leavesOf(types, array)), "a integer Byte - 0 to 3, range 0 to 7\n");
@@ -193,7 +191,7 @@ TEST(TypeLeaves, RealsHaveTheirRangeUnlessItIsAny) {
 }
 
 TEST(TypeLeaves, PathOfATypeWithoutANameBeginsWithItsId) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto record = types.structure("", {{"s", types.string()}, {"a.b", 0}, {"\x1B", 0}});
     EXPECT_EQ(squeezed(leavesOf(types, record)), "1.s string 2-State - -\n"
                                                  "1.\"a.b\" string 2-State - -\n"
@@ -218,18 +216,13 @@ TEST(TypeLeaves, OfAChainOfAHundredThousandStructsIsOne) {
 }
 
 TEST(TypeLeaves, PackedStructsGiveTheirBits) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto nibble = types.packed(types.logic(), {{3, 0, 0}});
-    RTRecordType lane("lane_t");
-    lane.m_recordKind = VLOG_PACKED_STRUCT;
-    TypeFile::addMember(lane, "tag", nibble);
-    TypeFile::addMember(lane, "data", types.packed(nibble, {{0, 1, 1}}));
-    const auto lanes = types.packed(types.add(lane), {{0, 2, 1}, {4, 3, 0}});
-    RTRecordType packet("pkt_t");
-    packet.m_recordKind = VLOG_PACKED_STRUCT;
-    TypeFile::addMember(packet, "lanes", lanes);
-    TypeFile::addMember(packet, "last", 0);
-    const auto id = types.add(packet);
+    const auto data = types.packed(nibble, {{0, 1, 1}});
+    const auto lane =
+        types.structure("lane_t", {{"tag", nibble}, {"data", data}}, VLOG_PACKED_STRUCT);
+    const auto lanes = types.packed(lane, {{0, 2, 1}, {4, 3, 0}});
+    const auto id = types.structure("pkt_t", {{"lanes", lanes}, {"last", 0}}, VLOG_PACKED_STRUCT);
     const TypeTable table = types.table();
     EXPECT_EQ(squeezed(leavesOf(table, id)),
               "pkt_t.lanes[0 to 2, 4 downto 3].tag logic 4-State 12:9 (3 every 24, 2 every 12) "
@@ -245,9 +238,9 @@ TEST(TypeLeaves, PackedStructsGiveTheirBits) {
 }
 
 TEST(TypeLeaves, JsonHasALeafALine) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto byte = types.alias("byte_t", types.packed(types.logic(), {BYTE}));
-    const auto natural = types.alias("n", types.integer("integer", {-8, 7, 1}), {{0, 7, 1}});
+    const auto natural = types.alias("n", types.integer("integer", -8, 7), {{0, 7, 1}});
     const auto node = types.classType("c", {{"q", types.queue(byte)}, {"n", natural}, {"me", 6}});
     EXPECT_EQ(jsonOf(types, node),
               "{\"format\":\"HDL simulator type leaves\",\"formatVersion\":1,\"id\":6}\n"

@@ -3,10 +3,11 @@
 #include "Inspect/views/TypeStatistics.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/CTType.h"
+#include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileFrame.h"
-#include "tests/support/ModelStorage.h"
+#include "tests/support/LinkedTypes.h"
+#include "tests/support/RecordingBlockManager.h"
 #include "tests/support/TypeTableModel.h"
-#include "tests/support/WrittenTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ TypeStatistics statisticsOf(const TypeTable& types) {
 }
 
 TEST(TypeStatistics, CountsTypesAndBytesByKind) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.string();
     types.alias("a", 0);
     types.alias("b", 0);
@@ -49,8 +50,8 @@ TEST(TypeStatistics, CountsTypesAndBytesByKind) {
 }
 
 TEST(TypeStatistics, SplitsTypesByLanguage) {
-    WrittenTypes types;
-    types.integer("integer", {0, 1, 1});
+    LinkedTypes types;
+    types.integer("integer", 0, 1);
     types.alias("natural", 0);
     types.string();
     const TypeStatistics statistics = statisticsOf(types.table());
@@ -59,7 +60,7 @@ TEST(TypeStatistics, SplitsTypesByLanguage) {
 }
 
 TEST(TypeStatistics, RanksTypesByBytesAndByParts) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     const auto one = types.structure("one", {{"a", string}});
     const auto states = types.enumeration("e", {"a", "b", "c"});
@@ -78,7 +79,7 @@ TEST(TypeStatistics, RanksTypesByBytesAndByParts) {
 }
 
 TEST(TypeStatistics, TypesThatNoOtherTypeRefersToAreUnused) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.string();
     types.classType("list", {{"next", 1}, {"text", 0}});
     types.queue(1);
@@ -86,24 +87,23 @@ TEST(TypeStatistics, TypesThatNoOtherTypeRefersToAreUnused) {
     EXPECT_THAT(statisticsOf(types.table()).unused, ElementsAre(2, 3));
 }
 
-Ids nestingOf(WrittenTypes& types) { return deepestNesting(types.table()); }
+Ids nestingOf(LinkedTypes& types) { return deepestNesting(types.table()); }
 
 TEST(TypeNesting, GoesThroughEverythingThatIsHeldByValue) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto logic = types.logic();
-    CTDiscreteEnumType state;
-    state.m_baseTypeId = types.packed(logic, {{1, 0, 0}});
-    const auto states = types.add(state);
+    const auto vector = types.packed(logic, {{1, 0, 0}});
+    types.add<RTDiscreteEnumType>("").m_baseTypeId = vector;
+    const auto states = types.last();
     const auto alias = types.alias("s", states);
     const auto record = types.structure("r", {{"s", alias}});
     const auto base = types.classType("base", {{"r", record}});
     const auto derived = types.classType("derived", {}, base);
-    EXPECT_THAT(nestingOf(types),
-                ElementsAre(derived, base, record, alias, states, state.m_baseTypeId, logic));
+    EXPECT_THAT(nestingOf(types), ElementsAre(derived, base, record, alias, states, vector, logic));
 }
 
 TEST(TypeNesting, EndsAtWhatIsHeldElsewhere) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto inner = types.structure("inner", {{"s", types.string()}});
     const auto queue = types.queue(inner);
     const auto handle = types.classType("c", {{"i", inner}});
@@ -115,13 +115,13 @@ TEST(TypeNesting, EndsAtWhatIsHeldElsewhere) {
 }
 
 TEST(TypeNesting, CountsAClassThatIsAMemberAsOne) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.classType("list", {{"next", 0}});
     EXPECT_THAT(nestingOf(types), ElementsAre(0, 0));
 }
 
 TEST(TypeNesting, TakesTheFirstOfChainsAsLong) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto a = types.alias("a", 2);
     types.alias("b", 2);
     const auto string = types.string();
@@ -130,14 +130,14 @@ TEST(TypeNesting, TakesTheFirstOfChainsAsLong) {
 }
 
 TEST(TypeNesting, EndsWhereAStructHoldsItself) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto record = types.structure("r", {{"me", 0}, {"s", 1}});
     const auto string = types.string();
     EXPECT_THAT(nestingOf(types), ElementsAre(record, string));
 }
 
 TEST(TypeNesting, OfAHundredThousandStructsDoesNotUseUpTheCallStack) {
-    WrittenTypes types;
+    LinkedTypes types;
     unsigned int last = types.string();
     for (int i = 0; i < 100000; ++i)
         last = types.structure("", {{"m", last}});
@@ -198,7 +198,7 @@ private:
 template <typename Action> void withRandomFiles(unsigned int files, Action act) {
     for (unsigned int seed = 0; seed < files; ++seed) {
         const ModelFile file = randomFile(seed, 12);
-        ModelStorage storage(file.bytes);
+        RecordingBlockManager storage({file.bytes.begin(), file.bytes.end()});
         RTTypeManager manager;
         manager.setupDeserializer(storage, file.baseOffset);
         act(seed, TypeTable{static_cast<unsigned int>(file.records.size()),
@@ -243,7 +243,7 @@ TEST(TypeStatistics, CountEveryTypeOfRandomFilesOnce) {
 }
 
 TEST(TypeStatistics, AreWrittenAsText) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     const auto record = types.structure("r\x1B", {{"a", string}});
     types.alias("t", record);
@@ -287,7 +287,7 @@ TEST(TypeStatistics, AreWrittenAsText) {
 }
 
 TEST(TypeStatistics, AreWrittenAsJson) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.alias("t", types.string());
     types.queue(0);
     const TypeTable table = types.table();
@@ -310,7 +310,7 @@ TEST(TypeStatistics, AreWrittenAsJson) {
 }
 
 TEST(TypeStatistics, GiveTheKindsOfArraysAndRecordsByTheirNamesInJson) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.structure("s", {{"a", types.packed(types.logic(), {{7, 0, 0}})}});
     const TypeTable table = types.table();
     std::ostringstream out;

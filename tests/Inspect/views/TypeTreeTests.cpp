@@ -1,7 +1,7 @@
 #include "Inspect/model/PartWalk.h"
 #include "Inspect/views/TypeTree.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/TypeGraph.h"
-#include "tests/support/WrittenTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ std::string treeOf(const TypeTable& types, TreeRequest request) {
     return out.str();
 }
 
-std::string treeOf(WrittenTypes& types, unsigned int id) { return treeOf(types.table(), {id}); }
+std::string treeOf(LinkedTypes& types, unsigned int id) { return treeOf(types.table(), {id}); }
 
 /// A table of one type that was linked by hand.
 TypeTable tableOf(const RTBaseType& type) {
@@ -34,7 +34,7 @@ TypeTable tableOf(const RTBaseType& type) {
 }
 
 TEST(TypeTree, DrawsMembersWithTheRangesOfTheirArrays) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto logic = types.logic();
     const auto byte = types.alias("byte_t", types.packed(logic, {BYTE}));
     const auto header = types.structure("hdr_t", {{"len", byte}, {"ok", logic}});
@@ -65,7 +65,7 @@ TEST(TypeTree, ShortensLongListsOfRangesUnlessTheyAreToBeWhole) {
 }
 
 TEST(TypeTree, FillsOpenDimensionsFromTheMemberAndTheTypedef) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto open = types.array(VHDL_ARRAY, "bits", types.logic(), {OPEN});
     const auto nibble = types.alias("nibble", open, {{3, 0, 0}});
     const auto record = types.structure("r", {{"a", open, {BYTE}}, {"b", nibble}});
@@ -78,8 +78,8 @@ TEST(TypeTree, FillsOpenDimensionsFromTheMemberAndTheTypedef) {
 }
 
 TEST(TypeTree, ShowsTheRangeOfAScalarAsTheOutermostLevelNarrowsIt) {
-    WrittenTypes types;
-    const auto integer = types.integer("integer", {-8, 7, 1});
+    LinkedTypes types;
+    const auto integer = types.integer("integer", -8, 7);
     const auto natural = types.alias("natural", integer, {{0, 7, 1}});
     const auto record =
         types.structure("r", {{"i", integer}, {"n", natural}, {"few", natural, {{0, 3, 1}}}});
@@ -92,7 +92,7 @@ TEST(TypeTree, ShowsTheRangeOfAScalarAsTheOutermostLevelNarrowsIt) {
 }
 
 TEST(TypeTree, ShowsTheRangeOfAnEnumerationUnlessItHasAllLiterals) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto states = types.enumeration("state", {"idle", "run", "stop"});
     const auto record = types.structure("r", {{"all", states, {{0, 2, 1}}},
                                               {"begin", states, {{0, 1, 1}}},
@@ -104,8 +104,8 @@ TEST(TypeTree, ShowsTheRangeOfAnEnumerationUnlessItHasAllLiterals) {
 }
 
 TEST(TypeTree, RangeOfAnArrayDoesNotNarrowItsElement) {
-    WrittenTypes types;
-    const auto integer = types.integer("integer", {-8, 7, 1});
+    LinkedTypes types;
+    const auto integer = types.integer("integer", -8, 7);
     const auto array = types.array(VHDL_ARRAY, "a", integer, {OPEN});
     const auto narrow = types.alias("n", array, {LANES});
     EXPECT_EQ(treeOf(types, narrow), "2 typedef \"n\"\n"
@@ -114,7 +114,7 @@ TEST(TypeTree, RangeOfAnArrayDoesNotNarrowItsElement) {
 }
 
 TEST(TypeTree, DrawsAClassThatLeadsBackToItselfOnce) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto base = types.classType("base", {{"peer", 1}});
     const auto derived = types.classType("derived", {{"all", 2}}, base);
     types.queue(derived);
@@ -126,7 +126,7 @@ TEST(TypeTree, DrawsAClassThatLeadsBackToItselfOnce) {
 }
 
 TEST(TypeTree, DrawsAClassThatStandsSideBySideEachTime) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto inner = types.classType("inner", {{"s", types.string()}});
     const auto outer = types.classType("outer", {{"a", inner}, {"b", inner}});
     EXPECT_EQ(treeOf(types, outer), "2 class \"outer\"\n"
@@ -137,7 +137,7 @@ TEST(TypeTree, DrawsAClassThatStandsSideBySideEachTime) {
 }
 
 TEST(TypeTree, BelowAQueueGivesTheRangesThatTheElementHasByItself) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto open = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", types.logic(), {OPEN});
     const auto queue = types.queue(open);
     const auto alias = types.alias("q_t", queue, {BYTE});
@@ -148,7 +148,7 @@ TEST(TypeTree, BelowAQueueGivesTheRangesThatTheElementHasByItself) {
 }
 
 TEST(TypeTree, NamesTheTypeThatAnAccessTypeDesignates) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto node = types.structure("node", {{"next", 1}});
     types.access("node_ptr", node);
     EXPECT_EQ(treeOf(types, node), "0 unpacked struct \"node\"\n"
@@ -157,7 +157,7 @@ TEST(TypeTree, NamesTheTypeThatAnAccessTypeDesignates) {
 }
 
 TEST(TypeTree, MarksWhatLiesTooDeep) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto bits = types.packed(types.logic(), {BYTE});
     const auto inner = types.structure("inner", {{"bits", bits}});
     const auto outer = types.structure("outer", {{"inner", inner}, {"s", types.string()}});
@@ -169,7 +169,7 @@ TEST(TypeTree, MarksWhatLiesTooDeep) {
 }
 
 TEST(TypeTree, GivesTheSameRangesWhateverTheDepth) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto open = types.array(VHDL_ARRAY, "open", types.logic(), {OPEN});
     const auto inner = types.structure("inner", {{"x", open}});
     const auto outer = types.structure("outer", {{"a", inner}, {"b", open}});
@@ -180,7 +180,7 @@ TEST(TypeTree, GivesTheSameRangesWhateverTheDepth) {
 }
 
 TEST(TypeTree, EscapesNames) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     const auto record = types.structure("\x1B[2J", {{"a b", string}, {"\n", string}, {"", string}});
     EXPECT_EQ(treeOf(types, record), "1 unpacked struct \"\\x1B[2J\"\n"
@@ -292,7 +292,7 @@ std::string jsonOf(const TypeTable& types, TreeRequest request, JsonForm form) {
 }
 
 TEST(TypeTree, JsonHasAPartALine) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto bits = types.packed(types.logic(), {BYTE});
     const auto record = types.classType("c", {{"\xFF", bits}, {"me", 2}});
     const TypeTable table = types.table();

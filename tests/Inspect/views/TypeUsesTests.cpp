@@ -2,9 +2,10 @@
 #include "Inspect/model/UseIndex.h"
 #include "Inspect/views/TypeUses.h"
 #include "RTTI/CTType.h"
-#include "tests/support/ModelStorage.h"
+#include "RTTI/RTTypeManager.h"
+#include "tests/support/LinkedTypes.h"
+#include "tests/support/RecordingBlockManager.h"
 #include "tests/support/TypeTableModel.h"
-#include "tests/support/WrittenTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -18,30 +19,27 @@ using namespace RTTI;
 using namespace RTTITest;
 using namespace Inspect;
 
-std::string usesOf(WrittenTypes& types, unsigned int id) {
+std::string usesOf(LinkedTypes& types, unsigned int id) {
     std::ostringstream out;
     writeUses(out, types.table(), id, TextStyle::plain());
     return out.str();
 }
 
-std::string allUsesOf(WrittenTypes& types, unsigned int id) {
+std::string allUsesOf(LinkedTypes& types, unsigned int id) {
     std::ostringstream out;
     writeAllUses(out, types.table(), id, TextStyle::plain());
     return out.str();
 }
 
 TEST(TypeUses, TellsTheRoleOfEachReference) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     types.alias("alias", string);
-    CTArrayType array("grid", VHDL_ARRAY, string, string);
-    array.m_indexTypeIds = {TypeFileFormat::NO_TYPE_ID, string};
-    array.m_constraints = {{0, 3, 1}, {0, 3, 1}};
-    types.add(array);
-    types.add(CTAssocArrayType("", string, string));
+    types.vhdlArray("grid", string, {TypeFileFormat::NO_TYPE_ID, string}, {{0, 3, 1}, {0, 3, 1}});
+    types.add<CTAssocArrayType>("", string, string);
     types.structure("\x1B", {{"a", string}, {"\n", string}});
     types.access("ptr", string);
-    types.add(CTFileType("text", string));
+    types.add<CTFileType>("text", string);
     EXPECT_EQ(usesOf(types, string), "0 string \"string\" is used by:\n"
                                      "  1 typedef \"alias\": aliased type\n"
                                      "  2 VHDL array \"grid\": element\n"
@@ -55,22 +53,21 @@ TEST(TypeUses, TellsTheRoleOfEachReference) {
 }
 
 TEST(TypeUses, TellsWhoExtendsAClassAndWhoseBaseAnEnumerationHas) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto base = types.classType("base", {{"me", 0}});
     types.classType("derived", {}, base);
     EXPECT_EQ(usesOf(types, base), "0 class \"base\" is used by:\n"
                                    "  0 class \"base\": member \"me\"\n"
                                    "  1 class \"derived\": base class\n");
-    WrittenTypes others;
-    CTDiscreteEnumType state;
-    state.m_baseTypeId = others.logic();
-    others.add(state);
+    LinkedTypes others;
+    others.logic();
+    others.add<RTDiscreteEnumType>("").m_baseTypeId = 0;
     EXPECT_EQ(usesOf(others, 0), "0 sequential enumeration \"logic\" is used by:\n"
                                  "  1 discrete enumeration logic { }: base type\n");
 }
 
 TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto logic = types.logic();
     const auto byte = types.alias("byte_t", types.packed(logic, {{7, 0, 0}}));
     const auto header = types.structure("hdr_t", {{"len", byte}});
@@ -86,7 +83,7 @@ TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
 }
 
 TEST(TypeUses, LeavesTheTypeItselfOutOfAll) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto first = types.classType("first", {{"second", 1}});
     types.classType("second", {{"first", first}});
     EXPECT_EQ(allUsesOf(types, first),
@@ -95,7 +92,7 @@ TEST(TypeUses, LeavesTheTypeItselfOutOfAll) {
 }
 
 TEST(TypeUses, ShowsTheBeginningOfALongWay) {
-    WrittenTypes types;
+    LinkedTypes types;
     unsigned int last = types.string();
     for (int i = 0; i < 9; ++i)
         last = types.queue(last);
@@ -111,9 +108,9 @@ TEST(TypeUses, ShowsTheBeginningOfALongWay) {
 }
 
 TEST(TypeUses, JsonHasAUseALine) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
-    types.add(CTAssocArrayType("", 2, string));
+    types.add<CTAssocArrayType>("", 2, string);
     types.structure("s", {{"a", string}});
     const TypeTable table = types.table();
     std::ostringstream direct;
@@ -163,7 +160,7 @@ TEST(UseIndex, FindsTheShortestWaysInRandomFiles) {
     std::size_t ways = 0;
     for (unsigned int seed = 0; seed < 500; ++seed) {
         const ModelFile file = randomFile(seed, 40);
-        ModelStorage storage(file.bytes);
+        RecordingBlockManager storage({file.bytes.begin(), file.bytes.end()});
         RTTypeManager manager;
         manager.setupDeserializer(storage, file.baseOffset);
         const TypeTable types{static_cast<unsigned int>(file.records.size()),
