@@ -52,7 +52,7 @@ TEST(TypeTree, DrawsMembersWithTheRangesOfTheirArrays) {
 }
 
 TEST(TypeTree, ShortensLongListsOfRangesUnlessTheyAreToBeWhole) {
-    WrittenTypes types;
+    LinkedTypes types;
     Ranges ranges;
     for (int i = 0; i < 9; ++i)
         ranges.push_back({i, 0, 0});
