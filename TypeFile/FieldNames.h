@@ -2,9 +2,11 @@
 
 namespace TypeFile {
 
-/// The fields of a record by name: in errors, and as keys of the JSON form.
+/// The names of fields, the same in every text: in errors, and as keys of the JSON form.
 namespace Field {
 
+/// A field of a type, or of an entry of one of its lists.
+/// @{
 inline constexpr char ID[] = "id";
 inline constexpr char KIND[] = "kind";
 inline constexpr char NAME[] = "name";
@@ -39,10 +41,13 @@ inline constexpr char BASE_CLASS[] = "baseClass";
 inline constexpr char MEMBERS[] = "members";
 inline constexpr char TYPE[] = "type";
 inline constexpr char FLAG[] = "flag";
+/// @}
 
-/// What a file as a whole has.
+/// A field of the header.
+/// @{
 inline constexpr char VERSION[] = "version";
 inline constexpr char ADDRESS_TABLE_OFFSET[] = "addressTableOffset";
+/// @}
 
 /// What the classes keep in reserve; no record holds it.
 inline constexpr char RESERVED[] = "reserved";

@@ -10,9 +10,9 @@ namespace TypeFile {
 
 /// The names of consecutive numbers, such as the kinds of arrays.
 struct NamedValues {
-    const char* const* names;
-    std::size_t count;
-    unsigned int first; ///< The number that the first name stands for.
+    const char* const* names; ///< In the order of the numbers.
+    std::size_t count;        ///< How many there are.
+    unsigned int first;       ///< The number that the first name stands for.
 
     /// The name of a number, or null where it has none.
     constexpr const char* nameOf(unsigned int value) const {
@@ -32,8 +32,11 @@ struct NamedValues {
     }
 };
 
+/// The names as lists.
 namespace ValueNames {
 
+/// The names of the values of one enumeration.
+/// @{
 inline constexpr const char* ENCODINGS[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
 inline constexpr const char* ARRAY_KINDS[] = {"ARRAY_KIND_INVALID",
                                               "VHDL_ARRAY",
@@ -52,9 +55,12 @@ inline constexpr const char* RECORD_KINDS[] = {
 inline constexpr const char* ENUM_KINDS[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
                                              "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
                                              "VHDL_CHAR_ENUM", "VHDL_OTHER_ENUM"};
+/// @}
 
 } // namespace ValueNames
 
+/// The names of the values of one enumeration, with the numbers that they stand for.
+/// @{
 inline constexpr NamedValues valueEncodings{ValueNames::ENCODINGS, std::size(ValueNames::ENCODINGS),
                                             RTTI::ENCODING_4_STATE};
 inline constexpr NamedValues arrayKinds{ValueNames::ARRAY_KINDS, std::size(ValueNames::ARRAY_KINDS),
@@ -63,5 +69,14 @@ inline constexpr NamedValues recordKinds{
     ValueNames::RECORD_KINDS, std::size(ValueNames::RECORD_KINDS), RTTI::RECORD_KIND_INVALID};
 inline constexpr NamedValues enumKinds{ValueNames::ENUM_KINDS, std::size(ValueNames::ENUM_KINDS),
                                        RTTI::INVALID_ENUM};
+/// @}
+
+/// The names of an enumeration's values.
+/// @{
+constexpr const NamedValues& namesOf(RTTI::ValueEncoding) { return valueEncodings; }
+constexpr const NamedValues& namesOf(RTTI::ArrayKind) { return arrayKinds; }
+constexpr const NamedValues& namesOf(RTTI::RecordKind) { return recordKinds; }
+constexpr const NamedValues& namesOf(RTTI::EnumKind) { return enumKinds; }
+/// @}
 
 } // namespace TypeFile

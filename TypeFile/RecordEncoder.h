@@ -1,7 +1,6 @@
 #pragma once
 
-#include "RTTI/RTTypeVisitor.h"
-#include "RTTI/TypeFileFormat.h"
+#include "TypeFile/TypeFields.h"
 #include "TypeFile/WriteError.h"
 
 #include <string>
@@ -18,9 +17,10 @@ struct Reference {
     bool exists = false;
 };
 
-/// Lays a type out as the record that the loader reads: one function a kind, one line a field, in
-/// the order of the record. Throws WriteError for what a record cannot hold.
-class RecordEncoder : private RTTI::RTTypeVisitor {
+/// Lays a type out as the record that the loader reads: in the order and form of RecordLayout, with
+/// the values of the members that TypeFields has under the same names. Throws WriteError for what a
+/// record cannot hold.
+class RecordEncoder {
 public:
     /// Records are appended to `bytes`, each at most `largestRecord` bytes long.
     explicit RecordEncoder(std::vector<char>& bytes,
@@ -33,57 +33,40 @@ public:
     const Reference& largestReference() const { return m_largest; }
 
 private:
-    bool visit(const RTTI::RTBaseType& type) override;
-    bool visit(const RTTI::RTEnumType& type) override;
-    bool visit(const RTTI::RTSeqEnumType& type) override;
-    bool visit(const RTTI::RTDiscreteEnumType& type) override;
-    bool visit(const RTTI::RTIntType& type) override;
-    bool visit(const RTTI::RTFloatType& type) override;
-    bool visit(const RTTI::RTTypedefType& type) override;
-    bool visit(const RTTI::RTAccessType& type) override;
-    bool visit(const RTTI::RTCHandle& type) override;
-    bool visit(const RTTI::RTClassHandle& type) override;
-    bool visit(const RTTI::RTEventType& type) override;
-    bool visit(const RTTI::RTFileType& type) override;
-    bool visit(const RTTI::RTPhysicalType& type) override;
-    bool visit(const RTTI::RTLogicType& type) override;
-    bool visit(const RTTI::RTBitType& type) override;
-    bool visit(const RTTI::RTArrayType& type) override;
-    bool visit(const RTTI::RTAbstractArrayType& type) override;
-    bool visit(const RTTI::RTDynamicArrayType& type) override;
-    bool visit(const RTTI::RTQueueType& type) override;
-    bool visit(const RTTI::RTAssocArrayType& type) override;
-    bool visit(const RTTI::RTAggregateType& type) override;
-    bool visit(const RTTI::RTRecordType& type) override;
-    bool visit(const RTTI::RTClassType& type) override;
-    bool visit(const RTTI::RTStringType& type) override;
+    /// Writes the fields of a `Layout` from AT to END, END left out, with the values of an object.
+    template <typename Layout, std::size_t AT, std::size_t END, typename Object>
+    void fields(const Object& object);
+    template <typename Layout, std::size_t AT, typename Object> void field(const Object& object);
+    template <typename Layout, std::size_t AT, typename List, typename Item>
+    void list(const List& list, const Form::Items<Item>& form);
+    template <typename Layout, std::size_t AT, typename List, typename Entry>
+    void list(const List& list, const Form::Entries<Entry>& form);
+    template <typename Entry, typename Item> const Entry& entryOf(const Item& item);
+    template <typename Layout, std::size_t AT, typename Value> void put(const Value& value);
 
-    /// Record size (to be filled in), kind code, name and flags.
-    void begin(unsigned int kind);
+    /// Refuses what no record of a class holds.
+    /// @{
+    void check(const RTTI::RTBaseType&) const {}
+    void check(const RTTI::RTSeqEnumType& type);
+    void check(const RTTI::RTDiscreteEnumType& type);
+    void check(const RTTI::RTArrayType& type);
+    /// @}
 
-    template <typename Type> bool designating(unsigned int kind, const Type& type);
-    void literals(const RTTI::RTDiscreteEnumType& type);
-    void memberHead(const RTTI::RTAggregateType::t_Member* member, std::size_t index);
-
-    // Fields. `at` moves the place that an error names; the others write there.
-    void at(const char* field);
-    void at(const char* list, std::size_t index, const char* field);
+    // Bytes of the field at m_place.
     void append(const void* bytes, std::size_t count);
-    template <typename T> void number(const char* field, T value);
-    void count(const char* list, std::size_t value);
+    template <typename T> void number(T value);
     void name(std::string_view text);
-    void name(const char* text);
-    void reference(unsigned int id);
-    void referenceOrNone(unsigned int id);
-    void constraints(const char* field, const std::vector<RTTI::FullConstraints>& ranges);
-    void flavour(int value, int largest);
+    void range(const RTTI::FullConstraints& range);
+    void refersTo(unsigned int id);
     [[noreturn]] void refuse(const std::string& reason) const;
+    [[noreturn]] void refuseSize() const;
 
     std::vector<char>& m_bytes;
     std::size_t m_largestRecord;
     std::size_t m_begin = 0; ///< Where the record begins in the bytes.
     unsigned int m_typeId = 0;
     const RTTI::RTBaseType* m_type = nullptr;
+    std::size_t m_valueSize = 0; ///< Of the type's literals.
     FieldPlace m_place;
     Reference m_largest;
 };

@@ -249,8 +249,18 @@ std::string inOneWord(std::string_view words);
 /// The key of a field; its name in one word where a dump has no such field.
 std::string keyOf(const FieldLayout& field);
 
+/// Makes withLayout answer with the layout.
+struct LayoutAsSpan {
+    template <const auto& LAYOUT> constexpr std::span<const FieldLayout> operator()() const {
+        return LAYOUT;
+    }
+    constexpr std::span<const FieldLayout> none() const { return {}; }
+};
+
 /// What follows the flags in a record of this kind; nothing for a kind without a body.
-std::span<const FieldLayout> bodyLayout(unsigned int kind);
+constexpr std::span<const FieldLayout> bodyLayout(unsigned int kind) {
+    return withLayout(kind, LayoutAsSpan());
+}
 
 /// Where the list that begins at `first` in a layout has its END_OF_LIST.
 constexpr std::size_t endOfList(std::span<const FieldLayout> layout, std::size_t first) {

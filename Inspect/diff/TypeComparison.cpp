@@ -48,10 +48,10 @@ std::string stepText(const LinkPlace& place) {
 }
 
 /// The field that a reference of `from` is.
-std::string fieldOf(const RTBaseType& from, const LinkPlace& place) {
+std::string linkField(const RTBaseType& from, const LinkPlace& place) {
     if (place.role == LinkRole::MEMBER)
         return TypeFile::Field::TYPE;
-    const char* field = jsonFieldOf(place.role, from.GetClassId());
+    const char* field = fieldOf(place.role, from.GetClassId());
     return from.GetClassId() == ClassId::ARRAY && place.role == LinkRole::INDEX
                ? fmt::format("{}[{}]", field, place.position)
                : field;
@@ -160,7 +160,7 @@ void TypeComparison::PairComparison::compareLinks(unsigned int a, unsigned int b
         before += fmt::format(", type {}", m_graph.idOf(targetA));
         after += fmt::format(", type {}", m_graph.idOf(targetB));
     }
-    add(path, fieldOf(*m_graph.typeOf(a), place), std::move(before), std::move(after));
+    add(path, linkField(*m_graph.typeOf(a), place), std::move(before), std::move(after));
 }
 
 void TypeComparison::PairComparison::compareParts(unsigned int a, const TypeShape& shapeA,

@@ -1,6 +1,6 @@
 #include "Inspect/diff/TypeGraph.h"
 
-#include "Inspect/model/TypeFields.h"
+#include "Inspect/diff/FieldWalk.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,7 +22,7 @@ public:
         m_svTypeId = TypeFileFormat::NO_SV_TYPE_ID;
         if (type != nullptr) {
             number(type->GetClassId());
-            visitFields(*type, *this);
+            FieldWalk(*this).of(*type);
         }
         return m_key;
     }
@@ -46,7 +46,7 @@ public:
         number(value);
     }
 
-    void link(LinkRole, unsigned int, unsigned int typeId) { m_links.push_back(typeId); }
+    void link(unsigned int typeId) { m_links.push_back(typeId); }
     void part(const char*, std::string_view name) {
         m_key += '\1';
         text(name);

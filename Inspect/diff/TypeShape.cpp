@@ -14,6 +14,7 @@
 namespace Inspect {
 
 using namespace RTTI;
+namespace Form = TypeFile::Form;
 
 namespace {
 
@@ -83,7 +84,7 @@ public:
     template <typename Value> void value(const char* field, const Value& value) {
         m_shape.fields.push_back({field, value});
     }
-    void link(LinkRole, unsigned int, unsigned int) { ++m_shape.linkCount; }
+    void link(unsigned int) { ++m_shape.linkCount; }
     void part(const char* field, std::string_view name) {
         m_shape.parts.push_back({field, name, m_shape.fields.size(), m_shape.linkCount});
     }
@@ -92,11 +93,46 @@ private:
     TypeShape& m_shape;
 };
 
-LinkPlace memberPlace(const RTAggregateType& type, unsigned int position) {
-    const RTAggregateType::t_Member* member = type.m_members[position];
-    return {LinkRole::MEMBER, position,
-            member != nullptr ? textOf(member->m_memberName) : std::string_view()};
-}
+/// Finds a reference by its position among those of a type, without a look at the others.
+class LinkFinder {
+public:
+    explicit LinkFinder(unsigned int position) : m_left(position) {}
+
+    LinkPlace place() const { return m_place; }
+
+    template <typename Link>
+    void operator()(const char*, unsigned int, const Form::TypeId<Link>& form) {
+        isAmong(form.role, 1);
+    }
+    template <typename Link>
+    void operator()(const char*, const std::vector<unsigned int>& ids,
+                    const Form::Items<Form::TypeId<Link>>& form) {
+        isAmong(form.item.role, ids.size());
+    }
+    template <typename Entry>
+    void operator()(const char*, const std::vector<RTAggregateType::t_Member*>& members,
+                    Form::Entries<Entry>) {
+        if (isAmong(LinkRole::MEMBER, members.size()) && members[m_place.position] != nullptr)
+            m_place.memberName = textOf(members[m_place.position]->m_memberName);
+    }
+    template <typename Value, typename FieldForm>
+    void operator()(const char*, const Value&, const FieldForm&) {}
+
+private:
+    bool isAmong(LinkRole role, std::size_t count) {
+        const bool isFound = !m_isFound && m_left < count;
+        if (isFound)
+            m_place = {role, m_left, {}};
+        else if (!m_isFound)
+            m_left -= static_cast<unsigned int>(count);
+        m_isFound = m_isFound || isFound;
+        return isFound;
+    }
+
+    unsigned int m_left;
+    bool m_isFound = false;
+    LinkPlace m_place{};
+};
 
 } // namespace
 
@@ -122,7 +158,7 @@ bool isSameValue(const FieldValue& a, const FieldValue& b) { return std::visit(S
 
 TypeShape::TypeShape(const RTBaseType& type) {
     ShapeSink sink(*this);
-    visitFields(type, sink);
+    FieldWalk(sink).of(type);
 }
 
 std::vector<std::string_view> TypeShape::partNames() const {
@@ -142,21 +178,9 @@ unsigned int TypeShape::linksEnd(std::size_t part) const {
 }
 
 LinkPlace placeOf(const RTBaseType& type, unsigned int link) {
-    switch (type.GetClassId()) {
-    case ClassId::DISCRETE_ENUM: return {LinkRole::BASE_TYPE, 0, {}};
-    case ClassId::TYPEDEF: return {LinkRole::ALIASED, 0, {}};
-    case ClassId::ACCESS: return {LinkRole::DESIGNATED, 0, {}};
-    case ClassId::FILE_TYPE: return {LinkRole::FILE_ELEMENT, 0, {}};
-    case ClassId::RECORD: return memberPlace(static_cast<const RTRecordType&>(type), link);
-    case ClassId::CLASS:
-        if (link == 0)
-            return {LinkRole::BASE_CLASS, 0, {}};
-        return memberPlace(static_cast<const RTClassType&>(type), link - 1);
-    default:
-        if (link == 0)
-            return {LinkRole::ELEMENT, 0, {}};
-        return {LinkRole::INDEX, link - 1, {}};
-    }
+    LinkFinder finder(link);
+    TypeFile::asItsClass(type, [&](const auto& object) { TypeFile::forEachField(object, finder); });
+    return finder.place();
 }
 
 } // namespace Inspect

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Inspect/model/TypeFields.h"
+#include "Inspect/diff/FieldWalk.h"
+#include "Inspect/model/TypeReferences.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/RTType.h"
 

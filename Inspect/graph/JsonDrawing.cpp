@@ -27,7 +27,7 @@ public:
         Json json;
         json["from"] = edge.from;
         json["to"] = edge.to;
-        json["field"] = jsonFieldOf(edge.role, edge.fromClass);
+        json["field"] = fieldOf(edge.role, edge.fromClass);
         for (const std::string_view member : edge.members)
             json["members"].push_back(nameToJson(member));
         for (const unsigned int dimension : edge.dimensions)

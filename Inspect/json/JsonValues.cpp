@@ -1,6 +1,6 @@
 #include "Inspect/json/JsonValues.h"
 
-#include "TypeFile/FieldNames.h"
+#include "TypeFile/TypeFields.h"
 
 #include <array>
 #include <cmath>
@@ -9,8 +9,6 @@
 #include <limits>
 
 namespace Inspect {
-
-namespace Field = TypeFile::Field;
 
 namespace {
 
@@ -129,7 +127,10 @@ Json nameToJson(const char* name) {
 }
 
 Json rangeToJson(const FullConstraints& range) {
-    return {{Field::SI, range.si}, {Field::EI, range.ei}, {Field::DIR, range.dir}};
+    Json json;
+    TypeFile::forEachField(
+        range, [&](const char* name, int bound, TypeFile::Form::Number) { json[name] = bound; });
+    return json;
 }
 
 Json rangesToJson(const std::vector<FullConstraints>& ranges) {

@@ -13,20 +13,6 @@ Json jsonHead(const char* format, const Json& rest) {
     return head;
 }
 
-const char* jsonFieldOf(LinkRole role, unsigned int classId) {
-    switch (role) {
-    case LinkRole::ALIASED: return Field::DATA_TYPE;
-    case LinkRole::BASE_TYPE: return Field::BASE_TYPE;
-    case LinkRole::DESIGNATED:
-    case LinkRole::FILE_ELEMENT: return Field::REF_TYPE;
-    case LinkRole::ELEMENT: return Field::ELEMENT_TYPE;
-    case LinkRole::INDEX: return classId == ClassId::ARRAY ? Field::INDEX_TYPES : Field::INDEX_TYPE;
-    case LinkRole::BASE_CLASS: return Field::BASE_CLASS;
-    case LinkRole::MEMBER: break;
-    }
-    return Field::MEMBERS;
-}
-
 unsigned int kindDetailOf(const RTBaseType& type) {
     switch (type.GetClassId()) {
     case ClassId::ARRAY: return static_cast<const RTArrayType&>(type).m_arrayKind;

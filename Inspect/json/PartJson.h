@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Inspect/json/JsonValues.h"
-#include "Inspect/model/TypeReferences.h"
 #include "RTTI/RTType.h"
 
 #include <optional>
@@ -13,10 +12,6 @@ namespace Inspect {
 /// What a document says of itself before all else: its format, which is a few words, and that
 /// format's version; then the members of `rest`.
 Json jsonHead(const char* format, const Json& rest = Json::object());
-
-/// The field that holds a reference of a type of this class, by the name that it has in the JSON
-/// form of types.
-const char* jsonFieldOf(LinkRole role, unsigned int classId);
 
 /// The array kind of a fixed array, the record kind of a record, 0 for other types.
 unsigned int kindDetailOf(const RTTI::RTBaseType& type);

@@ -1,18 +1,24 @@
 #include "Inspect/json/TypeFromJson.h"
 
 #include "Inspect/words/Counted.h"
-#include "TypeFile/FieldNames.h"
-#include "TypeFile/TypeBuilding.h"
+#include "RTTI/OwnedName.h"
+#include "TypeFile/NamedValues.h"
+#include "TypeFile/TypeFields.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <string>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Inspect {
 
 using namespace RTTI;
 namespace Field = TypeFile::Field;
+namespace Form = TypeFile::Form;
+using TypeFile::forEachField;
 
 namespace {
 
@@ -32,10 +38,6 @@ template <typename T> T integerFrom(const Json& json, const JsonPlace& place) {
                           std::to_string(HIGHEST));
     return isUnsigned ? static_cast<T>(json.get<std::uint64_t>())
                       : static_cast<T>(json.get<std::int64_t>());
-}
-
-unsigned int idOrNone(const Json& json, const JsonPlace& place) {
-    return json.is_null() ? TypeFileFormat::NO_TYPE_ID : integerFrom<unsigned int>(json, place);
 }
 
 std::string nameFrom(const Json& json, const JsonPlace& place) {
@@ -72,58 +74,6 @@ public:
 
     JsonPlace placeOf(const char* key) const { return {m_place, key}; }
 
-    template <typename T> T integer(const char* key) {
-        return integerFrom<T>(at(key), placeOf(key));
-    }
-
-    template <typename T> T integer(const char* key, T otherwise) {
-        const Json* json = find(key);
-        return json != nullptr ? integerFrom<T>(*json, placeOf(key)) : otherwise;
-    }
-
-    unsigned int typeId(const char* key) { return integer<unsigned int>(key); }
-
-    std::string name(const char* key) { return nameFrom(at(key), placeOf(key)); }
-
-    bool flag(const char* key) {
-        const Json* json = find(key);
-        if (json != nullptr && !json->is_boolean())
-            refuse(placeOf(key), "must be true or false");
-        return json != nullptr && json->get<bool>();
-    }
-
-    double real(const char* key) {
-        double value = 0.0;
-        if (!realFromJson(at(key), value))
-            refuse(placeOf(key), "must be a number, \"Infinity\", \"-Infinity\" or the 16 "
-                                 "hexadecimal digits of a number");
-        return value;
-    }
-
-    /// A number, by its name or as it is.
-    template <typename T> T named(const char* key, const NamedValues& names) {
-        const Json& json = at(key);
-        unsigned int value = 0;
-        if (!json.is_string())
-            return integerFrom<T>(json, placeOf(key));
-        if (!names.find(json.get_ref<const std::string&>(), value))
-            refuse(placeOf(key), "there is no " + json.dump(-1, ' ', true));
-        return static_cast<T>(value);
-    }
-
-    /// Calls `take(item, place)` for each item of a list. A list that may be left out is empty
-    /// then.
-    template <typename Take> void list(const char* key, bool isOptional, Take take) {
-        const Json* json = isOptional ? find(key) : &at(key);
-        if (json == nullptr)
-            return;
-        const JsonPlace place = placeOf(key);
-        if (!json->is_array())
-            refuse(place, "must be a list");
-        for (std::size_t i = 0; i < json->size(); ++i)
-            take((*json)[i], JsonPlace(place, i));
-    }
-
     void done() const {
         for (const auto& [key, value] : m_json.items()) {
             if (std::find(m_asked.begin(), m_asked.end(), key) == m_asked.end())
@@ -137,213 +87,159 @@ private:
     std::vector<std::string_view> m_asked;
 };
 
-FullConstraints rangeFrom(const Json& json, const JsonPlace& place) {
-    ObjectFields fields(json, place);
-    FullConstraints range;
-    range.si = fields.integer<int>(Field::SI);
-    range.ei = fields.integer<int>(Field::EI);
-    range.dir = fields.integer<int>(Field::DIR);
-    fields.done();
-    return range;
+/// Whether a field may be left out, and then has the value that it has in a new object.
+template <typename FieldForm> constexpr bool isOptional(const FieldForm&) { return false; }
+constexpr bool isOptional(Form::Flags) { return true; }
+constexpr bool isOptional(Form::Ranges) { return true; }
+constexpr bool isOptional(Form::SVTypeId) { return true; }
+constexpr bool isOptional(Form::Boolean) { return true; }
+
+void setText(std::string& text, const std::string& from) { text = from; }
+void setText(char*& text, const std::string& from) {
+    char* const copy = copyOfName(from);
+    delete[] std::exchange(text, copy);
 }
 
-std::vector<FullConstraints> constraintsFrom(ObjectFields& fields) {
-    std::vector<FullConstraints> constraints;
-    fields.list(Field::CONSTRAINTS, true, [&](const Json& json, const JsonPlace& place) {
-        constraints.push_back(rangeFrom(json, place));
-    });
-    return constraints;
+/// Appends an object that has no values yet. The list owns it.
+template <typename Entry> Entry& appendTo(std::vector<Entry>& list) { return list.emplace_back(); }
+template <typename Entry, typename Base> Entry& appendTo(std::vector<Base*>& list) {
+    auto entry = std::make_unique<Entry>();
+    list.push_back(entry.get());
+    return *entry.release();
 }
 
-int svTypeIdFrom(ObjectFields& fields) {
-    return fields.integer<int>(Field::SV_TYPE_ID, TypeFileFormat::NO_SV_TYPE_ID);
+/// Calls `take(item, place)` for each item of a list.
+template <typename Take> void forEachItem(const Json& json, const JsonPlace& place, Take take) {
+    if (!json.is_array())
+        refuse(place, "must be a list");
+    for (std::size_t i = 0; i < json.size(); ++i)
+        take(json[i], JsonPlace(place, i));
 }
 
-using TypePointer = std::unique_ptr<RTBaseType>;
+/// Takes the values of an object's fields from a JSON object, one after the other.
+class FieldTaker {
+public:
+    explicit FieldTaker(ObjectFields& fields, std::size_t valueSize = 0)
+        : m_fields(fields), m_valueSize(valueSize) {}
 
-TypePointer seqEnumFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTSeqEnumType>();
-    type->m_valueEncoding =
-        static_cast<ValueEncoding>(fields.named<int>(Field::ENCODING, valueEncodings));
-    type->m_enumKind = static_cast<EnumKind>(fields.named<int>(Field::ENUM_KIND, enumKinds));
-    fields.list(Field::LITERALS, false, [&](const Json& json, const JsonPlace& place) {
-        TypeFile::addLiteral(*type, nameFrom(json, place));
-    });
-    type->m_valueSize = fields.integer<unsigned int>(Field::VALUE_SIZE);
-    return type;
-}
-
-std::string valueFrom(ObjectFields& fields, unsigned int size) {
-    std::string value;
-    const Json& json = fields.at(Field::VALUE);
-    if (!json.is_string() || !bytesOfHex(json.get_ref<const std::string&>(), value))
-        refuse(fields.placeOf(Field::VALUE), "must be text with two hexadecimal digits a byte");
-    if (value.size() != size)
-        refuse(fields.placeOf(Field::VALUE), "the value has " + counted(value.size(), "byte") +
-                                                 ", and the type's \"valueSize\" is " +
-                                                 std::to_string(size));
-    return value;
-}
-
-TypePointer discreteEnumFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTDiscreteEnumType>();
-    type->m_baseTypeId = fields.typeId(Field::BASE_TYPE);
-    const auto size = fields.integer<int>(Field::VALUE_SIZE);
-    if (size < 0)
-        refuse(fields.placeOf(Field::VALUE_SIZE), "must not be negative");
-    type->m_valueSize = static_cast<unsigned int>(size);
-    fields.list(Field::LITERALS, false, [&](const Json& json, const JsonPlace& place) {
-        ObjectFields literal(json, place);
-        const std::string name = literal.name(Field::NAME);
-        TypeFile::addLiteral(*type, name, valueFrom(literal, type->m_valueSize));
-        literal.done();
-    });
-    type->m_constraints = constraintsFrom(fields);
-    return type;
-}
-
-TypePointer integerTypeFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTIntType>();
-    type->m_constraint = rangeFrom(fields.at(Field::RANGE), fields.placeOf(Field::RANGE));
-    return type;
-}
-
-/// A flavour above the largest would not come back from a file.
-int flavourFrom(ObjectFields& fields, int largest) {
-    const int flavour = fields.integer<int>(Field::FLAVOUR);
-    if (flavour > largest)
-        refuse(fields.placeOf(Field::FLAVOUR), "must be at most " + std::to_string(largest));
-    return flavour;
-}
-
-TypePointer realTypeFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTFloatType>();
-    type->m_floatKind = flavourFrom(fields, TypeFileFormat::LAST_FLOAT_KIND);
-    type->m_left = fields.real(Field::LEFT);
-    type->m_right = fields.real(Field::RIGHT);
-    type->m_direction = fields.integer<int>(Field::DIRECTION);
-    return type;
-}
-
-TypePointer typedefFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTTypedefType>();
-    type->m_dataTypeId = fields.typeId(Field::DATA_TYPE);
-    type->m_constraints = constraintsFrom(fields);
-    return type;
-}
-
-template <typename Type> TypePointer designatingFrom(ObjectFields& fields) {
-    auto type = std::make_unique<Type>();
-    type->m_refTypeId = fields.typeId(Field::REF_TYPE);
-    type->m_alignment = fields.integer<unsigned int>(Field::ALIGNMENT);
-    type->m_valueSize = fields.integer<unsigned int>(Field::VALUE_SIZE);
-    return type;
-}
-
-TypePointer eventFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTEventType>();
-    type->m_eventKind = flavourFrom(fields, TypeFileFormat::LAST_EVENT_KIND);
-    return type;
-}
-
-TypePointer physicalFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTPhysicalType>();
-    fields.list(Field::UNITS, false, [&](const Json& json, const JsonPlace& place) {
-        ObjectFields unit(json, place);
-        const std::string name = unit.name(Field::NAME);
-        TypeFile::addUnit(*type, name, unit.integer<long long>(Field::VALUE));
-        unit.done();
-    });
-    return type;
-}
-
-TypePointer arrayFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTArrayType>();
-    type->m_arrayKind =
-        static_cast<ArrayKind>(fields.named<unsigned int>(Field::ARRAY_KIND, arrayKinds));
-    type->m_elementTypeId = fields.typeId(Field::ELEMENT_TYPE);
-    fields.list(Field::INDEX_TYPES, false, [&](const Json& json, const JsonPlace& place) {
-        type->m_indexTypeIds.push_back(idOrNone(json, place));
-    });
-    type->m_constraints = constraintsFrom(fields);
-    type->m_svTypeId = svTypeIdFrom(fields);
-    return type;
-}
-
-template <typename Type> std::unique_ptr<Type> containerFrom(ObjectFields& fields) {
-    auto type = std::make_unique<Type>();
-    type->m_elementTypeId = fields.typeId(Field::ELEMENT_TYPE);
-    type->m_svTypeId = svTypeIdFrom(fields);
-    return type;
-}
-
-TypePointer assocArrayFrom(ObjectFields& fields) {
-    auto type = containerFrom<RTAssocArrayType>(fields);
-    type->m_indexTypeId = fields.typeId(Field::INDEX_TYPE);
-    return type;
-}
-
-TypePointer recordFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTRecordType>();
-    type->m_recordKind =
-        static_cast<RecordKind>(fields.named<unsigned int>(Field::RECORD_KIND, recordKinds));
-    fields.list(Field::MEMBERS, false, [&](const Json& json, const JsonPlace& place) {
-        ObjectFields member(json, place);
-        const std::string name = member.name(Field::NAME);
-        const unsigned int typeId = member.typeId(Field::TYPE);
-        TypeFile::addMember(*type, name, typeId, constraintsFrom(member));
-        member.done();
-    });
-    type->m_svTypeId = svTypeIdFrom(fields);
-    return type;
-}
-
-TypePointer classFrom(ObjectFields& fields) {
-    auto type = std::make_unique<RTClassType>();
-    type->m_baseClassTypeId =
-        idOrNone(fields.at(Field::BASE_CLASS), fields.placeOf(Field::BASE_CLASS));
-    type->m_svTypeId = svTypeIdFrom(fields);
-    fields.list(Field::MEMBERS, false, [&](const Json& json, const JsonPlace& place) {
-        ObjectFields member(json, place);
-        const std::string name = member.name(Field::NAME);
-        const unsigned int typeId = member.typeId(Field::TYPE);
-        std::vector<FullConstraints> constraints = constraintsFrom(member);
-        TypeFile::addMember(*type, name, typeId, std::move(constraints), member.flag(Field::FLAG));
-        member.done();
-    });
-    return type;
-}
-
-TypePointer typeOfKind(unsigned int classId, ObjectFields& fields) {
-    switch (classId) {
-    case ClassId::SEQ_ENUM: return seqEnumFrom(fields);
-    case ClassId::DISCRETE_ENUM: return discreteEnumFrom(fields);
-    case ClassId::INT: return integerTypeFrom(fields);
-    case ClassId::FLOAT: return realTypeFrom(fields);
-    case ClassId::TYPEDEF: return typedefFrom(fields);
-    case ClassId::ACCESS: return designatingFrom<RTAccessType>(fields);
-    case ClassId::CHANDLE: return std::make_unique<RTCHandle>(nullptr);
-    case ClassId::EVENT: return eventFrom(fields);
-    case ClassId::FILE_TYPE: return designatingFrom<RTFileType>(fields);
-    case ClassId::PHYSICAL: return physicalFrom(fields);
-    case ClassId::ARRAY: return arrayFrom(fields);
-    case ClassId::RECORD: return recordFrom(fields);
-    case ClassId::DYNAMIC_ARRAY: return containerFrom<RTDynamicArrayType>(fields);
-    case ClassId::QUEUE: return containerFrom<RTQueueType>(fields);
-    case ClassId::ASSOC_ARRAY: return assocArrayFrom(fields);
-    case ClassId::CLASS: return classFrom(fields);
-    case ClassId::STRING: return std::make_unique<RTStringType>();
-    case ClassId::WILDCARD: return std::make_unique<RTWildCardType>();
-    default: return nullptr;
+    template <typename Value, typename FieldForm>
+    void operator()(const char* name, Value& value, const FieldForm& form) {
+        const Json* json = isOptional(form) ? m_fields.find(name) : &m_fields.at(name);
+        if (json != nullptr)
+            take(*json, m_fields.placeOf(name), value, form);
     }
-}
+
+private:
+    /// The whole numbers, whatever they stand for.
+    template <typename Number, typename FieldForm>
+    void take(const Json& json, const JsonPlace& place, Number& value, const FieldForm&) const {
+        value = integerFrom<Number>(json, place);
+    }
+
+    template <typename Text>
+    void take(const Json& json, const JsonPlace& place, Text& name, Form::Name) const {
+        setText(name, nameFrom(json, place));
+    }
+
+    /// A number, by its name or as it is.
+    template <typename Enum>
+    void take(const Json& json, const JsonPlace& place, Enum& value, Form::Named) const {
+        unsigned int number = 0;
+        if (!json.is_string())
+            value = static_cast<Enum>(integerFrom<std::underlying_type_t<Enum>>(json, place));
+        else if (TypeFile::namesOf(value).find(json.get_ref<const std::string&>(), number))
+            value = static_cast<Enum>(number);
+        else
+            refuse(place, "there is no " + json.dump(-1, ' ', true));
+    }
+
+    /// A flavour above the largest would not come back from a file.
+    void take(const Json& json, const JsonPlace& place, int& value,
+              const Form::Flavour& form) const {
+        value = integerFrom<int>(json, place);
+        if (value > form.last)
+            refuse(place, "must be at most " + std::to_string(form.last));
+    }
+
+    void take(const Json& json, const JsonPlace& place, double& value, Form::Real) const {
+        if (!realFromJson(json, value))
+            refuse(place, "must be a number, \"Infinity\", \"-Infinity\" or the 16 hexadecimal "
+                          "digits of a number");
+    }
+
+    void take(const Json& json, const JsonPlace& place, bool& value, Form::Boolean) const {
+        if (!json.is_boolean())
+            refuse(place, "must be true or false");
+        value = json.get<bool>();
+    }
+
+    void take(const Json& json, const JsonPlace& place, FullConstraints& range, Form::Range) const {
+        takeObject(json, place, range);
+    }
+
+    void take(const Json& json, const JsonPlace& place, std::vector<FullConstraints>& ranges,
+              Form::Ranges) const {
+        forEachItem(json, place, [&](const Json& item, const JsonPlace& itemPlace) {
+            takeObject(item, itemPlace, ranges.emplace_back());
+        });
+    }
+
+    void take(const Json& json, const JsonPlace& place, unsigned int& size, Form::ValueSize) {
+        size = integerFrom<unsigned int>(json, place);
+        m_valueSize = size;
+    }
+
+    void take(const Json& json, const JsonPlace& place, char*& value, Form::Value) const {
+        std::string bytes;
+        if (!json.is_string() || !bytesOfHex(json.get_ref<const std::string&>(), bytes))
+            refuse(place, "must be text with two hexadecimal digits a byte");
+        if (bytes.size() != m_valueSize)
+            refuse(place, "the value has " + counted(bytes.size(), "byte") +
+                              ", and the type's \"valueSize\" is " + std::to_string(m_valueSize));
+        value = new char[bytes.size()];
+        std::copy(bytes.begin(), bytes.end(), value);
+    }
+
+    template <typename Link>
+    void take(const Json& json, const JsonPlace& place, unsigned int& id,
+              const Form::TypeId<Link>& form) const {
+        id = form.mayBeNone && json.is_null() ? TypeFileFormat::NO_TYPE_ID
+                                              : integerFrom<unsigned int>(json, place);
+    }
+
+    template <typename List, typename Item>
+    void take(const Json& json, const JsonPlace& place, List& list,
+              const Form::Items<Item>& form) const {
+        forEachItem(json, place, [&](const Json& item, const JsonPlace& itemPlace) {
+            take(item, itemPlace, list.emplace_back(), form.item);
+        });
+    }
+
+    template <typename List, typename Entry>
+    void take(const Json& json, const JsonPlace& place, List& list,
+              const Form::Entries<Entry>&) const {
+        forEachItem(json, place, [&](const Json& item, const JsonPlace& itemPlace) {
+            takeObject(item, itemPlace, appendTo<Entry>(list));
+        });
+    }
+
+    template <typename Object>
+    void takeObject(const Json& json, const JsonPlace& place, Object& object) const {
+        ObjectFields fields(json, place);
+        forEachField(object, FieldTaker(fields, m_valueSize));
+        fields.done();
+    }
+
+    ObjectFields& m_fields;
+    std::size_t m_valueSize; ///< Of the type's literals.
+};
 
 } // namespace
 
 DescribedType typeFromJson(const Json& json, const JsonPlace& place) {
     ObjectFields fields(json, place);
     DescribedType described;
-    described.id = fields.typeId(Field::ID);
+    described.id = integerFrom<unsigned int>(fields.at(Field::ID), fields.placeOf(Field::ID));
     const Json& kind = fields.at(Field::KIND);
     const JsonPlace kindPlace = fields.placeOf(Field::KIND);
     if (!kind.is_string())
@@ -351,13 +247,15 @@ DescribedType typeFromJson(const Json& json, const JsonPlace& place) {
     if (kind == JSON_NO_TYPE)
         refuse(kindPlace, "an id without a type cannot be written");
     const unsigned int classId = classIdOfJsonKind(kind.get_ref<const std::string&>());
-    if (classId == 0)
+    const bool isKnown = TypeFile::withClass(classId, [&](auto tag) {
+        auto type = std::make_unique<typename decltype(tag)::Class>();
+        FieldTaker taker(fields);
+        forEachField<RTBaseType>(*type, taker);
+        forEachField(*type, taker);
+        described.type = std::move(type);
+    });
+    if (!isKnown)
         refuse(kindPlace, "there is no kind " + kind.dump(-1, ' ', true));
-    const std::string name = fields.name(Field::NAME);
-    const auto flags = fields.integer<unsigned int>(Field::FLAGS, 0U);
-    described.type = typeOfKind(classId, fields);
-    TypeFile::setName(*described.type, name);
-    described.type->m_flags = flags;
     fields.done();
     return described;
 }

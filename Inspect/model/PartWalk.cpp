@@ -93,6 +93,7 @@ void PartWalk::enterPart() {
     Step& above = m_path.back();
     const std::size_t index = above.nextPart++;
     m_part.depth = static_cast<unsigned int>(m_path.size());
+    m_part.above = above.type;
     m_part.isLast = above.nextPart == above.parts;
     m_part.member = nullptr;
     if (isAggregate(*above.type)) {

@@ -15,8 +15,9 @@ namespace Inspect {
 
 /// A type as a part of the one above it.
 struct Part {
-    unsigned int depth = 0;           ///< 0 for the outermost type, of which nothing is above.
-    LinkRole role = LinkRole::MEMBER; ///< Of no meaning at depth 0.
+    unsigned int depth = 0; ///< 0 for the outermost type, of which nothing is above.
+    const RTTI::RTBaseType* above = nullptr; ///< The type that it is a part of.
+    LinkRole role = LinkRole::MEMBER;        ///< Of no meaning at depth 0.
     const RTTI::RTAggregateType::t_Member* member =
         nullptr; ///< In that role, unless it is missing.
     unsigned int typeId = RTTI::TypeFileFormat::NO_TYPE_ID;

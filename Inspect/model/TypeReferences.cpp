@@ -2,69 +2,54 @@
 
 #include "Inspect/words/TypeText.h"
 
+#include <optional>
+#include <tuple>
 #include <unordered_set>
 
 namespace Inspect {
 
 using namespace RTTI;
+namespace Form = TypeFile::Form;
 
 namespace {
 
-/// Collects the links of one type.
-class LinkList {
-public:
-    explicit LinkList(std::vector<TypeLink>& links) : m_links(links) { m_links.clear(); }
-
-    void add(LinkRole role, unsigned int typeId, std::size_t position = 0) {
-        if (typeId != TypeFileFormat::NO_TYPE_ID)
-            m_links.push_back({role, static_cast<unsigned int>(position), typeId});
-    }
-
-    void addArray(const RTArrayType& array) {
-        add(LinkRole::ELEMENT, array.m_elementTypeId);
-        for (std::size_t i = 0; i < array.m_indexTypeIds.size(); ++i)
-            add(LinkRole::INDEX, array.m_indexTypeIds[i], i);
-    }
-
-    void addMembers(const RTAggregateType& type) {
-        for (std::size_t i = 0; i < type.m_members.size(); ++i) {
-            if (type.m_members[i] != nullptr)
-                add(LinkRole::MEMBER, type.m_members[i]->m_typeId, i);
-        }
-    }
-
-private:
-    std::vector<TypeLink>& m_links;
-};
+/// The role of the references in a field of one form, if it has any.
+template <typename FieldForm> constexpr std::optional<LinkRole> roleOf(const FieldForm&) {
+    return std::nullopt;
+}
+template <typename Link> constexpr std::optional<LinkRole> roleOf(const Form::TypeId<Link>& form) {
+    return form.role;
+}
+template <typename Item> constexpr std::optional<LinkRole> roleOf(const Form::Items<Item>& form) {
+    return roleOf(form.item);
+}
+template <typename Entry> constexpr std::optional<LinkRole> roleOf(Form::Entries<Entry>) {
+    std::optional<LinkRole> role;
+    std::apply([&](const auto&... field) { ((role = role ? role : roleOf(field.form)), ...); },
+               TypeFile::FIELDS<Entry>);
+    return role;
+}
 
 } // namespace
 
 void linksOf(const RTBaseType& type, std::vector<TypeLink>& links) {
-    LinkList list(links);
-    switch (type.GetClassId()) {
-    case ClassId::DISCRETE_ENUM:
-        return list.add(LinkRole::BASE_TYPE,
-                        static_cast<const RTDiscreteEnumType&>(type).m_baseTypeId);
-    case ClassId::TYPEDEF:
-        return list.add(LinkRole::ALIASED, static_cast<const RTTypedefType&>(type).m_dataTypeId);
-    case ClassId::ACCESS:
-        return list.add(LinkRole::DESIGNATED, static_cast<const RTAccessType&>(type).m_refTypeId);
-    case ClassId::FILE_TYPE:
-        return list.add(LinkRole::FILE_ELEMENT, static_cast<const RTFileType&>(type).m_refTypeId);
-    case ClassId::ARRAY: return list.addArray(static_cast<const RTArrayType&>(type));
-    case ClassId::DYNAMIC_ARRAY:
-    case ClassId::QUEUE:
-        return list.add(LinkRole::ELEMENT,
-                        static_cast<const RTAbstractArrayType&>(type).m_elementTypeId);
-    case ClassId::ASSOC_ARRAY:
-        list.add(LinkRole::ELEMENT, static_cast<const RTAssocArrayType&>(type).m_elementTypeId);
-        return list.add(LinkRole::INDEX, static_cast<const RTAssocArrayType&>(type).m_indexTypeId);
-    case ClassId::RECORD: return list.addMembers(static_cast<const RTRecordType&>(type));
-    case ClassId::CLASS:
-        list.add(LinkRole::BASE_CLASS, static_cast<const RTClassType&>(type).m_baseClassTypeId);
-        return list.addMembers(static_cast<const RTClassType&>(type));
-    default: return;
-    }
+    links.clear();
+    TypeFile::forEachReference(type, [&](unsigned int id, const auto& form, std::size_t position) {
+        if (id != TypeFileFormat::NO_TYPE_ID)
+            links.push_back({form.role, static_cast<unsigned int>(position), id});
+    });
+}
+
+const char* fieldOf(LinkRole role, unsigned int classId) {
+    const char* name = nullptr;
+    TypeFile::withClass(classId, [&](auto tag) {
+        std::apply(
+            [&](const auto&... field) {
+                ((name = roleOf(field.form) == role ? field.name : name), ...);
+            },
+            TypeFile::FIELDS<typename decltype(tag)::Class>);
+    });
+    return name;
 }
 
 std::string linkText(const RTBaseType& type, const TypeLink& link) {

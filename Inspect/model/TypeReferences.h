@@ -1,23 +1,13 @@
 #pragma once
 
-#include "RTTI/RTType.h"
+#include "TypeFile/TypeFields.h"
 
 #include <string>
 #include <vector>
 
 namespace Inspect {
 
-/// The role of a reference from one type to another.
-enum class LinkRole {
-    ALIASED,      ///< The type behind a typedef.
-    BASE_TYPE,    ///< The base type of a discrete enumeration.
-    DESIGNATED,   ///< The type that an access type designates.
-    FILE_ELEMENT, ///< The element type of a file type.
-    ELEMENT,      ///< The element type of an array.
-    INDEX,        ///< An index type of an array.
-    BASE_CLASS,   ///< The base class of a class.
-    MEMBER        ///< The type of a member of a record, struct, union or class.
-};
+using TypeFile::LinkRole;
 
 /// A reference from one type to another.
 struct TypeLink {
@@ -29,6 +19,10 @@ struct TypeLink {
 /// Replaces `links` with the references in the fields of a type, in the order of its record; fields
 /// that mean "no type" give none. The list belongs to the caller, who can use one for many types.
 void linksOf(const RTTI::RTBaseType& type, std::vector<TypeLink>& links);
+
+/// The field that holds the references of a role in types of a class, such as "dataType"; for
+/// members their list. Null if the class has none.
+const char* fieldOf(LinkRole role, unsigned int classId);
 
 /// The reference in words, with the name of the member or the number of the dimension, such as
 /// `member "len"` or "index type of dimension 2". Names are escaped.

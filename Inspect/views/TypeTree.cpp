@@ -81,12 +81,10 @@ std::string detailsOf(const Part& part, const TypeTable& types, RangeLists lists
     return text;
 }
 
-/// No part is an index type, whose field alone depends on the class that it belongs to.
-constexpr unsigned int NOT_INDEXED = 0;
-
 Json partToJson(const Part& part) {
     Json json{{"depth", part.depth}};
-    json["field"] = part.depth != 0 ? Json(jsonFieldOf(part.role, NOT_INDEXED)) : Json();
+    json["field"] =
+        part.above != nullptr ? Json(fieldOf(part.role, part.above->GetClassId())) : Json();
     if (part.member != nullptr)
         json["member"] = nameToJson(part.member->m_memberName);
     json.update(typeToJson(part.typeId, part.type));

@@ -35,7 +35,7 @@ void forEachUse(std::ostream& out, const TypeTable& types, unsigned int used, Ac
 
 Json useToJson(unsigned int id, const RTBaseType& type, const TypeLink& link) {
     Json json = typeToJson(id, &type);
-    json["field"] = jsonFieldOf(link.role, type.GetClassId());
+    json["field"] = fieldOf(link.role, type.GetClassId());
     if (link.role == LinkRole::MEMBER)
         json["member"] = nameToJson(
             static_cast<const RTAggregateType&>(type).m_members[link.position]->m_memberName);

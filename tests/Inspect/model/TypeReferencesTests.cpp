@@ -98,6 +98,14 @@ TEST(TypeReferences, ScalarsReferToNothing) {
     EXPECT_THAT(linksOf(RTStringType()), IsEmpty());
 }
 
+TEST(TypeReferences, EachRoleHasItsFieldInTheClassesThatHaveIt) {
+    EXPECT_STREQ(fieldOf(LinkRole::INDEX, ClassId::ARRAY), "indexTypes");
+    EXPECT_STREQ(fieldOf(LinkRole::INDEX, ClassId::ASSOC_ARRAY), "indexType");
+    EXPECT_STREQ(fieldOf(LinkRole::MEMBER, ClassId::RECORD), "members");
+    EXPECT_STREQ(fieldOf(LinkRole::FILE_ELEMENT, ClassId::FILE_TYPE), "refType");
+    EXPECT_EQ(fieldOf(LinkRole::BASE_CLASS, ClassId::RECORD), nullptr);
+}
+
 TEST(TypeReferences, AListIsReplacedNotAppendedTo) {
     std::vector<TypeLink> links = {{LinkRole::MEMBER, 1, 2}};
     Inspect::linksOf(CTIntType(), links);
