@@ -62,13 +62,6 @@ std::string directionMeaning(double direction) {
     return truncated == direction ? "" : fmt::format("truncated to {:.0f}", truncated);
 }
 
-std::string svTypeIdMeaning(int id) {
-    return id == NO_SV_TYPE_ID       ? "none"
-           : id == STRING_SV_TYPE_ID ? "string"
-           : id == EVENT_SV_TYPE_ID  ? "event"
-                                     : "";
-}
-
 /// Words for the fields of one record or header, one after the other.
 class FieldTexts {
 public:
@@ -334,6 +327,13 @@ void FieldTexts::readRest() {
 } // namespace
 
 std::string_view wordOf(FieldForm form) { return FORM_WORDS[static_cast<std::size_t>(form)]; }
+
+std::string_view svTypeIdMeaning(int id) {
+    return id == NO_SV_TYPE_ID       ? "none"
+           : id == STRING_SV_TYPE_ID ? "string"
+           : id == EVENT_SV_TYPE_ID  ? "event"
+                                     : "";
+}
 
 std::string_view wordOf(FieldState state) {
     constexpr std::string_view WORDS[] = {"whole", "partial", "missing", "unread"};

@@ -20,6 +20,9 @@ using TypeFile::FieldForm;
 /// The word for a form where programs read it, such as "typeId".
 std::string_view wordOf(FieldForm form);
 
+/// What a SystemVerilog type id means to the library; empty for most.
+std::string_view svTypeIdMeaning(int id);
+
 /// How much of a field there is.
 enum class FieldState {
     WHOLE,

@@ -74,24 +74,44 @@ std::string htmlText(std::string_view text) {
     return result;
 }
 
+Json jsonOf(std::span<const TypeFile::FieldLayout> layout);
+
+Json jsonOf(const TypeFile::FieldLayout& field) {
+    Json json{{"name", field.name != nullptr ? Json(field.name) : Json()},
+              {"form", wordOf(field.form)},
+              {"width", TypeFile::widthOf(field.form)},
+              {"missing", field.missing},
+              {"last", field.last}};
+    if (field.names != nullptr) {
+        json["first"] = field.names->first;
+        json["names"] =
+            std::vector<std::string>(field.names->names, field.names->names + field.names->count);
+    }
+    if (field.form == FieldForm::RANGE)
+        json["parts"] = jsonOf(TypeFile::Layout::RANGE_PARTS);
+    if (field.form == FieldForm::RANGES) {
+        json["count"] = jsonOf(TypeFile::Layout::RANGE_COUNT);
+        json["item"] = jsonOf(TypeFile::Layout::RANGE_IN_LIST);
+    }
+    return json;
+}
+
 Json jsonOf(std::span<const TypeFile::FieldLayout> layout) {
     Json list = Json::array();
-    for (const TypeFile::FieldLayout& field : layout) {
-        Json json{{"name", field.name != nullptr ? Json(field.name) : Json()},
-                  {"form", wordOf(field.form)},
-                  {"missing", field.missing},
-                  {"last", field.last}};
-        if (field.names != nullptr) {
-            json["first"] = field.names->first;
-            json["names"] = std::vector<std::string>(field.names->names,
-                                                     field.names->names + field.names->count);
-        }
-        list.push_back(std::move(json));
-    }
+    for (const TypeFile::FieldLayout& field : layout)
+        list.push_back(jsonOf(field));
     return list;
 }
 
-/// What the page has to know to read records: layouts by kind code, and words for kinds.
+/// The SystemVerilog type ids that mean something, with what they mean.
+Json svTypeIdsJson() {
+    Json ids = Json::object();
+    for (const int id : {NO_SV_TYPE_ID, STRING_SV_TYPE_ID, EVENT_SV_TYPE_ID})
+        ids[std::to_string(id)] = svTypeIdMeaning(id);
+    return ids;
+}
+
+/// What the page has to know to read records: layouts by kind code, words for kinds, and markers.
 Json formatJson() {
     Json bodies = Json::object();
     Json words = Json::object();
@@ -109,13 +129,19 @@ Json formatJson() {
             list.push_back(kindOf(code, details.first + static_cast<unsigned int>(i)));
         return Json{{"first", details.first}, {"kinds", std::move(list)}};
     };
-    return {{"head", jsonOf(TypeFile::Layout::HEAD)},
-            {"bodies", std::move(bodies)},
-            {"words", std::move(words)},
-            {"kinds", std::move(kinds)},
-            {"details",
-             {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, arrayKinds)},
-              {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, recordKinds)}}}};
+    return {
+        {"head", jsonOf(TypeFile::Layout::HEAD)},
+        {"bodies", std::move(bodies)},
+        {"words", std::move(words)},
+        {"kinds", std::move(kinds)},
+        {"noTypeId", NO_TYPE_ID},
+        {"unpaddedByteFlag", UNPADDED_BYTE_FLAG},
+        {"svTypeIds", svTypeIdsJson()},
+        {"directions",
+         {{"to", TO_DIRECTION}, {"downto", DOWNTO_DIRECTION}, {"open", UNCONSTRAINED_DIRECTION}}},
+        {"details",
+         {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, arrayKinds)},
+          {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, recordKinds)}}}};
 }
 
 /// One page, written once.
@@ -179,6 +205,7 @@ void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
                         {"count", m_source.types.count},
                         {"storageSize", m_source.storageSize},
                         {"chunk", TYPES_IN_CHUNK},
+                        {"mostRecordBytes", MOST_RECORD_BYTES},
                         {"encodings", std::move(encodings)},
                         {"format", formatJson()}});
     for (unsigned int first = 0; first < m_source.types.count && m_out;) {

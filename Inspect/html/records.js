@@ -1,10 +1,8 @@
 "use strict";
 
 // The types of the page: their records as the type file has them, and what their fields mean. The
-// layouts of the kinds come with the page's data; they are those of the library.
-
-/** The type id that stands for no type. */
-const NO_TYPE_ID = 0xFFFFFFFF;
+// layouts of the kinds, with the widths of fields, and the markers come with the page's data; they
+// are those of the library.
 
 /** Bytes of a name that are shown; the rest is said to be there. */
 const LONGEST_TEXT = 1024;
@@ -12,14 +10,16 @@ const LONGEST_TEXT = 1024;
 /** The same where another type refers to it. */
 const LONGEST_HEAD_NAME = 256;
 
-const SIZE_AND_KIND = 8;
-const WORD = 4;
-const RANGE_SIZE = 12;
-const NO_SV_TYPE_ID = -99;
-
-/** Bytes of a record that the page has at most. */
-const MOST_RECORD_BYTES = 1 << 20;
-const UNPADDED_BYTE_FLAG = 0x10;
+/** The bytes of a layout's fields up to the first one of a form, or of all. */
+function widthBefore(layout, form) {
+    let width = 0;
+    for (const entry of layout) {
+        if (entry.form === form)
+            break;
+        width += entry.width;
+    }
+    return width;
+}
 
 /** A number and what it counts: "1 byte", "2 bytes". */
 function countOf(number, what, shown = String(number)) {
@@ -49,12 +49,12 @@ function quoted(bytes) {
 }
 
 /** A range as the languages write it. */
-function rangeText(left, right, direction) {
-    if (direction === 1)
+function rangeText(directions, left, right, direction) {
+    if (direction === directions.to)
         return `${left} to ${right}`;
-    if (direction === 0)
+    if (direction === directions.downto)
         return `${left} downto ${right}`;
-    if (direction !== -2)
+    if (direction !== directions.open)
         return `${left}, ${right}, direction ${direction}`;
     return left === 0 && right === 0 ? "open" : `open (${left}, ${right})`;
 }
@@ -74,25 +74,26 @@ function realText(value) {
 }
 
 /** What the loader makes of the direction of a real type. */
-function directionMeaning(direction) {
+function directionMeaning(directions, direction) {
     const truncated = Math.trunc(direction);
     if (!(truncated >= -2147483648 && truncated <= 2147483647))
         return "no 32-bit number: -2147483648 stands instead";
-    if (truncated === 1)
+    if (truncated === directions.to)
         return "to";
-    if (truncated === 0)
+    if (truncated === directions.downto)
         return "downto";
     return truncated === direction ? "" : `truncated to ${truncated}`;
-}
-
-function svTypeIdMeaning(id) {
-    return { [NO_SV_TYPE_ID]: "none", "-5": "string", "-7": "event" }[id] || "";
 }
 
 /** The records of all types, one behind the other, and what the file says of itself. */
 class Records {
     constructor(root) {
         this.file = JSON.parse(root.querySelector("script.file").textContent);
+        this.format = this.file.format;
+        const { head } = this.format;
+        this.kindAt = widthBefore(head, "kind"); // In a record.
+        this.nameAt = widthBefore(head, "name");
+        this.headEnd = head.findIndex((entry) => entry.form === "name");
         this.count = this.file.count;
         this.starts = new Float64Array(this.count + 1);
         this.addresses = new Array(this.count);
@@ -132,24 +133,27 @@ class Records {
 
     /** Names and kinds, which the list shows. */
     readHeads() {
-        const { kinds, details } = this.file.format;
+        const { kinds, details, head, bodies } = this.format;
+        const behindName = widthBefore(head.slice(this.headEnd + 1));
         this.names = new Array(this.count);
         this.kinds = new Array(this.count);
         for (let id = 0; id < this.count; ++id) {
             const start = this.starts[id];
             const end = this.starts[id + 1];
-            if (end - start < SIZE_AND_KIND) {
+            if (end - start < this.nameAt) {
                 this.names[id] = "";
                 this.kinds[id] = "no record";
                 continue;
             }
-            const zero = this.endOfName(start + SIZE_AND_KIND, end);
-            this.names[id] = this.textAt(start + SIZE_AND_KIND, zero);
-            const code = this.view.getUint32(start + WORD, true);
+            const zero = this.endOfName(start + this.nameAt, end);
+            this.names[id] = this.textAt(start + this.nameAt, zero);
+            const code = this.view.getUint32(start + this.kindAt, true);
             this.kinds[id] = kinds[code] || "type of unknown class";
             const detail = details[code];
-            const at = zero + 1 + WORD; // Behind the flags.
-            if (detail && at + WORD <= end)
+            if (!detail)
+                continue;
+            const at = zero + 1 + behindName + widthBefore(bodies[code], "named");
+            if (at + bodies[code].find((entry) => entry.form === "named").width <= end)
                 this.kinds[id] =
                     detail.kinds[this.view.getUint32(at, true) - detail.first] || detail.kinds[0];
         }
@@ -196,20 +200,25 @@ class Records {
         if (found === null)
             return null;
         const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers] = found;
-        const runs = numbers.map(([count, ...range]) => ({ count, text: rangeText(...range) }));
+        const runs = numbers.map(([count, ...range]) =>
+            ({ count, text: this.rangeText(...range) }));
         return { encoding: this.file.encodings[encoding] || String(encoding), valueSize,
                  declaration, rangeCount, isWalkWhole, runs };
     }
 
+    rangeText(...range) {
+        return rangeText(this.format.directions, ...range);
+    }
+
     /** The words for a type where another one refers to it. */
     describe(id) {
-        if (id === NO_TYPE_ID)
+        if (id === this.format.noTypeId)
             return "none";
         if (id >= this.count)
             return "there is no such type";
         if (this.size(id) === 0)
             return "its record is not in the storage";
-        const begin = this.starts[id] + SIZE_AND_KIND;
+        const begin = this.starts[id] + this.nameAt;
         const end = Math.min(this.endOfName(begin, this.starts[id + 1]), begin + LONGEST_HEAD_NAME);
         const name = begin === end ? "" : quoted(this.bytes.subarray(begin, end));
         const [, shape] = this.shapes.get(id) || [];
@@ -230,10 +239,10 @@ class Records {
         new RecordReader(this, id, (raw) => {
             if (raw.entry.form === "name")
                 name = raw;
-            if (raw.entry.form !== "typeId" || raw.size !== WORD)
+            if (raw.entry.form !== "typeId" || raw.state !== "whole")
                 return;
             const target = this.view.getUint32(raw.at, true);
-            if (target !== NO_TYPE_ID)
+            if (target !== this.format.noTypeId)
                 links.push({ raw, target, owner: raw.list === null ? null : name });
         }).read();
         return links;
@@ -252,7 +261,7 @@ class Records {
         const lastSource = new Int32Array(this.count).fill(-1);
         for (let id = 0; id < this.count; ++id) {
             new RecordReader(this, id, (raw) => {
-                if (raw.entry.form !== "typeId" || raw.size !== WORD)
+                if (raw.entry.form !== "typeId" || raw.state !== "whole")
                     return;
                 const target = this.view.getUint32(raw.at, true);
                 if (target >= this.count || lastSource[target] === id)
@@ -290,18 +299,18 @@ class RecordReader {
     }
 
     read() {
-        const { head, bodies } = this.records.file.format;
+        const { format, kindAt, nameAt, headEnd, view } = this.records;
         const begin = this.at;
         if (this.end === begin)
             return;
         const whole = this.end;
-        this.end = Math.min(begin + SIZE_AND_KIND, whole);
-        this.readLayout(head.slice(0, 2));
+        this.end = Math.min(begin + nameAt, whole);
+        this.readLayout(format.head.slice(0, headEnd));
         this.end = whole;
-        const isFramed = whole - begin >= SIZE_AND_KIND;
-        const body = isFramed ? bodies[this.records.view.getUint32(begin + WORD, true)] : undefined;
+        const isFramed = whole - begin >= nameAt;
+        const body = isFramed ? format.bodies[view.getUint32(begin + kindAt, true)] : undefined;
         if (body !== undefined) {
-            this.readLayout(head.slice(2));
+            this.readLayout(format.head.slice(headEnd));
             this.readLayout(body);
         }
         if (this.at < this.end)
@@ -341,10 +350,7 @@ class RecordReader {
         case "range": return this.readRange(entry, null);
         case "ranges": return this.readRanges(entry);
         case "value": return this.readValue(entry);
-        case "real":
-        case "direction":
-        case "long": return this.readFixed(entry, 2 * WORD);
-        default: return this.readFixed(entry, WORD);
+        default: return this.readFixed(entry);
         }
     }
 
@@ -357,19 +363,19 @@ class RecordReader {
     }
 
     readRange(entry, range) {
-        if (this.end - this.at >= RANGE_SIZE)
-            return this.give(entry, RANGE_SIZE, "whole", { range });
-        for (const part of ["left bound", "right bound", "direction"])
-            this.readFixed({ name: entry.name, form: "number", missing: 0 }, WORD, { range, part });
+        if (this.end - this.at >= entry.width)
+            return this.give(entry, entry.width, "whole", { range });
+        for (const part of entry.parts)
+            this.readFixed({ ...part, name: entry.name }, { range, part: part.name });
     }
 
     readRanges(entry) {
-        this.readFixed({ name: "constraint count", form: "count", missing: 0 }, WORD);
+        this.readFixed(entry.count);
         const count = this.count;
         for (let i = 0; i < count; ++i) {
             if (this.at === this.end)
                 return this.giveMissingEntries(entry, i, count);
-            this.readRange({ name: entry.name, form: "range" }, i);
+            this.readRange(entry.item, i);
         }
     }
 
@@ -381,7 +387,8 @@ class RecordReader {
                       { valueSize: this.valueSize });
     }
 
-    readFixed(entry, width, place) {
+    readFixed(entry, place) {
+        const { width } = entry;
         const isWhole = this.end - this.at >= width;
         const number = isWhole ? this.records.view.getInt32(this.at, true) : 0;
         if (entry.form === "count")
@@ -415,11 +422,11 @@ class Field {
         this.name = Field.nameOf(raw);
         this.value = "";
         this.meaning = "";
-        this.typeId = NO_TYPE_ID;
+        this.typeId = records.format.noTypeId;
         this.records = records;
         this.view = records.view;
         this.end = this.isRecordCut()
-            ? records.size(raw.id) === MOST_RECORD_BYTES ? "the page has no more of it"
+            ? records.size(raw.id) === records.file.mostRecordBytes ? "the page has no more of it"
                                                          : "the storage ends here"
             : null;
         if (raw.entry.form === "name" && raw.size !== 0)
@@ -450,7 +457,8 @@ class Field {
         const { starts } = this.records;
         const start = starts[this.raw.id];
         const size = starts[this.raw.id + 1] - start;
-        return size >= WORD && this.view.getInt32(start, true) > size;
+        const [claimed] = this.records.format.head;
+        return size >= claimed.width && this.view.getInt32(start, true) > size;
     }
 
     readName() {
@@ -485,19 +493,26 @@ class Field {
 
     readWhole() {
         const { entry, at } = this.raw;
+        const { directions } = this.records.format;
         switch (entry.form) {
         case "real": this.value = realText(this.view.getFloat64(at, true)); return;
         case "direction": {
             const direction = this.view.getFloat64(at, true);
             this.value = realText(direction);
-            this.meaning = directionMeaning(direction);
+            this.meaning = directionMeaning(directions, direction);
             return;
         }
         case "long": this.value = String(this.view.getBigInt64(at, true)); return;
         case "range": {
-            const numbers = [0, 4, 8].map((i) => this.view.getInt32(at + i, true));
-            this.value = rangeText(...numbers);
-            this.meaning = numbers[2] === -2 ? "filled in by an enclosing type" : "";
+            let next = at;
+            const numbers = entry.parts.map((part) => {
+                const number = this.view.getInt32(next, true);
+                next += part.width;
+                return number;
+            });
+            this.value = this.records.rangeText(...numbers);
+            const isOpen = numbers[numbers.length - 1] === directions.open;
+            this.meaning = isOpen ? "filled in by an enclosing type" : "";
             return;
         }
         default: this.readWord(entry, this.view.getUint32(at, true)); return;
@@ -506,21 +521,22 @@ class Field {
 
     readWord(entry, word) {
         const number = word | 0;
+        const { records } = this;
         this.value = String(number);
         switch (entry.form) {
         case "recordSize":
-            if (number < SIZE_AND_KIND)
-                this.meaning = "less than the 8 bytes of size and kind";
+            if (number < records.nameAt)
+                this.meaning = `less than the ${records.nameAt} bytes of size and kind`;
             else if (this.end !== null)
-                this.meaning = `${this.end}, after ${countOf(this.records.size(this.raw.id), "byte")}`;
+                this.meaning = `${this.end}, after ${countOf(records.size(this.raw.id), "byte")}`;
             return;
         case "kind":
             this.value = "0x" + word.toString(16);
-            this.meaning = this.records.file.format.words[word] || "type of unknown class";
+            this.meaning = records.format.words[word] || "type of unknown class";
             return;
         case "flags":
             this.value = "0x" + word.toString(16);
-            this.meaning = word & UNPADDED_BYTE_FLAG ? "values in unpadded bytes" : "";
+            this.meaning = word & records.format.unpaddedByteFlag ? "values in unpadded bytes" : "";
             return;
         case "named":
             if (entry.first !== 0)
@@ -533,9 +549,9 @@ class Field {
         case "typeId":
             this.value = String(word);
             this.typeId = word;
-            this.meaning = this.records.describe(word);
+            this.meaning = records.describe(word);
             return;
-        case "svTypeId": this.meaning = svTypeIdMeaning(number); return;
+        case "svTypeId": this.meaning = records.format.svTypeIds[number] || ""; return;
         case "boolean":
             this.value = String(word);
             this.meaning = word !== 0 ? "true" : "false";

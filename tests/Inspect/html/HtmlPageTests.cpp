@@ -160,6 +160,27 @@ TEST(HtmlPage, ComesInPiecesOfAThousandTypes) {
     EXPECT_THAT(page.progress(), ElementsAre(1000u, 1001u));
 }
 
+/// The script of the page states none of it again.
+TEST(HtmlPage, HasTheWidthsAndMarkersOfTheFormat) {
+    const json format = Page(TypeFileBuilder(), 0).blocks("file").at(0)["format"];
+    EXPECT_EQ(format["head"][0], json::parse(R"({"name": "record size", "form": "recordSize",
+                                                 "width": 4, "missing": 0, "last": 0})"));
+    const json real = format["bodies"][std::to_string(ClassId::FLOAT)];
+    ASSERT_EQ(real.size(), 4u);
+    EXPECT_EQ(real[0]["width"], 4);
+    EXPECT_EQ(real[0]["last"], 3);
+    EXPECT_EQ(real[3]["width"], 8);
+    const json ranges = format["bodies"][std::to_string(ClassId::TYPEDEF)][1];
+    EXPECT_EQ(ranges["count"]["name"], "constraint count");
+    EXPECT_EQ(ranges["item"]["width"], 12);
+    ASSERT_EQ(ranges["item"]["parts"].size(), 3u);
+    EXPECT_EQ(ranges["item"]["parts"][2]["name"], "direction");
+    EXPECT_EQ(format["noTypeId"], 0xFFFFFFFF);
+    EXPECT_EQ(format["unpaddedByteFlag"], 0x10);
+    EXPECT_EQ(format["directions"], json({{"to", 1}, {"downto", 0}, {"open", -2}}));
+    EXPECT_EQ(format["svTypeIds"], json({{"-99", "none"}, {"-5", "string"}, {"-7", "event"}}));
+}
+
 TEST(HtmlPage, OfAFileWithoutTypesHasNone) {
     const Page page(TypeFileBuilder(), 0);
     EXPECT_TRUE(page.blocks("records").empty());
