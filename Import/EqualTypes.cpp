@@ -4,6 +4,7 @@
 #include "TypeFile/RecordEncoder.h"
 #include "TypeFile/StablePartition.h"
 
+#include <memory_resource>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -17,6 +18,8 @@ constexpr unsigned int NONE = RTTI::TypeFileFormat::NO_TYPE_ID;
 /// Tells types apart by all that their records hold but the ids of other types.
 class Contents {
 public:
+    explicit Contents(std::size_t count) { m_numbers.reserve(count); }
+
     /// The number of the type's content; the ids in the type are appended to `ids`.
     unsigned int numberOf(RTTI::RTBaseType& type, std::vector<unsigned int>& ids) {
         const std::size_t begin = ids.size();
@@ -26,19 +29,22 @@ public:
         std::size_t next = begin;
         forEachTypeId(type, [&](unsigned int& id) { id = ids[next++]; });
         const auto count = static_cast<unsigned int>(m_numbers.size());
-        return m_numbers.try_emplace({m_bytes.data(), m_bytes.size()}, count).first->second;
+        m_content.assign(m_bytes.data(), m_bytes.size());
+        return m_numbers.try_emplace(m_content, count).first->second;
     }
 
 private:
     std::vector<char> m_bytes;
+    std::pmr::string m_content;
     TypeFile::RecordEncoder m_encoder{m_bytes};
-    std::unordered_map<std::string, unsigned int> m_numbers;
+    std::pmr::monotonic_buffer_resource m_memory; // Entries are many, and released all at once.
+    std::pmr::unordered_map<std::pmr::string, unsigned int> m_numbers{&m_memory};
 };
 
 } // namespace
 
 std::vector<unsigned int> firstEqualTypes(const std::vector<RTTI::RTBaseType*>& types) {
-    Contents contents;
+    Contents contents(types.size());
     std::vector<unsigned int> blocks(types.size());
     std::vector<TypeFile::LabelledEdge> edges;
     std::vector<unsigned int> ids;

@@ -36,7 +36,9 @@ class GhwTypeMaker {
 public:
     GhwTypeMaker(const GhwFile& file, const Input& input, VhdlTypes& types)
         : m_file(file), m_input(input), m_types(types), m_made(file.types.size()),
-          m_firstSubtypes(file.types.size()) {}
+          m_firstSubtypes(file.types.size()) {
+        m_types.reserve(m_types.size() + file.types.size());
+    }
 
     void make() {
         for (std::uint32_t number = 1; number < m_file.types.size(); ++number)

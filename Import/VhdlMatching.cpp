@@ -218,6 +218,8 @@ private:
 } // namespace
 
 VhdlTypes joinDumps(VhdlTypes waves, const VhdlTypes& listings) {
+    if (listings.size() == 0)
+        return waves;
     return DumpJoiner(std::move(waves), listings).join();
 }
 

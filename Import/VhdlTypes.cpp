@@ -10,7 +10,8 @@ namespace {
 /// All that makes a type what it is, but its place, as bytes.
 class VhdlContent {
 public:
-    explicit VhdlContent(const VhdlType& type) {
+    VhdlContent(const VhdlType& type, std::pmr::string& bytes) : m_bytes(bytes) {
+        m_bytes.clear();
         append(type.kind);
         append(type.name);
         append(type.of);
@@ -30,8 +31,6 @@ public:
         append(type.mayBeReal);
         append(type.mayBePart);
     }
-
-    std::string take() { return std::move(m_bytes); }
 
 private:
     template <typename Value> std::enable_if_t<std::is_scalar_v<Value>> append(const Value& value) {
@@ -58,13 +57,14 @@ private:
         append(use.alternatives);
     }
 
-    std::string m_bytes;
+    std::pmr::string& m_bytes;
 };
 
 } // namespace
 
 std::uint32_t VhdlTypes::intern(VhdlType type) {
-    const auto [at, isNew] = m_byContent.emplace(VhdlContent(type).take(), size());
+    VhdlContent(type, m_content);
+    const auto [at, isNew] = m_byContent.try_emplace(m_content, size());
     if (isNew)
         m_types.push_back(std::move(type));
     return at->second;

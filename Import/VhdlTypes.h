@@ -3,6 +3,8 @@
 #include "Import/Place.h"
 
 #include <cstdint>
+#include <memory>
+#include <memory_resource>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -96,6 +98,16 @@ struct VhdlDeclaration {
 /// The types of a design, and which of them were declared.
 class VhdlTypes {
 public:
+    VhdlTypes() = default;
+    VhdlTypes(VhdlTypes&&) = default;
+    VhdlTypes& operator=(VhdlTypes&&) = delete;
+
+    /// Makes room for so many types.
+    void reserve(std::size_t count) {
+        m_types.reserve(count);
+        m_byContent.reserve(count);
+    }
+
     /// Adds a type, or finds the equal one that is there. The types that it refers to have to be
     /// there.
     std::uint32_t intern(VhdlType type);
@@ -114,9 +126,15 @@ public:
     const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
 
 private:
+    using Numbers = std::pmr::unordered_map<std::pmr::string, std::uint32_t>;
+
     std::vector<VhdlType> m_types;
     std::vector<VhdlDeclaration> m_declarations;
-    std::unordered_map<std::string, std::uint32_t> m_byContent;
+    // Entries are many, and released all at once.
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_memory =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
+    Numbers m_byContent{m_memory.get()};
+    std::pmr::string m_content; ///< Of the type that was interned last.
 };
 
 } // namespace Import

@@ -1,0 +1,152 @@
+// Importing what front ends write: a tree beside reading it line by line, a wave beside writing the
+// type file that it gives.
+
+#include "Import/Importer.h"
+#include "TypeFile/TypeFileWriter.h"
+#include "tests/support/GhwBuilder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Types = std::vector<std::unique_ptr<RTTI::RTBaseType>>;
+
+/// A tree as large as that of a verification library, with as many types.
+constexpr std::size_t TREE_BYTES = 49'000'000;
+constexpr unsigned int TREE_TYPES = 3300;
+
+constexpr unsigned int WAVE_TYPES = 100'000;
+
+template <typename... Values>
+void appendLine(std::string& text, const char* format, Values... values) {
+    char line[256];
+    text.append(line,
+                static_cast<std::size_t>(std::snprintf(line, sizeof line, format, values...)));
+    text += '\n';
+}
+
+/// The addresses of the type with this number, and of what belongs to it.
+unsigned long addressOf(unsigned int number, unsigned int part = 0) {
+    return 0x55a74d000000UL + number * 0x100UL + part;
+}
+
+/// Structs of vectors: each has a member of the struct in front of it.
+void appendStruct(std::string& text, unsigned int number) {
+    appendLine(text, "    3:1: STRUCTDTYPE 0x%lx {c%ual} @dt=this@(w8)  p::t%u [PACKED]",
+               addressOf(number), number, number);
+    for (unsigned int part = 1; part <= 4; ++part)
+        appendLine(text, "    3:1:1: MEMBERDTYPE 0x%lx {c%uax} @dt=this@(w8)  m%u refdt=0x%lx(w8)",
+                   addressOf(number, part), number, part,
+                   part == 1 && number > 0 ? addressOf(number - 1) : addressOf(number, 9));
+    appendLine(text,
+               "    3:1: BASICDTYPE 0x%lx {c%ual} @dt=this@(w8)  logic kwd=logic range=[%u:0]",
+               addressOf(number, 9), number, number % 64 + 1);
+}
+
+std::string makeTree() {
+    std::string text = "Verilator Tree Dump (format 0x3900) from <e0> to <e990586>\n"
+                       "     NETLIST 0x1 {a0aa}  $root [1ps/1ps]\n"
+                       "    1: PACKAGE 0x6 {c1aj}  p  L3 [LIB] [1ps]\n";
+    for (unsigned int number = 0; number < TREE_TYPES; ++number)
+        appendLine(
+            text, "    1:2: TYPEDEF 0x%lx {c%uaj} @dt=0x%lx@(w8)  t%u -> STRUCTDTYPE 0x%lx {c%ual}",
+            addressOf(number, 15), number, addressOf(number), number, addressOf(number), number);
+    appendLine(text, "    1: MODULE 0x7 {c1ai}  top  L2 [1ps]");
+    // Most of a tree are statements and expressions.
+    for (unsigned int number = 0; text.size() < TREE_BYTES; ++number)
+        appendLine(text,
+                   "    1:2:3:1:2:1: VARREF 0x%lx {dm%ubx} @dt=0x%lx@(w8)  value_%u [RV] <- VAR "
+                   "0x%lx {dm%ubn} @dt=0x%lx@(w8)  value_%u [VSTATIC]  VAR",
+                   addressOf(number, 20), number % 999, addressOf(number % TREE_TYPES), number,
+                   addressOf(number, 21), number % 99, addressOf(number % TREE_TYPES), number);
+    text += "    3: TYPETABLE 0x2 {a0aa}\n";
+    for (unsigned int number = 0; number < TREE_TYPES; ++number)
+        appendStruct(text, number);
+    return text + "    3: CONSTPOOL 0x4 {a0aa}\n";
+}
+
+/// Types of one kind after the other: an array of the subtype in front of it, and so on.
+std::string makeWave() {
+    constexpr unsigned int INTEGER = 25, ARRAY = 31, RECORD = 32, SUBTYPE = 34, ENUM = 23;
+    GhwBuilder wave;
+    std::vector<std::string> names = {"a", "b", "c", "integer"};
+    for (unsigned int number = 0; number < WAVE_TYPES; ++number)
+        names.push_back("type_" + std::to_string(number));
+    wave.names(names);
+    wave.type(INTEGER, {4});
+    for (unsigned int number = 2; number <= WAVE_TYPES; ++number) {
+        const unsigned int name = number + 3;
+        switch (number % 4) {
+        case 0: wave.type(ENUM, {name, 3, 1, 2, 3}); break;
+        case 1: wave.type(RECORD, {name, 3, 1, number - 1, 2, 1, 3, number - 2}); break;
+        case 2: wave.type(SUBTYPE, {name, 1}).range(INTEGER, 0, number); break;
+        default: wave.type(ARRAY, {name, number - 1, 1, 1}); break;
+        }
+    }
+    return wave.file();
+}
+
+const std::string& tree() {
+    static const std::string text = makeTree();
+    return text;
+}
+
+const std::string& wave() {
+    static const std::string bytes = makeWave();
+    return bytes;
+}
+
+Types imported(const std::string& bytes) {
+    std::istringstream stream(bytes);
+    Import::Input input(stream, "bench");
+    Import::Notes notes;
+    Import::Importer importer({}, notes);
+    importer.read(input);
+    return importer.finish();
+}
+
+void ImportTree(benchmark::State& state) {
+    tree();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(imported(tree()).data());
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * tree().size()));
+}
+
+void ReadTreeLines(benchmark::State& state) {
+    tree();
+    for (auto _ : state) {
+        std::istringstream stream(tree());
+        std::string line;
+        while (std::getline(stream, line))
+            benchmark::DoNotOptimize(line.data());
+    }
+}
+
+void ImportWave(benchmark::State& state) {
+    wave();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(imported(wave()).data());
+}
+
+void WriteTypesOfWave(benchmark::State& state) {
+    const Types types = imported(wave());
+    for (auto _ : state) {
+        TypeFile::TypeFileWriter writer;
+        for (const auto& type : types)
+            writer.add(*type);
+        benchmark::DoNotOptimize(writer.finish().data());
+    }
+}
+
+BENCHMARK(ImportTree)->Name("Import/tree")->UseRealTime();
+BENCHMARK(ReadTreeLines)->Name("Import/tree/floor")->UseRealTime();
+BENCHMARK(ImportWave)->Name("Import/wave")->UseRealTime();
+BENCHMARK(WriteTypesOfWave)->Name("Import/wave/floor")->UseRealTime();
+
+} // namespace
