@@ -6,9 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -17,6 +19,17 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
+
+/// What front ends wrote, as an example.
+std::vector<std::string> examples() {
+    std::vector<std::string> found;
+    for (const auto& entry : fs::directory_iterator(EXAMPLE_DUMP_DIR)) {
+        if (entry.path().extension() != ".md")
+            found.push_back(entry.path().string());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
 
 /// The path of what a front end wrote.
 std::string dump(const std::string& name) { return IMPORT_DATA_DIR "/" + name; }
@@ -78,14 +91,25 @@ void expectRefusal(const std::string& arguments, const std::string& message) {
     EXPECT_FALSE(fs::remove(file));
 }
 
-class RttiImportSample : public testing::TestWithParam<const char*> {};
-
-TEST_P(RttiImportSample, PassesTheVerifierAndIsTheSameOnEveryRun) {
-    const std::string file = imported(dump(GetParam()));
+void expectSoundImport(const std::string& path) {
+    SCOPED_TRACE(path);
+    const std::string file = imported(path);
     const Result verified = rtti("verify " + file);
     EXPECT_EQ(verified.status, 0);
     EXPECT_THAT(verified.out, EndsWith("0 errors, 0 warnings\n"));
-    EXPECT_EQ(contentOf(file), contentOf(imported(dump(GetParam()), "again")));
+    EXPECT_EQ(contentOf(file), contentOf(imported(path, "again")));
+}
+
+class RttiImportSample : public testing::TestWithParam<const char*> {};
+
+TEST_P(RttiImportSample, PassesTheVerifierAndIsTheSameOnEveryRun) {
+    expectSoundImport(dump(GetParam()));
+}
+
+TEST(RttiImport, TakesTheExamples) {
+    EXPECT_GE(examples().size(), 14u);
+    for (const std::string& path : examples())
+        expectSoundImport(path);
 }
 
 INSTANTIATE_TEST_SUITE_P(, RttiImportSample,
