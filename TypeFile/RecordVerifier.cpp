@@ -118,6 +118,15 @@ struct BodyScan {
 
 } // namespace
 
+/// Words are made where there is room for them.
+template <typename Words>
+void RecordVerifier::add(FindingCode code, const ReadField& field, Words words) {
+    if (m_findings.hasRoom(code))
+        m_findings.add(code, m_typeId, {nameOf(field), keyOf(field)}, field.offset, words());
+    else
+        m_findings.leaveOut(code);
+}
+
 void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int kind,
                             RecordParts& record) {
     record.clear();
@@ -171,22 +180,26 @@ void RecordVerifier::check(const ReadField& field) {
     case FieldForm::VALUE_SIZE:
         if (static_cast<int>(field.word) < 0)
             add(FindingCode::SIZE_NEGATIVE, field,
-                foundText(field) + ", expected a number of bytes.");
+                [&] { return foundText(field) + ", expected a number of bytes."; });
         return;
     case FieldForm::NAMED: {
         const NamedValues& names = *layout.names;
         if (names.nameOf(field.word) == nullptr)
-            add(layout.code, field,
-                foundText(field) + ", expected one of " + valueText(names, names.first) + " to " +
-                    valueText(names, names.first + static_cast<unsigned int>(names.count) - 1) +
-                    ".");
+            add(layout.code, field, [&] {
+                return foundText(field) + ", expected one of " + valueText(names, names.first) +
+                       " to " +
+                       valueText(names, names.first + static_cast<unsigned int>(names.count) - 1) +
+                       ".";
+            });
         return;
     }
     case FieldForm::FLAVOUR:
         if (field.word > static_cast<unsigned int>(layout.last))
-            add(layout.code, field,
-                foundText(field) + ", expected " + (layout.last == 1 ? "0 or " : "one of 0 to ") +
-                    std::to_string(layout.last) + ".");
+            add(layout.code, field, [&] {
+                return foundText(field) + ", expected " +
+                       (layout.last == 1 ? "0 or " : "one of 0 to ") + std::to_string(layout.last) +
+                       ".";
+            });
         return;
     default: return;
     }
@@ -197,16 +210,17 @@ void RecordVerifier::checkCount(const ReadField& field) {
     const bool isOfRanges = field.layout == &Layout::RANGE_COUNT;
     if (!isOfRanges && static_cast<int>(field.word) < 0)
         return add(FindingCode::COUNT_NEGATIVE, field,
-                   foundText(field) + ", expected 0 for an empty list.");
+                   [&] { return foundText(field) + ", expected 0 for an empty list."; });
     const unsigned long long left = m_end - (field.offset + field.size);
     const std::size_t smallest = isOfRanges ? CONSTRAINT_SIZE : smallestEntryBehind(field);
     if (static_cast<unsigned long long>(field.word) * smallest <= left)
         return;
     m_isBelieved = false;
-    add(FindingCode::COUNT_TOO_LARGE, field,
-        "The list has " + counted(field.word, isOfRanges ? "range" : "entry") +
-            (isOfRanges ? " of " : " of at least ") + counted(smallest, "byte") +
-            ", and there is room for " + counted(left, "byte") + " in the record.");
+    add(FindingCode::COUNT_TOO_LARGE, field, [&] {
+        return "The list has " + counted(field.word, isOfRanges ? "range" : "entry") +
+               (isOfRanges ? " of " : " of at least ") + counted(smallest, "byte") +
+               ", and there is room for " + counted(left, "byte") + " in the record.";
+    });
 }
 
 /// The least that an entry of the list behind its count takes.
@@ -222,14 +236,14 @@ void RecordVerifier::checkTypeId(const ReadField& field) {
     const bool isFollowed = Link::has(field.layout->link, Link::LINKED);
     if (!isFollowed && field.word >= m_types.size() && field.word != NO_TYPE_ID)
         add(FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, field,
-            foundText(field) + ", expected the id of a type of this file.");
+            [&] { return foundText(field) + ", expected the id of a type of this file."; });
 }
 
 void RecordVerifier::checkDirection(const ReadField& field) {
     const auto direction = littleEndianAt<double>(m_sweep.at(field.offset, sizeof(double)));
     if (!isUsableDirection(direction))
         add(FindingCode::REAL_DIRECTION_UNUSABLE, field,
-            "The direction " + std::to_string(direction) + " is no 32-bit number.");
+            [&] { return "The direction " + std::to_string(direction) + " is no 32-bit number."; });
 }
 
 /// Every list of which nothing is left, though its count was believed, begins with a name.
@@ -238,9 +252,10 @@ void RecordVerifier::addMissing(const ReadField& field) {
     const unsigned long long left = m_end - field.offset;
     const FieldForm form = field.layout->form;
     if (form != FieldForm::NAME && form != FieldForm::LIST)
-        return add(FindingCode::FIELD_MISSING, field,
-                   "The field takes " + counted(field.width, "byte") + ", and the record has " +
-                       std::to_string(left) + " left.");
+        return add(FindingCode::FIELD_MISSING, field, [&] {
+            return "The field takes " + counted(field.width, "byte") + ", and the record has " +
+                   std::to_string(left) + " left.";
+        });
     ReadField name = field;
     if (form == FieldForm::LIST)
         name = {field.layout + 1,
@@ -253,8 +268,10 @@ void RecordVerifier::addMissing(const ReadField& field) {
                 0,
                 false,
                 0};
-    add(FindingCode::NAME_NOT_TERMINATED, name,
-        "There is no zero byte up to the end of the record, " + counted(left, "byte") + " on.");
+    add(FindingCode::NAME_NOT_TERMINATED, name, [&] {
+        return "There is no zero byte up to the end of the record, " + counted(left, "byte") +
+               " on.";
+    });
 }
 
 /// Calls `take` with the fields of a record.
@@ -280,13 +297,16 @@ void RecordVerifier::addBrokenLinks(unsigned int typeId) {
 void RecordVerifier::addBrokenLink(const ReadField& field) {
     const std::string target = std::to_string(field.word);
     if (field.word >= m_types.size())
-        add(FindingCode::TYPE_ID_OUTSIDE_TABLE, field,
-            "Found type " + target + ", and the file has " + counted(m_types.size(), "type") + ".");
+        add(FindingCode::TYPE_ID_OUTSIDE_TABLE, field, [&] {
+            return "Found type " + target + ", and the file has " +
+                   counted(m_types.size(), "type") + ".";
+        });
     else if (!m_types.isLinked(field.word))
         add(FindingCode::LINK_TO_NO_TYPE, field,
-            "Type " + target + " has a kind that builds no type.");
+            [&] { return "Type " + target + " has a kind that builds no type."; });
     else
-        add(FindingCode::BASE_IS_NO_CLASS, field, "Type " + target + " is no class.");
+        add(FindingCode::BASE_IS_NO_CLASS, field,
+            [&] { return "Type " + target + " is no class."; });
 }
 
 void RecordVerifier::addAtPart(FindingCode code, unsigned int typeId, std::size_t place,
@@ -307,13 +327,9 @@ void RecordVerifier::addAt(const FieldLayout* layout, FindingCode code, unsigned
         parts += isPart(field) ? 1 : 0;
         if (parts != place + 1 || (layout != nullptr && field.layout != layout))
             return true;
-        add(code, field, std::move(text));
+        add(code, field, [&] { return std::move(text); });
         return false;
     });
-}
-
-void RecordVerifier::add(FindingCode code, const ReadField& field, std::string text) {
-    m_findings.add(code, m_typeId, {nameOf(field), keyOf(field)}, field.offset, std::move(text));
 }
 
 } // namespace TypeFile

@@ -48,7 +48,7 @@ private:
     template <typename Take> void readAgain(unsigned int typeId, Take take);
     void addAt(const FieldLayout* layout, FindingCode code, unsigned int typeId, std::size_t place,
                std::string text);
-    void add(FindingCode code, const ReadField& field, std::string text);
+    template <typename Words> void add(FindingCode code, const ReadField& field, Words words);
 
     StorageWindow& m_sweep;
     StorageWindow& m_jumps;

@@ -283,6 +283,8 @@ void Verification::share(unsigned int typeId, unsigned int other) {
         m_types.deferred.push_back(m_types.deferred.back()); // That of the other type, or a copy.
         m_types.deferred.back().typeId = typeId;
     }
+    if (!m_findings.hasRoom(FindingCode::RECORD_SHARED))
+        return m_findings.leaveOut(FindingCode::RECORD_SHARED);
     m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", m_frame.entryOffset(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
 }
