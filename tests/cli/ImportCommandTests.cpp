@@ -412,4 +412,20 @@ TEST_F(RttiImportRun, SaysThatTheAnalysisOfGhdlFailed) {
     EXPECT_FALSE(fs::exists(m_output));
 }
 
+TEST_F(RttiImportRun, SaysThatGhdlFailedInItsListing) {
+    const std::string wave = dump("ghdl/kinds-2.0.ghw");
+    std::ofstream(m_programs + "/ghdl") << "#!/bin/sh\n"
+                                           "[ \"$1\" != --version ] || { echo mcode; exit; }\n"
+                                           "for word; do last=$word; done\n"
+                                           "case $last in --wave=*) cp '" +
+                                               wave + "' \"${last#--wave=}\";; *) exit 1;; esac\n";
+    fs::permissions(m_programs + "/ghdl", fs::perms::owner_all);
+    const Result result = rttiWith("PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "'",
+                                   "import --run ghdl -o '" + m_output + "' -- --std=08 tb");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.err, HasSubstr("rtti: ghdl ended with exit status 1 before the type listing "
+                                      "was whole, and yet it wrote what is imported here\n"));
+    EXPECT_EQ(contentOf(m_output), contentOf(imported(wave, "b")));
+}
+
 } // namespace

@@ -124,5 +124,7 @@ FrontEndRun runGhdl(const Words& arguments, const std::string& folder) {
         throw UnusableFile("ghdl", "the run failed: it " + listingEnd.text(), 2);
     if (!waveEnd.isSuccess() || !listingEnd.isSuccess())
         result.complaint = "ghdl " + (waveEnd.isSuccess() ? listingEnd : waveEnd).text();
+    if (result.files.back() != listing)
+        result.complaint += " before the type listing was whole";
     return result;
 }
