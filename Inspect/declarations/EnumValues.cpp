@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace Inspect {
 
@@ -13,35 +14,38 @@ bool bitAt(const char* bytes, unsigned int size, unsigned int bit) {
     return byte < size && ((static_cast<unsigned char>(bytes[byte]) >> (bit % 8)) & 1) != 0;
 }
 
-char hexDigit(const char* bytes, unsigned int size, unsigned int digit) {
+char hexDigit(std::string_view bits) {
     unsigned int value = 0;
-    for (unsigned int i = 0; i < 4; ++i)
-        value |= static_cast<unsigned int>(bitAt(bytes, size, digit * 4 + i)) << i;
+    for (const char bit : bits)
+        value = value * 2 + (bit == '1' ? 1 : 0);
     return "0123456789abcdef"[value];
 }
 
 } // namespace
 
-std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
+std::string enumBits(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
     const unsigned int plane = isFourState ? size / 2 : size;
-    const char* unknown = bytes + plane;
-    const bool hasUnknown =
-        isFourState && std::any_of(unknown, unknown + plane, [](char byte) { return byte != 0; });
-    // What the bytes do not reach is 0, and need not be written.
     const auto known = static_cast<unsigned int>(
         std::clamp<std::uint64_t>(plane * 8ULL, 1, std::max<std::uint64_t>(width, 1)));
-    std::string digits;
-    if (hasUnknown) {
-        if (known < width)
-            digits += '0'; // A first digit of X or Z would be repeated up to the width.
-        for (unsigned int bit = known; bit-- > 0;) {
-            const bool value = bitAt(bytes, plane, bit);
-            digits += bitAt(unknown, plane, bit) ? (value ? 'x' : 'z') : (value ? '1' : '0');
-        }
-        return fmt::format("{}'b{}", width, digits);
+    std::string bits;
+    for (unsigned int bit = known; bit-- > 0;) {
+        const bool value = bitAt(bytes, plane, bit);
+        const bool isUnknown = isFourState && bitAt(bytes + plane, plane, bit);
+        bits += isUnknown ? (value ? 'x' : 'z') : (value ? '1' : '0');
     }
-    for (unsigned int digit = (known + 3) / 4; digit-- > 0;)
-        digits += hexDigit(bytes, plane, digit);
+    return bits;
+}
+
+std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
+    std::string bits = enumBits(bytes, size, width, isFourState);
+    if (bits.find_first_of("xz") != std::string::npos) {
+        // A first digit of X or Z would be repeated up to the width.
+        return fmt::format("{}'b{}{}", width, bits.size() < width ? "0" : "", bits);
+    }
+    bits.insert(0, (4 - bits.size() % 4) % 4, '0');
+    std::string digits;
+    for (std::size_t digit = 0; digit < bits.size(); digit += 4)
+        digits += hexDigit(std::string_view(bits).substr(digit, 4));
     return fmt::format("{}'h{}", width, digits);
 }
 

@@ -5,9 +5,15 @@
 
 namespace Inspect {
 
-/// A literal's value as a sized SystemVerilog number of `width` bits: hexadecimal, or binary where
-/// it has bits X or Z. The bytes are little-endian; of a 4-state type the first half holds the
-/// bits' values, the second which of them are unknown: there a value of 0 is Z and 1 is X.
+// The bytes of a literal's value are little-endian; of a 4-state type the first half holds the bits'
+// values, the second which of them are unknown: there a value of 0 is Z and 1 is X.
+
+/// A literal's value as the digits 0, 1, x and z, the most significant first. At most `width`; what
+/// the bytes do not reach is 0 and not written.
+std::string enumBits(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState);
+
+/// The value as a sized SystemVerilog number of `width` bits: hexadecimal, or binary where it has
+/// bits X or Z.
 std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState);
 
 } // namespace Inspect

@@ -24,6 +24,7 @@ Subcommand addImport(CLI::App& program);
 Subcommand addLeaves(CLI::App& program);
 Subcommand addShow(CLI::App& program);
 Subcommand addStats(CLI::App& program);
+Subcommand addTranslate(CLI::App& program);
 Subcommand addTree(CLI::App& program);
 Subcommand addUses(CLI::App& program);
 Subcommand addVerify(CLI::App& program);

@@ -21,9 +21,9 @@ namespace {
 using AddSubcommand = Subcommand(CLI::App&);
 
 /// In the order of --help.
-constexpr AddSubcommand* SUBCOMMANDS[] = {addDump,  addShow,   addTree,  addLeaves,   addUses,
-                                          addStats, addGraph,  addDiff,  addAnnotate, addHtml,
-                                          addBuild, addVerify, addImport};
+constexpr AddSubcommand* SUBCOMMANDS[] = {addDump,      addShow,  addTree,   addLeaves,   addUses,
+                                          addStats,     addGraph, addDiff,   addAnnotate, addHtml,
+                                          addTranslate, addBuild, addVerify, addImport};
 
 /// One line on standard error. What a file's bytes or a call's words brought along is escaped, so
 /// that it does nothing to a terminal.
