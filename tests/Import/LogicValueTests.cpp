@@ -49,7 +49,7 @@ TEST(LogicValues, DigitsBeyondTheWidthAreDropped) { EXPECT_EQ(bitsOf("3'hf", 4),
 
 TEST(LogicValues, OtherTextsAreRefused) {
     for (const char* const text :
-         {"", "12", "4'", "4'b", "4'b2", "4'hg", "\"text\"", "?32", "4'h "})
+         {"", "10", "12", "4'", "4'b", "4'b2", "4'hg", "\"text\"", "?32", "4'h "})
         EXPECT_EQ(bitsOf(text, 4), "") << text;
 }
 

@@ -209,6 +209,12 @@ TEST(InvalidRecord, NegativeEnumeratorSize) {
     expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 0, "enumerator size", 40 + BODY + 12);
 }
 
+TEST(SuspiciousRecord, SizeOfZeroBesideAnotherFaultIsNone) {
+    TypeFileBuilder file;
+    file.record(ClassId::SEQ_ENUM, "e").i32(4).i32(1).i32(0).i32(0);
+    expectWarning(findingsOf(file), FindingCode::ENCODING_UNKNOWN, 0, "encoding", 40 + BODY);
+}
+
 TEST(InvalidRecord, NegativeDiscreteEnumeratorSize) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::DISCRETE_ENUM, "d").u32(0).i32(0).i32(-1).u32(0);
