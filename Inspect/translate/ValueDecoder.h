@@ -60,7 +60,7 @@ private:
                     const Pending& part);
     void checkCount() const;
 
-    std::uint64_t m_width;
+    std::uint64_t m_width = 0;
     std::vector<Field> m_fields;
     std::vector<Pending> m_pending; ///< The next one last.
     std::unordered_map<const RTTI::RTBaseType*, Literals> m_literals;
