@@ -1,27 +1,11 @@
 #include "RTTI/ConstraintStack.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace Brakel_tolv {
 
-namespace {
-
 using RTTI::FullConstraints;
-
-/// The full range of a 32-bit index: open for the merge, a range like any other for the rest.
-bool isOpenRange(const FullConstraints& range) {
-    return range.si == std::numeric_limits<int>::min() &&
-           range.ei == std::numeric_limits<int>::max() &&
-           range.dir == RTTI::TypeFileFormat::TO_DIRECTION;
-}
-
-bool hasBounds(const FullConstraints& range) {
-    return range.dir != RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION && !isOpenRange(range);
-}
-
-} // namespace
 
 template <typename Constraint> void ConstraintStack<Constraint>::makeRoom() {
     auto outside = std::make_unique<Frame[]>(2 * m_room);
@@ -61,20 +45,7 @@ void ConstraintStack<Constraint>::pushFilled(const std::vector<Constraint>& own,
 template <typename Constraint>
 const Constraint*
 ConstraintStack<Constraint>::findFilling(const std::vector<Constraint>& own) const {
-    if (m_depth == 0 || !hasOpenEntries(own))
-        return nullptr;
-    const auto anchor = std::find_if(own.begin(), own.end(), hasBounds);
-    if (anchor == own.end())
-        return nullptr;
-    const std::vector<Constraint>& bottom = *m_frames[0].m_constraints;
-    const auto match = std::find_if(bottom.begin(), bottom.end(), [&](const Constraint& range) {
-        return range.si == anchor->si && range.ei == anchor->ei && range.dir == anchor->dir;
-    });
-    const auto shift = (match - bottom.begin()) - (anchor - own.begin());
-    if (match == bottom.end() || shift < 0 ||
-        bottom.end() - bottom.begin() - shift < own.end() - own.begin())
-        return nullptr;
-    return bottom.data() + shift;
+    return m_depth != 0 ? RTTI::alignedRanges(own, *m_frames[0].m_constraints) : nullptr;
 }
 
 template <typename Constraint> const Constraint& ConstraintStack<Constraint>::findConstraint() {

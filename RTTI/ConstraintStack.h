@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RTTI/RTBaseType.h"
+#include "RTTI/Ranges.h"
 
 #include <cstddef>
 #include <memory>
@@ -56,20 +56,6 @@ public:
     /// The number of frames on the stack.
     std::size_t depth() const { return m_depth; }
 
-    /// Whether a level leaves this range to the levels below.
-    static bool isOpen(const Constraint& range) {
-        return range.dir == RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
-    }
-
-    /// Whether a level with these ranges leaves any of them to the levels below.
-    static bool hasOpenEntries(const std::vector<Constraint>& ranges) {
-        for (const Constraint& range : ranges) {
-            if (isOpen(range))
-                return true;
-        }
-        return false;
-    }
-
     /// The next range, valid until the frame that it comes from is popped. All fields are zero if
     /// every level leaves the range open or has no entry left. Takes time proportional to the
     /// levels that have an entry left: a level without one is skipped from then on.
@@ -104,7 +90,7 @@ private:
 
 template <typename Constraint>
 inline void ConstraintStack<Constraint>::pushLasting(const std::vector<Constraint>& own) {
-    if (m_depth == m_room || (m_depth != 0 && hasOpenEntries(own)))
+    if (m_depth == m_room || (m_depth != 0 && hasOpenRanges(own)))
         pushFilled(own, false);
     else
         append(own, false);

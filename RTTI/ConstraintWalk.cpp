@@ -116,7 +116,7 @@ private:
 inline bool givesOwnRanges(const RTArrayType& array, Ranges& out) {
     const Ranges& own = array.m_constraints;
     const std::size_t dimensions = array.m_indexTypeIds.size();
-    if (own.size() < dimensions || Stack::hasOpenEntries(own))
+    if (own.size() < dimensions || hasOpenRanges(own))
         return false;
     for (std::size_t i = 0; i < dimensions; ++i)
         out.push_back(own[i]);

@@ -147,7 +147,7 @@ unsigned int PartVerifier::rangesWithBounds(const LongList& list, unsigned int c
     unsigned int found = 0;
     for (unsigned long long i = 0; i < std::min(count, list.rangeCount); ++i) {
         const char* const range = m_jumps.at(list.rangesAt + i * CONSTRAINT_SIZE, CONSTRAINT_SIZE);
-        found += hasBounds(range) ? 1 : 0;
+        found += isOpenRange(range) ? 0 : 1;
     }
     return found;
 }

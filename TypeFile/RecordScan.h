@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RTTI/LittleEndian.h"
+#include "RTTI/Ranges.h"
 #include "TypeFile/RecordLayout.h"
 #include "TypeFile/StorageWindow.h"
 
@@ -32,11 +33,10 @@ inline bool isUsableDirection(double direction) {
            truncated <= std::numeric_limits<int>::max();
 }
 
-/// Whether the range at these bytes has bounds of its own. Its direction comes last.
-inline bool hasBounds(const char* range) {
+/// Whether the range at these bytes is open. Its direction comes last.
+inline bool isOpenRange(const char* range) {
     const char* const end = range + RTTI::TypeFileFormat::CONSTRAINT_SIZE;
-    return RTTI::littleEndianAt<int>(end - sizeof(int)) !=
-           RTTI::TypeFileFormat::UNCONSTRAINED_DIRECTION;
+    return RTTI::isOpen({0, 0, RTTI::littleEndianAt<int>(end - sizeof(int))});
 }
 
 /// Reads a record that is in memory along its layouts, which the compiler unrolls, and hands its

@@ -45,7 +45,7 @@ public:
         }
         part.rangeCount = static_cast<unsigned char>(count);
         for (unsigned int i = 0; i < count; ++i)
-            part.setBounded(i, hasBounds(first + i * CONSTRAINT_SIZE));
+            part.setBounded(i, !isOpenRange(first + i * CONSTRAINT_SIZE));
     }
 
     void finish() const {
@@ -80,7 +80,8 @@ void addPart(const ReadField& field, StorageWindow& window, RecordParts& record)
     } else if (field.layout == &Layout::RANGE_COUNT) {
         record.last().rangeCount = static_cast<unsigned char>(field.word);
     } else if (field.layout == &Layout::RANGE_IN_LIST && record.last().rangeCount != Part::MANY) {
-        record.last().setBounded(field.item, hasBounds(window.at(field.offset, CONSTRAINT_SIZE)));
+        record.last().setBounded(field.item,
+                                 !isOpenRange(window.at(field.offset, CONSTRAINT_SIZE)));
     } else if (field.layout->form == FieldForm::TYPE_ID &&
                !Link::has(field.layout->link, Link::LINKED)) {
         record.addDimension();

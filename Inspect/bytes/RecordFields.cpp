@@ -4,6 +4,7 @@
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/LittleEndian.h"
+#include "RTTI/Ranges.h"
 #include "TypeFile/FieldReader.h"
 #include "TypeFile/StorageWindow.h"
 
@@ -210,7 +211,7 @@ void FieldTexts::fillRange(const ReadField& field, RecordField& result) {
     const FullConstraints read{littleEndianAt<int>(range), littleEndianAt<int>(range + 4),
                                littleEndianAt<int>(range + 8)};
     result.value = rangeText(read);
-    if (read.dir == UNCONSTRAINED_DIRECTION)
+    if (RTTI::isOpen(read))
         result.meaning = "filled in by an enclosing type";
 }
 

@@ -3,6 +3,7 @@
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/PredefinedTypes.h"
 #include "Inspect/words/TypeText.h"
+#include "RTTI/Ranges.h"
 
 #include <algorithm>
 #include <charconv>
@@ -217,17 +218,12 @@ bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
 }
 
 bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
-    const auto isOpen = [](const FullConstraints& range) {
-        return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
-    };
     if (std::all_of(alias.m_constraints.begin(), alias.m_constraints.end(), isOpen))
         return true;
     const auto* integer = dynamic_cast<const RTIntType*>(alias.m_dataType);
     if (integer == nullptr || alias.m_constraints.size() != 1)
         return false;
-    const FullConstraints& range = alias.m_constraints.front();
-    return range.si == integer->m_constraint.si && range.ei == integer->m_constraint.ei &&
-           range.dir == integer->m_constraint.dir;
+    return isSame(alias.m_constraints.front(), integer->m_constraint);
 }
 
 unsigned int DeclaredNames::declaredType(unsigned int id) const {

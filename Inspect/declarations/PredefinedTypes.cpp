@@ -1,6 +1,7 @@
 #include "Inspect/declarations/PredefinedTypes.h"
 
 #include "Inspect/declarations/Identifiers.h"
+#include "RTTI/Ranges.h"
 
 #include <algorithm>
 #include <array>
@@ -77,10 +78,6 @@ constexpr FullConstraints integerRange = {std::numeric_limits<std::int32_t>::min
                                           std::numeric_limits<std::int32_t>::max(),
                                           TypeFileFormat::TO_DIRECTION};
 
-bool isSame(const FullConstraints& a, const FullConstraints& b) {
-    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
-}
-
 bool isInteger(const RTBaseType* type) {
     return type != nullptr && type->GetClassId() == ClassId::INT &&
            isSameInVhdl(type->m_name, "integer") &&
@@ -136,7 +133,7 @@ bool isPredefinedSubtype(const RTTypedefType& type) {
         return false;
     return isInteger(type.m_dataType) && constraints.size() == 1 &&
            isSame(constraints.front(),
-                  {isNatural ? 0 : 1, integerRange.ei, TypeFileFormat::TO_DIRECTION});
+                       {isNatural ? 0 : 1, integerRange.ei, TypeFileFormat::TO_DIRECTION});
 }
 
 // Arrays.
@@ -159,8 +156,7 @@ bool isPredefinedArray(const RTArrayType& type, const TypeLookup& types) {
     if (expected == std::end(arrays) || type.m_indexTypeIds.size() != 1 ||
         type.m_elementType == nullptr || type.m_constraints.size() > 1)
         return false;
-    if (!type.m_constraints.empty() &&
-        type.m_constraints.front().dir != TypeFileFormat::UNCONSTRAINED_DIRECTION)
+    if (!type.m_constraints.empty() && !isOpen(type.m_constraints.front()))
         return false;
     const RTBaseType* index = types(type.m_indexTypeIds.front());
     return index != nullptr && index->GetClassId() == ClassId::TYPEDEF &&

@@ -3,6 +3,7 @@
 #include "Inspect/declarations/EnumValues.h"
 #include "Inspect/declarations/PredefinedTypes.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
+#include "RTTI/Ranges.h"
 
 #include <fmt/format.h>
 
@@ -20,10 +21,6 @@ std::string spaced(std::string text) {
     if (!text.empty() && text.back() != ' ')
         text += ' ';
     return text;
-}
-
-bool isOpen(const FullConstraints& range) {
-    return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
 }
 
 std::string dimensionsOf(const RTArrayType& type) {

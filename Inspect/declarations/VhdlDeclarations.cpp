@@ -2,6 +2,7 @@
 
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/words/TypeText.h"
+#include "RTTI/ConstraintStack.h"
 
 #include <fmt/format.h>
 
@@ -27,10 +28,6 @@ constexpr std::size_t LITERAL_LIMIT = 1000;
 constexpr const char* NO_PLACE = " /* no place for: {} */";
 
 constexpr std::size_t LINE_WIDTH = 92;
-
-bool isOpen(const FullConstraints& range) {
-    return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;
-}
 
 bool isDirection(int direction) {
     return direction == TypeFileFormat::DOWNTO_DIRECTION ||
@@ -104,25 +101,36 @@ std::string realLiteral(double number) {
     return text;
 }
 
-/// Writes what a list of ranges constrains in a type. Open dimensions take the ranges of the levels
-/// around them in order; the innermost level that has one gives it. What the levels within the type
-/// itself give is not repeated: `open` stands for it.
+/// Writes what a list of ranges constrains in a type. What the levels within the type itself give
+/// is not repeated: `open` stands for it.
+///
+/// The dimensions take their ranges in the order and from the levels that the library takes them
+/// from. In place of the ranges, its stack has their origins.
 class VhdlDeclarations::ConstraintText {
 public:
     ConstraintText(const VhdlDeclarations& declarations, const Ranges& ranges)
-        : m_declarations(declarations) {
-        m_levels.push_back({&ranges, 0});
+        : m_declarations(declarations), m_ranges(ranges) {
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            m_origins.push_back(originAt(i));
+            m_isPlaced.push_back(isOpen(ranges[i]));
+        }
+        m_levels.pushLasting(m_origins);
     }
 
-    /// The ranges from here on found no place in the type.
-    std::size_t firstLeft() const {
-        return std::min(m_levels.front().next, m_levels.front().ranges->size());
+    /// The ranges that the type has no place for.
+    Ranges left() const {
+        Ranges left;
+        for (std::size_t i = 0; i < m_ranges.size(); ++i) {
+            if (!m_isPlaced[i])
+                left.push_back(m_ranges[i]);
+        }
+        return left;
     }
 
     std::string of(unsigned int id) {
         const RTBaseType* type = m_declarations.typeOf(id);
         if (type == nullptr || isUsedUp() || ++m_visits > VISIT_LIMIT ||
-            m_levels.size() > NESTING_LIMIT)
+            m_levels.depth() > NESTING_LIMIT)
             return {};
         switch (type->GetClassId()) {
         case ClassId::TYPEDEF: return ofTypedef(static_cast<const RTTypedefType&>(*type));
@@ -132,28 +140,62 @@ public:
         }
     }
 
-    /// Whether the type had a place for each range.
-    bool isUsedUp() const {
-        const Ranges& ranges = *m_levels.front().ranges;
-        return std::all_of(ranges.begin() + static_cast<std::ptrdiff_t>(firstLeft()), ranges.end(),
-                           isOpen);
-    }
-
 private:
-    struct Level {
-        const Ranges* ranges;
-        std::size_t next;
+    static constexpr FullConstraints OPEN = {0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
+    static constexpr FullConstraints WITHIN_TYPE = {-1, 0, TypeFileFormat::TO_DIRECTION};
+
+    /// A level within the type, while it lasts.
+    class Level {
+    public:
+        Level(ConstraintText& text, const Ranges& own)
+            : m_levels(text.m_levels), m_origins(text.originsOf(own)) {
+            m_levels.pushLasting(m_origins);
+        }
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+        ~Level() { m_levels.pop(); }
+
+    private:
+        Brakel_tolv::ConstraintStack<FullConstraints>& m_levels;
+        const Ranges m_origins;
     };
 
+    bool isUsedUp() const {
+        return std::find(m_isPlaced.begin(), m_isPlaced.end(), false) == m_isPlaced.end();
+    }
+
+    /// The origin of what one of the ranges gives.
+    FullConstraints originAt(std::size_t i) const {
+        if (isOpen(m_ranges[i]))
+            return OPEN;
+        return {static_cast<int>(i), 0, TypeFileFormat::TO_DIRECTION};
+    }
+
+    /// Those of a level within the type. Ranges that repeat the level's own ones have their place
+    /// there; those beside its open ones are taken through it.
+    Ranges originsOf(const Ranges& own) {
+        const FullConstraints* const aligned = alignedRanges(own, m_ranges);
+        Ranges origins;
+        for (std::size_t i = 0; i < own.size(); ++i) {
+            if (aligned == nullptr) {
+                origins.push_back(isOpen(own[i]) ? OPEN : WITHIN_TYPE);
+                continue;
+            }
+            const auto beside = static_cast<std::size_t>(aligned - m_ranges.data()) + i;
+            origins.push_back(hasBounds(own[i]) ? WITHIN_TYPE : originAt(beside));
+            if (isSame(own[i], m_ranges[beside]))
+                m_isPlaced[beside] = true;
+        }
+        return origins;
+    }
+
     std::string ofTypedef(const RTTypedefType& type) {
-        m_levels.push_back({&type.m_constraints, 0});
-        std::string text = of(type.m_dataTypeId);
-        m_levels.pop_back();
-        return text;
+        const Level level(*this, type.m_constraints);
+        return of(type.m_dataTypeId);
     }
 
     std::string ofArray(const RTArrayType& type) {
-        m_levels.push_back({&type.m_constraints, 0});
+        const Level level(*this, type.m_constraints);
         std::string dimensions;
         bool isConstrained = false;
         for (const unsigned int index : type.m_indexTypeIds) {
@@ -163,7 +205,6 @@ private:
                           (range != nullptr ? m_declarations.discreteRange(index, *range) : "open");
         }
         const std::string element = of(type.m_elementTypeId);
-        m_levels.pop_back();
         if (isConstrained)
             return '(' + dimensions + ')' + element;
         return element.empty() ? "" : "(open)" + element;
@@ -178,9 +219,8 @@ private:
         for (const RTAggregateType::t_Member* member : type.m_members) {
             if (member == nullptr)
                 continue;
-            m_levels.push_back({&member->m_constraints, 0});
+            const Level level(*this, member->m_constraints);
             const std::string text = of(member->m_typeId);
-            m_levels.pop_back();
             if (!text.empty())
                 members += (members.empty() ? "" : ", ") + names[position] + text;
             ++position;
@@ -188,20 +228,21 @@ private:
         return members.empty() ? "" : '(' + members + ')';
     }
 
-    /// The range of the next open dimension if the outermost level gives it, else null.
+    /// The range of the next dimension if the levels within the type leave it open, else null.
     const FullConstraints* take() {
-        for (auto level = m_levels.rbegin(); level != m_levels.rend(); ++level) {
-            if (level->next >= level->ranges->size())
-                continue;
-            const FullConstraints& range = (*level->ranges)[level->next++];
-            if (!isOpen(range))
-                return level + 1 == m_levels.rend() ? &range : nullptr;
-        }
-        return nullptr;
+        const FullConstraints origin = m_levels.getConstraint();
+        if (origin.dir != TypeFileFormat::TO_DIRECTION || origin.si == WITHIN_TYPE.si)
+            return nullptr; // All fields are zero where no level has a range.
+        const auto i = static_cast<std::size_t>(origin.si);
+        m_isPlaced[i] = true;
+        return &m_ranges[i];
     }
 
     const VhdlDeclarations& m_declarations;
-    std::vector<Level> m_levels;
+    const Ranges& m_ranges;
+    Ranges m_origins; ///< Of `m_ranges`, which are around the type.
+    Brakel_tolv::ConstraintStack<FullConstraints> m_levels;
+    std::vector<bool> m_isPlaced; ///< Of `m_ranges`; open ones need no place.
     int m_visits = 0;
 };
 
@@ -277,8 +318,8 @@ std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) 
     }
     ConstraintText text(*this, ranges);
     const std::string constraint = text.of(id);
-    return constraint +
-           (text.isUsedUp() ? "" : fmt::format(NO_PLACE, textOf(ranges, text.firstLeft())));
+    const Ranges left = text.left();
+    return constraint + (left.empty() ? "" : fmt::format(NO_PLACE, textOf(left, 0)));
 }
 
 /// The typedef with this id, if it has no name and its users spell it out; else null.

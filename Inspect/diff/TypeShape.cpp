@@ -1,6 +1,7 @@
 #include "Inspect/diff/TypeShape.h"
 
 #include "Inspect/json/JsonValues.h"
+#include "RTTI/Ranges.h"
 
 #include <fmt/format.h>
 

@@ -1,5 +1,7 @@
 #include "Inspect/model/PartWalk.h"
 
+#include "RTTI/Ranges.h"
+
 #include <algorithm>
 
 namespace Inspect {
@@ -7,13 +9,6 @@ namespace Inspect {
 using namespace RTTI;
 
 namespace {
-
-bool hasBounds(const FullConstraints& range) {
-    const bool isWhole = range.si == std::numeric_limits<int>::min() &&
-                         range.ei == std::numeric_limits<int>::max() &&
-                         range.dir == TypeFileFormat::TO_DIRECTION;
-    return range.dir != TypeFileFormat::UNCONSTRAINED_DIRECTION && !isWhole;
-}
 
 bool hasBaseClass(const RTBaseType& type) {
     if (type.GetClassId() != ClassId::CLASS)

@@ -79,15 +79,11 @@ std::string rangeText(const FullConstraints& range) {
         return fmt::format("{} to {}", range.si, range.ei);
     if (range.dir == TypeFileFormat::DOWNTO_DIRECTION)
         return fmt::format("{} downto {}", range.si, range.ei);
-    if (range.dir != TypeFileFormat::UNCONSTRAINED_DIRECTION)
+    if (!isOpen(range))
         return fmt::format("{}, {}, direction {}", range.si, range.ei, range.dir);
     if (range.si == 0 && range.ei == 0)
         return "open";
     return fmt::format("open ({}, {})", range.si, range.ei);
-}
-
-bool isSame(const FullConstraints& a, const FullConstraints& b) {
-    return a.si == b.si && a.ei == b.ei && a.dir == b.dir;
 }
 
 std::string entryText(const FullConstraints& range) { return '(' + rangeText(range) + ')'; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RTTI/RTType.h"
+#include "RTTI/Ranges.h"
 
 #include <cstddef>
 #include <string>
@@ -45,14 +46,11 @@ constexpr std::size_t mostWalkSteps(RangeLists lists) {
 /// The largest number of runs in a line that is short.
 inline constexpr std::size_t MOST_RUNS_IN_LINE = 8;
 
-/// Whether both have the same bounds and direction.
-bool isSame(const RTTI::FullConstraints& a, const RTTI::FullConstraints& b);
-
 /// A range as an entry of a list: `(7 downto 0)`.
 std::string entryText(const RTTI::FullConstraints& range);
 
-/// A run of equal entries of a list: of ranges, or of anything else that has the two functions
-/// above.
+/// A run of equal entries of a list: of ranges, or of anything else that has `isSame` and
+/// `entryText`.
 template <typename Entry> struct Run {
     Entry entry;       ///< What is repeated.
     std::size_t count; ///< How many there are, at least 1.

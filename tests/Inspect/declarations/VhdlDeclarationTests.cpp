@@ -139,6 +139,26 @@ TEST(VhdlDeclarations, ADimensionThatIsConstrainedAlreadyStandsOpen) {
     EXPECT_EQ(declared(types), "subtype v is pair(open)(3 downto 0);\n");
 }
 
+TEST(VhdlDeclarations, RangesThatASubtypeRepeatsStandOpen) {
+    LinkedTypes types;
+    types.enumeration("bit_t", {"'0'", "'1'"});
+    types.vhdlArray("vector", 0, {NONE}, {OPEN});
+    types.vhdlArray("vectors", 1, {NONE}, {OPEN, OPEN});
+    types.alias("pair", 2, {{0, 1, 1}, OPEN});
+    types.alias("v", 3, {{0, 1, 1}, {3, 0, 0}});
+    EXPECT_EQ(declared(types), "subtype v is pair(open)(3 downto 0);\n");
+}
+
+TEST(VhdlDeclarations, RangesThatASubtypeRepeatsAtAnotherPlaceStandOpen) {
+    LinkedTypes types;
+    types.enumeration("bit_t", {"'0'", "'1'"});
+    types.vhdlArray("vector", 0, {NONE}, {OPEN});
+    types.vhdlArray("vectors", 1, {NONE}, {OPEN, OPEN});
+    types.alias("bytes", 2, {OPEN, {7, 0, 0}});
+    types.alias("v", 3, {{0, 1, 1}, {7, 0, 0}, {5, 6, 1}});
+    EXPECT_EQ(declared(types), "subtype v is bytes(0 to 1) /* no place for: (5 to 6) */;\n");
+}
+
 TEST(VhdlDeclarations, ASubtypeConstrainsTheOpenMembersOfARecord) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
