@@ -1,5 +1,6 @@
 #include "TypeFile/TypeFileFrame.h"
 
+#include "OVAT/Counted.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 
@@ -10,6 +11,7 @@ namespace TypeFile {
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
+using OVAT::counted;
 
 namespace {
 
@@ -49,6 +51,22 @@ TypeFileFrame::TypeFileFrame(OVAT::IBlockManager& storage, unsigned long long st
 
 bool TypeFileFrame::isMarkedUnusable() const {
     return m_version == RTTI_CONSTS::TYPE_FILE_VERSION_STR_INVALID;
+}
+
+std::string TypeFileFrame::reasonUnusable() const {
+    const std::string offset = std::to_string(m_baseOffset);
+    if (!m_hasHeader)
+        return "too short for a type file: " + counted(m_storageSize, "byte") +
+               ", and the header takes " + std::to_string(HEADER_SIZE) + " at offset " + offset;
+    if (!m_hasVersionText)
+        return "no type file: there is no version text at offset " + offset;
+    if (isMarkedUnusable())
+        return "its writer marked it as holding no usable types (version \"" + m_version + "\")";
+    if (!hasTable())
+        return "too short for its " + counted(m_typeCount, "type") + ": the address table at " +
+               std::to_string(m_tableOffset) + " takes " + counted(tableSize(), "byte") +
+               ", and the file has " + std::to_string(m_storageSize);
+    return "";
 }
 
 unsigned long long TypeFileFrame::tableSize() const {

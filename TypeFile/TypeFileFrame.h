@@ -50,6 +50,9 @@ public:
     /// Whether the file is marked as one without usable types.
     bool isMarkedUnusable() const;
 
+    /// Why no types can be loaded, as a clause; empty if they can. Says nothing of single records.
+    std::string reasonUnusable() const;
+
     /// The number of types according to the header. Type ids count from 0.
     unsigned int typeCount() const { return m_typeCount; }
 

@@ -13,7 +13,17 @@ public:
     /// The place is a line and column if the text is not JSON, else a JSON pointer. In the line
     /// form, the line number precedes it.
     JsonError(const std::string& place, const std::string& reason)
-        : std::runtime_error(place + ": " + reason) {}
+        : std::runtime_error(place + ": " + reason), m_place(place), m_reason(reason) {}
+
+    /// The place without the reason.
+    const std::string& place() const { return m_place; }
+
+    /// The reason without the place.
+    const std::string& reason() const { return m_reason; }
+
+private:
+    std::string m_place;
+    std::string m_reason;
 };
 
 /// The place of a value in a text, as a chain of steps. It is built on the way down and becomes

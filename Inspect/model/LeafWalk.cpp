@@ -11,6 +11,23 @@ bool isAggregate(const RTBaseType* type) {
     return classId == ClassId::RECORD || classId == ClassId::CLASS;
 }
 
+/// Adds those of the part itself, which has a type. False if what is below counts by itself.
+bool addDimensionsOf(const Part& part, std::vector<Dimension>& dimensions) {
+    const auto addWord = [&](Dimension::Kind kind) {
+        dimensions.push_back({kind, {}});
+        return false;
+    };
+    switch (part.type->GetClassId()) {
+    case ClassId::DYNAMIC_ARRAY: return addWord(Dimension::Kind::DYNAMIC);
+    case ClassId::QUEUE: return addWord(Dimension::Kind::QUEUE);
+    case ClassId::ASSOC_ARRAY: return addWord(Dimension::Kind::ASSOCIATIVE);
+    default: break;
+    }
+    for (const FullConstraints& range : part.ranges)
+        dimensions.push_back({Dimension::Kind::RANGE, range});
+    return true;
+}
+
 bool hasName(const RTBaseType* type) { return type != nullptr && isGivenName(type->m_name); }
 
 } // namespace
@@ -43,6 +60,19 @@ std::string dimensionsText(const std::vector<Dimension>& dimensions, RangeLists 
     for (const Dimension& dimension : dimensions)
         text += (text.empty() ? "" : ", ") + dimensionText(dimension);
     return text;
+}
+
+std::vector<Dimension> dimensionsOf(unsigned int id, const RTBaseType* type) {
+    std::vector<Dimension> dimensions;
+    PartWalk walk(id, type);
+    while (walk.next()) {
+        const Part& part = walk.part();
+        if (part.type != nullptr)
+            addDimensionsOf(part, dimensions);
+        if (!part.hasParts || isAggregate(part.type))
+            break;
+    }
+    return dimensions;
 }
 
 bool LeafWalk::next() {
@@ -89,24 +119,12 @@ void LeafWalk::beginMember(const Part& part) {
 }
 
 void LeafWalk::addDimensions(const Part& part) {
-    const auto addWord = [&](Dimension::Kind kind) {
-        m_dimensions.push_back({kind, {}});
+    if (!addDimensionsOf(part, m_dimensions))
         m_encoded = nullptr;
-    };
-    switch (part.type->GetClassId()) {
-    case ClassId::DYNAMIC_ARRAY: return addWord(Dimension::Kind::DYNAMIC);
-    case ClassId::QUEUE: return addWord(Dimension::Kind::QUEUE);
-    case ClassId::ASSOC_ARRAY: return addWord(Dimension::Kind::ASSOCIATIVE);
-    case ClassId::DISCRETE_ENUM:
-        if (m_enumeration == nullptr) {
-            m_enumeration = part.type;
-            m_enumerationId = part.typeId;
-        }
-        break;
-    default: break;
+    if (part.type->GetClassId() == ClassId::DISCRETE_ENUM && m_enumeration == nullptr) {
+        m_enumeration = part.type;
+        m_enumerationId = part.typeId;
     }
-    for (const FullConstraints& range : part.ranges)
-        m_dimensions.push_back({Dimension::Kind::RANGE, range});
 }
 
 void LeafWalk::addDimensionsToPath() {

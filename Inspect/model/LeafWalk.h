@@ -25,6 +25,10 @@ std::string dimensionText(const Dimension& dimension);
 /// wanted whole.
 std::string dimensionsText(const std::vector<Dimension>& dimensions, RangeLists lists);
 
+/// The dimensions of a type's values, outermost first, as far as arrays lie directly in one
+/// another; those of an enumeration's base type come last. None for what is no array.
+std::vector<Dimension> dimensionsOf(unsigned int id, const RTTI::RTBaseType* type);
+
 /// Goes to the leaves of a type, one after the other, as `writeLeaves` describes them. Memory grows
 /// with the depth alone.
 class LeafWalk {

@@ -35,6 +35,17 @@ UseIndex::UseIndex(const TypeTable& types)
     });
 }
 
+std::vector<Use> UseIndex::referencesTo(unsigned int id) const {
+    std::vector<Use> uses;
+    if (id >= m_count)
+        return uses;
+    for (std::size_t i = m_begins[id]; i < m_begins[id + std::size_t{1}]; ++i) {
+        const BackLink& back = m_backLinks[i];
+        uses.push_back({back.from, {back.role, back.position, id}, 1});
+    }
+    return uses;
+}
+
 std::vector<Use> UseIndex::usesOf(unsigned int id) const {
     std::vector<Use> uses;
     if (id >= m_count)

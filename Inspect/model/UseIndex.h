@@ -21,6 +21,9 @@ class UseIndex {
 public:
     explicit UseIndex(const TypeTable& types);
 
+    /// The references to `id`, in the order of the types that they belong to; the distance is 1.
+    std::vector<Use> referencesTo(unsigned int id) const;
+
     /// The types that lead to `id`, each once and without `id` itself: nearest first, and among
     /// those that are as near in the order of the types that they refer to, then of the ids. Ways
     /// lead through types that come before.

@@ -56,25 +56,9 @@ unsigned int OpenedFile::idOf(const std::string& what, const std::string& type) 
 }
 
 void OpenedFile::checkFrame() const {
-    const std::string offset = std::to_string(m_frame.baseOffset());
-    if (!m_frame.hasHeader())
-        throw UnusableFile(m_storage.path(),
-                           "too short for a type file: " + counted(m_storage.size(), "byte") +
-                               ", and the header takes " + std::to_string(HEADER_SIZE) +
-                               " at offset " + offset);
-    if (!m_frame.hasVersionText())
-        throw UnusableFile(m_storage.path(),
-                           "no type file: there is no version text at offset " + offset);
-    if (m_frame.isMarkedUnusable())
-        throw UnusableFile(m_storage.path(),
-                           "its writer marked it as holding no usable types (version \"" +
-                               m_frame.version() + "\")");
-    if (!m_frame.hasTable())
-        throw UnusableFile(m_storage.path(),
-                           "too short for its " + counted(m_typeCount, "type") +
-                               ": the address table at " + std::to_string(m_frame.tableOffset()) +
-                               " takes " + counted(m_frame.tableSize(), "byte") +
-                               ", and the file has " + std::to_string(m_storage.size()));
+    const std::string reason = m_frame.reasonUnusable();
+    if (!reason.empty())
+        throw UnusableFile(m_storage.path(), reason);
 }
 
 void OpenedFile::verify(const StorageArguments& arguments) {

@@ -1,5 +1,6 @@
 #include "TypeNames.h"
 
+#include "Inspect/model/NameIndex.h"
 #include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeKind.h"
 
@@ -8,10 +9,8 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
-#include <unordered_set>
 #include <vector>
 
-using namespace RTTI;
 using Inspect::counted;
 
 namespace {
@@ -26,30 +25,6 @@ std::optional<unsigned long long> numberOf(const std::string& text) {
     unsigned long long number = 0;
     const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
     return end.ec == std::errc() ? number : ~0ULL;
-}
-
-/// Takes out the types that a typedef among them stands for.
-void keepTypedefs(std::vector<unsigned int>& ids, const Inspect::TypeTable& types) {
-    std::unordered_set<unsigned int> behind;
-    for (const unsigned int id : ids) {
-        const RTBaseType& type = *types.typeOf(id);
-        if (type.GetClassId() == ClassId::TYPEDEF)
-            behind.insert(static_cast<const RTTypedefType&>(type).m_dataTypeId);
-    }
-    const auto isBehind = [&](unsigned int id) { return behind.count(id) != 0; };
-    ids.erase(std::remove_if(ids.begin(), ids.end(), isBehind), ids.end());
-}
-
-/// In the order of the ids.
-std::vector<unsigned int> idsOfName(const std::string& name, const Inspect::TypeTable& types) {
-    std::vector<unsigned int> ids;
-    for (unsigned int id = 0; id < types.count; ++id) {
-        const RTBaseType* type = types.typeOf(id);
-        if (type != nullptr && type->m_name != nullptr && name == type->m_name)
-            ids.push_back(id);
-    }
-    keepTypedefs(ids, types);
-    return ids;
 }
 
 /// "4 (class), 7 (packed struct)".
@@ -74,7 +49,7 @@ unsigned int typeIdOf(const std::string& what, const std::string& type, unsigned
         return static_cast<unsigned int>(*number);
     }
     const Inspect::TypeTable types = loadedTypes();
-    const std::vector<unsigned int> ids = idsOfName(type, types);
+    const std::vector<unsigned int> ids = Inspect::NameIndex(types).idsOf(type);
     if (ids.empty())
         throw CLI::ValidationError(what + ' ' + type + ": no type has this name");
     if (ids.size() > 1)

@@ -1,0 +1,42 @@
+#include "Inspect/model/NameIndex.h"
+#include "tests/support/WrittenTypes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace RTTITest;
+using Inspect::NameIndex;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(NameIndex, FindsEveryTypeOfAName) {
+    WrittenTypes types;
+    types.structure("pair_t", {});
+    types.string();
+    types.structure("pair_t", {});
+    const NameIndex names(types.table());
+    EXPECT_THAT(names.idsOf("pair_t"), ElementsAre(0u, 2u));
+    EXPECT_THAT(names.idsOf("string"), ElementsAre(1u));
+    EXPECT_THAT(names.idsOf("pair"), IsEmpty());
+}
+
+TEST(NameIndex, TakesATypedefForTheTypeOfItsNameBehindIt) {
+    WrittenTypes types;
+    types.structure("pair_t", {});
+    types.alias("pair_t", 0);
+    types.structure("pair_t", {});
+    EXPECT_THAT(NameIndex(types.table()).idsOf("pair_t"), ElementsAre(1u, 2u));
+}
+
+TEST(NameIndex, KeepsATypedefOfATypeWithAnotherName) {
+    WrittenTypes types;
+    types.structure("pair_t", {});
+    types.alias("other_t", 0);
+    const NameIndex names(types.table());
+    EXPECT_THAT(names.idsOf("pair_t"), ElementsAre(0u));
+    EXPECT_THAT(names.idsOf("other_t"), ElementsAre(1u));
+}
+
+} // namespace
