@@ -23,6 +23,9 @@ option(RTTI_BUILD_INSPECT "Build the printers; they need fmt and nlohmann-json"
     ${has_printer_libraries})
 cmake_dependent_option(RTTI_BUILD_TOOLS "Build the program rtti; it needs CLI11"
     ${PROJECT_IS_TOP_LEVEL} RTTI_BUILD_INSPECT OFF)
+cmake_dependent_option(RTTI_BUILD_PYTHON
+    "Build the Python package rtti; it needs pybind11 and Python's headers" OFF
+    "PROJECT_IS_TOP_LEVEL;RTTI_BUILD_INSPECT" OFF)
 option(RTTI_WERROR "Treat warnings as errors" OFF)
 option(RTTI_COVERAGE "Count the lines that the tests run" OFF)
 option(RTTI_FUZZ "Let the fuzz targets make inputs of their own (only clang++ can)" OFF)

@@ -8,6 +8,9 @@ set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <maintainers@rtti.example>" C
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL Runtime Development Tools)
+if(RTTI_BUILD_PYTHON)
+    list(APPEND CPACK_COMPONENTS_ALL Python)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -37,8 +40,21 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS graphviz)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
     "The program rtti shows what is in a type file and makes one from JSON.")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-rtti)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})")
+if(RTTI_BUILD_PYTHON)
+    # The compiled module is of this version of Python and no other.
+    math(EXPR next_minor "${RTTI_PYTHON_MINOR} + 1")
+    string(APPEND CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        ", python3 (>= 3.${RTTI_PYTHON_MINOR}~), python3 (<< 3.${next_minor})")
+endif()
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-matplotlib)
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+    "The Python package rtti loads, asks, compares, imports and builds types.")
+
 # A package carries its copyright under its own name. A plain installation has LICENSE in their place.
-foreach(component RUNTIME DEVELOPMENT TOOLS)
+foreach(component RUNTIME DEVELOPMENT TOOLS PYTHON)
     string(SUBSTRING ${component} 1 -1 rest)
     string(TOLOWER ${rest} rest)
     string(SUBSTRING ${component} 0 1 initial)

@@ -1,5 +1,5 @@
 #include "Inspect/model/LeafWalk.h"
-#include "tests/support/WrittenTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +7,8 @@
 
 namespace {
 
-using namespace RTTITest;
-
 /// The dimensions of a type, with a comma between them.
-std::string dimensionsOf(WrittenTypes& types, unsigned int id) {
+std::string dimensionsOf(LinkedTypes& types, unsigned int id) {
     std::string text;
     for (const auto& dimension : Inspect::dimensionsOf(id, types.table().typeOf(id)))
         text += (text.empty() ? "" : ", ") + dimensionText(dimension);
@@ -18,7 +16,7 @@ std::string dimensionsOf(WrittenTypes& types, unsigned int id) {
 }
 
 TEST(Dimensions, AreThoseOfArraysThatLieDirectlyInOneAnother) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto word = types.packed(types.logic(), {{7, 0, 0}});
     const auto alias = types.alias("word_t", word);
     const auto grid =
@@ -27,14 +25,14 @@ TEST(Dimensions, AreThoseOfArraysThatLieDirectlyInOneAnother) {
 }
 
 TEST(Dimensions, OfAnArrayOfStructsEndAtTheStruct) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto word = types.packed(types.logic(), {{7, 0, 0}});
     const auto pair = types.structure("pair_t", {{"a", word}});
     EXPECT_EQ(dimensionsOf(types, types.packed(pair, {{1, 0, 0}})), "1 downto 0");
 }
 
 TEST(Dimensions, OfAStructAreNone) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto word = types.packed(types.logic(), {{7, 0, 0}});
     EXPECT_EQ(dimensionsOf(types, types.structure("pair_t", {{"a", word}})), "");
 }

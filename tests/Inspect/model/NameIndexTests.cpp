@@ -1,18 +1,17 @@
 #include "Inspect/model/NameIndex.h"
-#include "tests/support/WrittenTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace RTTITest;
 using Inspect::NameIndex;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST(NameIndex, FindsEveryTypeOfAName) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.structure("pair_t", {});
     types.string();
     types.structure("pair_t", {});
@@ -23,7 +22,7 @@ TEST(NameIndex, FindsEveryTypeOfAName) {
 }
 
 TEST(NameIndex, TakesATypedefForTheTypeOfItsNameBehindIt) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.structure("pair_t", {});
     types.alias("pair_t", 0);
     types.structure("pair_t", {});
@@ -31,7 +30,7 @@ TEST(NameIndex, TakesATypedefForTheTypeOfItsNameBehindIt) {
 }
 
 TEST(NameIndex, KeepsATypedefOfATypeWithAnotherName) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.structure("pair_t", {});
     types.alias("other_t", 0);
     const NameIndex names(types.table());

@@ -1,12 +1,11 @@
 #include "Inspect/model/UseIndex.h"
-#include "tests/support/WrittenTypes.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace RTTITest;
 using Inspect::LinkRole;
 using Inspect::Use;
 using Inspect::UseIndex;
@@ -21,7 +20,7 @@ testing::Matcher<const Use&> reference(unsigned int from, LinkRole role, unsigne
 }
 
 TEST(UseIndex, GivesEachReferenceToATypeAndNoneThatLeadThereThroughOthers) {
-    WrittenTypes types;
+    LinkedTypes types;
     const auto string = types.string();
     const auto pair = types.structure("pair_t", {{"a", string}, {"b", string}});
     types.alias("alias", pair);
@@ -35,7 +34,7 @@ TEST(UseIndex, GivesEachReferenceToATypeAndNoneThatLeadThereThroughOthers) {
 }
 
 TEST(UseIndex, GivesTheReferencesOfATypeToItself) {
-    WrittenTypes types;
+    LinkedTypes types;
     types.classType("node", {{"next", 0}});
     EXPECT_THAT(UseIndex(types.table()).referencesTo(0),
                 ElementsAre(reference(0, LinkRole::MEMBER, 0)));
