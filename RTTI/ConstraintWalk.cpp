@@ -1,5 +1,6 @@
 // Every populateTypeConstraints: the walk that flattens the ranges of a type and of its parts.
 
+#include "RTTI/AggregateClasses.h"
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
@@ -23,10 +24,6 @@ using Ranges = std::vector<FullConstraints>;
 std::set<const RTClassType*>& classesOnPath() {
     thread_local std::set<const RTClassType*> visitedRTClassTypeSet;
     return visitedRTClassTypeSet;
-}
-
-bool isAggregate(unsigned int classId) {
-    return classId == ClassId::RECORD || classId == ClassId::CLASS;
 }
 
 /// In place of a class id: nothing is below the type.

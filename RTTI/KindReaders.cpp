@@ -1,9 +1,9 @@
 // One reader a kind: each line is a field of the record, in the order of the file.
 
+#include "RTTI/TruncatedDirection.h"
 #include "RTTI/TypeDeserializer.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -11,18 +11,6 @@
 namespace RTTI {
 
 using namespace TypeFileFormat;
-
-namespace {
-
-/// `direction` truncated toward zero; the smallest number for NaN and for what does not fit.
-int truncatedDirection(double direction) {
-    const double truncated = std::trunc(direction);
-    constexpr int LOWEST = std::numeric_limits<int>::min();
-    constexpr int HIGHEST = std::numeric_limits<int>::max();
-    return truncated >= LOWEST && truncated <= HIGHEST ? static_cast<int>(truncated) : LOWEST;
-}
-
-} // namespace
 
 /// A name without its terminating zero byte ends with the record, behind which there is one.
 inline std::string_view TypeDeserializer::readName() {
@@ -146,7 +134,8 @@ void TypeDeserializer::readRTFloatType() {
     type.m_floatKind = floatKind <= LAST_FLOAT_KIND ? floatKind : 0;
     type.m_left = readField<double>();
     type.m_right = readField<double>();
-    type.m_direction = truncatedDirection(readField<double>());
+    type.m_direction =
+        truncatedDirection(readField<double>()).value_or(std::numeric_limits<int>::min());
     if (isTracing())
         traceFields(type);
 }

@@ -2,13 +2,12 @@
 
 #include "RTTI/LittleEndian.h"
 #include "RTTI/Ranges.h"
+#include "RTTI/TruncatedDirection.h"
 #include "TypeFile/RecordLayout.h"
 #include "TypeFile/StorageWindow.h"
 
-#include <cmath>
 #include <experimental/simd>
 #include <iterator>
-#include <limits>
 #include <utility>
 
 namespace TypeFile {
@@ -24,13 +23,6 @@ namespace TypeFile {
             return at + simd::find_first_set(isZero);
     }
     return at;
-}
-
-/// Whether a real type's direction fits the number that the loader makes of it.
-inline bool isUsableDirection(double direction) {
-    const double truncated = std::trunc(direction);
-    return truncated >= std::numeric_limits<int>::min() &&
-           truncated <= std::numeric_limits<int>::max();
 }
 
 /// Whether the range at these bytes is open. Its direction comes last.
@@ -121,7 +113,7 @@ private:
             m_valueSize = word;
             return static_cast<int>(word) >= 0;
         } else if constexpr (FIELD.form == FieldForm::DIRECTION) {
-            return isUsableDirection(RTTI::littleEndianAt<double>(bytes));
+            return RTTI::truncatedDirection(RTTI::littleEndianAt<double>(bytes)).has_value();
         } else {
             return true;
         }

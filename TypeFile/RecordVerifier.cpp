@@ -242,7 +242,7 @@ void RecordVerifier::checkTypeId(const ReadField& field) {
 
 void RecordVerifier::checkDirection(const ReadField& field) {
     const auto direction = littleEndianAt<double>(m_sweep.at(field.offset, sizeof(double)));
-    if (!isUsableDirection(direction))
+    if (!RTTI::truncatedDirection(direction))
         add(FindingCode::REAL_DIRECTION_UNUSABLE, field,
             [&] { return "The direction " + std::to_string(direction) + " is no 32-bit number."; });
 }

@@ -5,15 +5,16 @@
 #include "Inspect/words/TypeText.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/Ranges.h"
+#include "RTTI/TruncatedDirection.h"
 #include "TypeFile/FieldReader.h"
 #include "TypeFile/StorageWindow.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 
 namespace Inspect {
 
@@ -52,15 +53,14 @@ std::string realText(double value) { return fmt::format("{}", value); }
 
 /// What the loader makes of the direction of a real type.
 std::string directionMeaning(double direction) {
-    const double truncated = std::trunc(direction);
-    if (!(truncated >= std::numeric_limits<int>::min() &&
-          truncated <= std::numeric_limits<int>::max()))
+    const std::optional<int> truncated = truncatedDirection(direction);
+    if (!truncated)
         return fmt::format("no 32-bit number: {} stands instead", std::numeric_limits<int>::min());
     if (truncated == TO_DIRECTION)
         return "to";
     if (truncated == DOWNTO_DIRECTION)
         return "downto";
-    return truncated == direction ? "" : fmt::format("truncated to {:.0f}", truncated);
+    return truncated == direction ? "" : fmt::format("truncated to {}", *truncated);
 }
 
 /// Words for the fields of one record or header, one after the other.

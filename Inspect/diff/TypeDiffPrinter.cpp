@@ -2,6 +2,7 @@
 
 #include "Inspect/diff/TypeWords.h"
 #include "Inspect/json/PartJson.h"
+#include "Inspect/words/TypeText.h"
 #include "TypeFile/FieldNames.h"
 
 #include <fmt/format.h>
@@ -16,28 +17,15 @@ namespace Field = TypeFile::Field;
 
 namespace {
 
-/// A field of the JSON form in words: "element type" for "elementType", "index type 2" for
+/// A field of a change in words: "element type" for "elementType", "index type 2" for
 /// "indexTypes[1]". An entry of a list goes by its own name.
-std::string fieldWords(const std::string& field) {
-    constexpr std::pair<std::string_view, std::string_view> OWN_WORDS[] = {
-        {Field::SV_TYPE_ID, "SV type id"},
-        {Field::REF_TYPE, "referenced type"},
-        {Field::INDEX_TYPES, "dimensions"},
-        {Field::LITERALS, "literal"},
-        {Field::UNITS, "unit"},
-        {Field::MEMBERS, "member"}};
-    for (const auto& [name, words] : OWN_WORDS) {
-        if (field == name)
-            return std::string(words);
-    }
+std::string changedWords(const std::string& field) {
     if (const std::size_t index = field.find('['); index != std::string::npos)
         return fmt::format("index type {}", std::stoul(field.substr(index + 1)) + 1);
-    std::string words;
-    for (const char c : field) {
-        const bool isUpper = c >= 'A' && c <= 'Z';
-        words += isUpper ? std::string{' ', static_cast<char>(c - 'A' + 'a')} : std::string(1, c);
-    }
-    return words;
+    const std::string words = fieldWords(field);
+    const bool isEntry =
+        field == Field::LITERALS || field == Field::UNITS || field == Field::MEMBERS;
+    return isEntry ? words.substr(0, words.size() - 1) : words;
 }
 
 class TextPrinter {
@@ -67,7 +55,7 @@ private:
         m_out << m_style.paint(Ink::CHANGED, "changed ") << m_style.paint(Ink::NAME, change.path)
               << ": ";
         if (change.field != Field::RANGE && change.field != Field::CONSTRAINTS)
-            m_out << fieldWords(change.field) << ' ';
+            m_out << changedWords(change.field) << ' ';
         if (change.before && change.after)
             m_out << *change.before << " -> " << *change.after;
         else if (change.before)

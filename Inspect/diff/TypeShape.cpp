@@ -65,12 +65,11 @@ struct Words {
     std::string operator()(const FullConstraints& value) const { return rangeText(value); }
     std::string operator()(const Ranges* value) const { return rangesText(*value, lists); }
     std::string operator()(double value) const { return realText(value); }
-    std::string operator()(ValueEncoding value) const { return encodingText(value); }
-    std::string operator()(EnumKind value) const { return enumKindText(value); }
-    std::string operator()(ArrayKind value) const { return arrayKindText(value); }
-    std::string operator()(RecordKind value) const { return recordKindText(value); }
-    template <typename Number> std::string operator()(Number value) const {
-        return fmt::format("{}", value);
+    template <typename Value> std::string operator()(Value value) const {
+        if constexpr (std::is_enum_v<Value>)
+            return namedText(value);
+        else
+            return fmt::format("{}", value);
     }
 };
 

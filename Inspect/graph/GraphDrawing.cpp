@@ -54,7 +54,7 @@ std::string pictureDetail(const GraphNode& node) {
     case ClassId::SEQ_ENUM: {
         const auto& enumeration = static_cast<const RTSeqEnumType&>(type);
         return counted(enumeration.m_enumeratorNames.size(), "literal") + ", " +
-               encodingText(enumeration.m_valueEncoding);
+               namedText(enumeration.m_valueEncoding);
     }
     case ClassId::DISCRETE_ENUM:
         return counted(static_cast<const RTDiscreteEnumType&>(type).m_enumerators.size(),

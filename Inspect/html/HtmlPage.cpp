@@ -123,7 +123,7 @@ Json formatJson() {
         if (kindOf(code) != BUILDS_NO_TYPE)
             bodies[key] = jsonOf(TypeFile::bodyLayout(code));
     }
-    const auto detailed = [](unsigned int code, const NamedValues& details) {
+    const auto detailed = [](unsigned int code, const TypeFile::NamedValues& details) {
         Json list = Json::array();
         for (std::size_t i = 0; i < details.count; ++i)
             list.push_back(kindOf(code, details.first + static_cast<unsigned int>(i)));
@@ -140,8 +140,8 @@ Json formatJson() {
         {"directions",
          {{"to", TO_DIRECTION}, {"downto", DOWNTO_DIRECTION}, {"open", UNCONSTRAINED_DIRECTION}}},
         {"details",
-         {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, arrayKinds)},
-          {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, recordKinds)}}}};
+         {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, TypeFile::arrayKinds)},
+          {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, TypeFile::recordKinds)}}}};
 }
 
 /// One page, written once.
@@ -198,8 +198,9 @@ void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
 }
 
 void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
-    std::vector<std::string> encodings(valueEncodings.names,
-                                       valueEncodings.names + valueEncodings.count);
+    std::vector<std::string> encodings(TypeFile::valueEncodings.names,
+                                       TypeFile::valueEncodings.names +
+                                           TypeFile::valueEncodings.count);
     writeBlock("file", {{"title", escaped(m_source.title)},
                         {"version", escaped(m_source.version)},
                         {"count", m_source.types.count},

@@ -195,16 +195,6 @@ bool realFromJson(const Json& json, double& value) {
     return true;
 }
 
-Json namedToJson(const NamedValues& names, unsigned int value) {
-    const char* name = names.nameOf(value);
-    return name != nullptr ? Json(name) : Json(value);
-}
-
-Json namedToJson(const NamedValues& names, int value) {
-    const char* name = names.nameOf(static_cast<unsigned int>(value));
-    return name != nullptr ? Json(name) : Json(value);
-}
-
 const char* jsonKindOf(unsigned int classId) {
     for (const JsonKind& kind : jsonKinds) {
         if (kind.classId == classId)

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "Inspect/words/NamedValues.h"
 #include "RTTI/RTBaseType.h"
+#include "TypeFile/NamedValues.h"
 
 #include <nlohmann/json.hpp>
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace Inspect {
@@ -32,8 +33,10 @@ Json rangesToJson(const std::vector<RTTI::FullConstraints>& ranges);
 Json realToJson(double value);
 
 /// A value's name, or the value itself where it has none.
-Json namedToJson(const NamedValues& names, unsigned int value);
-Json namedToJson(const NamedValues& names, int value);
+template <typename Enum> Json namedToJson(Enum value) {
+    const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
+    return name != nullptr ? Json(name) : Json(static_cast<std::underlying_type_t<Enum>>(value));
+}
 
 /// An object as one line of ASCII; the second without its last brace, for members that follow.
 std::string lineText(const Json& json);

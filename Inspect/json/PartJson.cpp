@@ -25,9 +25,9 @@ Json kindToJson(unsigned int kindCode, std::optional<unsigned int> detail) {
     const char* kind = jsonKindOf(kindCode);
     Json json{{Field::KIND, kind != nullptr ? kind : JSON_NO_TYPE}};
     if (kindCode == ClassId::ARRAY && detail)
-        json[Field::ARRAY_KIND] = namedToJson(arrayKinds, *detail);
+        json[Field::ARRAY_KIND] = namedToJson(static_cast<ArrayKind>(*detail));
     if (kindCode == ClassId::RECORD && detail)
-        json[Field::RECORD_KIND] = namedToJson(recordKinds, *detail);
+        json[Field::RECORD_KIND] = namedToJson(static_cast<RecordKind>(*detail));
     return json;
 }
 

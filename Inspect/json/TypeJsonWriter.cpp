@@ -1,7 +1,6 @@
 #include "Inspect/json/TypeJsonWriter.h"
 
 #include "Inspect/json/JsonLines.h"
-#include "TypeFile/NamedValues.h"
 #include "TypeFile/TypeFields.h"
 
 #include <string>
@@ -45,8 +44,7 @@ private:
         return nameToJson(name);
     }
     template <typename Enum> Json valueOf(Enum value, Form::Named) const {
-        return namedToJson(TypeFile::namesOf(value),
-                           static_cast<std::underlying_type_t<Enum>>(value));
+        return namedToJson(value);
     }
     Json valueOf(double value, Form::Real) const { return realToJson(value); }
     Json valueOf(const FullConstraints& range, Form::Range) const { return rangeToJson(range); }

@@ -1,15 +1,12 @@
 #include "Inspect/model/LeafWalk.h"
 
+#include "RTTI/AggregateClasses.h"
+
 namespace Inspect {
 
 using namespace RTTI;
 
 namespace {
-
-bool isAggregate(const RTBaseType* type) {
-    const unsigned int classId = type != nullptr ? type->GetClassId() : 0;
-    return classId == ClassId::RECORD || classId == ClassId::CLASS;
-}
 
 /// Adds those of the part itself, which has a type. False if what is below counts by itself.
 bool addDimensionsOf(const Part& part, std::vector<Dimension>& dimensions) {
@@ -69,7 +66,7 @@ std::vector<Dimension> dimensionsOf(unsigned int id, const RTBaseType* type) {
         const Part& part = walk.part();
         if (part.type != nullptr)
             addDimensionsOf(part, dimensions);
-        if (!part.hasParts || isAggregate(part.type))
+        if (!part.hasParts || isAggregate(part.type->GetClassId()))
             break;
     }
     return dimensions;
@@ -86,7 +83,7 @@ bool LeafWalk::next() {
 
 const RTBaseType* LeafWalk::encoded() const {
     const RTBaseType* last = m_walk.part().type;
-    return last != nullptr && !isAggregate(last) ? m_encoded : nullptr;
+    return last != nullptr && !isAggregate(last->GetClassId()) ? m_encoded : nullptr;
 }
 
 void LeafWalk::meet(const Part& part) {
@@ -101,7 +98,7 @@ void LeafWalk::meet(const Part& part) {
         m_encoded = part.type;
     if (part.type != nullptr)
         addDimensions(part);
-    if (part.hasParts && isAggregate(part.type))
+    if (part.hasParts && isAggregate(part.type->GetClassId()))
         addDimensionsToPath();
     m_pathLengths.push_back(m_path.size());
 }

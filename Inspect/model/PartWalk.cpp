@@ -1,5 +1,6 @@
 #include "Inspect/model/PartWalk.h"
 
+#include "RTTI/AggregateClasses.h"
 #include "RTTI/Ranges.h"
 
 #include <algorithm>
@@ -46,11 +47,6 @@ OnlyPart onlyPartOf(const RTBaseType& type) {
     }
 }
 
-bool isAggregate(const RTBaseType& type) {
-    const unsigned int classId = type.GetClassId();
-    return classId == ClassId::RECORD || classId == ClassId::CLASS;
-}
-
 } // namespace
 
 PartWalk::PartWalk(unsigned int id, const RTBaseType* type, unsigned int maxDepth,
@@ -91,7 +87,7 @@ void PartWalk::enterPart() {
     m_part.above = above.type;
     m_part.isLast = above.nextPart == above.parts;
     m_part.member = nullptr;
-    if (isAggregate(*above.type)) {
+    if (isAggregate(above.type->GetClassId())) {
         describePart(static_cast<const RTAggregateType&>(*above.type), index);
     } else {
         const OnlyPart only = onlyPartOf(*above.type);

@@ -53,21 +53,14 @@ const char* fieldOf(LinkRole role, unsigned int classId) {
 }
 
 std::string linkText(const RTBaseType& type, const TypeLink& link) {
-    switch (link.role) {
-    case LinkRole::ALIASED: return "aliased type";
-    case LinkRole::BASE_TYPE: return "base type";
-    case LinkRole::DESIGNATED: return "designated type";
-    case LinkRole::FILE_ELEMENT: return "file element";
-    case LinkRole::ELEMENT: return "element";
-    case LinkRole::INDEX:
-        return type.GetClassId() == ClassId::ARRAY
-                   ? "index type of dimension " + std::to_string(link.position + 1)
-                   : "index type";
-    case LinkRole::BASE_CLASS: return "base class";
-    default: break;
+    const unsigned int classId = type.GetClassId();
+    if (link.role == LinkRole::MEMBER) {
+        const auto& aggregate = static_cast<const RTAggregateType&>(type);
+        return "member " + quotedName(aggregate.m_members[link.position]->m_memberName);
     }
-    const auto& aggregate = static_cast<const RTAggregateType&>(type);
-    return "member " + quotedName(aggregate.m_members[link.position]->m_memberName);
+    if (link.role == LinkRole::INDEX && classId == ClassId::ARRAY)
+        return "index type of dimension " + std::to_string(link.position + 1);
+    return fieldWords(fieldOf(link.role, classId));
 }
 
 std::vector<unsigned int> referencesOf(const RTBaseType& type) {

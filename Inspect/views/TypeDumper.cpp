@@ -6,137 +6,41 @@
 #include "Inspect/words/IndentedLines.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintPopulation.h"
-#include "RTTI/RTTypeVisitor.h"
+#include "TypeFile/TypeFields.h"
 
 #include <fmt/format.h>
 
 #include <streambuf>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace Inspect {
 
 using namespace RTTI;
+namespace Form = TypeFile::Form;
+using TypeFile::forEachField;
 
 namespace {
 
-/// Writes the fields of a type's own class, in the order of its record.
-class FieldWriter : public RTTypeVisitor {
+/// Writes the fields of a type's own class, in the order of its record, then its answers.
+class FieldWriter {
 public:
     FieldWriter(std::ostream& out, const TypeTable& types, const TextStyle& style, RangeLists lists)
         : m_out(out), m_types(types), m_style(style), m_lists(lists) {}
 
-    // Classes without fields, and those that no object has.
-    bool visit(const RTBaseType&) override { return true; }
-    bool visit(const RTEnumType&) override { return true; }
-    bool visit(const RTCHandle&) override { return true; }
-    bool visit(const RTClassHandle&) override { return true; }
-    bool visit(const RTLogicType&) override { return true; }
-    bool visit(const RTBitType&) override { return true; }
-    bool visit(const RTStringType&) override { return true; }
-
-    bool visit(const RTSeqEnumType& type) override {
-        line("encoding", encodingText(type.m_valueEncoding));
-        line("enum kind", enumKindText(type.m_enumKind));
-        line("literals", number(type.m_enumeratorNames.size()));
-        for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i)
-            item(i, name(quotedName(type.m_enumeratorNames[i])));
-        return true;
-    }
-
-    bool visit(const RTDiscreteEnumType& type) override {
-        line("base type", reference(type.m_baseTypeId, type.m_baseType));
-        line("literals", number(type.m_enumerators.size()));
-        for (std::size_t i = 0; i < type.m_enumerators.size(); ++i) {
-            const t_enumNameAndValuePair& literal = type.m_enumerators[i];
-            item(i,
-                 name(quoted(literal.enumName)) + " = " + bytes(literal.value, type.m_valueSize));
-        }
-        ranges("constraints", type.m_constraints);
-        return true;
-    }
-
-    bool visit(const RTIntType& type) override {
-        line("range", number(rangeText(type.m_constraint)));
-        return true;
-    }
-
-    bool visit(const RTFloatType& type) override {
-        line("real kind", number(type.m_floatKind));
-        line("left", number(type.m_left));
-        line("right", number(type.m_right));
-        line("direction", number(type.m_direction));
-        return true;
-    }
-
-    bool visit(const RTEventType& type) override {
-        line("event kind", number(type.m_eventKind));
-        return true;
-    }
-
-    bool visit(const RTPhysicalType& type) override {
-        line("units", number(type.m_units.size()));
-        for (std::size_t i = 0; i < type.m_units.size(); ++i)
-            item(i, name(quoted(type.m_units[i].unitName)) + " = " + number(type.m_units[i].value));
-        return true;
-    }
-
-    bool visit(const RTTypedefType& type) override {
-        line("data type", reference(type.m_dataTypeId, type.m_dataType));
-        ranges("constraints", type.m_constraints);
-        return true;
-    }
-
-    bool visit(const RTAccessType& type) override { return designated(type, "designated type"); }
-    bool visit(const RTFileType& type) override { return designated(type, "element type"); }
-
-    bool visit(const RTArrayType& type) override {
-        line("array kind", arrayKindText(type.m_arrayKind));
-        line("element type", reference(type.m_elementTypeId, type.m_elementType));
-        line("dimensions", number(type.m_indexTypeIds.size()));
-        for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i)
-            item(i, "index type " + reference(type.m_indexTypeIds[i]));
-        ranges("constraints", type.m_constraints);
-        svTypeId(type);
-        return true;
-    }
-
-    bool visit(const RTAbstractArrayType& type) override {
-        line("element type", reference(type.m_elementTypeId, type.m_elementType));
-        svTypeId(type);
-        return true;
-    }
-    bool visit(const RTDynamicArrayType& type) override { return container(type); }
-    bool visit(const RTQueueType& type) override { return container(type); }
-
-    bool visit(const RTAssocArrayType& type) override {
-        container(type);
-        line("index type", reference(type.m_indexTypeId, type.m_indexType));
-        return true;
-    }
-
-    bool visit(const RTAggregateType& type) override {
-        line("members", number(type.m_members.size()));
-        for (std::size_t i = 0; i < type.m_members.size(); ++i)
-            member(type, i);
-        svTypeId(type);
-        return true;
-    }
-
-    bool visit(const RTRecordType& type) override {
-        line("record kind", recordKindText(type.m_recordKind));
-        return visit(static_cast<const RTAggregateType&>(type));
-    }
-
-    bool visit(const RTClassType& type) override {
-        line("base class", reference(type.m_baseClassTypeId, type.m_baseClass));
-        return visit(static_cast<const RTAggregateType&>(type));
+    void writeFields(const RTBaseType& type) {
+        TypeFile::asItsClass(type, [this](const auto& object) {
+            forEachField(object, [&](const char* field, const auto& value, const auto& form) {
+                write(object, field, value, form);
+            });
+        });
     }
 
     /// What the type answers when it is asked, whatever its class.
     void writeAnswers(const RTBaseType& type) {
-        line("value encoding", encodingText(m_types.encodings->of(type)));
+        line("value encoding", namedText(m_types.encodings->of(type)));
         const unsigned int size = type.getValueSize();
         line("value size", size != 0 ? counted(size, "byte") : "not recorded");
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
@@ -166,35 +70,101 @@ private:
         return m_style.paint(Ink::NAME, quotedName);
     }
 
-    void svTypeId(const RTBaseType& type) {
-        const int id = type.getSVTypeId();
-        line("SV type id", id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : number(id));
+    template <typename Number, typename FieldForm>
+    void write(const RTBaseType&, const char* field, Number value, const FieldForm&) {
+        line(fieldWords(field), number(value));
+    }
+    template <typename Enum>
+    void write(const RTBaseType&, const char* field, Enum value, Form::Named) {
+        line(fieldWords(field), namedText(value));
+    }
+    void write(const RTBaseType&, const char* field, const FullConstraints& range, Form::Range) {
+        line(fieldWords(field), number(rangeText(range)));
+    }
+    void write(const RTBaseType&, const char* field, const std::vector<FullConstraints>& list,
+               Form::Ranges) {
+        ranges(fieldWords(field), list);
     }
 
-    template <typename Type> bool designated(const Type& type, std::string_view label) {
-        line(label, reference(type.m_refTypeId, type.m_refType));
-        line("alignment", number(type.m_alignment));
-        return true;
+    /// The type answers it as well.
+    void write(const RTBaseType&, const char*, unsigned int size, Form::ValueSize) {
+        m_valueSize = size;
     }
 
-    bool container(const RTAbstractArrayType& type) { return visit(type); }
-
-    void member(const RTAggregateType& type, std::size_t index) {
-        const RTAggregateType::t_Member* described = type.m_members[index];
-        if (described == nullptr)
-            return item(index, "(no member)");
-        const RTBaseType* linked =
-            index < type.m_memberTypes.size() ? type.m_memberTypes[index] : nullptr;
-        std::string text = fmt::format("{}: {}", name(quotedName(described->m_memberName)),
-                                       reference(described->m_typeId, linked));
-        if (!described->m_constraints.empty())
-            text += ", constraints: " + rangesInLine(described->m_constraints, true);
-        const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(described);
-        if (classMember != nullptr)
-            text += classMember->m_memberFlag ? ", flag: true" : ", flag: false";
-        item(index, text);
-        rangeLines("      ", described->m_constraints);
+    /// A class has it behind its members, as a record has.
+    template <typename Object>
+    void write(const Object&, const char* field, int id, Form::SVTypeId) {
+        if constexpr (!std::is_same_v<Object, RTClassType>)
+            svTypeId(field, id);
     }
+    void svTypeId(const char* field, int id) {
+        line(fieldWords(field), id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : number(id));
+    }
+
+    template <typename Object, typename Link>
+    void write(const Object& object, const char* field, unsigned int id,
+               const Form::TypeId<Link>& form) {
+        line(fieldWords(field), reference(id, object.*form.link));
+    }
+
+    template <typename List, typename Item>
+    void write(const RTBaseType&, const char* field, const List& list, const Form::Items<Item>&) {
+        line(fieldWords(field), number(list.size()));
+        for (std::size_t i = 0; i < list.size(); ++i)
+            item(i, itemText(list[i]));
+    }
+    std::string itemText(const char* text) const { return name(quotedName(text)); }
+    std::string itemText(unsigned int id) const { return reference(id, m_types.typeOf(id)); }
+
+    template <typename Object, typename List, typename Entry>
+    void write(const Object& object, const char* field, const List& list,
+               const Form::Entries<Entry>& form) {
+        line(fieldWords(field), number(list.size()));
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            EntryText entry{*this};
+            if constexpr (std::is_base_of_v<RTAggregateType, Object>)
+                entry.linked = i < object.m_memberTypes.size() ? object.m_memberTypes[i] : nullptr;
+            const bool isThere = forEachField(form, list, i, entry);
+            item(i, isThere ? entry.text : "(no member)");
+            if (entry.ranges != nullptr)
+                rangeLines("      ", *entry.ranges);
+        }
+        if constexpr (std::is_same_v<Object, RTClassType>)
+            svTypeId(TypeFile::Field::SV_TYPE_ID, object.m_svTypeId);
+    }
+
+    /// An entry of a list in a line.
+    struct EntryText {
+        const FieldWriter& writer;
+        const RTBaseType* linked = nullptr; ///< What a member's type id leads to.
+        std::string text = {};
+        const std::vector<FullConstraints>* ranges = nullptr;
+
+        void operator()(const char*, const std::string& name, Form::Name) {
+            text = writer.name(quoted(name));
+        }
+        void operator()(const char*, const char* name, Form::Name) {
+            text = writer.name(quotedName(name));
+        }
+        void operator()(const char*, long long value, Form::Number) {
+            text += " = " + writer.number(value);
+        }
+        void operator()(const char*, const char* value, Form::Value) {
+            text += " = " + writer.bytes(value);
+        }
+        template <typename Link>
+        void operator()(const char*, unsigned int id, const Form::TypeId<Link>&) {
+            text += ": " + writer.reference(id, linked);
+        }
+        void operator()(const char* field, const std::vector<FullConstraints>& list, Form::Ranges) {
+            ranges = &list;
+            if (!list.empty())
+                text += fmt::format(", {}: {}", field, writer.rangesInLine(list, true));
+        }
+        void operator()(const char* field, bool value, Form::Boolean) {
+            text += fmt::format(", {}: {}", field, value);
+        }
+    };
 
     std::string reference(unsigned int id, const RTBaseType* type) const {
         if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr)
@@ -203,8 +173,6 @@ private:
             return number(id) + " (no type)";
         return number(id) + ' ' + name(nameOrShape(m_types, id, *type));
     }
-
-    std::string reference(unsigned int id) const { return reference(id, m_types.typeOf(id)); }
 
     /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
     std::string behind(const RTTypedefType& type) const {
@@ -239,9 +207,9 @@ private:
         rangeLines("    ", list);
     }
 
-    std::string bytes(const char* value, std::size_t size) const {
-        std::string text = size == 0 ? "(no bytes)" : "";
-        for (std::size_t i = 0; i < size; ++i)
+    std::string bytes(const char* value) const {
+        std::string text = m_valueSize == 0 ? "(no bytes)" : "";
+        for (std::size_t i = 0; i < m_valueSize; ++i)
             text +=
                 fmt::format("{}{:02X}", i == 0 ? "" : " ", static_cast<unsigned char>(value[i]));
         return number(text);
@@ -251,6 +219,7 @@ private:
     const TypeTable& m_types;
     const TextStyle& m_style;
     const RangeLists m_lists;
+    std::size_t m_valueSize = 0; ///< Of the type's literals.
 };
 
 /// Where a stream writes a declaration to: one of a single line stands behind its label, a longer
@@ -320,7 +289,7 @@ void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const 
     }
     out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
     FieldWriter fields(out, types, style, lists);
-    type.accept(fields);
+    fields.writeFields(type);
     fields.writeAnswers(type);
     out << '\n';
 }

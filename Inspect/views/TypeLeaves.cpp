@@ -32,7 +32,7 @@ std::string typeText(const TypeTable& types, const LeafWalk& leaf) {
 
 std::string encodingOf(const LeafWalk& leaf, const TypeTable& types) {
     const RTBaseType* encoded = leaf.encoded();
-    return encoded != nullptr ? encodingText(types.encodings->of(*encoded)) : "-";
+    return encoded != nullptr ? namedText(types.encodings->of(*encoded)) : "-";
 }
 
 /// "13:12", and "13:12 (4 every 20)" where structs of an array have it 20 bits apart.

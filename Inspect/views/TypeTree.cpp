@@ -39,15 +39,9 @@ private:
 std::string roleText(const Part& part) {
     if (part.depth == 0)
         return "";
-    switch (part.role) {
-    case LinkRole::ELEMENT: return "element: ";
-    case LinkRole::BASE_CLASS: return "base class: ";
-    case LinkRole::BASE_TYPE: return "base: ";
-    case LinkRole::MEMBER:
-        return (part.member != nullptr ? pathName(part.member->m_memberName) : "(no member)") +
-               ": ";
-    default: return "alias of: ";
-    }
+    if (part.role != LinkRole::MEMBER)
+        return fieldWords(fieldOf(part.role, part.above->GetClassId())) + ": ";
+    return (part.member != nullptr ? pathName(part.member->m_memberName) : "(no member)") + ": ";
 }
 
 /// What a type refers to that is no part of it.

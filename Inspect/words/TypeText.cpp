@@ -1,11 +1,13 @@
 #include "Inspect/words/TypeText.h"
 
-#include "Inspect/words/NamedValues.h"
+#include "TypeFile/FieldNames.h"
+#include "TypeFile/NamedValues.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 namespace Inspect {
 
@@ -14,10 +16,11 @@ using namespace RTTI;
 namespace {
 
 /// The name of a value, or the value itself in the given format.
-template <typename Value>
-std::string nameOr(const NamedValues& names, Value value, const char* format) {
-    const char* name = names.nameOf(static_cast<unsigned int>(value));
-    return name != nullptr ? name : fmt::format(fmt::runtime(format), value);
+template <typename Enum> std::string nameOr(Enum value, const char* format) {
+    const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
+    if (name != nullptr)
+        return name;
+    return fmt::format(fmt::runtime(format), static_cast<std::underlying_type_t<Enum>>(value));
 }
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -68,6 +71,19 @@ bool isGivenName(const char* name) {
 
 std::string quotedName(const char* name) { return name != nullptr ? quoted(name) : "(no name)"; }
 
+std::string fieldWords(std::string_view field) {
+    if (field == TypeFile::Field::SV_TYPE_ID)
+        return "SV type id";
+    if (field == TypeFile::Field::REF_TYPE)
+        return "referenced type";
+    std::string words;
+    for (const char c : field) {
+        const bool isUpper = c >= 'A' && c <= 'Z';
+        words += isUpper ? std::string{' ', static_cast<char>(c - 'A' + 'a')} : std::string(1, c);
+    }
+    return words;
+}
+
 std::string pathName(const char* name) {
     const std::string_view text = name != nullptr ? name : "";
     return !text.empty() && std::all_of(text.begin(), text.end(), isPlainInPath) ? std::string(text)
@@ -111,18 +127,9 @@ std::string valueRangeText(const RTBaseType& type, const FullConstraints* narrow
     }
 }
 
-std::string encodingText(ValueEncoding encoding) {
-    return nameOr(valueEncodings, static_cast<int>(encoding), "{}");
-}
-
-std::string arrayKindText(ArrayKind kind) {
-    return nameOr(arrayKinds, static_cast<unsigned int>(kind), "{:#x}");
-}
-
-std::string recordKindText(RecordKind kind) {
-    return nameOr(recordKinds, static_cast<unsigned int>(kind), "{:#x}");
-}
-
-std::string enumKindText(EnumKind kind) { return nameOr(enumKinds, static_cast<int>(kind), "{}"); }
+std::string namedText(ValueEncoding encoding) { return nameOr(encoding, "{}"); }
+std::string namedText(EnumKind kind) { return nameOr(kind, "{}"); }
+std::string namedText(ArrayKind kind) { return nameOr(kind, "{:#x}"); }
+std::string namedText(RecordKind kind) { return nameOr(kind, "{:#x}"); }
 
 } // namespace Inspect

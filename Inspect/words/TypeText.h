@@ -24,6 +24,9 @@ bool isGivenName(const char* name);
 /// The name of a member or literal in quotes, or "(no name)".
 std::string quotedName(const char* name);
 
+/// The name of a field in words, as all texts have it: "data type" for "dataType".
+std::string fieldWords(std::string_view field);
+
 /// A name as part of a path: unchanged if it consists only of letters, digits, `_`, `$` and `:`,
 /// else quoted. A null name counts as empty.
 std::string pathName(const char* name);
@@ -100,14 +103,13 @@ std::string runsText(const std::vector<Entry>& entries, RangeLists lists = Range
 /// literals, and for a real type without limits.
 std::string valueRangeText(const RTTI::RTBaseType& type, const RTTI::FullConstraints* narrowing);
 
-/// The name of a value encoding, or its number if it has none.
-std::string encodingText(RTTI::ValueEncoding encoding);
-
-/// The enumerator name of a kind, or its number if it has none.
+/// The name of a value of an enumeration of the library, such as "2-State" or "VHDL_ARRAY", or its
+/// number if it has none.
 /// @{
-std::string arrayKindText(RTTI::ArrayKind kind);
-std::string recordKindText(RTTI::RecordKind kind);
-std::string enumKindText(RTTI::EnumKind kind);
+std::string namedText(RTTI::ValueEncoding encoding);
+std::string namedText(RTTI::EnumKind kind);
+std::string namedText(RTTI::ArrayKind kind);
+std::string namedText(RTTI::RecordKind kind);
 /// @}
 
 } // namespace Inspect

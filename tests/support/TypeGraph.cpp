@@ -1,5 +1,7 @@
 #include "tests/support/TypeGraph.h"
 
+#include "RTTI/AggregateClasses.h"
+
 #include <algorithm>
 #include <array>
 
@@ -162,10 +164,6 @@ private:
         }
     }
 
-    static bool isAggregate(const RTBaseType& type) {
-        return dynamic_cast<const RTAggregateType*>(&type) != nullptr;
-    }
-
     /// The link of a type that hands a question on to another one; null for any other type.
     const RTBaseType** passageLink(RTBaseType& type) {
         if (auto* array = dynamic_cast<RTArrayType*>(&type))
@@ -192,7 +190,7 @@ private:
 
     void linkAggregate(std::size_t index) {
         RTBaseType& type = m_graph[index];
-        if (!isAggregate(type))
+        if (!isAggregate(type.GetClassId()))
             return;
         auto* classType = dynamic_cast<RTClassType*>(&type);
         if (classType != nullptr && oneIn(m_random, 2))

@@ -267,7 +267,7 @@ TEST(TypeStatistics, AreWrittenAsText) {
                          "0 types of VHDL, 5 of SystemVerilog\n"
                          "\n"
                          "deepest nesting: 3 types, each within the one before\n"
-                         "  2 typedef \"t\": aliased type\n"
+                         "  2 typedef \"t\": data type\n"
                          "  1 unpacked struct \"r\\x1B\": member \"a\"\n"
                          "  ... and 1 more\n"
                          "\n"

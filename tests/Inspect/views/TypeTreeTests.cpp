@@ -43,12 +43,12 @@ TEST(TypeTree, DrawsMembersWithTheRangesOfTheirArrays) {
               "4 unpacked struct \"pkt_t\"\n"
               "|-- hdr: 3 unpacked struct \"hdr_t\"\n"
               "|   |-- len: 2 typedef \"byte_t\"\n"
-              "|   |   `-- alias of: 1 packed array logic [7:0] (7 downto 0)\n"
-              "|   |       `-- element: 0 sequential enumeration \"logic\"\n"
+              "|   |   `-- data type: 1 packed array logic [7:0] (7 downto 0)\n"
+              "|   |       `-- element type: 0 sequential enumeration \"logic\"\n"
               "|   `-- ok: 0 sequential enumeration \"logic\"\n"
               "`-- crc: 2 typedef \"byte_t\"\n"
-              "    `-- alias of: 1 packed array logic [7:0] (7 downto 0)\n"
-              "        `-- element: 0 sequential enumeration \"logic\"\n");
+              "    `-- data type: 1 packed array logic [7:0] (7 downto 0)\n"
+              "        `-- element type: 0 sequential enumeration \"logic\"\n");
 }
 
 TEST(TypeTree, ShortensLongListsOfRangesUnlessTheyAreToBeWhole) {
@@ -71,10 +71,10 @@ TEST(TypeTree, FillsOpenDimensionsFromTheMemberAndTheTypedef) {
     const auto record = types.structure("r", {{"a", open, {BYTE}}, {"b", nibble}});
     EXPECT_EQ(treeOf(types, record), "3 unpacked struct \"r\"\n"
                                      "|-- a: 1 VHDL array \"bits\" (7 downto 0)\n"
-                                     "|   `-- element: 0 sequential enumeration \"logic\"\n"
+                                     "|   `-- element type: 0 sequential enumeration \"logic\"\n"
                                      "`-- b: 2 typedef \"nibble\"\n"
-                                     "    `-- alias of: 1 VHDL array \"bits\" (3 downto 0)\n"
-                                     "        `-- element: 0 sequential enumeration \"logic\"\n");
+                                     "    `-- data type: 1 VHDL array \"bits\" (3 downto 0)\n"
+                                     "        `-- element type: 0 sequential enumeration \"logic\"\n");
 }
 
 TEST(TypeTree, ShowsTheRangeOfAScalarAsTheOutermostLevelNarrowsIt) {
@@ -86,9 +86,9 @@ TEST(TypeTree, ShowsTheRangeOfAScalarAsTheOutermostLevelNarrowsIt) {
     EXPECT_EQ(treeOf(types, record), "2 unpacked struct \"r\"\n"
                                      "|-- i: 0 integer \"integer\" range -8 to 7\n"
                                      "|-- n: 1 typedef \"natural\"\n"
-                                     "|   `-- alias of: 0 integer \"integer\" range 0 to 7\n"
+                                     "|   `-- data type: 0 integer \"integer\" range 0 to 7\n"
                                      "`-- few: 1 typedef \"natural\"\n"
-                                     "    `-- alias of: 0 integer \"integer\" range 0 to 3\n");
+                                     "    `-- data type: 0 integer \"integer\" range 0 to 3\n");
 }
 
 TEST(TypeTree, ShowsTheRangeOfAnEnumerationUnlessItHasAllLiterals) {
@@ -109,8 +109,8 @@ TEST(TypeTree, RangeOfAnArrayDoesNotNarrowItsElement) {
     const auto array = types.array(VHDL_ARRAY, "a", integer, {OPEN});
     const auto narrow = types.alias("n", array, {LANES});
     EXPECT_EQ(treeOf(types, narrow), "2 typedef \"n\"\n"
-                                     "`-- alias of: 1 VHDL array \"a\" (0 to 3)\n"
-                                     "    `-- element: 0 integer \"integer\" range -8 to 7\n");
+                                     "`-- data type: 1 VHDL array \"a\" (0 to 3)\n"
+                                     "    `-- element type: 0 integer \"integer\" range -8 to 7\n");
 }
 
 TEST(TypeTree, DrawsAClassThatLeadsBackToItselfOnce) {
@@ -122,7 +122,7 @@ TEST(TypeTree, DrawsAClassThatLeadsBackToItselfOnce) {
                                       "|-- base class: 0 class \"base\"\n"
                                       "|   `-- peer: 1 class \"derived\" (seen above)\n"
                                       "`-- all: 2 queue derived [$]\n"
-                                      "    `-- element: 1 class \"derived\" (seen above)\n");
+                                      "    `-- element type: 1 class \"derived\" (seen above)\n");
 }
 
 TEST(TypeTree, DrawsAClassThatStandsSideBySideEachTime) {
@@ -142,9 +142,9 @@ TEST(TypeTree, BelowAQueueGivesTheRangesThatTheElementHasByItself) {
     const auto queue = types.queue(open);
     const auto alias = types.alias("q_t", queue, {BYTE});
     EXPECT_EQ(treeOf(types, alias), "3 typedef \"q_t\"\n"
-                                    "`-- alias of: 2 queue logic [$][]\n"
-                                    "    `-- element: 1 unpacked array logic [] (0 downto 0)\n"
-                                    "        `-- element: 0 sequential enumeration \"logic\"\n");
+                                    "`-- data type: 2 queue logic [$][]\n"
+                                    "    `-- element type: 1 unpacked array logic [] (0 downto 0)\n"
+                                    "        `-- element type: 0 sequential enumeration \"logic\"\n");
 }
 
 TEST(TypeTree, NamesTheTypeThatAnAccessTypeDesignates) {

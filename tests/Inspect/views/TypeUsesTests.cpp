@@ -41,15 +41,15 @@ TEST(TypeUses, TellsTheRoleOfEachReference) {
     types.access("ptr", string);
     types.add<CTFileType>("text", string);
     EXPECT_EQ(usesOf(types, string), "0 string \"string\" is used by:\n"
-                                     "  1 typedef \"alias\": aliased type\n"
-                                     "  2 VHDL array \"grid\": element\n"
+                                     "  1 typedef \"alias\": data type\n"
+                                     "  2 VHDL array \"grid\": element type\n"
                                      "  2 VHDL array \"grid\": index type of dimension 2\n"
-                                     "  3 associative array string [string]: element\n"
+                                     "  3 associative array string [string]: element type\n"
                                      "  3 associative array string [string]: index type\n"
                                      "  4 unpacked struct \"\\x1B\": member \"a\"\n"
                                      "  4 unpacked struct \"\\x1B\": member \"\\n\"\n"
-                                     "  5 access type \"ptr\": designated type\n"
-                                     "  6 file type \"text\": file element\n");
+                                     "  5 access type \"ptr\": referenced type\n"
+                                     "  6 file type \"text\": referenced type\n");
 }
 
 TEST(TypeUses, TellsWhoExtendsAClassAndWhoseBaseAnEnumerationHas) {
@@ -73,13 +73,14 @@ TEST(TypeUses, ListsAllOnceNearestFirstWithTheShortestWay) {
     const auto header = types.structure("hdr_t", {{"len", byte}});
     types.structure("pkt_t", {{"hdr", header}, {"ok", logic}});
     types.queue(4);
-    EXPECT_EQ(allUsesOf(types, logic),
-              "0 sequential enumeration \"logic\" is used by, directly and through others:\n"
-              "  1  1 packed array logic [7:0]: element 0\n"
-              "  1  4 unpacked struct \"pkt_t\": member \"ok\" 0\n"
-              "  2  2 typedef \"byte_t\": aliased type 1 > element 0\n"
-              "  2  5 queue pkt_t [$]: element 4 > member \"ok\" 0\n"
-              "  3  3 unpacked struct \"hdr_t\": member \"len\" 2 > aliased type 1 > element 0\n");
+    EXPECT_EQ(
+        allUsesOf(types, logic),
+        "0 sequential enumeration \"logic\" is used by, directly and through others:\n"
+        "  1  1 packed array logic [7:0]: element type 0\n"
+        "  1  4 unpacked struct \"pkt_t\": member \"ok\" 0\n"
+        "  2  2 typedef \"byte_t\": data type 1 > element type 0\n"
+        "  2  5 queue pkt_t [$]: element type 4 > member \"ok\" 0\n"
+        "  3  3 unpacked struct \"hdr_t\": member \"len\" 2 > data type 1 > element type 0\n");
 }
 
 TEST(TypeUses, LeavesTheTypeItselfOutOfAll) {
@@ -97,12 +98,14 @@ TEST(TypeUses, ShowsTheBeginningOfALongWay) {
     for (int i = 0; i < 9; ++i)
         last = types.queue(last);
     const std::string text = allUsesOf(types, 0);
-    const std::string eighth = "  8  8 queue string [$][$][$][$][$][$][$][$]: element 7 > element "
-                               "6 > element 5 > element 4 > "
-                               "element 3 > element 2 > element 1 > element 0\n";
-    const std::string ninth = "  9  9 queue type_1 [$][$][$][$][$][$][$][$]: element 8 > element 7 "
-                              "> element 6 > element 5 > "
-                              "element 4 > element 3 > element 2 > element 1 > ...\n";
+    const std::string eighth =
+        "  8  8 queue string [$][$][$][$][$][$][$][$]: element type 7 > "
+        "element type 6 > element type 5 > element type 4 > "
+        "element type 3 > element type 2 > element type 1 > element type 0\n";
+    const std::string ninth =
+        "  9  9 queue type_1 [$][$][$][$][$][$][$][$]: element type 8 > element type 7 "
+        "> element type 6 > element type 5 > "
+        "element type 4 > element type 3 > element type 2 > element type 1 > ...\n";
     ASSERT_GT(text.size(), eighth.size() + ninth.size());
     EXPECT_EQ(text.substr(text.size() - eighth.size() - ninth.size()), eighth + ninth);
 }

@@ -50,10 +50,17 @@ TEST(TypeText, KnowsNamesThatSomebodyGave) {
     EXPECT_FALSE(isGivenName(nullptr));
 }
 
+TEST(TypeText, FieldsHaveTheirNamesInWords) {
+    EXPECT_EQ(fieldWords("flavour"), "flavour");
+    EXPECT_EQ(fieldWords("dataType"), "data type");
+    EXPECT_EQ(fieldWords("svTypeId"), "SV type id");
+    EXPECT_EQ(fieldWords("refType"), "referenced type");
+}
+
 TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {
-    EXPECT_EQ(encodingText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
-    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(4)), "4");
-    EXPECT_EQ(encodingText(static_cast<ValueEncoding>(-1)), "-1");
+    EXPECT_EQ(namedText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
+    EXPECT_EQ(namedText(static_cast<ValueEncoding>(4)), "4");
+    EXPECT_EQ(namedText(static_cast<ValueEncoding>(-1)), "-1");
 }
 
 } // namespace
