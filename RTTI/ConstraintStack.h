@@ -56,6 +56,14 @@ public:
     /// The number of frames on the stack.
     std::size_t depth() const { return m_depth; }
 
+    /// Whether a level leaves this range to the levels below.
+    static bool isOpen(const Constraint& range) { return RTTI::isOpen(range); }
+
+    /// Whether a level with these ranges leaves any of them to the levels below.
+    static bool hasOpenEntries(const std::vector<Constraint>& ranges) {
+        return RTTI::hasOpenRanges(ranges);
+    }
+
     /// The next range, valid until the frame that it comes from is popped. All fields are zero if
     /// every level leaves the range open or has no entry left. Takes time proportional to the
     /// levels that have an entry left: a level without one is skipped from then on.
@@ -90,7 +98,7 @@ private:
 
 template <typename Constraint>
 inline void ConstraintStack<Constraint>::pushLasting(const std::vector<Constraint>& own) {
-    if (m_depth == m_room || (m_depth != 0 && hasOpenRanges(own)))
+    if (m_depth == m_room || (m_depth != 0 && hasOpenEntries(own)))
         pushFilled(own, false);
     else
         append(own, false);
