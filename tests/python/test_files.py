@@ -2,6 +2,7 @@
 
 import array
 import os
+import statistics
 import struct
 import threading
 import time
@@ -186,14 +187,15 @@ def turns_during(act):
         running.set()
         while not done.is_set():
             turns.append(time.perf_counter())
-            time.sleep(0.001)
+            time.sleep(0.0001)
 
     thread = threading.Thread(target=count)
     thread.start()
     running.wait()
     begin = time.perf_counter()
-    act()
+    kept = act()  # Others may run before what it gave is released.
     tenth = (time.perf_counter() - begin) / 10
+    del kept
     done.set()
     thread.join()
     return sum(begin + tenth < turn < begin + 9 * tenth for turn in turns)
@@ -206,7 +208,7 @@ def large():
 
 @pytest.mark.parametrize("call", [rtti.load, rtti.verify], ids=["load", "verify"])
 def test_other_threads_run_during_a_call(large, call):
-    assert any(turns_during(lambda: call(large)) for _ in range(50))
+    assert statistics.median(turns_during(lambda: call(large)) for _ in range(21)) >= 3
 
 
 def test_a_file_that_shrinks_while_it_is_open_does_no_harm(tmp_path):
