@@ -1,6 +1,7 @@
 #include "Import/GhdlScopes.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace Import {
@@ -102,19 +103,17 @@ std::vector<std::size_t> GhdlScopes::findWithLiteral(const std::string& literal,
                                                      std::size_t from) const {
     const Fits all = [](const ListedType&) { return true; };
     std::vector<std::size_t> found;
+    const auto addOf = [&](std::size_t scope) {
+        const std::vector<std::size_t>* const places =
+            placesOf(m_literals.ofScopes[scope], literal);
+        if (places != nullptr)
+            std::copy_if(places->rbegin(), places->rend(), std::back_inserter(found),
+                         [from](std::size_t type) { return type < from; });
+    };
     std::size_t scope = m_listing.types[from].scope;
-    while (true) {
-        if (const std::vector<std::size_t>* const places =
-                placesOf(m_literals.ofScopes[scope], literal)) {
-            for (auto at = places->rbegin(); at != places->rend(); ++at) {
-                if (*at < from)
-                    found.push_back(*at);
-            }
-        }
-        if (scope == 0)
-            break;
-        scope = m_listing.scopes[scope].parent;
-    }
+    for (; scope != 0; scope = m_listing.scopes[scope].parent)
+        addOf(scope);
+    addOf(scope);
     for (const std::size_t type : findInPackages(m_literals.ofPackages, literal, from, true, all)) {
         if (std::find(found.begin(), found.end(), type) == found.end())
             found.push_back(type);

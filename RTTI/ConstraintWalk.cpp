@@ -44,13 +44,13 @@ inline unsigned int classIdOf(const RTBaseType& type) {
 }
 
 /// A type that a walk goes through: what it adds to the stack, and what is below it.
-struct Passage {
+struct Level {
     const Ranges* ranges; ///< Null where nothing goes through.
     const RTBaseType* below;
     std::size_t dimensions;
 };
 
-Passage passageThrough(const RTBaseType& type) {
+Level levelOf(const RTBaseType& type) {
     switch (type.GetClassId()) {
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(type);
@@ -83,13 +83,13 @@ public:
         if (m_memberRanges != nullptr)
             m_stack.pushLasting(*std::exchange(m_memberRanges, nullptr));
         while (m_first != end) {
-            const Passage passage = passageThrough(*m_first);
-            if (passage.ranges == nullptr)
+            const Level level = levelOf(*m_first);
+            if (level.ranges == nullptr)
                 return; // A type that answers another class id than before.
-            m_stack.pushLasting(*passage.ranges);
-            for (std::size_t i = 0; i < passage.dimensions; ++i)
+            m_stack.pushLasting(*level.ranges);
+            for (std::size_t i = 0; i < level.dimensions; ++i)
                 m_stack.getConstraint();
-            m_first = passage.below;
+            m_first = level.below;
         }
     }
 
@@ -366,7 +366,7 @@ void ConstraintWalk::block(const Step& left) {
 
 void ConstraintWalk::unblockWith(const RTBaseType* part, const RTAggregateType& blocked) {
     while (part != nullptr && !isAggregate(part->GetClassId()))
-        part = passageThrough(*part).below;
+        part = levelOf(*part).below;
     if (part != nullptr)
         m_unblockedWith[static_cast<const RTAggregateType*>(part)].push_back(&blocked);
 }

@@ -124,17 +124,18 @@ std::vector<unsigned int> stablePartition(const std::vector<unsigned int>& block
 
     Blocks nodes(blockOf);
     Blocks bundles(labelsOf(edges));
+    const auto markIncoming = [&](unsigned int node) {
+        for (unsigned int i = incomingBegins[node]; i < incomingBegins[node + 1]; ++i)
+            bundles.mark(incoming[i]);
+    };
     unsigned int doneNodes = 0;
     for (unsigned int bundle = 0; bundle < bundles.count(); ++bundle) {
         for (unsigned int i = bundles.begin(bundle); i < bundles.end(bundle); ++i)
             nodes.mark(edges[bundles.element(i)].tail);
         nodes.splitByMarks();
         for (; doneNodes < nodes.count(); ++doneNodes) {
-            for (unsigned int i = nodes.begin(doneNodes); i < nodes.end(doneNodes); ++i) {
-                const unsigned int node = nodes.element(i);
-                for (unsigned int j = incomingBegins[node]; j < incomingBegins[node + 1]; ++j)
-                    bundles.mark(incoming[j]);
-            }
+            for (unsigned int i = nodes.begin(doneNodes); i < nodes.end(doneNodes); ++i)
+                markIncoming(nodes.element(i));
             bundles.splitByMarks();
         }
     }

@@ -78,7 +78,7 @@ void TypePairing::findPairs() {
     pairUnique(where(true, withContent));
     pairUnique(where(true, classAndName));
     pairUnique(where(true, nameAlone));
-    settle();
+    listLeftOver();
     pairInTurn();
     for (int i = 0; i < RENAMING_ROUNDS && pairRenamed(); ++i) {
     }
@@ -218,13 +218,12 @@ void TypePairing::followPlaces() {
         for (unsigned int link = 0; link < own; ++link)
             follow(a, link, b, link);
         const auto parts = alignLists(shapeA.partNames(), shapeB.partNames());
-        for (const auto* list : {&parts.kept, &parts.moved}) {
-            for (const ListAlignment::Match& match : *list) {
-                if (shapeA.parts[match.a].linksBegin < shapeA.linksEnd(match.a))
-                    follow(a, shapeA.parts[match.a].linksBegin, b,
-                           shapeB.parts[match.b].linksBegin);
-            }
-        }
+        const auto followPart = [&, a = a, b = b](const ListAlignment::Match& match) {
+            if (shapeA.parts[match.a].linksBegin < shapeA.linksEnd(match.a))
+                follow(a, shapeA.parts[match.a].linksBegin, b, shapeB.parts[match.b].linksBegin);
+        };
+        std::for_each(parts.kept.begin(), parts.kept.end(), followPart);
+        std::for_each(parts.moved.begin(), parts.moved.end(), followPart);
     }
     m_toFollow.clear();
 }
@@ -276,7 +275,7 @@ bool TypePairing::haveLikeParts(unsigned int a, unsigned int b) const {
 
 /// Says which are left over of the classes that have equals in the other file, but not enough: the
 /// last that were not paired yet.
-void TypePairing::settle() {
+void TypePairing::listLeftOver() {
     std::vector<unsigned int> open = m_excessA;
     for (std::size_t i = 0; i < open.size(); ++i)
         open[i] += m_excessB[i];

@@ -56,7 +56,7 @@ private:
     void pair(unsigned int a, unsigned int b, Place place);
     void followPlaces();
     void follow(unsigned int a, unsigned int linkA, unsigned int b, unsigned int linkB);
-    void settle();
+    void listLeftOver();
     void collect();
 
     bool isLeft(unsigned int node) const;

@@ -25,6 +25,11 @@ bool addDimensionsOf(const Part& part, std::vector<Dimension>& dimensions) {
     return true;
 }
 
+/// Whether the parts that come below are the members of a struct or a class.
+bool hasMembers(const Part& part) {
+    return part.hasParts && part.type != nullptr && isAggregate(part.type->GetClassId());
+}
+
 bool hasName(const RTBaseType* type) { return type != nullptr && isGivenName(type->m_name); }
 
 } // namespace
@@ -66,7 +71,7 @@ std::vector<Dimension> dimensionsOf(unsigned int id, const RTBaseType* type) {
         const Part& part = walk.part();
         if (part.type != nullptr)
             addDimensionsOf(part, dimensions);
-        if (!part.hasParts || isAggregate(part.type->GetClassId()))
+        if (!part.hasParts || hasMembers(part))
             break;
     }
     return dimensions;
@@ -98,7 +103,7 @@ void LeafWalk::meet(const Part& part) {
         m_encoded = part.type;
     if (part.type != nullptr)
         addDimensions(part);
-    if (part.hasParts && isAggregate(part.type->GetClassId()))
+    if (hasMembers(part))
         addDimensionsToPath();
     m_pathLengths.push_back(m_path.size());
 }

@@ -297,7 +297,7 @@ std::string ModuleWriter::annotation(const PackedElement& element) const {
     if (element.kind == PackedElement::Kind::ENUMERATION)
         text += " | int";
     for (std::size_t i = 0; i < element.dimensions.size(); ++i)
-        text = "dict[int, " + text + ']';
+        text = fmt::format("dict[int, {}]", text);
     return text;
 }
 

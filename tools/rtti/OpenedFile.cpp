@@ -1,6 +1,5 @@
 #include "OpenedFile.h"
 
-#include "Inspect/words/Counted.h"
 #include "RTTI/TypeFileFormat.h"
 #include "ReadProgress.h"
 #include "TypeFile/TypeFileVerifier.h"
@@ -10,7 +9,6 @@
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
-using Inspect::counted;
 
 std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long long offset) {
     Progress progress("verifying " + storage.path(), storage.size());
