@@ -57,7 +57,7 @@ std::string makeTree() {
         appendLine(
             text, "    1:2: TYPEDEF 0x%lx {c%uaj} @dt=0x%lx@(w8)  t%u -> STRUCTDTYPE 0x%lx {c%ual}",
             addressOf(number, 15), number, addressOf(number), number, addressOf(number), number);
-    appendLine(text, "    1: MODULE 0x7 {c1ai}  top  L2 [1ps]");
+    text += "    1: MODULE 0x7 {c1ai}  top  L2 [1ps]\n";
     // Most of a tree are statements and expressions.
     for (unsigned int number = 0; text.size() < TREE_BYTES; ++number)
         appendLine(text,
