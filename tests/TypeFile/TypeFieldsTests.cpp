@@ -33,7 +33,7 @@ public:
     explicit Describer(Words& words, std::string list = "") : m_words(words), m_list(list) {}
 
     template <typename Class> void describe() {
-        std::apply([this](const auto&... field) { (add(field.name, field.form), ...); },
+        std::apply([this](const auto&... field) { (this->add(field.name, field.form), ...); },
                    FIELDS<Class>);
     }
 
