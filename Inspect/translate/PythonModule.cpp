@@ -131,7 +131,8 @@ private:
     void writeUnion(const std::string& name, unsigned int id, std::uint64_t width,
                     const std::vector<PythonMember>& members);
     void writeProperty(const PythonMember& member);
-    void writeHead(unsigned int id, std::uint64_t width, const std::vector<PythonMember>& members);
+    void beginDataclass(const std::string& name, unsigned int id, std::uint64_t width,
+                        const std::vector<PythonMember>& members);
     std::vector<PythonMember> membersOf(const RTRecordType& record, std::uint64_t width) const;
 
     std::string annotation(const PackedElement& element) const;
@@ -213,8 +214,12 @@ std::vector<PythonMember> ModuleWriter::membersOf(const RTRecordType& record,
     return members;
 }
 
-void ModuleWriter::writeHead(unsigned int id, std::uint64_t width,
-                             const std::vector<PythonMember>& members) {
+void ModuleWriter::beginDataclass(const std::string& name, unsigned int id, std::uint64_t width,
+                                  const std::vector<PythonMember>& members) {
+    beginClass();
+    line("@dataclass");
+    line("class {}:", name);
+    ++m_depth;
     line("\"\"\"{}, {}.\"\"\"", m_names.original(id), counted(width, "bit"));
     m_out << '\n';
     line("WIDTH: ClassVar[int] = {}", width);
@@ -228,11 +233,7 @@ void ModuleWriter::writeHead(unsigned int id, std::uint64_t width,
 
 void ModuleWriter::writeStruct(const std::string& name, unsigned int id, std::uint64_t width,
                                const std::vector<PythonMember>& members) {
-    beginClass();
-    line("@dataclass");
-    line("class {}:", name);
-    ++m_depth;
-    writeHead(id, width, members);
+    beginDataclass(name, id, width, members);
     for (const PythonMember& member : members)
         line("{}: {} = {}", member.name, annotation(member.element),
              isVector(member)
@@ -258,11 +259,7 @@ void ModuleWriter::writeStruct(const std::string& name, unsigned int id, std::ui
 
 void ModuleWriter::writeUnion(const std::string& name, unsigned int id, std::uint64_t width,
                               const std::vector<PythonMember>& members) {
-    beginClass();
-    line("@dataclass");
-    line("class {}:", name);
-    ++m_depth;
-    writeHead(id, width, members);
+    beginDataclass(name, id, width, members);
     line("_bits: int = 0");
     m_out << '\n';
     line("@classmethod");
