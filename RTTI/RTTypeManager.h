@@ -13,6 +13,12 @@ namespace RTTI {
 
 class TypeDeserializer;
 
+/// A record that leads back to itself while it is being read is read again. This is how many
+/// readings of one record may be in progress at once; a further reference to it becomes null.
+/// Without a limit, a chain of records whose members lead back to its beginning would be read once
+/// for each of them.
+inline constexpr unsigned int REOPEN_LIMIT = 16;
+
 /// The types of one design: reads a type file from block storage and owns every type that it reads.
 ///
 /// Construct a manager, call `setupDeserializer`, then ask for types. They are valid until the
@@ -25,8 +31,7 @@ class TypeDeserializer;
 /// Types are read depth first: at each reference, the type referred to is read completely before
 /// reading continues. However deeply types nest, a stack of 1 MiB is enough, and no reference is
 /// dropped because of depth. A record that leads back to itself while it is being read is read
-/// again; at most 16 readings of a record (`TypeFileFormat::REOPEN_LIMIT`) are in progress at once,
-/// and a further reference to it becomes null. No file of a real design comes close to that limit.
+/// again, up to `REOPEN_LIMIT`. No file of a real design comes close to that limit.
 class RTTI_EXPORT RTTypeManager {
 public:
     /// A manager without types, which answers every call as for an empty file.

@@ -3,6 +3,7 @@
 #include "OVAT/IBlockManager.h"
 #include "RTTI/LittleEndian.h"
 #include "RTTI/RTType.h"
+#include "RTTI/RTTypeManager.h"
 #include "RTTI/RecordBuffers.h"
 #include "RTTI/TypeFileFormat.h"
 
@@ -237,8 +238,7 @@ inline bool TypeDeserializer::canBeOpened(unsigned int typeId) const {
     if (opening == 0) [[likely]]
         return true;
     const OpenRecord& open = m_open[opening - 1];
-    return open.filledBefore != m_filledSlots.size() &&
-           open.timesOpen < TypeFileFormat::REOPEN_LIMIT;
+    return open.filledBefore != m_filledSlots.size() && open.timesOpen < REOPEN_LIMIT;
 }
 
 /// Whether it is known what a reference leads to, which `link` then says; if not, the innermost

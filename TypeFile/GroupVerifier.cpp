@@ -1,6 +1,6 @@
 #include "TypeFile/GroupVerifier.h"
 
-#include "RTTI/TypeFileFormat.h"
+#include "RTTI/RTTypeManager.h"
 
 #include <algorithm>
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace TypeFile {
 
-using RTTI::TypeFileFormat::REOPEN_LIMIT;
+using RTTI::REOPEN_LIMIT;
 
 void GroupVerifier::verify() {
     m_depths.assign(m_types.deferred.size(), NEW);

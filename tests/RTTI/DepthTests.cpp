@@ -23,7 +23,6 @@ namespace {
 using namespace RTTI;
 using namespace RTTITest;
 using TypeFileFormat::NO_TYPE_ID;
-using TypeFileFormat::REOPEN_LIMIT;
 
 constexpr unsigned int CLASS = 0xA0000017;
 constexpr unsigned int QUEUE = 0xA0000014;
