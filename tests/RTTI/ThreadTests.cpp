@@ -1,11 +1,9 @@
 // What threads may do at the same time, as ThreadSanitizer sees it.
 
 #include "OVAT/FileBlockManager.h"
-#include "RTTI/ConstraintPopulation.h"
-#include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
-#include "RTTI/RTTypeVisitor.h"
+#include "tests/support/LastingAnswers.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +18,9 @@
 namespace {
 
 using namespace RTTI;
+using RTTITest::Answers;
+using RTTITest::encodings;
+using RTTITest::lastingAnswers;
 
 constexpr unsigned int threadCount = 4;
 
@@ -51,50 +52,11 @@ private:
     RTTypeManager m_manager;
 };
 
-using Answers = std::vector<std::size_t>;
-
-/// The answers that are the same however often they are asked for.
-Answers lastingAnswers(const RTBaseType& type) {
-    Answers answers{type.GetClassId(), type.getValueSize(),
-                    static_cast<std::size_t>(type.getSVTypeId()), type.getSelf(false) != nullptr};
-    RTTypeDefaultVisitor visitor;
-    answers.push_back(type.accept(visitor));
-    const PopulatedConstraints some = populateTypeConstraints(type, 100);
-    answers.push_back(some.ranges.size());
-    if (some.isComplete) {
-        Brakel_tolv::ConstraintStack<FullConstraints> stack;
-        std::vector<FullConstraints> ranges;
-        type.populateTypeConstraints(stack, ranges);
-        answers.push_back(ranges.size());
-    }
-    if (const auto* array = dynamic_cast<const RTAbstractArrayType*>(&type)) {
-        answers.push_back(array->getTotalNumDimensions(true));
-        answers.push_back(array->getIndexTypeId());
-    }
-    return answers;
-}
-
-Answers encodings(Design& design) {
-    Answers answers;
-    for (unsigned int id = 0; const RTBaseType* type = design.manager().getRTType(id); ++id)
-        answers.push_back(static_cast<std::size_t>(type->getValueEncoding()));
-    return answers;
-}
-
-Answers lastingAnswers(Design& design) {
-    Answers answers;
-    for (unsigned int id = 0; const RTBaseType* type = design.manager().getRTType(id); ++id) {
-        const Answers more = lastingAnswers(*type);
-        answers.insert(answers.end(), more.begin(), more.end());
-    }
-    return answers;
-}
-
 TEST(Threads, LoadAskAndDestroyAManagerEach) {
     auto alone = std::make_unique<Design>();
     alone->load();
-    const Answers expected = encodings(*alone);
-    const Answers expectedLasting = lastingAnswers(*alone);
+    const Answers expected = encodings(alone->manager());
+    const Answers expectedLasting = lastingAnswers(alone->manager());
     ASSERT_GT(expected.size(), 1000U);
     RTTypeManager::m_instance = &alone->manager(); // Which the first destructor clears.
     std::vector<Answers> answers(threadCount);
@@ -102,8 +64,8 @@ TEST(Threads, LoadAskAndDestroyAManagerEach) {
     inThreads([&](unsigned int number) {
         const auto design = std::make_unique<Design>();
         design->load();
-        answers[number] = encodings(*design);
-        lasting[number] = lastingAnswers(*design);
+        answers[number] = encodings(design->manager());
+        lasting[number] = lastingAnswers(design->manager());
     });
     EXPECT_EQ(RTTypeManager::m_instance, nullptr);
     for (unsigned int number = 0; number < threadCount; ++number) {
@@ -115,11 +77,11 @@ TEST(Threads, LoadAskAndDestroyAManagerEach) {
 TEST(Threads, AskTheTypesOfOneManager) {
     Design design;
     design.load();
-    const Answers expected = lastingAnswers(design);
+    const Answers expected = lastingAnswers(design.manager());
     std::vector<Answers> answers(threadCount);
     inThreads([&](unsigned int number) {
-        encodings(design);
-        answers[number] = lastingAnswers(design);
+        encodings(design.manager());
+        answers[number] = lastingAnswers(design.manager());
     });
     for (const Answers& given : answers)
         EXPECT_EQ(given, expected);
