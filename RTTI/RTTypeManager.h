@@ -2,6 +2,7 @@
 
 #include "OVAT/IBlockManager.h"
 #include "RTTI/Export.h"
+#include "RTTI/LoadLimits.h"
 #include "RTTI/RTBaseType.h"
 #include "RTTI/TypeFileFormat.h"
 
@@ -12,12 +13,6 @@
 namespace RTTI {
 
 class TypeDeserializer;
-
-/// A record that leads back to itself while it is being read is read again. This is how many
-/// readings of one record may be in progress at once; a further reference to it becomes null.
-/// Without a limit, a chain of records whose members lead back to its beginning would be read once
-/// for each of them.
-inline constexpr unsigned int REOPEN_LIMIT = 16;
 
 /// The types of one design: reads a type file from block storage and owns every type that it reads.
 ///

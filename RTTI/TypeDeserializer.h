@@ -2,8 +2,8 @@
 
 #include "OVAT/IBlockManager.h"
 #include "RTTI/LittleEndian.h"
+#include "RTTI/LoadLimits.h"
 #include "RTTI/RTType.h"
-#include "RTTI/RTTypeManager.h"
 #include "RTTI/RecordBuffers.h"
 #include "RTTI/TypeFileFormat.h"
 

@@ -1,6 +1,6 @@
 #include "TypeFile/GroupVerifier.h"
 
-#include "RTTI/RTTypeManager.h"
+#include "RTTI/LoadLimits.h"
 
 #include <algorithm>
 #include <string>
