@@ -12,7 +12,17 @@ JsonLines::JsonLines(std::ostream& out, JsonForm form, const Json& properties,
 }
 
 void JsonLines::add(const Json& object) {
-    m_out << (m_form == JsonForm::DOCUMENT && !m_isFirst ? ",\n" : "\n") << lineText(object);
+    begin().value(object);
+    put();
+}
+
+JsonText& JsonLines::begin() {
+    m_text.clear();
+    return m_text;
+}
+
+void JsonLines::put() {
+    m_out << (m_form == JsonForm::DOCUMENT && !m_isFirst ? ",\n" : "\n") << m_text.view();
     m_isFirst = false;
 }
 

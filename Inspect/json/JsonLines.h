@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Inspect/json/JsonForm.h"
+#include "Inspect/json/JsonText.h"
 #include "Inspect/json/JsonValues.h"
 
 #include <ostream>
@@ -17,12 +18,18 @@ public:
 
     void add(const Json& object);
 
+    /// The same for an object that is put together as text: `begin` gives an empty one, `put`
+    /// writes what has been made of it.
+    JsonText& begin();
+    void put();
+
     /// Closes the document. Called once, last.
     void end();
 
 private:
     std::ostream& m_out;
     JsonForm m_form;
+    JsonText m_text;
     bool m_isFirst = true;
 };
 

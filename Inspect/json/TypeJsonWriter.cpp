@@ -1,11 +1,11 @@
 #include "Inspect/json/TypeJsonWriter.h"
 
 #include "Inspect/json/JsonLines.h"
+#include "Inspect/json/JsonText.h"
 #include "TypeFile/TypeFields.h"
 
-#include <string>
+#include <concepts>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace Inspect {
@@ -17,66 +17,82 @@ using TypeFile::forEachField;
 
 namespace {
 
-template <typename Value>
-concept Number = std::is_arithmetic_v<Value>;
-
-/// Sets the fields of an object under their names, in the order of its record.
-class FieldSetter {
+/// Writes the fields of an object under their names, in the order of its record.
+class FieldText {
 public:
-    explicit FieldSetter(Json& json, std::size_t valueSize = 0)
-        : m_json(json), m_valueSize(valueSize) {}
+    explicit FieldText(JsonText& text, std::size_t valueSize = 0)
+        : m_text(text), m_valueSize(valueSize) {}
 
     template <typename Value, typename FieldForm>
     void operator()(const char* name, const Value& value, const FieldForm& form) {
-        m_json[name] = valueOf(value, form);
+        m_text.key(name);
+        write(value, form);
     }
 
     void operator()(const char* name, unsigned int size, Form::ValueSize) {
-        m_json[name] = size;
+        m_text.key(name);
+        m_text.number(size);
         m_valueSize = size;
     }
 
 private:
-    template <Number Value, typename FieldForm> Json valueOf(Value value, const FieldForm&) const {
-        return value;
+    /// The whole numbers, whatever they stand for.
+    template <std::integral Number, typename FieldForm>
+    void write(Number value, const FieldForm&) const {
+        m_text.number(value);
     }
-    template <typename Text> Json valueOf(const Text& name, Form::Name) const {
-        return nameToJson(name);
+    template <typename Text> void write(const Text& name, Form::Name) const { m_text.name(name); }
+    template <typename Enum> void write(Enum value, Form::Named) const {
+        const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
+        if (name != nullptr)
+            m_text.name(name);
+        else
+            m_text.number(static_cast<std::underlying_type_t<Enum>>(value));
     }
-    template <typename Enum> Json valueOf(Enum value, Form::Named) const {
-        return namedToJson(value);
+    void write(double value, Form::Real) const { m_text.value(realToJson(value)); }
+    void write(bool value, Form::Boolean) const { m_text.boolean(value); }
+    void write(const FullConstraints& range, Form::Range) const { object(range); }
+    void write(const std::vector<FullConstraints>& ranges, Form::Ranges) const {
+        m_text.openList();
+        for (const FullConstraints& range : ranges)
+            object(range);
+        m_text.closeList();
     }
-    Json valueOf(double value, Form::Real) const { return realToJson(value); }
-    Json valueOf(const FullConstraints& range, Form::Range) const { return rangeToJson(range); }
-    Json valueOf(const std::vector<FullConstraints>& ranges, Form::Ranges) const {
-        return rangesToJson(ranges);
-    }
-    Json valueOf(char* bytes, Form::Value) const { return hexOf({bytes, m_valueSize}); }
+    void write(const char* bytes, Form::Value) const { m_text.name(hexOf({bytes, m_valueSize})); }
 
-    template <typename Link> Json valueOf(unsigned int id, const Form::TypeId<Link>& form) const {
-        return form.mayBeNone && id == TypeFileFormat::NO_TYPE_ID ? Json() : Json(id);
+    template <typename Link> void write(unsigned int id, const Form::TypeId<Link>& form) const {
+        if (form.mayBeNone && id == TypeFileFormat::NO_TYPE_ID)
+            m_text.null();
+        else
+            m_text.number(id);
     }
 
     template <typename List, typename Item>
-    Json valueOf(const List& list, const Form::Items<Item>& form) const {
-        Json items = Json::array();
+    void write(const List& list, const Form::Items<Item>& form) const {
+        m_text.openList();
         for (const auto& item : list)
-            items.push_back(valueOf(item, form.item));
-        return items;
+            write(item, form.item);
+        m_text.closeList();
     }
 
     template <typename List, typename Entry>
-    Json valueOf(const List& list, const Form::Entries<Entry>& form) const {
-        Json entries = Json::array();
+    void write(const List& list, const Form::Entries<Entry>& form) const {
+        m_text.openList();
         for (std::size_t i = 0; i < list.size(); ++i) {
-            Json entry = Json::object();
-            forEachField(form, list, i, FieldSetter(entry, m_valueSize));
-            entries.push_back(std::move(entry));
+            m_text.openObject();
+            forEachField(form, list, i, FieldText(m_text, m_valueSize));
+            m_text.closeObject();
         }
-        return entries;
+        m_text.closeList();
     }
 
-    Json& m_json;
+    template <typename Object> void object(const Object& object) const {
+        m_text.openObject();
+        forEachField(object, FieldText(m_text));
+        m_text.closeObject();
+    }
+
+    JsonText& m_text;
     std::size_t m_valueSize; ///< Of the type's literals.
 };
 
@@ -95,12 +111,21 @@ TypeJsonWriter::TypeJsonWriter(std::ostream& out, JsonForm form, std::string_vie
 TypeJsonWriter::~TypeJsonWriter() = default;
 
 void TypeJsonWriter::type(unsigned int id, const RTBaseType& type) {
+    JsonText& text = m_lines->begin();
+    text.openObject();
+    text.key(Field::ID);
+    text.number(id);
+    text.key(Field::KIND);
     const char* kind = jsonKindOf(type.GetClassId());
-    Json json{{Field::ID, id}, {Field::KIND, kind != nullptr ? Json(kind) : Json()}};
-    FieldSetter fields(json);
+    if (kind != nullptr)
+        text.name(kind);
+    else
+        text.null();
+    FieldText fields(text);
     forEachField(type, fields);
     TypeFile::asItsClass(type, [&](const auto& object) { forEachField(object, fields); });
-    m_lines->add(json);
+    text.closeObject();
+    m_lines->put();
 }
 
 void TypeJsonWriter::noType(unsigned int id, unsigned int kindCode) {

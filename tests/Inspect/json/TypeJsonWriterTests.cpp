@@ -5,6 +5,7 @@
 #include "TypeFile/TypeBuilding.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdint>
 #include <cstring>
@@ -77,6 +78,37 @@ TEST(TypeJsonWriter, WritesAsciiAlone) {
     EXPECT_EQ(lineOf(Named<RTStringType>("caf\xC3\xA9 \"\x1B\\")),
               "\n{\"id\":7,\"kind\":\"string\",\"name\":\"caf\\u00e9 \\\"\\u001b\\\\\","
               "\"flags\":0}");
+}
+
+TEST(TypeJsonWriter, EscapesTheCharactersThatJsonTextMustNotHave) {
+    for (char c = 1; c > 0; c = static_cast<char>(c + 1)) {
+        const bool isEscaped = c < ' ' || c == '"' || c == '\\' || c == '\x7F';
+        const std::string line = lineOf(Named<RTStringType>((std::string("a") + c).c_str()));
+        EXPECT_EQ(line.find(std::string("\"a") + c + '"') == std::string::npos, isEscaped) << line;
+        EXPECT_EQ(nlohmann::json::parse(line)["name"], std::string("a") + c) << line;
+        if (c == '\x7F')
+            break;
+    }
+}
+
+TEST(TypeJsonWriter, WritesTheNumbersAtTheEndsOfTheirRanges) {
+    Named<RTPhysicalType> type("p");
+    type.m_flags = 0xFFFFFFFF;
+    TypeFile::addUnit(type, "low", std::numeric_limits<long long>::min());
+    TypeFile::addUnit(type, "high", std::numeric_limits<long long>::max());
+    EXPECT_EQ(lineOf(type), "\n{\"id\":7,\"kind\":\"physical\",\"name\":\"p\",\"flags\":4294967295,"
+                            "\"units\":[{\"name\":\"low\",\"value\":-9223372036854775808},"
+                            "{\"name\":\"high\",\"value\":9223372036854775807}]}");
+    Named<RTIntType> integer("i");
+    integer.m_constraint = {std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), -1};
+    EXPECT_NE(lineOf(integer).find("{\"si\":-2147483648,\"ei\":2147483647,\"dir\":-1}"),
+              std::string::npos);
+}
+
+TEST(TypeJsonWriter, WritesAMemberThatIsNotThereWithoutFields) {
+    Named<RTRecordType> type("r");
+    type.m_members = {nullptr, nullptr};
+    EXPECT_NE(lineOf(type).find("\"members\":[{},{}],"), std::string::npos) << lineOf(type);
 }
 
 TEST(TypeJsonWriter, WritesNamesThatAreNoUtf8InHexadecimal) {
