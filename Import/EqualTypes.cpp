@@ -1,61 +1,97 @@
 #include "Import/EqualTypes.h"
 
-#include "Import/TypeIds.h"
+#include "TypeFile/KeyNumbers.h"
 #include "TypeFile/RecordEncoder.h"
 #include "TypeFile/StablePartition.h"
 
-#include <memory_resource>
 #include <string>
-#include <unordered_map>
-#include <utility>
+#include <string_view>
 
 namespace Import {
+
+using RTTI::RTBaseType;
 
 namespace {
 
 constexpr unsigned int NONE = RTTI::TypeFileFormat::NO_TYPE_ID;
 
-/// Tells types apart by all that their records hold but the ids of other types.
-class Contents {
-public:
-    explicit Contents(std::size_t count) { m_numbers.reserve(count); }
+using Numbers = std::vector<unsigned int>;
+using Types = std::vector<std::unique_ptr<RTBaseType>>;
 
-    /// The number of the type's content; the ids in the type are appended to `ids`.
-    unsigned int numberOf(RTTI::RTBaseType& type, std::vector<unsigned int>& ids) {
-        const std::size_t begin = ids.size();
-        forEachTypeId(type, [&](unsigned int& id) { ids.push_back(std::exchange(id, 0)); });
+/// For each type the number of its class and name.
+Numbers nameNumbers(const Types& types) {
+    TypeFile::KeyNumbers keys(types.size());
+    Numbers numbers;
+    numbers.reserve(types.size());
+    std::string key;
+    for (const auto& type : types) {
+        key.assign(1, static_cast<char>(type->GetClassId()));
+        if (type->m_name != nullptr)
+            key += type->m_name;
+        numbers.push_back(keys.of(key));
+    }
+    return numbers;
+}
+
+/// Numbers types by all that their records hold but the ids of other types.
+class ContentNumbers {
+public:
+    explicit ContentNumbers(std::size_t count) : m_keys(count) {}
+
+    unsigned int of(RTBaseType& type) {
+        m_ids.clear();
+        forEachTypeId(type, [this](unsigned int& id) { m_ids.push_back(std::exchange(id, 0)); });
         m_bytes.clear();
         m_encoder.encode(0, type);
-        std::size_t next = begin;
-        forEachTypeId(type, [&](unsigned int& id) { id = ids[next++]; });
-        const auto count = static_cast<unsigned int>(m_numbers.size());
-        m_content.assign(m_bytes.data(), m_bytes.size());
-        return m_numbers.try_emplace(m_content, count).first->second;
+        auto next = m_ids.begin();
+        forEachTypeId(type, [&](unsigned int& id) { id = *next++; });
+        return m_keys.of({m_bytes.data(), m_bytes.size()});
     }
 
 private:
+    TypeFile::KeyNumbers m_keys;
+    Numbers m_ids;
     std::vector<char> m_bytes;
-    std::pmr::string m_content;
     TypeFile::RecordEncoder m_encoder{m_bytes};
-    std::pmr::monotonic_buffer_resource m_memory; // Entries are many, and released all at once.
-    std::pmr::unordered_map<std::pmr::string, unsigned int> m_numbers{&m_memory};
 };
+
+/// For each type a block of those that have the same content. A name that no other type of its
+/// class has is enough to tell; most types have one.
+Numbers contentBlocks(const Types& types) {
+    const Numbers names = nameNumbers(types);
+    Numbers users(types.size(), 0);
+    for (const unsigned int name : names)
+        ++users[name];
+    Numbers blockOfContent;
+    ContentNumbers contents(0);
+    Numbers blocks;
+    blocks.reserve(types.size());
+    unsigned int next = 0;
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        if (users[names[i]] == 1) {
+            blocks.push_back(next++);
+            continue;
+        }
+        const unsigned int content = contents.of(*types[i]);
+        if (content == blockOfContent.size())
+            blockOfContent.push_back(next++);
+        blocks.push_back(blockOfContent[content]);
+    }
+    return blocks;
+}
 
 } // namespace
 
-std::vector<unsigned int> firstEqualTypes(const std::vector<RTTI::RTBaseType*>& types) {
-    Contents contents(types.size());
-    std::vector<unsigned int> blocks(types.size());
+std::vector<unsigned int> firstEqualTypes(const Types& types, const References& references) {
+    const Numbers blocks = contentBlocks(types);
     std::vector<TypeFile::LabelledEdge> edges;
-    std::vector<unsigned int> ids;
     for (unsigned int type = 0; type < types.size(); ++type) {
-        ids.clear();
-        blocks[type] = contents.numberOf(*types[type], ids);
+        const std::span<const unsigned int> ids = references.of(type);
         for (unsigned int i = 0; i < ids.size(); ++i)
             edges.push_back({type, i, ids[i]});
     }
-    std::vector<unsigned int> classes = TypeFile::stablePartition(blocks, edges);
-    std::vector<unsigned int> first(types.size(), NONE);
+    Numbers classes = TypeFile::stablePartition(blocks, edges);
+    Numbers first(types.size(), NONE);
     for (unsigned int type = 0; type < types.size(); ++type) {
         unsigned int& firstOfClass = first[classes[type]];
         if (firstOfClass == NONE)

@@ -247,13 +247,12 @@ private:
         case GhwKind::RECORD: readParts(type, true, false); break;
         case GhwKind::SCALAR_SUBTYPE:
             type.base = typeNumber();
-            type.ranges.push_back(readRange());
+            readRanges(type, 1);
             break;
         case GhwKind::ARRAY_SUBTYPE:
         case GhwKind::RECORD_SUBTYPE:
             type.base = typeNumber();
-            for (std::uint64_t i = m_open[type.base].inBase; i > 0; --i)
-                type.ranges.push_back(readRange());
+            readRanges(type, m_open[type.base].inBase);
             break;
         case GhwKind::OPEN_ARRAY_SUBTYPE:
         case GhwKind::OPEN_RECORD_SUBTYPE: type.base = typeNumber(); break;
@@ -267,21 +266,32 @@ private:
 
     /// Literals, units or members.
     void readParts(GhwType& type, bool areMembers, bool areUnits) {
-        for (std::uint32_t count = m_bytes.number(); count > 0; --count) {
+        type.parts.begin = m_file.parts.size();
+        type.parts.count = m_bytes.number();
+        for (std::uint32_t i = 0; i < type.parts.count; ++i) {
             GhwPart part;
             part.name = stringNumber();
             if (areMembers)
                 part.type = typeNumber();
             if (areUnits)
                 part.value = m_bytes.signedNumber();
-            type.parts.push_back(part);
+            m_file.parts.push_back(part);
         }
     }
 
     void readArray(GhwType& type) {
         type.base = typeNumber();
-        for (std::uint32_t count = m_bytes.number(); count > 0; --count)
-            type.indexes.push_back(typeNumber());
+        type.indexes.begin = m_file.indexes.size();
+        type.indexes.count = m_bytes.number();
+        for (std::uint32_t i = 0; i < type.indexes.count; ++i)
+            m_file.indexes.push_back(typeNumber());
+    }
+
+    void readRanges(GhwType& type, std::uint64_t count) {
+        type.ranges.begin = m_file.ranges.size();
+        type.ranges.count = static_cast<std::uint32_t>(count);
+        for (std::uint64_t i = 0; i < count; ++i)
+            m_file.ranges.push_back(readRange());
     }
 
     GhwRange readRange() {
@@ -329,10 +339,10 @@ private:
         std::uint64_t count = 0;
         switch (type.kind) {
         case GhwKind::ARRAY:
-            count = type.indexes.size() + m_open[type.base].now;
+            count = type.indexes.count + m_open[type.base].now;
             return {count, count};
         case GhwKind::RECORD:
-            for (const GhwPart& member : type.parts)
+            for (const GhwPart& member : m_file.partsOf(type))
                 count += m_open[member.type].now;
             return {count, count};
         case GhwKind::ARRAY_SUBTYPE:

@@ -3,6 +3,7 @@
 #include "Import/Input.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -45,24 +46,47 @@ struct GhwPart {
     std::int64_t value = 0; ///< Of a unit: in primary units.
 };
 
+/// Some of the elements of a vector.
+struct Slice {
+    std::size_t begin = 0;
+    std::uint32_t count = 0;
+};
+
 /// A type as the file has it. Numbers of types and of strings count from 1; 0 is none.
 struct GhwType {
     GhwKind kind = GhwKind::INTEGER;
     std::uint64_t offset = 0; ///< Where the file describes it.
     std::uint32_t name = 0;   ///< 0 where the source gives it none.
     std::uint32_t base = 0;   ///< Of a subtype; of an array its element.
-    std::vector<GhwPart> parts;
-    std::vector<std::uint32_t> indexes; ///< Of an array.
-
-    /// Of a subtype. Those of a composite one are what its base leaves open: own dimensions, then
-    /// those of the element; of a record those of its members, one after the other.
-    std::vector<GhwRange> ranges;
+    Slice parts, indexes, ranges;
 };
 
 /// The types of a wave file of GHDL. A type refers only to types in front of it.
 struct GhwFile {
     std::vector<std::string> strings; ///< Latin-1; the first is empty and stands for no name.
     std::vector<GhwType> types;       ///< The first is none.
+
+    std::span<const GhwPart> partsOf(const GhwType& type) const {
+        return std::span(parts).subspan(type.parts.begin, type.parts.count);
+    }
+
+    /// The types of an array's indexes.
+    std::span<const std::uint32_t> indexesOf(const GhwType& type) const {
+        return std::span(indexes).subspan(type.indexes.begin, type.indexes.count);
+    }
+
+    /// Those of a subtype. A composite one has those that its base leaves open: own dimensions,
+    /// then those of the element; of a record those of its members, one after the other.
+    std::span<const GhwRange> rangesOf(const GhwType& type) const {
+        return std::span(ranges).subspan(type.ranges.begin, type.ranges.count);
+    }
+
+    /// Of all types, one after the other.
+    /// @{
+    std::vector<GhwPart> parts;
+    std::vector<std::uint32_t> indexes;
+    std::vector<GhwRange> ranges;
+    /// @}
 };
 
 /// Reads the types, and passes over the rest to see that it is there. Takes time by the size of the

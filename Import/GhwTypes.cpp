@@ -99,12 +99,13 @@ private:
     }
 
     void addParts(const GhwType& type, VhdlType& result) const {
-        for (const GhwPart& part : type.parts)
+        result.parts.reserve(type.parts.count);
+        for (const GhwPart& part : m_file.partsOf(type))
             result.parts.push_back({m_file.strings[part.name], part.value, {}});
     }
 
     std::uint32_t enumeration(const GhwType& type) {
-        if (type.parts.empty())
+        if (type.parts.count == 0)
             fail(type, "an enumeration without literals");
         VhdlType result = begin(type, VhdlKind::ENUMERATION);
         addParts(type, result);
@@ -123,7 +124,7 @@ private:
     /// Takes the range of a scalar subtype.
     void setRange(const GhwType& subtype, VhdlType& result) const {
         const GhwType& base = m_file.types[subtype.base];
-        const GhwRange& range = subtype.ranges.front();
+        const GhwRange& range = m_file.rangesOf(subtype).front();
         if (range.isReal != (base.kind == GhwKind::REAL))
             fail(subtype, "the range of a subtype is not of its base's kind");
         if (range.isReal)
@@ -131,7 +132,7 @@ private:
         else
             result.range = {false, range.isDownto, range.left, range.right};
         if (isEnumeration(base.kind) &&
-            std::max(range.left, range.right) >= static_cast<std::int64_t>(base.parts.size()))
+            std::max(range.left, range.right) >= static_cast<std::int64_t>(base.parts.count))
             fail(subtype, "the range of a subtype has more literals than its base");
     }
 
@@ -155,15 +156,15 @@ private:
         VhdlType result = begin(type, VhdlKind::ARRAY);
         const Made& element = m_made[type.base];
         result.of = element.use;
-        result.of.ranges.insert(result.of.ranges.begin(), type.indexes.size(), VhdlRange());
-        for (const std::uint32_t index : type.indexes) {
+        result.of.ranges.insert(result.of.ranges.begin(), type.indexes.count, VhdlRange());
+        for (const std::uint32_t index : m_file.indexesOf(type)) {
             const GhwKind kind = m_file.types[index].kind;
             if (kind != GhwKind::SCALAR_SUBTYPE && !isNumber(kind) && !isEnumeration(kind))
                 fail(type, "an index of an array is not of a scalar type");
             result.indexes.push_back(m_made[index].type);
         }
         Made made;
-        made.open = type.indexes.size() + element.open;
+        made.open = type.indexes.count + element.open;
         made.levels = 1 + element.levels;
         made.type = m_types.intern(std::move(result));
         return made;
@@ -172,7 +173,8 @@ private:
     Made makeRecord(const GhwType& type) {
         VhdlType result = begin(type, VhdlKind::RECORD);
         Made made;
-        for (const GhwPart& part : type.parts) {
+        result.parts.reserve(type.parts.count);
+        for (const GhwPart& part : m_file.partsOf(type)) {
             const Made& member = m_made[part.type];
             result.parts.push_back({m_file.strings[part.name], 0, member.use});
             made.open += member.open;
@@ -194,7 +196,7 @@ private:
 
     std::vector<VhdlRange> rangesOf(const GhwType& subtype) const {
         std::vector<VhdlRange> ranges;
-        for (const GhwRange& range : subtype.ranges) {
+        for (const GhwRange& range : m_file.rangesOf(subtype)) {
             if (range.isReal)
                 fail(subtype, "a dimension of an array has a range of reals");
             ranges.push_back({false, range.isDownto, range.left, range.right});

@@ -193,7 +193,7 @@ unsigned int TreeTypes::idOf(TreeAddress address, unsigned long long line) {
             note(type.line, "the sign of this " + type.word + " is not kept");
         id = predefined(type.word);
     } else {
-        id = m_types.reserve("the node " + type.word);
+        id = m_types.reserve();
         m_pending.push_back(address);
     }
     m_ids.emplace(address, id);
@@ -207,7 +207,7 @@ unsigned int TreeTypes::idOfClass(TreeAddress address, unsigned long long line) 
                                                    "that this node refers to is not there");
     const auto [id, isNew] = m_ids.try_emplace(address, 0);
     if (isNew) {
-        id->second = m_types.reserve("class " + found->second.name);
+        id->second = m_types.reserve();
         m_pending.push_back(address);
     }
     return id->second;
@@ -223,6 +223,8 @@ void TreeTypes::make(TreeAddress address) {
     const TreeType& type = m_contents.types.at(address);
     if (Made made = makeType(address, type))
         m_types.fill(id, std::move(made), m_input.linePlace(type.line));
+    else
+        m_types.leaveOut(id, "the node " + type.word);
 }
 
 TreeTypes::Made TreeTypes::makeType(TreeAddress address, const TreeType& type) {

@@ -2,6 +2,7 @@
 
 #include "Import/EqualTypes.h"
 #include "Import/ImportError.h"
+#include "Import/References.h"
 #include "Import/TypeIds.h"
 
 #include <algorithm>
@@ -17,53 +18,6 @@ constexpr unsigned int NONE = TypeFileFormat::NO_TYPE_ID;
 
 using Ids = std::vector<unsigned int>;
 using TypeList = std::vector<std::unique_ptr<RTBaseType>>;
-
-/// Puts what the wanted types lead to in an order in which a type comes after what it needs.
-class Ordering {
-public:
-    using TypeOf = std::function<const RTBaseType&(unsigned int id)>;
-
-    Ordering(unsigned int count, TypeOf typeOf)
-        : m_typeOf(std::move(typeOf)), m_isSeen(count, false) {}
-
-    void walkFrom(unsigned int id) {
-        enter(id);
-        while (!m_visits.empty()) {
-            Visit& visit = m_visits.back();
-            if (visit.needs.empty()) {
-                m_order.push_back(visit.id);
-                m_visits.pop_back();
-                continue;
-            }
-            const unsigned int next = visit.needs.back();
-            visit.needs.pop_back();
-            enter(next);
-        }
-    }
-
-    const Ids& order() const { return m_order; }
-
-private:
-    struct Visit {
-        unsigned int id;
-        Ids needs; ///< Still to be walked; the next one last.
-    };
-
-    void enter(unsigned int id) {
-        if (m_isSeen[id])
-            return;
-        m_isSeen[id] = true;
-        Ids needs;
-        forEachTypeId(m_typeOf(id), [&](unsigned int needed) { needs.push_back(needed); });
-        std::reverse(needs.begin(), needs.end());
-        m_visits.push_back({id, std::move(needs)});
-    }
-
-    TypeOf m_typeOf;
-    std::vector<bool> m_isSeen;
-    std::vector<Visit> m_visits;
-    Ids m_order;
-};
 
 /// Whether SystemVerilog types of this class have a type id in the record.
 bool hasSVTypeId(const RTBaseType& type) {
@@ -92,31 +46,90 @@ std::string nameOf(const RTBaseType& type) {
     return name.empty() ? "a type without a name" : name;
 }
 
-/// Calls take(id) for each type without which there is none: members of classes and designated
-/// types are but handles.
-template <typename Take> void forEachPart(const RTBaseType& type, Take take) {
-    if (type.GetClassId() == ClassId::ACCESS)
-        return;
-    if (type.GetClassId() != ClassId::CLASS)
-        forEachTypeId(type, take);
-    else if (const unsigned int base = static_cast<const RTClassType&>(type).m_baseClassTypeId;
-             base != TypeFileFormat::NO_TYPE_ID)
-        take(base);
+/// For each type the missing one because of which it is incomplete, or NONE.
+Ids missingOf(const References& references, Ids missing) {
+    std::vector<Ids> users(references.count());
+    for (unsigned int id = 0; id < references.count(); ++id) {
+        for (const unsigned int needed : references.of(id))
+            users[needed].push_back(id);
+    }
+    Ids missingOne(references.count(), NONE);
+    for (const unsigned int id : missing)
+        missingOne[id] = id;
+    while (!missing.empty()) {
+        const unsigned int id = missing.back();
+        missing.pop_back();
+        for (const unsigned int user : users[id]) {
+            if (missingOne[user] != NONE)
+                continue;
+            missingOne[user] = missingOne[id];
+            missing.push_back(user);
+        }
+    }
+    return missingOne;
+}
+
+/// The types to which the wanted ones lead, in ascending order.
+Ids neededTypes(const References& references, const Ids& wanted) {
+    Ordering needed(references);
+    for (const unsigned int id : wanted)
+        needed.walkFrom(id);
+    Ids ids;
+    for (unsigned int id = 0; id < references.count(); ++id) {
+        if (needed.has(id))
+            ids.push_back(id);
+    }
+    return ids;
+}
+
+/// A type that is a part of itself, or NONE.
+unsigned int partOfItself(const References& references) {
+    Ordering ordering(references, &References::parts);
+    for (unsigned int id = 0; id < references.count(); ++id)
+        ordering.walkFrom(id);
+    Ids placeOf(references.count());
+    for (unsigned int place = 0; place < placeOf.size(); ++place)
+        placeOf[ordering.order()[place]] = place;
+    for (unsigned int id = 0; id < references.count(); ++id) {
+        for (const unsigned int part : references.parts(id)) {
+            if (placeOf[part] >= placeOf[id])
+                return id;
+        }
+    }
+    return NONE;
+}
+
+/// Those of the types that are in `order`, with new ids.
+TypeList inOrder(TypeList types, const References& references, const Ids& order) {
+    Ids newIds(types.size(), NONE);
+    for (unsigned int place = 0; place < order.size(); ++place)
+        newIds[order[place]] = place;
+    TypeList result;
+    result.reserve(order.size());
+    for (const unsigned int id : order) {
+        auto next = references.of(id).begin();
+        forEachTypeId(*types[id], [&](unsigned int& field) { field = newIds[*next++]; });
+        result.push_back(std::move(types[id]));
+    }
+    numberSVTypes(result);
+    return result;
 }
 
 } // namespace
 
-unsigned int TypeTable::reserve(const std::string& what) {
-    m_types.push_back({nullptr, Place(), what});
+unsigned int TypeTable::reserve() {
+    m_types.emplace_back();
     return size() - 1;
 }
 
 void TypeTable::fill(unsigned int id, std::unique_ptr<RTBaseType> type, const Place& place) {
-    m_types[id] = {std::move(type), place, ""};
+    m_types[id] = {std::move(type), place};
 }
 
+void TypeTable::leaveOut(unsigned int id, const std::string& what) { m_leftOut[id] = what; }
+
 unsigned int TypeTable::add(std::unique_ptr<RTBaseType> type, const Place& place) {
-    m_types.push_back({std::move(type), place, ""});
+    m_types.push_back({std::move(type), place});
     return size() - 1;
 }
 
@@ -153,36 +166,14 @@ Ids TypeTable::wantedIds(const std::vector<std::string>& packages) const {
     return ids;
 }
 
-/// For each type the one that never came because of which it is incomplete, or NONE.
-Ids TypeTable::missingTypes() const {
-    std::vector<Ids> users(size());
-    Ids missing(size(), NONE);
-    Ids pending;
-    for (unsigned int id = 0; id < size(); ++id) {
-        if (m_types[id].type == nullptr) {
-            missing[id] = id;
-            pending.push_back(id);
-        } else {
-            forEachTypeId(std::as_const(*m_types[id].type),
-                          [&](unsigned int needed) { users[needed].push_back(id); });
-        }
-    }
-    while (!pending.empty()) {
-        const unsigned int id = pending.back();
-        pending.pop_back();
-        for (const unsigned int user : users[id]) {
-            if (missing[user] != NONE)
-                continue;
-            missing[user] = missing[id];
-            pending.push_back(user);
-        }
-    }
-    return missing;
-}
-
 /// Those of the wanted types that have all that they need; the others are noted.
-Ids TypeTable::completeTypes(const Ids& wanted, Notes& notes) {
-    const Ids missing = missingTypes();
+Ids TypeTable::completeTypes(const References& references, const Ids& wanted, Notes& notes) const {
+    if (m_leftOut.empty())
+        return wanted;
+    Ids leftOut;
+    for (const auto& [id, what] : m_leftOut)
+        leftOut.push_back(id);
+    const Ids missing = missingOf(references, leftOut);
     std::vector<bool> isNoted(size(), false);
     Ids complete;
     for (const unsigned int id : wanted) {
@@ -194,85 +185,36 @@ Ids TypeTable::completeTypes(const Ids& wanted, Notes& notes) {
             continue;
         isNoted[id] = true;
         notes.add(m_types[id].place, nameOf(*m_types[id].type) + " is left out: it needs " +
-                                         m_types[missing[id]].what);
+                                         m_leftOut.at(missing[id]));
     }
     return complete;
 }
 
-/// Takes those away whose parts have all been taken away; what is left is a part of itself.
-void TypeTable::checkParts(const Ids& needed) const {
-    Ids partsLeft(size(), 0);
-    std::vector<Ids> wholes(size());
-    Ids pending;
-    for (const unsigned int id : needed) {
-        forEachPart(*m_types[id].type, [&](unsigned int part) {
-            ++partsLeft[id];
-            wholes[part].push_back(id);
-        });
-        if (partsLeft[id] == 0)
-            pending.push_back(id);
-    }
-    while (!pending.empty()) {
-        const unsigned int id = pending.back();
-        pending.pop_back();
-        for (const unsigned int whole : wholes[id]) {
-            if (--partsLeft[whole] == 0)
-                pending.push_back(whole);
-        }
-    }
-    for (const unsigned int id : needed) {
-        if (partsLeft[id] != 0)
-            throw ImportError(m_types[id].place,
-                              "the input is damaged: " + nameOf(*m_types[id].type) +
-                                  " is a part of itself");
-    }
-}
-
-/// Makes all ids, those that are wanted as well, lead to the first of equal types.
-void TypeTable::joinEqual(Ids& wanted) {
-    Ordering needed(
-        size(), [this](unsigned int id) -> auto& { return *m_types[id].type; });
-    for (const unsigned int id : wanted)
-        needed.walkFrom(id);
-    Ids ids = needed.order();
-    std::sort(ids.begin(), ids.end());
-    checkParts(ids);
-
-    Ids placeOf(size(), NONE);
-    std::vector<RTBaseType*> types;
-    for (const unsigned int id : ids) {
-        placeOf[id] = static_cast<unsigned int>(types.size());
-        types.push_back(m_types[id].type.get());
-    }
-    for (RTBaseType* const type : types)
-        forEachTypeId(*type, [&](unsigned int& id) { id = placeOf[id]; });
-    const Ids first = firstEqualTypes(types);
-    const auto join = [&](unsigned int place) { return ids[first[place]]; };
-    for (RTBaseType* const type : types)
-        forEachTypeId(*type, [&](unsigned int& id) { id = join(id); });
-    for (unsigned int& id : wanted)
-        id = join(placeOf[id]);
-}
-
 TypeList TypeTable::finish(const std::vector<std::string>& packages, Notes& notes) {
-    Ids wanted = completeTypes(wantedIds(packages), notes);
-    joinEqual(wanted);
-    Ordering ordering(
-        size(), [this](unsigned int id) -> auto& { return *m_types[id].type; });
-    for (const unsigned int id : wanted)
-        ordering.walkFrom(id);
-
-    Ids newIds(size(), NONE);
+    References all;
+    for (const Entry& entry : m_types)
+        all.add(entry.type.get());
+    const Ids wanted = completeTypes(all, wantedIds(packages), notes);
+    const Ids needed = neededTypes(all, wanted);
+    References references = all.among(needed);
+    if (const unsigned int id = partOfItself(references); id != NONE)
+        throw ImportError(m_types[needed[id]].place,
+                          "the input is damaged: " + nameOf(*m_types[needed[id]].type) +
+                              " is a part of itself");
+    Ids placeOf(size(), NONE);
     TypeList types;
-    for (const unsigned int id : ordering.order()) {
-        newIds[id] = static_cast<unsigned int>(types.size());
+    for (const unsigned int id : needed) {
+        placeOf[id] = static_cast<unsigned int>(types.size());
         types.push_back(std::move(m_types[id].type));
     }
-    for (const auto& type : types)
-        forEachTypeId(*type, [&](unsigned int& id) { id = newIds[id]; });
-    numberSVTypes(types);
     *this = TypeTable();
-    return types;
+
+    const Ids first = firstEqualTypes(types, references);
+    references.redirect([&](unsigned int id) { return first[id]; });
+    Ordering ordering(references);
+    for (const unsigned int id : wanted)
+        ordering.walkFrom(first[placeOf[id]]);
+    return inOrder(std::move(types), references, ordering.order());
 }
 
 } // namespace Import

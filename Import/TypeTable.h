@@ -4,6 +4,7 @@
 #include "Import/Place.h"
 #include "RTTI/RTType.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace Import {
+
+class References;
 
 /// The types of one or several inputs while they are being read. A reader adds each type as soon as
 /// it finds it, under an id of its own, and refers to later types by ids that it has reserved. At
@@ -21,12 +24,15 @@ namespace Import {
 /// `finish` assigns the SystemVerilog type ids; readers do not set them.
 class TypeTable {
 public:
-    /// Reserves an id for a type that follows later. If it never does, all types that need it are
-    /// left out; `what` names it in the note about that, such as "class p::base".
-    unsigned int reserve(const std::string& what);
+    /// Reserves an id for a type that follows later, or is left out.
+    unsigned int reserve();
 
     /// Sets the type of a reserved id, once for each id.
     void fill(unsigned int id, std::unique_ptr<RTTI::RTBaseType> type, const Place& place);
+
+    /// Says that the type of a reserved id does not exist. All types that need it are left out;
+    /// `what` names it in the notes about that, such as "type t".
+    void leaveOut(unsigned int id, const std::string& what);
 
     /// Adds a type under the next id.
     unsigned int add(std::unique_ptr<RTTI::RTBaseType> type, const Place& place);
@@ -55,7 +61,6 @@ private:
     struct Entry {
         std::unique_ptr<RTTI::RTBaseType> type;
         Place place;
-        std::string what; ///< Its name in notes while it is not set.
     };
     struct Wanted {
         unsigned int id;
@@ -64,12 +69,12 @@ private:
 
     unsigned int packageNumber(const std::string& package) const;
     std::vector<unsigned int> wantedIds(const std::vector<std::string>& packages) const;
-    std::vector<unsigned int> missingTypes() const;
-    std::vector<unsigned int> completeTypes(const std::vector<unsigned int>& wanted, Notes& notes);
-    void checkParts(const std::vector<unsigned int>& needed) const;
-    void joinEqual(std::vector<unsigned int>& wanted);
+    std::vector<unsigned int> completeTypes(const References& references,
+                                            const std::vector<unsigned int>& wanted,
+                                            Notes& notes) const;
 
     std::vector<Entry> m_types;
+    std::map<unsigned int, std::string> m_leftOut; ///< Ids whose types do not exist, in words.
     std::vector<Wanted> m_wanted;
     std::vector<std::string> m_packages; ///< In the order in which they were found.
     std::unordered_map<std::string, unsigned int> m_packageNumbers;

@@ -73,8 +73,10 @@ public:
         for (std::size_t i = 0; i < m_waiting.size(); ++i) {
             const VhdlType& type = m_types[m_waiting[i]];
             std::unique_ptr<RTBaseType> record = recordOf(type);
-            if (record == nullptr)
+            if (record == nullptr) {
+                m_table.leaveOut(m_ids[m_waiting[i]], labelOf(type));
                 continue;
+            }
             TypeFile::setName(*record, type.name);
             m_table.fill(m_ids[m_waiting[i]], std::move(record), type.place);
         }
@@ -91,7 +93,7 @@ private:
 
     unsigned int idOf(std::uint32_t type) {
         if (m_ids[type] == VhdlType::NONE) {
-            m_ids[type] = m_table.reserve(labelOf(m_types[type]));
+            m_ids[type] = m_table.reserve();
             m_waiting.push_back(type);
         }
         return m_ids[type];
@@ -137,6 +139,7 @@ private:
         result->m_enumKind = enumKindOf(type);
         result->m_valueEncoding = ENCODING_BYTE;
         result->m_valueSize = type.parts.size() > 256 ? WIDE_ENUM_SIZE : ENUM_SIZE;
+        result->m_enumeratorNames.reserve(type.parts.size());
         for (const VhdlPart& literal : type.parts)
             TypeFile::addLiteral(*result, literal.name);
         return result;
@@ -223,6 +226,7 @@ private:
     std::unique_ptr<RTBaseType> record(const VhdlType& type) {
         auto result = std::make_unique<RTRecordType>();
         result->m_recordKind = VHDL_RECORD;
+        result->m_members.reserve(type.parts.size());
         for (const VhdlPart& member : type.parts)
             TypeFile::addMember(*result, member.name, idOf(member.use.type),
                                 keptRanges(type, member.use.ranges));

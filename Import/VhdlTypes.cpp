@@ -1,73 +1,83 @@
 #include "Import/VhdlTypes.h"
 
-#include <type_traits>
+#include <algorithm>
+#include <bit>
+#include <functional>
+#include <tuple>
 #include <utility>
 
 namespace Import {
 
 namespace {
 
-/// All that makes a type what it is, but its place, as bytes.
-class VhdlContent {
+std::uint64_t bitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
+
+/// Bit by bit: 0.0 and -0.0 are two bounds.
+bool isSame(const VhdlRealRange& a, const VhdlRealRange& b) {
+    return std::tie(a.isKnown, a.isExact, a.isDownto) ==
+               std::tie(b.isKnown, b.isExact, b.isDownto) &&
+           bitsOf(a.left) == bitsOf(b.left) && bitsOf(a.right) == bitsOf(b.right);
+}
+
+/// Whether all that makes a type what it is is the same: all but its place.
+bool isSame(const VhdlType& a, const VhdlType& b) {
+    const auto contentOf = [](const VhdlType& type) {
+        return std::tie(type.kind, type.name, type.of, type.indexes, type.parts, type.range,
+                        type.mayBeReal, type.mayBePart);
+    };
+    return contentOf(a) == contentOf(b) && isSame(a.realRange, b.realRange);
+}
+
+/// A number that is the same for types that are.
+class VhdlHash {
 public:
-    VhdlContent(const VhdlType& type, std::pmr::string& bytes) : m_bytes(bytes) {
-        m_bytes.clear();
-        append(type.kind);
-        append(type.name);
-        append(type.of);
-        append(type.indexes);
-        append(type.parts.size());
+    std::size_t of(const VhdlType& type) {
+        add(static_cast<std::size_t>(type.kind));
+        add(type.name);
+        add(type.of);
+        for (const std::uint32_t index : type.indexes)
+            add(index);
         for (const VhdlPart& part : type.parts) {
-            append(part.name);
-            append(part.value);
-            append(part.use);
+            add(part.name);
+            add(static_cast<std::size_t>(part.value));
+            add(part.use);
         }
-        append(type.range);
-        append(type.realRange.isKnown);
-        append(type.realRange.isExact);
-        append(type.realRange.isDownto);
-        append(type.realRange.left);
-        append(type.realRange.right);
-        append(type.mayBeReal);
-        append(type.mayBePart);
+        add(type.range);
+        add(bitsOf(type.realRange.left));
+        add(bitsOf(type.realRange.right));
+        return m_hash;
     }
 
 private:
-    template <typename Value> std::enable_if_t<std::is_scalar_v<Value>> append(const Value& value) {
-        m_bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+    void add(std::size_t value) {
+        m_hash = (m_hash ^ value) * 0x9E3779B97F4A7C15;
+        m_hash ^= m_hash >> 32;
     }
-    void append(const std::string& text) {
-        append(text.size());
-        m_bytes.append(text);
+    void add(const std::string& text) { add(std::hash<std::string>()(text)); }
+    void add(const VhdlRange& range) {
+        add(static_cast<std::size_t>(range.left));
+        add(static_cast<std::size_t>(range.right));
     }
-    void append(const VhdlRange& range) {
-        append(range.isOpen);
-        append(range.isDownto);
-        append(range.left);
-        append(range.right);
-    }
-    template <typename Element> void append(const std::vector<Element>& elements) {
-        append(elements.size());
-        for (const Element& element : elements)
-            append(element);
-    }
-    void append(const VhdlUse& use) {
-        append(use.type);
-        append(use.ranges);
-        append(use.alternatives);
+    void add(const VhdlUse& use) {
+        add(use.type);
+        for (const VhdlRange& range : use.ranges)
+            add(range);
     }
 
-    std::pmr::string& m_bytes;
+    std::size_t m_hash = 0;
 };
 
 } // namespace
 
 std::uint32_t VhdlTypes::intern(VhdlType type) {
-    VhdlContent(type, m_content);
-    const auto [at, isNew] = m_byContent.try_emplace(m_content, size());
-    if (isNew)
-        m_types.push_back(std::move(type));
-    return at->second;
+    const std::size_t hash = VhdlHash().of(type);
+    const auto [first, last] = m_byHash.equal_range(hash);
+    const auto same = std::find_if(
+        first, last, [&](const auto& entry) { return isSame(m_types[entry.second], type); });
+    if (same != last)
+        return same->second;
+    m_byHash.emplace(hash, size());
+    return add(std::move(type));
 }
 
 std::uint32_t VhdlTypes::add(VhdlType type) {

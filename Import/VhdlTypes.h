@@ -58,6 +58,8 @@ struct VhdlUse {
 
     /// Other types that may be meant, because they have the same name.
     std::vector<std::uint32_t> alternatives;
+
+    bool operator==(const VhdlUse&) const = default;
 };
 
 /// A literal, a unit or a member.
@@ -65,6 +67,8 @@ struct VhdlPart {
     std::string name;
     std::int64_t value = 0; ///< Of a unit: in primary units.
     VhdlUse use;            ///< Of a member.
+
+    bool operator==(const VhdlPart&) const = default;
 };
 
 /// A type as VHDL declares it. Names are Latin-1, in lower case but for literals of one character
@@ -105,7 +109,7 @@ public:
     /// Makes room for so many types.
     void reserve(std::size_t count) {
         m_types.reserve(count);
-        m_byContent.reserve(count);
+        m_byHash.reserve(count);
     }
 
     /// Adds a type, or finds the equal one that is there. The types that it refers to have to be
@@ -126,15 +130,14 @@ public:
     const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
 
 private:
-    using Numbers = std::pmr::unordered_map<std::pmr::string, std::uint32_t>;
+    using Numbers = std::pmr::unordered_multimap<std::size_t, std::uint32_t>;
 
     std::vector<VhdlType> m_types;
     std::vector<VhdlDeclaration> m_declarations;
     // Entries are many, and released all at once.
     std::unique_ptr<std::pmr::monotonic_buffer_resource> m_memory =
         std::make_unique<std::pmr::monotonic_buffer_resource>();
-    Numbers m_byContent{m_memory.get()};
-    std::pmr::string m_content; ///< Of the type that was interned last.
+    Numbers m_byHash{m_memory.get()}; ///< Those that were interned.
 };
 
 } // namespace Import

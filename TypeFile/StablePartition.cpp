@@ -96,15 +96,16 @@ private:
 };
 
 Numbers labelsOf(const std::vector<LabelledEdge>& edges) {
+    Numbers numberOf; // Of each label; labels are small.
+    for (const LabelledEdge& edge : edges) {
+        if (edge.label >= numberOf.size())
+            numberOf.resize(edge.label + std::size_t{1}, 0);
+        numberOf[edge.label] = 1;
+    }
+    std::exclusive_scan(numberOf.begin(), numberOf.end(), numberOf.begin(), 0U);
     Numbers labels(edges.size());
     std::transform(edges.begin(), edges.end(), labels.begin(),
-                   [](const LabelledEdge& edge) { return edge.label; });
-    Numbers used = labels;
-    std::sort(used.begin(), used.end());
-    used.erase(std::unique(used.begin(), used.end()), used.end());
-    for (unsigned int& label : labels)
-        label = static_cast<unsigned int>(std::lower_bound(used.begin(), used.end(), label) -
-                                          used.begin());
+                   [&](const LabelledEdge& edge) { return numberOf[edge.label]; });
     return labels;
 }
 
@@ -114,6 +115,9 @@ Numbers labelsOf(const std::vector<LabelledEdge>& edges) {
 // blocks of the edges that leave them.
 std::vector<unsigned int> stablePartition(const std::vector<unsigned int>& blockOf,
                                           const std::vector<LabelledEdge>& edges) {
+    const Numbers begins = beginsOf(blockOf);
+    if (begins.size() == blockOf.size() + 1)
+        return blockOf; // Each node is alone in its block already.
     Numbers heads(edges.size() + 1);
     for (std::size_t i = 0; i < edges.size(); ++i)
         heads[i] = edges[i].head;

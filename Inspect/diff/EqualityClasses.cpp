@@ -1,6 +1,6 @@
 #include "Inspect/diff/EqualityClasses.h"
 
-#include "Inspect/diff/KeyNumbers.h"
+#include "TypeFile/KeyNumbers.h"
 #include "TypeFile/StablePartition.h"
 
 #include <utility>
@@ -109,7 +109,7 @@ private:
     const TypeGraph& m_graph;
     std::vector<unsigned int> m_classes;
     std::vector<State> m_states;
-    KeyNumbers m_keys;
+    TypeFile::KeyNumbers m_keys;
     std::vector<unsigned int> m_key;
     std::vector<Visit> m_visits;
     std::vector<unsigned int> m_circular; ///< Nodes that lead into a cycle.

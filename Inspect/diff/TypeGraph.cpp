@@ -71,13 +71,14 @@ private:
 TypeGraph::TypeGraph(const TypeTable& a, const TypeTable& b) : m_a(a), m_b(b) {
     const std::size_t total = std::size_t{a.count} + b.count;
     m_nodes.reserve(total);
-    KeyNumbers contents(std::max(a.count, b.count));
-    KeyNumbers names(std::max(a.count, b.count));
+    TypeFile::KeyNumbers contents(std::max(a.count, b.count));
+    TypeFile::KeyNumbers names(std::max(a.count, b.count));
     add(a, contents, names);
     add(b, contents, names);
 }
 
-void TypeGraph::add(const TypeTable& table, KeyNumbers& contents, KeyNumbers& names) {
+void TypeGraph::add(const TypeTable& table, TypeFile::KeyNumbers& contents,
+                    TypeFile::KeyNumbers& names) {
     ContentKey key(m_links);
     for (unsigned int id = 0; id < table.count; ++id) {
         const RTBaseType* type = table.typeOf(id);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Inspect/diff/KeyNumbers.h"
 #include "Inspect/model/TypeTable.h"
+#include "TypeFile/KeyNumbers.h"
 
 #include <string>
 #include <vector>
@@ -53,7 +53,7 @@ private:
     };
     class ContentKey;
 
-    void add(const TypeTable& table, KeyNumbers& contents, KeyNumbers& names);
+    void add(const TypeTable& table, TypeFile::KeyNumbers& contents, TypeFile::KeyNumbers& names);
     std::size_t linksEnd(unsigned int node) const;
 
     TypeTable m_a, m_b;

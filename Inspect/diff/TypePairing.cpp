@@ -1,10 +1,10 @@
 #include "Inspect/diff/TypePairing.h"
 
-#include "Inspect/diff/KeyNumbers.h"
 #include "Inspect/diff/ListAlignment.h"
 #include "Inspect/diff/TypeShape.h"
 #include "Inspect/diff/TypeWords.h"
 #include "Inspect/words/TypeText.h"
+#include "TypeFile/KeyNumbers.h"
 
 #include <algorithm>
 #include <map>
@@ -107,7 +107,7 @@ template <typename MakeKey> void TypePairing::pairUnique(MakeKey makeKey) {
         unsigned int countA = 0, countB = 0;
         unsigned int a = NONE, b = NONE;
     };
-    KeyNumbers keys(m_left.size());
+    TypeFile::KeyNumbers keys(m_left.size());
     std::vector<Holders> holders;
     for (const unsigned int node : m_left) {
         const std::optional<Key> key = isLeft(node) ? makeKey(node) : std::nullopt;
@@ -136,7 +136,7 @@ void TypePairing::pairAlike(unsigned int a, unsigned int b) {
 /// Pairs what has class and name in common with others: what has the same parts first, then in the
 /// order of the ids.
 void TypePairing::pairInTurn() {
-    KeyNumbers names(m_left.size());
+    TypeFile::KeyNumbers names(m_left.size());
     const auto partNames = [&](unsigned int node) {
         std::string text;
         for (const std::string_view name : TypeShape(*m_graph.typeOf(node)).partNames())

@@ -71,8 +71,8 @@ TEST_P(GhwFiles, AnEnumerationHasItsLiterals) {
     ASSERT_EQ(file.types.size(), 2u);
     EXPECT_EQ(file.types[1].kind, GhwKind::ENUM_OF_BYTES);
     EXPECT_EQ(file.types[1].name, 3u);
-    ASSERT_EQ(file.types[1].parts.size(), 2u);
-    EXPECT_EQ(file.types[1].parts[1].name, 2u);
+    ASSERT_EQ(file.types[1].parts.count, 2u);
+    EXPECT_EQ(file.partsOf(file.types[1])[1].name, 2u);
 }
 
 TEST_P(GhwFiles, ARangeOfRealsIsExact) {
@@ -80,7 +80,8 @@ TEST_P(GhwFiles, ARangeOfRealsIsExact) {
         .type(REAL, {1})
         .type(SCALAR_SUBTYPE, {0, 1})
         .reals(REAL | DOWNTO, 0.1, -1e300);
-    const GhwRange range = read(m_file.file()).types[2].ranges.at(0);
+    const GhwFile file = read(m_file.file());
+    const GhwRange range = file.rangesOf(file.types.at(2))[0];
     EXPECT_TRUE(range.isReal);
     EXPECT_TRUE(range.isDownto);
     EXPECT_EQ(range.realLeft, 0.1);
@@ -92,9 +93,9 @@ TEST_P(GhwFiles, NumbersHaveUpTo64Bits) {
     m_file.names({"t", "u", "v"}).type(PHYSICAL, {1, 2, 2}).value(1).then({3}).value(-most - 1);
     m_file.type(SCALAR_SUBTYPE, {0, 1}).range(PHYSICAL, -65, most);
     const GhwFile file = read(m_file.file());
-    EXPECT_EQ(file.types[1].parts.at(1).value, -most - 1);
-    EXPECT_EQ(file.types[2].ranges.at(0).left, -65);
-    EXPECT_EQ(file.types[2].ranges.at(0).right, most);
+    EXPECT_EQ(file.partsOf(file.types[1])[1].value, -most - 1);
+    EXPECT_EQ(file.rangesOf(file.types[2])[0].left, -65);
+    EXPECT_EQ(file.rangesOf(file.types[2])[0].right, most);
 }
 
 TEST_P(GhwFiles, AnArrayOfOpenArraysHasARangeForEach) {
@@ -105,16 +106,16 @@ TEST_P(GhwFiles, AnArrayOfOpenArraysHasARangeForEach) {
     m_file.type(ARRAY_SUBTYPE, {0, 4}).range(INTEGER, 0, 1);
     m_file.range(INTEGER | DOWNTO, 3, 2).range(INTEGER, 4, 5);
     const GhwFile file = read(m_file.file());
-    ASSERT_EQ(file.types[5].ranges.size(), 3u);
-    EXPECT_TRUE(file.types[5].ranges[1].isDownto);
-    EXPECT_EQ(file.types[5].ranges[2].right, 5);
+    ASSERT_EQ(file.types[5].ranges.count, 3u);
+    EXPECT_TRUE(file.rangesOf(file.types[5])[1].isDownto);
+    EXPECT_EQ(file.rangesOf(file.types[5])[2].right, 5);
 }
 
 TEST_P(GhwFiles, AnElementWithRangesNeedsNoMoreOfThem) {
     m_file.type(INTEGER, {0}).type(ARRAY, {0, 1, 1, 1});
     m_file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER, 0, 7);
     m_file.type(ARRAY, {0, 3, 1, 1}).type(ARRAY_SUBTYPE, {0, 4}).range(INTEGER, 1, 2);
-    EXPECT_EQ(read(m_file.file()).types[5].ranges.size(), 1u);
+    EXPECT_EQ(read(m_file.file()).types[5].ranges.count, 1u);
 }
 
 TEST_P(GhwFiles, ASubtypeOfARecordHasTheRangesThatItsMembersLeaveOpen) {
@@ -122,8 +123,8 @@ TEST_P(GhwFiles, ASubtypeOfARecordHasTheRangesThatItsMembersLeaveOpen) {
     m_file.type(RECORD, {0, 3, 1, 2, 2, 1, 1, 2}); // Members of types 2, 1 and 2.
     m_file.type(RECORD_SUBTYPE, {0, 3}).range(INTEGER, 0, 1).range(INTEGER, 2, 3);
     const GhwFile file = read(m_file.file());
-    ASSERT_EQ(file.types[4].ranges.size(), 2u);
-    EXPECT_EQ(file.types[4].ranges[1].left, 2);
+    ASSERT_EQ(file.types[4].ranges.count, 2u);
+    EXPECT_EQ(file.rangesOf(file.types[4])[1].left, 2);
 }
 
 TEST_P(GhwFiles, PositionsAreBytes) {
@@ -131,7 +132,8 @@ TEST_P(GhwFiles, PositionsAreBytes) {
         .type(ENUM, {1, 1, 1})
         .type(SCALAR_SUBTYPE, {0, 1})
         .positions(ENUM, 200, 255);
-    EXPECT_EQ(read(m_file.file()).types[2].ranges.at(0).left, 200);
+    const GhwFile file = read(m_file.file());
+    EXPECT_EQ(file.rangesOf(file.types.at(2))[0].left, 200);
 }
 
 TEST_P(GhwFiles, WavesArePassedOver) {

@@ -57,7 +57,7 @@ protected:
 };
 
 TEST_F(TypeTableTest, ATypeComesAfterWhatItNeeds) {
-    const unsigned int element = table.reserve("string");
+    const unsigned int element = table.reserve();
     const unsigned int user = queue(element, "q");
     table.fill(element, std::make_unique<RTStringType>(), Place());
     TypeFile::setName(*table.find(element), "s");
@@ -87,7 +87,7 @@ TEST_F(TypeTableTest, TypesThatDifferInANameAloneStayApart) {
 
 TEST_F(TypeTableTest, EqualClassesThatHoldThemselvesBecomeOne) {
     for (int input = 0; input < 2; ++input) {
-        const unsigned int id = table.reserve("class");
+        const unsigned int id = table.reserve();
         table.fill(id, classType("node", queue(id)), Place());
         table.want(id, "");
     }
@@ -98,7 +98,7 @@ TEST_F(TypeTableTest, EqualClassesThatHoldThemselvesBecomeOne) {
 
 TEST_F(TypeTableTest, CirclesThatDifferFarAwayStayApart) {
     for (const char* last : {"x", "y"}) {
-        const unsigned int id = table.reserve("class");
+        const unsigned int id = table.reserve();
         auto type = classType("node", queue(queue(string(last))));
         TypeFile::addMember(*type, "self", id);
         table.fill(id, std::move(type), Place());
@@ -108,7 +108,8 @@ TEST_F(TypeTableTest, CirclesThatDifferFarAwayStayApart) {
 }
 
 TEST_F(TypeTableTest, ATypeThatNeverComesLeavesOutItsUsers) {
-    const unsigned int missing = table.reserve("class p::gone");
+    const unsigned int missing = table.reserve();
+    table.leaveOut(missing, "class p::gone");
     auto file = std::make_shared<const std::string>("a.tree");
     table.want(string("kept"), "");
     auto user = classType("p::user", queue(missing));

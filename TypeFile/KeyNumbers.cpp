@@ -1,11 +1,11 @@
-#include "Inspect/diff/KeyNumbers.h"
+#include "TypeFile/KeyNumbers.h"
 
 #include <algorithm>
 #include <bit>
 #include <functional>
 #include <utility>
 
-namespace Inspect {
+namespace TypeFile {
 
 KeyNumbers::KeyNumbers(std::size_t expected)
     : m_slots(std::bit_ceil(2 * std::max<std::size_t>(expected, 8))) {}
@@ -46,4 +46,4 @@ void KeyNumbers::grow() {
     }
 }
 
-} // namespace Inspect
+} // namespace TypeFile

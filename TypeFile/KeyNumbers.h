@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace Inspect {
+namespace TypeFile {
 
 /// Numbers keys of any bytes: equal keys have the same number, the first one 0. Holds a copy of
 /// each different key.
@@ -42,4 +42,4 @@ private:
     unsigned int m_next = 0;              ///< After the number that was given last.
 };
 
-} // namespace Inspect
+} // namespace TypeFile

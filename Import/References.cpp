@@ -1,0 +1,58 @@
+#include "Import/References.h"
+
+namespace Import {
+
+using TypeFile::LinkRole;
+
+void References::add(const RTTI::RTBaseType* type) {
+    std::size_t parts = m_ids.size();
+    const auto take = [&](unsigned int id, LinkRole role) {
+        m_ids.push_back(id);
+        const bool isHandle =
+            role == LinkRole::DESIGNATED ||
+            (role == LinkRole::MEMBER && type->GetClassId() == RTTI::ClassId::CLASS);
+        if (!isHandle)
+            parts = m_ids.size();
+    };
+    if (type != nullptr)
+        forEachTypeId(*type, take);
+    m_ends.push_back({parts, m_ids.size()});
+}
+
+References References::among(const std::vector<unsigned int>& types) const {
+    std::vector<unsigned int> placeOf(count(), RTTI::TypeFileFormat::NO_TYPE_ID);
+    for (unsigned int place = 0; place < types.size(); ++place)
+        placeOf[types[place]] = place;
+    References result;
+    for (const unsigned int type : types) {
+        const std::size_t begin = result.m_ids.size();
+        for (const unsigned int id : of(type))
+            result.m_ids.push_back(placeOf[id]);
+        result.m_ends.push_back({begin + parts(type).size(), result.m_ids.size()});
+    }
+    return result;
+}
+
+void Ordering::walkFrom(unsigned int type) {
+    enter(type);
+    while (!m_visits.empty()) {
+        Visit& visit = m_visits.back();
+        if (visit.left.empty()) {
+            m_order.push_back(visit.type);
+            m_visits.pop_back();
+            continue;
+        }
+        const unsigned int next = visit.left.front();
+        visit.left = visit.left.subspan(1);
+        enter(next);
+    }
+}
+
+void Ordering::enter(unsigned int type) {
+    if (m_isSeen[type])
+        return;
+    m_isSeen[type] = true;
+    m_visits.push_back({type, (m_references.*m_leadsTo)(type)});
+}
+
+} // namespace Import
