@@ -23,8 +23,10 @@ enum Kind : unsigned {
     REAL = 27,
     PHYSICAL = 29,
     ARRAY = 31,
+    RECORD = 32,
     SCALAR_SUBTYPE = 34,
     ARRAY_SUBTYPE = 35,
+    DOWNTO = 128, ///< More in the kind of a range.
 };
 
 std::string refusalOfListing(const std::string& text) {
@@ -111,6 +113,75 @@ TEST(Waves, RangesOfMoreThan32BitsAreCutAndNoted) {
     ImportedTypes types;
     EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"l: integer (-5 to 2147483647)"}));
     EXPECT_EQ(types.notes().size(), 1u);
+}
+
+/// The place of the type that was added last, in words.
+std::string placeOfLast(const GhwBuilder& file) {
+    return "w: offset " + std::to_string(file.offsetOfLastType()) + ": ";
+}
+
+/// A file with an integer type i (1) and an array type v of it without ranges (2).
+GhwBuilder waveOfAnArray() {
+    GhwBuilder file;
+    file.names({"a", "i", "v"}).type(INTEGER, {2}).type(ARRAY, {3, 1, 1, 1});
+    file.type(SCALAR_SUBTYPE, {2, 1}).range(INTEGER, 0, 9);
+    return file;
+}
+
+constexpr long long BEYOND = 1LL << 31; // The first number that does not fit.
+
+TEST(Waves, ADimensionOfAnArrayThatIsCutIsNotedAtItsRanges) {
+    GhwBuilder file = waveOfAnArray();
+    file.type(ARRAY_SUBTYPE, {3, 2}).range(INTEGER, 1, BEYOND);
+    ImportedTypes types;
+    EXPECT_EQ(types.wave(file.file()).lines()[1], "v: array [0] of 0 (1 to 2147483647)");
+    EXPECT_EQ(types.notes(), (Lines{placeOfLast(file) + "type v: its range 1 to 2147483648 is cut "
+                                                        "to 32 bits"}));
+}
+
+TEST(Waves, ADimensionOfASubtypeThatIsCutIsNoted) {
+    GhwBuilder file = waveOfAnArray();
+    file.type(ARRAY_SUBTYPE, {1, 2}).range(INTEGER | DOWNTO, 7, -BEYOND - 1);
+    ImportedTypes types;
+    EXPECT_EQ(types.wave(file.file()).lines()[2], "a: subtype of 1 (7 downto -2147483648)");
+    EXPECT_EQ(types.notes(), (Lines{placeOfLast(file) + "type a: its range 7 downto -2147483649 "
+                                                        "is cut to 32 bits"}));
+}
+
+TEST(Waves, ADimensionThatIsCutInASubtypeWithoutANameIsNoted) {
+    GhwBuilder file = waveOfAnArray();
+    file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER, BEYOND, BEYOND + 1);
+    ImportedTypes types;
+    types.wave(file.file()).lines();
+    EXPECT_EQ(types.notes(), (Lines{placeOfLast(file) + "a type without a name: its range "
+                                                        "2147483648 to 2147483649 is cut to 32 "
+                                                        "bits"}));
+}
+
+TEST(Waves, ADimensionThatIsCutInAnElementOrAMemberIsNotedThere) {
+    for (const unsigned kind : {ARRAY, RECORD}) {
+        GhwBuilder file = waveOfAnArray();
+        file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER, 0, BEYOND);
+        if (kind == ARRAY)
+            file.type(ARRAY, {1, 4, 1, 1});
+        else
+            file.type(RECORD, {1, 1, 2, 4});
+        ImportedTypes types;
+        types.wave(file.file()).lines();
+        ASSERT_EQ(types.notes().size(), 2u);
+        EXPECT_EQ(types.notes()[1],
+                  placeOfLast(file) + "type a: its range 0 to 2147483648 is cut to 32 bits");
+    }
+}
+
+TEST(Waves, ZerosOfBothSignsStayApartAsBounds) {
+    GhwBuilder file;
+    file.names({"real"}).type(REAL, {1});
+    file.type(SCALAR_SUBTYPE, {0, 1}).reals(REAL, 0.0, 1.0);
+    file.type(SCALAR_SUBTYPE, {0, 1}).reals(REAL, -0.0, 1.0);
+    EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
+              (Lines{"real: real -1.7976931348623157e+308 to 1.7976931348623157e+308",
+                     ": real 0 to 1", ": real -0 to 1"}));
 }
 
 TEST(Waves, invalid_range_of_literals) {

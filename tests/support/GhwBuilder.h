@@ -31,6 +31,7 @@ public:
     /// Adds a type: its kind, then numbers of seven bits a byte.
     GhwBuilder& type(unsigned kind, const std::vector<unsigned>& numbers) {
         ++m_typeCount;
+        m_lastType = m_types.size();
         m_types += static_cast<char>(kind);
         for (const unsigned value : numbers)
             m_types += number(value);
@@ -70,6 +71,11 @@ public:
         for (const unsigned value : numbers)
             m_types += number(value);
         return *this;
+    }
+
+    /// Where the file describes the type that was added last.
+    std::size_t offsetOfLastType() const {
+        return file().find(std::string("TYP") + '\0') + 12 + m_lastType;
     }
 
     /// A file without waves.
@@ -125,4 +131,5 @@ private:
     unsigned m_nameCount = 0;
     unsigned m_nameLength = 0;
     unsigned m_typeCount = 0;
+    std::size_t m_lastType = 0; ///< Where it begins in `m_types`.
 };
