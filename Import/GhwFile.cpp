@@ -219,11 +219,11 @@ private:
         m_file.types.emplace_back();
         m_open.emplace_back();
         for (std::uint64_t i = 0; i < count; ++i) {
-            GhwType type = readType();
+            const GhwType type = readType();
             m_open.push_back(openRanges(type));
             if (m_open.back().inBase > MOST_OPEN_RANGES)
                 m_bytes.fail(type.offset, "the type leaves more ranges open than any design does");
-            m_file.types.push_back(std::move(type));
+            m_file.types.push_back(type);
         }
         if (m_bytes.byte() != 0)
             m_bytes.fail("there are more types than the file says");

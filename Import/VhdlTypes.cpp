@@ -69,7 +69,7 @@ private:
 
 } // namespace
 
-std::uint32_t VhdlTypes::intern(VhdlType type) {
+std::uint32_t VhdlTypes::intern(VhdlType&& type) {
     const std::size_t hash = VhdlHash().of(type);
     const auto [first, last] = m_byHash.equal_range(hash);
     const auto same = std::find_if(
@@ -80,7 +80,7 @@ std::uint32_t VhdlTypes::intern(VhdlType type) {
     return add(std::move(type));
 }
 
-std::uint32_t VhdlTypes::add(VhdlType type) {
+std::uint32_t VhdlTypes::add(VhdlType&& type) {
     m_types.push_back(std::move(type));
     return size() - 1;
 }

@@ -114,10 +114,10 @@ public:
 
     /// Adds a type, or finds the equal one that is there. The types that it refers to have to be
     /// there.
-    std::uint32_t intern(VhdlType type);
+    std::uint32_t intern(VhdlType&& type);
 
     /// Adds a type that may refer to others which are still to come.
-    std::uint32_t add(VhdlType type);
+    std::uint32_t add(VhdlType&& type);
 
     VhdlType& operator[](std::uint32_t id) { return m_types[id]; }
     const VhdlType& operator[](std::uint32_t id) const { return m_types[id]; }

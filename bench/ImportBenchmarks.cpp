@@ -2,6 +2,8 @@
 // type file that it gives.
 
 #include "Import/Importer.h"
+#include "OVAT/MemoryBlockManager.h"
+#include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileWriter.h"
 #include "tests/support/GhwBuilder.h"
 
@@ -9,6 +11,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -130,8 +133,13 @@ void ReadTreeLines(benchmark::State& state) {
 
 void ImportWave(benchmark::State& state) {
     wave();
-    for (auto _ : state)
-        benchmark::DoNotOptimize(imported(wave()).data());
+    for (auto _ : state) {
+        Types types = imported(wave());
+        benchmark::DoNotOptimize(types.data());
+        state.PauseTiming();
+        types.clear();
+        state.ResumeTiming();
+    }
 }
 
 void WriteTypesOfWave(benchmark::State& state) {
@@ -144,9 +152,27 @@ void WriteTypesOfWave(benchmark::State& state) {
     }
 }
 
+/// What becomes of the same types when they are read back.
+void LoadTypesOfWave(benchmark::State& state) {
+    TypeFile::TypeFileWriter writer;
+    for (const auto& type : imported(wave()))
+        writer.add(*type);
+    const std::vector<char> bytes = writer.finish();
+    OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
+    for (auto _ : state) {
+        std::optional<RTTI::RTTypeManager> manager(std::in_place);
+        manager->setupDeserializer(storage, 0);
+        benchmark::DoNotOptimize(manager->readAllRTTypes());
+        state.PauseTiming();
+        manager.reset();
+        state.ResumeTiming();
+    }
+}
+
 BENCHMARK(ImportTree)->Name("Import/tree")->UseRealTime();
 BENCHMARK(ReadTreeLines)->Name("Import/tree/floor")->UseRealTime();
 BENCHMARK(ImportWave)->Name("Import/wave")->UseRealTime();
+BENCHMARK(LoadTypesOfWave)->Name("Import/wave/load")->UseRealTime();
 BENCHMARK(WriteTypesOfWave)->Name("Import/wave/floor")->UseRealTime();
 
 } // namespace
