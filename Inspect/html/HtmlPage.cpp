@@ -3,8 +3,10 @@
 #include "Inspect/bytes/RecordFields.h"
 #include "Inspect/declarations/TypeDeclarations.h"
 #include "Inspect/declarations/TypeLabel.h"
+#include "Inspect/html/PackedForm.h"
 #include "Inspect/html/PageText.h"
 #include "Inspect/json/JsonValues.h"
+#include "Inspect/translate/ValueDecoder.h"
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintPopulation.h"
@@ -160,6 +162,7 @@ private:
     void writeDetails(unsigned int first, unsigned int end);
     Json shapesOf(unsigned int first, unsigned int end) const;
     Json detailsOf(unsigned int id) const;
+    unsigned long long addressOf(unsigned int id) const;
     void writeBlock(std::string_view name, const Json& json) {
         m_out << fmt::format("<script type=\"application/json\" class=\"{}\">", name)
               << scriptSafe(json) << "</script>\n";
@@ -207,6 +210,7 @@ void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
                         {"storageSize", m_source.storageSize},
                         {"chunk", TYPES_IN_CHUNK},
                         {"mostRecordBytes", MOST_RECORD_BYTES},
+                        {"mostFields", ValueDecoder::MOST_FIELDS},
                         {"encodings", std::move(encodings)},
                         {"format", formatJson()}});
     for (unsigned int first = 0; first < m_source.types.count && m_out;) {
@@ -219,15 +223,18 @@ void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
     }
 }
 
+/// Behind the storage where the table has none.
+unsigned long long HtmlPage::addressOf(unsigned int id) const {
+    return id < m_frame.entryCount() ? m_frame.addressOf(id) : m_source.storageSize;
+}
+
 /// Addresses as text: not every one is a number in JavaScript.
 void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
     Json sizes = Json::array();
     Json addresses = Json::array();
     std::string bytes;
     for (unsigned int id = first; id < end; ++id) {
-        const bool hasAddress = id < m_frame.entryCount();
-        const unsigned long long address =
-            hasAddress ? m_frame.addressOf(id) : m_source.storageSize;
+        const unsigned long long address = addressOf(id);
         const TypeFile::RecordFrame record = m_frame.recordAt(address);
         const unsigned long long size =
             record.hasHead() ? std::min(record.size(), MOST_RECORD_BYTES) : 0;
@@ -266,7 +273,7 @@ Json HtmlPage::shapesOf(unsigned int first, unsigned int end) const {
     return shapes;
 }
 
-/// Null where there is no type.
+/// Null where there is no type. What is known of packed values goes with the whole record alone.
 Json HtmlPage::detailsOf(unsigned int id) const {
     const RTBaseType* type = m_source.types.typeOf(id);
     if (type == nullptr)
@@ -278,9 +285,14 @@ Json HtmlPage::detailsOf(unsigned int id) const {
     Json runs = Json::array();
     for (const auto& run : runsOf(flattened.ranges, most))
         runs.push_back(Json::array({run.count, run.entry.si, run.entry.ei, run.entry.dir}));
-    return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
-                        m_declarations.declarationOf(id), flattened.ranges.size(),
-                        flattened.isComplete, std::move(runs)});
+    Json details = Json::array({static_cast<int>(m_source.types.encodings->of(*type)),
+                                type->getValueSize(), m_declarations.declarationOf(id),
+                                flattened.ranges.size(), flattened.isComplete, std::move(runs)});
+    const bool isWhole = m_frame.recordAt(addressOf(id)).size() <= MOST_RECORD_BYTES;
+    Json packed = isWhole ? packedForm(m_source.types, id, *type) : Json();
+    if (!packed.is_null())
+        details.push_back(std::move(packed));
+    return details;
 }
 
 } // namespace

@@ -199,11 +199,11 @@ class Records {
         const found = this.takenDetails.get(chunk)[id % this.file.chunk];
         if (found === null)
             return null;
-        const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers] = found;
+        const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers, packed] = found;
         const runs = numbers.map(([count, ...range]) =>
             ({ count, text: this.rangeText(...range) }));
         return { encoding: this.file.encodings[encoding] || String(encoding), valueSize,
-                 declaration, rangeCount, isWalkWhole, runs };
+                 declaration, rangeCount, isWalkWhole, runs, packed };
     }
 
     rangeText(...range) {

@@ -61,22 +61,25 @@ function highlighted(text) {
     return code;
 }
 
-/** Fills `list`, which stands in its section, with an item for each of `things`, the later ones when they are asked for. */
-function fillSlowly(list, things, makeItem) {
+/**
+ * Fills `list` with so many items, each made when its turn comes: the later ones are asked for by a
+ * button behind `box`, which is in the list's section.
+ */
+function fillSlowly(list, count, makeItem, box = list) {
     const fill = (first, end) => {
         for (let i = first; i < end; ++i)
-            list.append(makeItem(things[i], i));
+            list.append(makeItem(i));
     };
-    fill(0, Math.min(things.length, MOST_AT_FIRST));
-    if (things.length <= MOST_AT_FIRST)
+    fill(0, Math.min(count, MOST_AT_FIRST));
+    if (count <= MOST_AT_FIRST)
         return;
     const more = element("button", { type: "button", class: "more" },
-                         `Show all ${things.length.toLocaleString("en")}`);
+                         `Show all ${count.toLocaleString("en")}`);
     more.addEventListener("click", () => {
         more.remove();
-        fill(MOST_AT_FIRST, things.length);
+        fill(MOST_AT_FIRST, count);
     });
-    list.after(more);
+    box.after(more);
 }
 
 /** The panel beside the list. */
@@ -85,6 +88,8 @@ class DetailView {
         this.records = records;
         this.panel = panel;
         this.filterKind = filterKind;
+        this.packedTypes = new PackedTypes(records);
+        this.typedValues = new Map(); // By the type's id.
         this.shown = null;
         this.isWide = matchMedia("(min-width: 1500px)");
         this.isWide.addEventListener("change", () => this.showAgain());
@@ -144,6 +149,8 @@ class DetailView {
                 this.addSection("Declaration", "declaration",
                                 element("pre", { tabindex: "0" },
                                         highlighted(details.declaration.trimEnd())));
+            if (details.packed !== undefined)
+                this.panel.append(new ValueView(this.packedTypes, id, this.typedValues).section);
             this.addRanges(details);
         }
         const links = element("div", { class: "both" });
@@ -178,8 +185,10 @@ class DetailView {
         const made = section(
             `Flattened constraints (${details.isWalkWhole ? "" : "more than "}${count})`,
             "constraints", list);
-        fillSlowly(list, details.runs, (run) => element(
-            "li", {}, run.count === 1 ? run.text : `${run.text} \u00d7 ${run.count.toLocaleString("en")}`));
+        fillSlowly(list, details.runs.length, (i) => {
+            const { count: times, text } = details.runs[i];
+            return element("li", {}, times === 1 ? text : `${text} \u00d7 ${times.toLocaleString("en")}`);
+        });
         const shown = details.runs.reduce((sum, run) => sum + run.count, 0);
         if (shown < details.rangeCount || !details.isWalkWhole)
             made.append(element("p", { class: "hint" },
@@ -241,7 +250,7 @@ function linkSection(title, name, links, makeItem) {
     const list = element("ul", { class: "links" });
     const made = section(`${title} (${links.length.toLocaleString("en")})`, name,
                          links.length === 0 ? element("p", { class: "hint" }, "nothing") : list);
-    fillSlowly(list, links, makeItem);
+    fillSlowly(list, links.length, (i) => makeItem(links[i]));
     return made;
 }
 

@@ -16,23 +16,26 @@ std::string entryText(const BitStride& stride) {
     return fmt::format("{} every {}", stride.count, stride.bits);
 }
 
+MemberPlaces::MemberPlaces(const RTBaseType* type, std::uint64_t offset, std::uint64_t width)
+    : m_isStruct(type != nullptr && type->GetClassId() == ClassId::RECORD &&
+                 static_cast<const RTRecordType&>(*type).m_recordKind == VLOG_PACKED_STRUCT),
+      m_end(m_isStruct ? offset + width : offset) {}
+
 void BitPlaces::meet(const Part& part) {
-    m_path.resize(part.depth);
-    Step here{part.type, m_widths.of(part.type), 0, 0, 0};
+    m_path.erase(m_path.begin() + part.depth, m_path.end());
+    const auto width = m_widths.of(part.type);
+    std::uint64_t offset = 0;
     m_strides.resize(!m_path.empty() ? m_path.back().strides : 0);
-    if (!here.width) {
+    if (!width) {
         m_strides.clear();
     } else if (!m_path.empty() && m_path.back().width) {
         Step& above = m_path.back();
-        here.offset = above.offset;
-        if (part.role == LinkRole::MEMBER)
-            placeMember(above, here);
-        else if (part.role == LinkRole::ELEMENT)
-            addStrides(static_cast<const RTArrayType&>(*above.type), *here.width);
+        offset = part.role == LinkRole::MEMBER ? above.members.next(*width) : above.offset;
+        if (part.role == LinkRole::ELEMENT)
+            addStrides(static_cast<const RTArrayType&>(*part.above), *width);
     }
-    here.end = here.offset + here.width.value_or(0);
-    here.strides = m_strides.size();
-    m_path.push_back(here);
+    m_path.push_back(
+        {width, offset, MemberPlaces(part.type, offset, width.value_or(0)), m_strides.size()});
 }
 
 std::optional<BitPlace> BitPlaces::place() const {
@@ -40,15 +43,6 @@ std::optional<BitPlace> BitPlaces::place() const {
     if (!here.width)
         return std::nullopt;
     return BitPlace{here.offset, *here.width, m_strides};
-}
-
-/// A struct's first member has its most significant bits; the members of a union have the same
-/// least significant one.
-void BitPlaces::placeMember(Step& above, Step& member) const {
-    if (static_cast<const RTRecordType&>(*above.type).m_recordKind != VLOG_PACKED_STRUCT)
-        return;
-    above.end -= *member.width;
-    member.offset = above.end;
 }
 
 void BitPlaces::addStrides(const RTArrayType& array, std::uint64_t elementBits) {

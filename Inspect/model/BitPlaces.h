@@ -33,6 +33,23 @@ struct BitPlace {
     std::vector<BitStride> strides;
 };
 
+/// Gives the members of a packed struct or union their bits, one member after the other.
+class MemberPlaces {
+public:
+    /// The struct or union has `width` bits from `offset` on. Of another type, or of null, nothing
+    /// is asked.
+    MemberPlaces(const RTTI::RTBaseType* type, std::uint64_t offset, std::uint64_t width);
+
+    /// The offset of the next member, which has `width` bits: a struct's first member has its most
+    /// significant bits, the members of a union have the same least significant one. Members
+    /// without a width are left out.
+    std::uint64_t next(std::uint64_t width) { return m_isStruct ? m_end -= width : m_end; }
+
+private:
+    bool m_isStruct;
+    std::uint64_t m_end; ///< The bits below are those of the members to come.
+};
+
 /// Finds the bits of the parts of a type, in constant time for each.
 class BitPlaces {
 public:
@@ -48,14 +65,12 @@ public:
 private:
     /// A type on the path.
     struct Step {
-        const RTTI::RTBaseType* type;
         std::optional<std::uint64_t> width;
         std::uint64_t offset;
-        std::uint64_t end;   ///< The bits below are those of the members that were not met yet.
-        std::size_t strides; ///< From the outermost packed value to here.
+        MemberPlaces members; ///< Those that were not met yet.
+        std::size_t strides;  ///< From the outermost packed value to here.
     };
 
-    void placeMember(Step& above, Step& member) const;
     void addStrides(const RTTI::RTArrayType& array, std::uint64_t elementBits);
 
     PackedWidths& m_widths;

@@ -48,6 +48,14 @@ unsigned int takeBase(std::string_view& text) {
     return take("0b") || take("0B") || take("%") ? 2 : 0;
 }
 
+/// Without the underscores that stand behind a digit.
+std::string digitsOf(std::string_view text) {
+    std::string digits(text);
+    if (!digits.empty() && digits.front() != '_')
+        digits.erase(std::remove(digits.begin(), digits.end(), '_'), digits.end());
+    return digits;
+}
+
 /// Whether the digits are as wide as the value, or a prefix says that zeros are left out.
 bool fits(std::size_t digits, std::uint64_t most, bool hasPrefix) {
     return hasPrefix ? digits != 0 && digits <= most : digits == most;
@@ -69,12 +77,13 @@ std::string hexDigits(std::string_view bits) {
 
 std::optional<std::string> bitsOf(std::string_view text, std::uint64_t width) {
     const unsigned int base = takeBase(text);
+    const std::string digits = digitsOf(text);
     const std::uint64_t hexLength = width / 4 + (width % 4 != 0 ? 1 : 0);
-    const bool isBinary = base != 16 && fits(text.size(), width, base == 2);
-    if (!isBinary && (base == 2 || !fits(text.size(), hexLength, base == 16)))
+    const bool isBinary = base != 16 && fits(digits.size(), width, base == 2);
+    if (!isBinary && (base == 2 || !fits(digits.size(), hexLength, base == 16)))
         return std::nullopt;
     std::string bits;
-    for (const char c : text) {
+    for (const char c : digits) {
         const char digit = lowerCase(c);
         if (!isBinary) {
             if (!addNibble(bits, digit))

@@ -14,7 +14,8 @@ namespace Inspect {
 std::string hexDigits(std::string_view bits);
 
 /// The bits of a number, binary if it has `width` digits, hexadecimal if it has those for `width`
-/// bits; with 0x, 0b or GTKWave's $, % in front, with fewer digits too. None for any other text.
+/// bits; with 0x, 0b or GTKWave's $, % in front, with fewer digits too. Digits may have underscores
+/// behind them. None for any other text.
 std::optional<std::string> bitsOf(std::string_view text, std::uint64_t width);
 
 } // namespace Inspect

@@ -1,6 +1,9 @@
 #include "Inspect/translate/PackedElement.h"
 
+#include "Inspect/model/BitPlaces.h"
 #include "Inspect/translate/EnumTable.h"
+
+#include <algorithm>
 
 namespace Inspect {
 
@@ -41,6 +44,21 @@ PackedElement packedElementOf(const TypeTable& types, unsigned int id, const RTB
     }
     element.width = types.widths->of(element.type).value_or(0);
     return element;
+}
+
+std::vector<PackedMember> packedMembersOf(const TypeTable& types, const RTRecordType& record) {
+    MemberPlaces places(&record, 0, types.widths->of(&record).value_or(0));
+    std::vector<PackedMember> members;
+    const std::size_t count = std::min(record.m_members.size(), record.m_memberTypes.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const RTAggregateType::t_Member* member = record.m_members[i];
+        const RTBaseType* type = record.m_memberTypes[i];
+        const auto width = types.widths->of(type);
+        if (member != nullptr && width)
+            members.push_back(
+                {i, member->m_memberName, member->m_typeId, type, places.next(*width), *width});
+    }
+    return members;
 }
 
 } // namespace Inspect

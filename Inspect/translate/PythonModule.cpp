@@ -133,7 +133,7 @@ private:
     void writeProperty(const PythonMember& member);
     void beginDataclass(const std::string& name, unsigned int id, std::uint64_t width,
                         const std::vector<PythonMember>& members);
-    std::vector<PythonMember> membersOf(const RTRecordType& record, std::uint64_t width) const;
+    std::vector<PythonMember> membersOf(const RTRecordType& record) const;
 
     std::string annotation(const PackedElement& element) const;
     std::string read(const PackedElement& element, const std::string& bits) const;
@@ -163,7 +163,7 @@ void ModuleWriter::writeType(const std::string& name, unsigned int id) {
         return writeEnum(name, id, *table);
     const auto& record = static_cast<const RTRecordType&>(type);
     const std::uint64_t width = *m_types.widths->of(&type);
-    const std::vector<PythonMember> members = membersOf(record, width);
+    const std::vector<PythonMember> members = membersOf(record);
     if (record.m_recordKind == VLOG_PACKED_STRUCT)
         writeStruct(name, id, width, members);
     else
@@ -190,23 +190,13 @@ void ModuleWriter::writeEnum(const std::string& name, unsigned int id, const Enu
     --m_depth;
 }
 
-std::vector<PythonMember> ModuleWriter::membersOf(const RTRecordType& record,
-                                                  std::uint64_t width) const {
+std::vector<PythonMember> ModuleWriter::membersOf(const RTRecordType& record) const {
     std::vector<PythonMember> members;
     std::vector<std::string> words;
-    std::uint64_t end = width;
-    const std::size_t count = std::min(record.m_members.size(), record.m_memberTypes.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto memberWidth = m_types.widths->of(record.m_memberTypes[i]);
-        if (!memberWidth || record.m_members[i] == nullptr)
-            continue; // A member of a tagged union that has no value.
-        if (record.m_recordKind == VLOG_PACKED_STRUCT)
-            end -= *memberWidth;
-        const char* name = record.m_members[i]->m_memberName;
-        words.emplace_back(name != nullptr ? name : "");
-        members.push_back(
-            {"", packedElementOf(m_types, record.m_members[i]->m_typeId, *record.m_memberTypes[i]),
-             record.m_recordKind == VLOG_PACKED_STRUCT ? end : 0, *memberWidth});
+    for (const PackedMember& member : packedMembersOf(m_types, record)) {
+        words.emplace_back(member.name != nullptr ? member.name : "");
+        members.push_back({"", packedElementOf(m_types, member.typeId, *member.type), member.offset,
+                           member.width});
     }
     std::vector<std::string> names = m_names.members(words);
     for (std::size_t i = 0; i < members.size(); ++i)

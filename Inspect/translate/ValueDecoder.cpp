@@ -74,6 +74,8 @@ ValueDecoder::ValueDecoder(const TypeTable& types, unsigned int id) {
     const RTBaseType* type = types.typeOf(id);
     const auto width = types.widths->of(type);
     if (width) {
+        if (*width > MOST_BITS)
+            throw UndecodableType(fmt::format("it has more than {} bits", MOST_BITS));
         m_width = *width;
         m_pending.push_back({"", 0, id, type});
         while (!m_pending.empty()) {
@@ -83,8 +85,7 @@ ValueDecoder::ValueDecoder(const TypeTable& types, unsigned int id) {
         }
         return;
     }
-    while (type != nullptr && type->GetClassId() == ClassId::TYPEDEF)
-        type = static_cast<const RTTypedefType&>(*type).m_dataType;
+    type = type != nullptr ? type->getSelf(false) : nullptr;
     const auto table = type != nullptr ? enumTableOf(types, *type) : std::nullopt;
     if (!table)
         throw UndecodableType("it is neither a packed type nor an enumeration");
@@ -93,7 +94,7 @@ ValueDecoder::ValueDecoder(const TypeTable& types, unsigned int id) {
 }
 
 void ValueDecoder::checkCount() const {
-    if (m_fields.size() + m_pending.size() > MOST_FIELDS)
+    if (m_fields.size() + m_pending.size() + m_emptyParts > MOST_FIELDS)
         throw UndecodableType(fmt::format("it has more than {} fields", MOST_FIELDS));
 }
 
@@ -129,27 +130,18 @@ void ValueDecoder::divide(const TypeTable& types, Pending part) {
         m_fields.push_back(
             {std::move(part.name), part.offset, element.width, literalsOf(types, *element.type)});
     } else {
-        addMembers(types, static_cast<const RTRecordType&>(*element.type), element.width, part);
+        addMembers(types, static_cast<const RTRecordType&>(*element.type), part);
     }
     checkCount();
 }
 
 void ValueDecoder::addMembers(const TypeTable& types, const RTRecordType& record,
-                              std::uint64_t width, const Pending& part) {
-    const std::size_t first = m_pending.size();
-    std::uint64_t end = part.offset + width;
-    const std::size_t count = std::min(record.m_members.size(), record.m_memberTypes.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        const RTAggregateType::t_Member* member = record.m_members[i];
-        const auto memberWidth = types.widths->of(record.m_memberTypes[i]);
-        if (!memberWidth || member == nullptr)
-            continue; // A member of a tagged union that has no value.
-        end -= record.m_recordKind == VLOG_PACKED_STRUCT ? *memberWidth : 0;
-        m_pending.push_back({memberName(part.name, member->m_memberName),
-                             record.m_recordKind == VLOG_PACKED_STRUCT ? end : part.offset,
-                             member->m_typeId, record.m_memberTypes[i]});
-    }
-    std::reverse(m_pending.begin() + static_cast<std::ptrdiff_t>(first), m_pending.end());
+                              const Pending& part) {
+    const std::vector<PackedMember> members = packedMembersOf(types, record);
+    m_emptyParts += members.empty() ? 1 : 0;
+    for (auto member = members.rbegin(); member != members.rend(); ++member)
+        m_pending.push_back({memberName(part.name, member->name), part.offset + member->offset,
+                             member->typeId, member->type});
 }
 
 std::string ValueDecoder::decode(std::string_view line) const {

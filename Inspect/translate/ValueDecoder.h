@@ -24,6 +24,9 @@ public:
     /// counted.
     static constexpr std::size_t MOST_FIELDS = 1'000'000;
 
+    /// The largest number of bits in a value.
+    static constexpr std::uint64_t MOST_BITS = std::uint64_t{1} << 24;
+
     /// Throws UndecodableType. The types need not outlive this object.
     ValueDecoder(const TypeTable& types, unsigned int id);
 
@@ -56,13 +59,13 @@ private:
 
     const Literals* literalsOf(const TypeTable& types, const RTTI::RTBaseType& type);
     void divide(const TypeTable& types, Pending part);
-    void addMembers(const TypeTable& types, const RTTI::RTRecordType& record, std::uint64_t width,
-                    const Pending& part);
+    void addMembers(const TypeTable& types, const RTTI::RTRecordType& record, const Pending& part);
     void checkCount() const;
 
     std::uint64_t m_width = 0;
     std::vector<Field> m_fields;
     std::vector<Pending> m_pending; ///< The next one last.
+    std::size_t m_emptyParts = 0;   ///< Unions without any value but their tag.
     std::unordered_map<const RTTI::RTBaseType*, Literals> m_literals;
 };
 

@@ -99,6 +99,51 @@ TEST(HtmlPage, HasTheShapesOfTypesWithoutNames) {
     EXPECT_EQ(records["shapes"], json({{"1", {"bit [7:0]", "bit [7:0]"}}}));
 }
 
+/// `logic` and `logic [3:0]`, ids 0 and 1.
+TypeFileBuilder logicTypes() {
+    TypeFileBuilder file;
+    file.record(ClassId::SEQ_ENUM, "logic").u32(0).u32(VLOG_BUILTIN_ENUM).u32(0).u32(1);
+    file.record(ClassId::ARRAY, "").u32(VLOG_FIXED_PACKED_ARRAY).u32(0).u32(1).u32(0);
+    return file.u32(1).range(3, 0, 1).i32(-99);
+}
+
+TypeFileBuilder& addEnum(TypeFileBuilder& file, std::initializer_list<const char*> values) {
+    file.record(ClassId::DISCRETE_ENUM, "e").u32(1).u32(static_cast<unsigned int>(values.size()));
+    file.u32(2);
+    for (const char* value : values)
+        file.str("L").bytes({value, 2});
+    return file.u32(0);
+}
+
+TEST(HtmlPage, HasTheWidthsOfPackedTypesAndWhereTheirMembersAre) {
+    TypeFileBuilder file = logicTypes();
+    file.record(ClassId::RECORD, "s").u32(VLOG_PACKED_STRUCT).u32(2);
+    file.str("a").u32(1).u32(0).str("b").u32(0).u32(0).i32(-99);
+    file.record(ClassId::ARRAY, "rows").u32(VLOG_FIXED_PACKED_ARRAY).u32(2).u32(2).u32(0).u32(0);
+    file.u32(2).range(0, 1, 0).range(7, 6, 1).i32(-99).string("no bits");
+    const json details = Page(file, 5).blocks("details").at(0);
+    EXPECT_EQ(details[0][6], json({{"width", 1}}));
+    EXPECT_EQ(details[1][6], json({{"width", 4}}));
+    EXPECT_EQ(details[2][6], json({{"width", 5}, {"offsets", {1, 0}}}));
+    EXPECT_EQ(details[3][6], json({{"of", 2}, {"ranges", {{0, 1}, {7, 6}}}}));
+    EXPECT_EQ(details[4].size(), 6u);
+}
+
+TEST(HtmlPage, HasTheValuesOfLiteralsThatAreNoPositions) {
+    TypeFileBuilder file = logicTypes();
+    addEnum(file, {"\x00\x00", "\x01\x00"});
+    addEnum(file, {"\x0A\x00", "\x00\x00", "\x0F\x0F", "\x01\x08"});
+    const json details = Page(file, 4).blocks("details").at(0);
+    EXPECT_EQ(details[2][6], json({{"width", 4}, {"values", nullptr}}));
+    EXPECT_EQ(details[3][6], json({{"width", 4}, {"values", {"$a", "$0", "$x", "%z001"}}}));
+}
+
+TEST(HtmlPage, HasNothingOfPackedValuesWhereTheRecordIsCut) {
+    TypeFileBuilder file = logicTypes();
+    file.record(ClassId::TYPEDEF, std::string(2 << 20, 'n')).u32(0).u32(0);
+    EXPECT_EQ(Page(file, 3).blocks("details").at(0)[2].size(), 6u);
+}
+
 TEST(HtmlPage, SaysWhereThereIsNoType) {
     TypeFileBuilder file;
     file.record(ClassId::LOGIC, "l").string("s").claim(0x7FFFFFFF);

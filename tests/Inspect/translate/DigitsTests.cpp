@@ -32,6 +32,14 @@ TEST(Digits, MayBeFewerBehindAPrefix) {
         EXPECT_EQ(bitsOf(text, 6), "001010") << text;
 }
 
+TEST(Digits, MayHaveUnderscoresBehindThem) {
+    EXPECT_EQ(bitsOf("1_0_1010", 6), "101010");
+    EXPECT_EQ(bitsOf("0x1_f_", 6), "011111");
+    EXPECT_EQ(bitsOf("_1", 1), std::nullopt);
+    EXPECT_EQ(bitsOf("0b_1", 6), std::nullopt);
+    EXPECT_EQ(bitsOf("_", 1), std::nullopt);
+}
+
 TEST(Digits, OfAnotherNumberOrForAnotherWidthAreNone) {
     for (const char* text : {"", "1", "101", "0000101", "0g", "0a0", "4f", "xb0", "0x", "0b",
                              "0xx0a", "0b0101011", "0x40", "21", "-1", "2x0000"})

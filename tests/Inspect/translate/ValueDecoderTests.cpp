@@ -142,4 +142,20 @@ TEST(ValueDecoder, RefusesTypesOfTooManyFields) {
     EXPECT_THROW(ValueDecoder(types.table(), id), UndecodableType);
 }
 
+TEST(ValueDecoder, RefusesTypesOfTooManyUnionsWithoutAValue) {
+    PackedTypes types;
+    types.record(VLOG_UNPACKED_STRUCT, {});
+    const auto nothing = types.last();
+    auto id = types.record(VLOG_PACKED_TAGGED_UNION, {{"a", nothing}, {"b", nothing}});
+    for (int i = 0; i < 40; ++i)
+        id = types.record(VLOG_PACKED_UNTAGGED_UNION, {{"a", id}, {"b", id}});
+    EXPECT_THROW(ValueDecoder(types.table(), id), UndecodableType);
+}
+
+TEST(ValueDecoder, RefusesTypesOfTooManyBits) {
+    PackedTypes types;
+    EXPECT_EQ(types.decoded(types.vector(1 << 24), "0x1").size(), (1u << 22) + 2);
+    EXPECT_THROW(ValueDecoder(types.table(), types.vector((1 << 24) + 1)), UndecodableType);
+}
+
 } // namespace
