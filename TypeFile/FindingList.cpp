@@ -48,12 +48,14 @@ void FindingList::add(FindingCode code, unsigned int typeId, FieldName field,
 }
 
 std::vector<Finding> FindingList::take() {
-    std::vector<Finding> findings = std::move(m_errors.findings);
-    const std::size_t room = std::min(m_maxKept - findings.size(), m_warnings.findings.size());
-    const unsigned long long lostErrors = m_errors.count - findings.size();
-    const unsigned long long lostWarnings = m_warnings.count - room;
-    std::move(m_warnings.findings.begin(),
-              m_warnings.findings.begin() + static_cast<std::ptrdiff_t>(room),
+    Kept errors = std::exchange(m_errors, {});
+    Kept warnings = std::exchange(m_warnings, {});
+    std::vector<Finding> findings = std::move(errors.findings);
+    const std::size_t room = std::min(m_maxKept - findings.size(), warnings.findings.size());
+    const unsigned long long lostErrors = errors.count - findings.size();
+    const unsigned long long lostWarnings = warnings.count - room;
+    std::move(warnings.findings.begin(),
+              warnings.findings.begin() + static_cast<std::ptrdiff_t>(room),
               std::back_inserter(findings));
     std::stable_sort(findings.begin(), findings.end(), comesBefore);
     if (lostErrors + lostWarnings != 0)

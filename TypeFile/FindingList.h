@@ -31,7 +31,8 @@ public:
     void add(FindingCode code, unsigned int typeId, const char* field, unsigned long long offset,
              std::string text);
 
-    /// The findings in their order. Where some were not kept, the last one says how many.
+    /// The findings in their order, which leave the list empty. Where some were not kept, the last
+    /// one says how many.
     std::vector<Finding> take();
 
 private:

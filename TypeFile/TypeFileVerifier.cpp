@@ -6,13 +6,13 @@
 #include "TypeFile/FindingList.h"
 #include "TypeFile/GroupVerifier.h"
 #include "TypeFile/PartVerifier.h"
+#include "TypeFile/RecordOrder.h"
 #include "TypeFile/RecordVerifier.h"
 #include "TypeFile/StorageWindow.h"
 #include "TypeFile/TypeFileFrame.h"
 #include "TypeFile/WalkCounter.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace TypeFile {
 
@@ -28,34 +28,36 @@ constexpr std::size_t SWEEP_BLOCK = 65536;
 /// Those with something to say about what they lead to are read again, in any order.
 constexpr std::size_t JUMP_BLOCK = 2048;
 
+} // namespace
+
 /// One verification: each record by itself, then what types lead to, then how long walks are.
 class Verification {
 public:
     Verification(OVAT::IBlockManager& storage, unsigned long long storageSize,
-                 unsigned long long baseOffset, const VerifyLimits& limits)
-        : m_frame(storage, storageSize, baseOffset), m_sweep(storage, storageSize, SWEEP_BLOCK),
+                 unsigned long long baseOffset, const VerifyLimits& limits, std::size_t block)
+        : m_frame(storage, storageSize, baseOffset), m_sweep(storage, storageSize, block),
           m_jumps(storage, storageSize, JUMP_BLOCK), m_size(storageSize), m_limits(limits),
           m_findings(limits.maxFindings), m_steps(limits.maxWalkSteps),
           m_records(m_sweep, m_jumps, m_types, m_findings),
           m_parts(m_jumps, m_types, m_records, m_findings, m_steps) {}
 
-    std::vector<Finding> run() {
-        if (checkHeader() && readTable()) {
-            readRecords();
-            if (!m_types.deferred.empty()) {
-                placeDeferred();
-                GroupVerifier(m_types, m_parts, m_records).verify();
-                WalkCounter(m_types, m_findings, m_limits, m_steps, m_frame.tableOffset()).verify();
-            }
-        }
-        return m_findings.take();
-    }
+    /// Checks what comes before the records. False if they cannot be found.
+    bool begin() { return checkHeader() && readTable(); }
+
+    void verifyAll();
+
+    /// Checks types with all that they lead to, unless that was done before.
+    void verify(const std::vector<unsigned int>& typeIds);
+
+    std::vector<Finding> takeFindings() { return m_findings.take(); }
 
 private:
     bool checkHeader();
     bool readTable();
-    void readRecords();
-    template <typename IdAt> void readInOrder(IdAt idAt);
+    std::size_t readRecords(std::size_t place);
+    void verifyDeferred();
+    bool isTooLarge() const { return m_recordBytes > m_limits.maxRecordBytes; }
+    void addTooLarge();
     void readRecord(unsigned int typeId, unsigned long long end);
     bool readFrame(unsigned int typeId);
     void addOutside(unsigned int typeId);
@@ -74,12 +76,15 @@ private:
     StorageWindow m_sweep;
     StorageWindow m_jumps;
     unsigned long long m_size;
-    const VerifyLimits& m_limits;
+    const VerifyLimits m_limits;
     FindingList m_findings;
     WalkSteps m_steps;
     TypeNodes m_types;
+    RecordOrder m_order;
     RecordVerifier m_records;
     PartVerifier m_parts;
+    std::vector<bool> m_isRead;          ///< By id, where types are verified one by one.
+    std::vector<unsigned int> m_waiting; ///< Types to be read, each maybe more than once.
     unsigned long long m_tableEnd = 0;
     unsigned long long m_recordBytes = 0;
 
@@ -129,42 +134,69 @@ bool Verification::readTable() {
     m_types.addresses = m_frame.addresses();
     m_types.states.resize(typeCount);
     m_types.counts.resize(typeCount);
+    m_order = RecordOrder(m_types.addresses);
     return true;
 }
 
 /// In the order of their addresses, so that overlaps are those of neighbours, and each byte of the
 /// storage is looked at once.
-void Verification::readRecords() {
-    const std::vector<unsigned long long>& addresses = m_types.addresses;
-    if (std::is_sorted(addresses.begin(), addresses.end())) {
-        readInOrder([](std::size_t place) { return static_cast<unsigned int>(place); });
-    } else {
-        std::vector<unsigned int> order(addresses.size());
-        std::iota(order.begin(), order.end(), 0);
-        std::stable_sort(order.begin(), order.end(), [&](unsigned int left, unsigned int right) {
-            return addresses[left] < addresses[right];
-        });
-        readInOrder([&](std::size_t place) { return order[place]; });
-    }
-    if (m_recordBytes > m_limits.maxRecordBytes)
-        addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
-                   "The records take " + counted(m_recordBytes, "byte") +
-                       ", each counted once a type, and the limit is " +
-                       std::to_string(m_limits.maxRecordBytes) + ".");
+void Verification::verifyAll() {
+    for (std::size_t place = 0; place < m_types.size();)
+        place = readRecords(place);
+    if (isTooLarge())
+        addTooLarge();
+    verifyDeferred();
 }
 
-template <typename IdAt> void Verification::readInOrder(IdAt idAt) {
-    const std::vector<unsigned long long>& addresses = m_types.addresses;
-    for (std::size_t first = 0; first < addresses.size();) {
-        const unsigned int id = idAt(first);
-        std::size_t next = first + 1;
-        while (next < addresses.size() && addresses[idAt(next)] == addresses[id])
-            ++next;
-        readRecord(id, next < addresses.size() ? addresses[idAt(next)] : m_size);
-        for (std::size_t i = first + 1; i < next; ++i)
-            share(idAt(i), id);
-        first = next;
+/// Types are read before what they lead to, so that most of them are deferred.
+void Verification::verify(const std::vector<unsigned int>& typeIds) {
+    m_isRead.resize(m_types.size());
+    m_waiting.assign(typeIds.begin(), typeIds.end());
+    while (!m_waiting.empty() && !isTooLarge()) {
+        const unsigned int typeId = m_waiting.back();
+        m_waiting.pop_back();
+        if (typeId >= m_types.size() || m_isRead[typeId])
+            continue;
+        const std::size_t place = m_order.placeFrom(m_types.addresses[typeId]);
+        const std::size_t next = readRecords(place);
+        for (std::size_t i = place; i < next; ++i)
+            m_isRead[m_order.idAt(i)] = true;
+        for (const Part& part : m_record.all().parts)
+            m_waiting.push_back(part.target);
     }
+    if (isTooLarge())
+        return addTooLarge();
+    verifyDeferred();
+    for (const DeferredType& type : m_types.deferred)
+        m_types.states[type.typeId].isFinished = true; // Nothing read later is below it.
+    m_types.deferred.clear();
+    m_types.parts.clear();
+    m_types.longLists.clear();
+}
+
+void Verification::verifyDeferred() {
+    if (m_types.deferred.empty())
+        return;
+    placeDeferred();
+    GroupVerifier(m_types, m_parts, m_records).verify();
+    WalkCounter(m_types, m_findings, m_limits, m_steps, m_frame.tableOffset()).verify();
+}
+
+void Verification::addTooLarge() {
+    addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
+               "The records take " + counted(m_recordBytes, "byte") +
+                   ", each counted once a type, and the limit is " +
+                   std::to_string(m_limits.maxRecordBytes) + ".");
+}
+
+/// Those of all types that share the record at this place. Gives the place of the next one.
+std::size_t Verification::readRecords(std::size_t place) {
+    const unsigned int first = m_order.idAt(place);
+    const std::size_t next = m_order.placeBehind(place);
+    readRecord(first, next < m_order.size() ? m_order.addressAt(next) : m_size);
+    for (std::size_t i = place + 1; i < next; ++i)
+        share(m_order.idAt(i), first);
+    return next;
 }
 
 void Verification::readRecord(unsigned int typeId, unsigned long long end) {
@@ -289,11 +321,26 @@ void Verification::share(unsigned int typeId, unsigned int other) {
                    "Type " + std::to_string(other) + " has its record at the same address.");
 }
 
-} // namespace
-
 std::vector<Finding> verify(OVAT::IBlockManager& storage, unsigned long long storageSize,
                             unsigned long long baseOffset, const VerifyLimits& limits) {
-    return Verification(storage, storageSize, baseOffset, limits).run();
+    Verification verification(storage, storageSize, baseOffset, limits, SWEEP_BLOCK);
+    if (verification.begin())
+        verification.verifyAll();
+    return verification.takeFindings();
+}
+
+TypeVerifier::TypeVerifier(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                           unsigned long long baseOffset, const VerifyLimits& limits)
+    : m_verification(
+          std::make_unique<Verification>(storage, storageSize, baseOffset, limits, JUMP_BLOCK)),
+      m_hasTable(m_verification->begin()) {}
+
+TypeVerifier::~TypeVerifier() = default;
+
+std::vector<Finding> TypeVerifier::verify(const std::vector<unsigned int>& typeIds) {
+    if (m_hasTable)
+        m_verification->verify(typeIds);
+    return m_verification->takeFindings();
 }
 
 bool hasErrors(const std::vector<Finding>& findings) {

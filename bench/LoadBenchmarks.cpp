@@ -3,6 +3,8 @@
 
 #include "RTTI/RTType.h"
 #include "RTTI/RTTypeManager.h"
+#include "TypeFile/RecordSearch.h"
+#include "TypeFile/TypeFileVerifier.h"
 #include "bench/EveryCount.h"
 #include "bench/TypeStorage.h"
 
@@ -75,6 +77,32 @@ void LazyFirstType(benchmark::State& state) {
     }
 }
 
+/// A type in the middle, verified with what it leads to before it is loaded.
+void OneVerifiedType(benchmark::State& state) {
+    TypeStorage& types = storageOf(state);
+    const auto id = static_cast<unsigned int>(state.range(0) / 2);
+    for (auto _ : state) {
+        Bench::startAfresh(state);
+        TypeFile::TypeVerifier verifier(types.storage, types.storage.size(), 0);
+        if (TypeFile::hasErrors(verifier.verify({id})))
+            state.SkipWithError("the type has errors");
+        RTTI::RTTypeManager manager;
+        manager.setupDeserializer(types.storage, 0);
+        benchmark::DoNotOptimize(manager.getRTType(id));
+    }
+}
+
+void FindReferences(benchmark::State& state) {
+    TypeStorage& types = storageOf(state);
+    const auto id = static_cast<unsigned int>(state.range(0) / 2);
+    for (auto _ : state) {
+        Bench::startAfresh(state);
+        const TypeFile::RecordSearch records(types.storage, types.storage.size(), 0);
+        if (records.referringTo(id).empty())
+            state.SkipWithError("nothing refers to the type");
+    }
+}
+
 /// The address table alone, which a manager reads before anything else.
 void LazyFirstTypeFloor(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
@@ -93,6 +121,8 @@ const int REGISTERED[] = {
     Bench::measureEveryCount("Teardown/floor", TeardownFloor),
     Bench::measureEveryCount("LazyFirstType", LazyFirstType),
     Bench::measureEveryCount("LazyFirstType/floor", LazyFirstTypeFloor),
+    Bench::measureEveryCount("LazyFirstType/verified", OneVerifiedType),
+    Bench::measureEveryCount("FindReferences", FindReferences),
 };
 
 } // namespace

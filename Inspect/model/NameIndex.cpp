@@ -19,14 +19,18 @@ NameIndex::NameIndex(const TypeTable& types) : m_types(types) {
 
 std::vector<unsigned int> NameIndex::idsOf(std::string_view name) const {
     const auto found = m_ids.find(name);
-    if (found == m_ids.end())
-        return {};
-    std::vector<unsigned int> ids = found->second;
+    return found == m_ids.end() ? std::vector<unsigned int>()
+                                : withoutNamesakes(m_types, found->second);
+}
+
+std::vector<unsigned int> withoutNamesakes(const TypeTable& types, std::vector<unsigned int> ids) {
     std::unordered_set<unsigned int> behind;
     for (const unsigned int id : ids) {
-        const RTBaseType& type = *m_types.typeOf(id);
-        if (type.GetClassId() == ClassId::TYPEDEF)
-            behind.insert(static_cast<const RTTypedefType&>(type).m_dataTypeId);
+        const RTBaseType* type = types.typeOf(id);
+        if (type == nullptr)
+            behind.insert(id);
+        else if (type->GetClassId() == ClassId::TYPEDEF)
+            behind.insert(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
     }
     std::erase_if(ids, [&](unsigned int id) { return behind.count(id) != 0; });
     return ids;

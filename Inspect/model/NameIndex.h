@@ -8,13 +8,16 @@
 
 namespace Inspect {
 
+/// The ids of types of one name without those that a typedef among them stands for: both are one
+/// type, the typedef. Ids without a type are left out.
+std::vector<unsigned int> withoutNamesakes(const TypeTable& types, std::vector<unsigned int> ids);
+
 /// The types of a table by name. Made in one pass over the table; the types must outlive it.
 class NameIndex {
 public:
     explicit NameIndex(const TypeTable& types);
 
-    /// The ids of the types with a name, in ascending order. A typedef and the type of the same
-    /// name that it stands for are one type here: the typedef.
+    /// The ids of the types with a name, in ascending order, without namesakes.
     std::vector<unsigned int> idsOf(std::string_view name) const;
 
 private:

@@ -75,4 +75,19 @@ std::vector<unsigned int> referencesOf(const RTBaseType& type) {
     return distinct;
 }
 
+std::vector<unsigned int> referringTo(unsigned int typeId, const TypeTable& types) {
+    std::vector<unsigned int> ids;
+    std::vector<TypeLink> links;
+    for (unsigned int other = 0; other < types.count; ++other) {
+        const RTBaseType* type = types.typeOf(other);
+        if (type == nullptr)
+            continue;
+        linksOf(*type, links);
+        if (std::any_of(links.begin(), links.end(),
+                        [=](const TypeLink& link) { return link.typeId == typeId; }))
+            ids.push_back(other);
+    }
+    return ids;
+}
+
 } // namespace Inspect

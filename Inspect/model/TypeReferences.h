@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inspect/model/TypeTable.h"
 #include "TypeFile/TypeFields.h"
 
 #include <string>
@@ -31,5 +32,8 @@ std::string linkText(const RTTI::RTBaseType& type, const TypeLink& link);
 /// The ids of the types that the fields of a type refer to, each once, in the order of the fields;
 /// ids that mean "no type" are left out.
 std::vector<unsigned int> referencesOf(const RTTI::RTBaseType& type);
+
+/// The ids of the types of a table that refer to a type, in ascending order. Looks at all of them.
+std::vector<unsigned int> referringTo(unsigned int typeId, const TypeTable& types);
 
 } // namespace Inspect

@@ -309,7 +309,7 @@ TEST_P(TypeQueries, EndWith2ForTwoFormsAtOnce) {
 TEST_P(TypeQueries, EndWith1ForAFileWithErrorsUnlessForced) {
     std::string bytes = contentOf(example("ieee_rti"));
     bytes[40] = '\x7F'; // The size of the first record now ends within the second.
-    const std::string call = std::string(GetParam()) + " " + fileOf(bytes) + " 11";
+    const std::string call = std::string(GetParam()) + " " + fileOf(bytes) + " 0";
     EXPECT_EQ(rtti(call).status, 1);
     EXPECT_EQ(rtti(call + " --force").status, 0);
 }

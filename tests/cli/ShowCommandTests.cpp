@@ -45,4 +45,22 @@ TEST(RttiShow, RefusesAFileWithErrorsUnlessForced) {
     EXPECT_EQ(rtti("show --force " + file + " 0").status, 0);
 }
 
+/// The file has a type whose record is damaged: it begins at byte 40 and overlaps the next one.
+TEST(RttiShow, LooksAtNoOtherTypesThanItPrints) {
+    std::string bytes = contentOf(example("ieee_rti"));
+    bytes[40] = '\x7F';
+    const Result damaged = rtti("show " + fileOf(bytes) + " character");
+    const Result sound = rtti("show " + example("ieee_rti") + " character");
+    EXPECT_EQ(damaged.status, 0) << damaged.err;
+    EXPECT_EQ(damaged.out, sound.out);
+}
+
+TEST(RttiShow, ListsTheSameTypesAsAForcedLoad) {
+    for (const std::string id : {"0", "1", "4", "11", "33", "103"}) {
+        const Result searched = rtti("show " + example("svkinds_slang") + " " + id);
+        EXPECT_EQ(searched.out, rtti("show --force " + example("svkinds_slang") + " " + id).out);
+        EXPECT_THAT(searched.out, HasSubstr("\nreferred to by:\n"));
+    }
+}
+
 } // namespace

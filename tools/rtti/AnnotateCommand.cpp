@@ -5,6 +5,7 @@
 #include "InputStorage.h"
 #include "Inspect/bytes/FileAnnotator.h"
 #include "Inspect/declarations/TypeLabel.h"
+#include "Inspect/model/NameIndex.h"
 #include "RTTI/RTTypeManager.h"
 #include "Terminal.h"
 #include "TypeFile/TypeFileFrame.h"
@@ -31,7 +32,8 @@ std::optional<unsigned int> idOf(const AnnotateOptions& options,
                                  const Inspect::TypeTable& types) {
     if (options.type.empty() || !frame.hasHeader())
         return std::nullopt;
-    return typeIdOf("TYPE", options.type, types.count, [&] { return types; });
+    return typeIdOf("TYPE", options.type, types,
+                    [&] { return Inspect::NameIndex(types).idsOf(options.type); });
 }
 
 /// The types of a file, none of which is read before one is asked for. The storage must outlive

@@ -21,7 +21,7 @@ struct LeavesOptions : FileArguments, JsonArguments, ColorArguments {
 /// unusable file.
 int runLeaves(LeavesOptions& options) {
     const auto form = options.jsonForm();
-    OpenedFile file(options);
+    OpenedFile file(options, OpenedFile::Verified::AS_ASKED);
     options.request.id = file.idOf("TYPE", options.type);
     const bool isWhole =
         form ? Inspect::writeLeavesJson(std::cout, file.types(), options.request, *form)

@@ -1,8 +1,10 @@
 #include "OpenedFile.h"
 
+#include "Inspect/model/NameIndex.h"
+#include "Inspect/model/TypeReferences.h"
 #include "RTTI/TypeFileFormat.h"
 #include "ReadProgress.h"
-#include "TypeFile/TypeFileVerifier.h"
+#include "TypeFile/RecordSearch.h"
 #include "TypeNames.h"
 
 #include <algorithm>
@@ -16,12 +18,16 @@ std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long l
     return TypeFile::verify(reads, storage.size(), offset);
 }
 
-OpenedFile::OpenedFile(const FileArguments& arguments)
-    : m_storage(arguments.file), m_frame(m_storage, m_storage.size(), arguments.offset),
+OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
+    : m_arguments(arguments), m_storage(arguments.file),
+      m_frame(m_storage, m_storage.size(), arguments.offset),
       m_typeCount(m_frame.isMarkedUnusable() ? 0 : m_frame.typeCount()) {
     if (!arguments.force) {
         checkFrame();
-        verify(arguments);
+        if (verified == Verified::WHOLE)
+            refuseErrors(findingsOf(m_storage, arguments.offset));
+        else
+            m_verifier.emplace(m_storage, m_storage.size(), arguments.offset);
     }
     m_manager.setupDeserializer(m_storage, arguments.offset);
 }
@@ -31,6 +37,8 @@ Inspect::TypeTable OpenedFile::types() {
 }
 
 const RTBaseType* OpenedFile::load(unsigned int id) {
+    if (m_verifier)
+        refuseErrors(m_verifier->verify({id}));
     try {
         return m_manager.getRTType(id);
     } catch (const std::bad_alloc&) {
@@ -50,7 +58,24 @@ Inspect::TypeTable OpenedFile::loadedTypes() {
 }
 
 unsigned int OpenedFile::idOf(const std::string& what, const std::string& type) {
-    return typeIdOf(what, type, m_typeCount, [this] { return loadedTypes(); });
+    return typeIdOf(what, type, types(), [&] {
+        return m_arguments.force
+                   ? Inspect::NameIndex(loadedTypes()).idsOf(type)
+                   : Inspect::withoutNamesakes(
+                         types(), search([&](const auto& records) { return records.named(type); }));
+    });
+}
+
+std::vector<unsigned int> OpenedFile::referringTo(unsigned int typeId) {
+    return m_arguments.force
+               ? Inspect::referringTo(typeId, loadedTypes())
+               : search([=](const auto& records) { return records.referringTo(typeId); });
+}
+
+template <typename Find> std::vector<unsigned int> OpenedFile::search(const Find& find) {
+    Progress progress("searching " + m_storage.path(), m_storage.size());
+    ReadProgress reads(m_storage, m_storage.size(), progress);
+    return find(TypeFile::RecordSearch(reads, m_storage.size(), m_frame.baseOffset()));
 }
 
 void OpenedFile::checkFrame() const {
@@ -59,17 +84,16 @@ void OpenedFile::checkFrame() const {
         throw UnusableFile(m_storage.path(), reason);
 }
 
-void OpenedFile::verify(const StorageArguments& arguments) {
-    const auto findings = findingsOf(m_storage, arguments.offset);
+void OpenedFile::refuseErrors(const std::vector<TypeFile::Finding>& findings) const {
     const auto error = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == TypeFile::Severity::ERROR;
     });
     if (error == findings.end())
         return;
     const std::string place =
-        arguments.offset == 0 ? "" : " --offset " + std::to_string(arguments.offset);
+        m_arguments.offset == 0 ? "" : " --offset " + std::to_string(m_arguments.offset);
     throw UnusableFile(m_storage.path(), TypeFile::lineOf(*error) + " (see `rtti verify " +
-                                             arguments.file + place +
+                                             m_arguments.file + place +
                                              "`; --force loads it all the same)");
 }
 

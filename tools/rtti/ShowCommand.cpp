@@ -7,7 +7,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -45,18 +44,9 @@ public:
 
     void referringTypes(unsigned int id) const {
         heading("referred to by:");
-        std::cout.flush();
-        m_file.loadedTypes(); // The work is done before a line is written under the progress.
-        std::vector<Inspect::TypeLink> links;
-        for (unsigned int other = 0; other < m_types.count && std::cout; ++other) {
-            const RTBaseType* referring = m_types.typeOf(other);
-            if (referring == nullptr)
-                continue;
-            Inspect::linksOf(*referring, links);
-            if (std::any_of(links.begin(), links.end(),
-                            [=](const auto& link) { return link.typeId == id; }))
-                Inspect::dumpHeading(std::cout, other, *referring, m_types, m_style);
-        }
+        std::cout.flush(); // The work is done before a line is written under the progress.
+        for (const unsigned int other : m_file.referringTo(id))
+            Inspect::dumpHeading(std::cout, other, *m_types.typeOf(other), m_types, m_style);
     }
 
 private:
@@ -73,7 +63,7 @@ private:
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
 /// status is 0. Throws for a wrong call or an unusable file.
 int runShow(const ShowOptions& options) {
-    OpenedFile file(options);
+    OpenedFile file(options, OpenedFile::Verified::AS_ASKED);
     const unsigned int id = file.idOf("TYPE", options.type);
     const Show show(file, options.style(), options.lists);
     show.type(id);

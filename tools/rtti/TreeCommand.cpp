@@ -21,7 +21,7 @@ struct TreeOptions : FileArguments, JsonArguments, ColorArguments {
 /// file.
 int runTree(TreeOptions& options) {
     const auto form = options.jsonForm();
-    OpenedFile file(options);
+    OpenedFile file(options, OpenedFile::Verified::AS_ASKED);
     options.request.id = file.idOf("TYPE", options.type);
     const bool isWhole =
         form ? Inspect::writeTreeJson(std::cout, file.types(), options.request, *form)

@@ -1,6 +1,5 @@
 #include "TypeNames.h"
 
-#include "Inspect/model/NameIndex.h"
 #include "Inspect/words/Counted.h"
 #include "Inspect/words/TypeKind.h"
 
@@ -9,7 +8,6 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
-#include <vector>
 
 using Inspect::counted;
 
@@ -40,16 +38,16 @@ std::string listOf(const std::vector<unsigned int>& ids, const Inspect::TypeTabl
 
 } // namespace
 
-unsigned int typeIdOf(const std::string& what, const std::string& type, unsigned int typeCount,
-                      const std::function<Inspect::TypeTable()>& loadedTypes) {
+unsigned int typeIdOf(const std::string& what, const std::string& type,
+                      const Inspect::TypeTable& types,
+                      const std::function<std::vector<unsigned int>()>& find) {
     if (const auto number = numberOf(type)) {
-        if (*number >= typeCount)
+        if (*number >= types.count)
             throw CLI::ValidationError(what + ' ' + type + ": the file has " +
-                                       counted(typeCount, "type"));
+                                       counted(types.count, "type"));
         return static_cast<unsigned int>(*number);
     }
-    const Inspect::TypeTable types = loadedTypes();
-    const std::vector<unsigned int> ids = Inspect::NameIndex(types).idsOf(type);
+    const std::vector<unsigned int> ids = find();
     if (ids.empty())
         throw CLI::ValidationError(what + ' ' + type + ": no type has this name");
     if (ids.size() > 1)
