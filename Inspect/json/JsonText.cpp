@@ -4,15 +4,8 @@
 
 namespace Inspect {
 
-namespace {
-
-/// Whether a character stands for itself in the text of a string.
-bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
-
-} // namespace
-
 void JsonText::name(std::string_view name) {
-    if (!std::all_of(name.begin(), name.end(), isPlain)) {
+    if (!std::all_of(name.begin(), name.end(), isPlainInString)) {
         value(nameToJson(name));
         return;
     }
@@ -23,5 +16,7 @@ void JsonText::name(std::string_view name) {
     begin[name.size() + 1] = '"';
     m_size += name.size() + 2;
 }
+
+void JsonText::value(const Json& json) { word(lineText(json)); }
 
 } // namespace Inspect

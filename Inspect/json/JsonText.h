@@ -53,7 +53,7 @@ public:
     }
 
     /// Any value; slow beside the others.
-    void value(const Json& json) { word(lineText(json)); }
+    void value(const Json& json);
 
 private:
     /// Space for `size` more bytes, at the end.

@@ -38,6 +38,9 @@ template <typename Enum> Json namedToJson(Enum value) {
     return name != nullptr ? Json(name) : Json(static_cast<std::underlying_type_t<Enum>>(value));
 }
 
+/// Whether a character stands for itself in the ASCII text of a string.
+inline bool isPlainInString(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
+
 /// An object as one line of ASCII; the second without its last brace, for members that follow.
 std::string lineText(const Json& json);
 std::string openedText(const Json& json);

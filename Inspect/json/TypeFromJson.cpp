@@ -1,9 +1,8 @@
 #include "Inspect/json/TypeFromJson.h"
 
+#include "Inspect/json/EmptyFields.h"
 #include "Inspect/words/Counted.h"
-#include "RTTI/OwnedName.h"
 #include "TypeFile/NamedValues.h"
-#include "TypeFile/TypeFields.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -86,27 +85,6 @@ private:
     const JsonPlace& m_place;
     std::vector<std::string_view> m_asked;
 };
-
-/// Whether a field may be left out, and then has the value that it has in a new object.
-template <typename FieldForm> constexpr bool isOptional(const FieldForm&) { return false; }
-constexpr bool isOptional(Form::Flags) { return true; }
-constexpr bool isOptional(Form::Ranges) { return true; }
-constexpr bool isOptional(Form::SVTypeId) { return true; }
-constexpr bool isOptional(Form::Boolean) { return true; }
-
-void setText(std::string& text, const std::string& from) { text = from; }
-void setText(char*& text, const std::string& from) {
-    char* const copy = copyOfName(from);
-    delete[] std::exchange(text, copy);
-}
-
-/// Appends an object that has no values yet. The list owns it.
-template <typename Entry> Entry& appendTo(std::vector<Entry>& list) { return list.emplace_back(); }
-template <typename Entry, typename Base> Entry& appendTo(std::vector<Base*>& list) {
-    auto entry = std::make_unique<Entry>();
-    list.push_back(entry.get());
-    return *entry.release();
-}
 
 /// Calls `take(item, place)` for each item of a list.
 template <typename Take> void forEachItem(const Json& json, const JsonPlace& place, Take take) {

@@ -1,10 +1,14 @@
 #include "Inspect/json/TypeJsonReader.h"
 
-#include "Inspect/json/TypeFromJson.h"
+#include "Inspect/json/JsonCursor.h"
+#include "Inspect/json/JsonWindow.h"
+#include "Inspect/json/TypeFromText.h"
 #include "TypeFile/FieldNames.h"
 #include "TypeFile/WriteError.h"
 
 #include <algorithm>
+#include <charconv>
+#include <functional>
 #include <set>
 #include <utility>
 
@@ -27,19 +31,33 @@ std::string messageOf(const nlohmann::json::exception& error) {
     return end != std::string::npos ? text.substr(end + 2) : text;
 }
 
-/// Splits "parse error at line 3, column 5: reason" into place and reason.
-[[noreturn]] void refuseSyntax(const nlohmann::json::exception& error, std::size_t line,
+bool isBlank(std::string_view line) {
+    return line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+/// The number behind `word` in `text`.
+std::size_t numberBehind(std::string_view word, std::string_view text) {
+    std::size_t number = 0;
+    const std::size_t begin = text.find(word) + word.size();
+    std::from_chars(text.data() + begin, text.data() + text.size(), number);
+    return number;
+}
+
+/// Splits "parse error at line 3, column 5: reason" into place and reason; `placeOf` corrects the
+/// line and the column.
+[[noreturn]] void refuseSyntax(const nlohmann::json::exception& error,
+                               const std::function<TextPlace(TextPlace)>& placeOf,
                                const std::string& otherwise) {
+    constexpr std::string_view LINE = "parse error at line ";
+    constexpr std::string_view COLUMN = ", column ";
     const std::string text = messageOf(error);
-    const std::size_t column = text.find(", column ");
-    const std::size_t colon = text.find(": ", column);
-    constexpr std::string_view BEFORE = "parse error at ";
-    if (column == std::string::npos || colon == std::string::npos ||
-        text.compare(0, BEFORE.size(), BEFORE) != 0)
+    const std::size_t colon = text.find(": ", text.find(COLUMN));
+    if (text.find(COLUMN) == std::string::npos || colon == std::string::npos ||
+        text.compare(0, LINE.size(), LINE) != 0)
         throw JsonError(otherwise, text);
-    const std::string place = text.substr(BEFORE.size(), colon - BEFORE.size());
-    throw JsonError(line == 0 ? place
-                              : "line " + std::to_string(line) + place.substr(place.find(',')),
+    const TextPlace place = placeOf({numberBehind(LINE, text), numberBehind(COLUMN, text)});
+    throw JsonError("line " + std::to_string(place.line) + ", column " +
+                        std::to_string(place.column),
                     text.substr(colon + 2));
 }
 
@@ -85,8 +103,11 @@ public:
         const bool isEnd =
             event == Event::value || event == Event::object_end || event == Event::array_end;
         if (isEnd && !m_levels.empty())
-            ++m_levels.back().index;
+            passItem();
     }
+
+    /// An item of the innermost list has been read by someone else.
+    void passItem() { ++m_levels.back().index; }
 
     /// The place of the value that comes or has just ended.
     std::string text() const {
@@ -183,17 +204,22 @@ public:
 
     /// A whole document. Types are taken as they end, and dropped at once.
     void readDocument(std::istream& in) {
-        const auto onEvent = [this](int depth, Event event, Json& parsed) {
+        JsonWindow window(in);
+        const auto onEvent = [&](int depth, Event event, Json& parsed) {
             m_path.begin(depth, event, parsed);
             const bool keeps = takeValue(depth, event, parsed);
             m_path.end(event);
+            if (!keeps)
+                takeTypes(window);
             return keeps;
         };
         try {
-            const Json head = Json::parse(in, onEvent);
+            std::istream text(&window);
+            const Json head = Json::parse(text, onEvent);
             m_isWhole = head.is_object();
         } catch (const nlohmann::json::exception& error) {
-            refuseSyntax(error, 0, m_path.text());
+            refuseSyntax(
+                error, [&](TextPlace place) { return window.placeOf(place); }, m_path.text());
         }
         if (!m_isWhole || !m_hasTypes)
             throw JsonError(WHOLE, "there is no \"types\"");
@@ -201,6 +227,12 @@ public:
 
     /// A line of a text of lines: the head, or a type.
     void readLine(const std::string& line, std::size_t number) {
+        DescribedType described;
+        const std::size_t size = typeFromText(line, described);
+        if (size != 0 && isBlank(std::string_view(line).substr(size))) {
+            takeType(described);
+            return;
+        }
         const auto onEvent = [this](int depth, Event event, Json& parsed) {
             m_path.begin(depth, event, parsed);
             m_path.end(event);
@@ -210,10 +242,15 @@ public:
         try {
             json = Json::parse(line, onEvent);
         } catch (const nlohmann::json::exception& error) {
-            refuseSyntax(error, number, m_path.text());
+            refuseSyntax(
+                error,
+                [&](TextPlace place) {
+                    return TextPlace{number, place.column};
+                },
+                m_path.text());
         }
         if (!json.is_object() || !json.contains(JsonKey::FORMAT)) {
-            takeType(json);
+            takeType(typeFromJson(json, JsonPlace(m_path.text())));
             return;
         }
         for (const auto& [key, value] : json.items())
@@ -240,14 +277,32 @@ private:
         } else if (depth == 1) {
             m_head.take(m_path.outermostKey(), parsed, m_path.text());
         } else if (depth == 2 && isTypes) {
-            takeType(parsed);
+            takeType(typeFromJson(parsed, JsonPlace(m_path.text())));
             return false;
         }
         return true;
     }
 
-    void takeType(const Json& json) {
-        const DescribedType described = typeFromJson(json, JsonPlace(m_path.text()));
+    /// Takes what follows a type in the list as far as it is a comma and a type in the usual form.
+    /// The parser finds only what is left.
+    void takeTypes(JsonWindow& window) {
+        for (;;) {
+            const std::string_view text = window.ahead();
+            JsonCursor cursor(text);
+            if (!cursor.take(','))
+                return;
+            const auto comma = static_cast<std::size_t>(cursor.at() - text.data());
+            DescribedType described;
+            const std::size_t size = typeFromText(text.substr(comma), described);
+            if (size == 0)
+                return;
+            takeType(described);
+            m_path.passItem();
+            window.pass(comma + size);
+        }
+    }
+
+    void takeType(const DescribedType& described) {
         try {
             m_reader.m_takeType(described.id, *described.type);
         } catch (const TypeFile::WriteError& error) {
@@ -271,7 +326,7 @@ void TypeJsonReader::readDocument(std::istream& in) { Scan(*this, std::string())
 void TypeJsonReader::readLines(std::istream& in) {
     std::string line;
     for (std::size_t number = 1; std::getline(in, line); ++number) {
-        if (line.find_first_not_of(" \t\r") == std::string::npos)
+        if (isBlank(line))
             continue;
         const std::size_t typesBefore = m_typeIds.size();
         Scan(*this, "line " + std::to_string(number) + ", type").readLine(line, number);

@@ -6,10 +6,15 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -125,6 +130,58 @@ TEST(TypeJsonReader, TakesAKindByItsNameOrItsNumber) {
     }
 }
 
+/// The text of a document with these types.
+std::string writtenAgain(const std::string& text) {
+    std::ostringstream out;
+    std::optional<TypeJsonWriter> writer;
+    TypeJsonReader reader(
+        [&](unsigned int id, const RTBaseType& type) { writer->type(id, type); },
+        [&](std::string_view version) { writer.emplace(out, JsonForm::DOCUMENT, version); });
+    read(reader, text, JsonForm::DOCUMENT);
+    writer->end();
+    return out.str();
+}
+
+TEST(TypeJsonReader, ReadsTheSameInEveryLayout) {
+    std::ifstream file(EVERY_KIND_JSON);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    const auto json = nlohmann::ordered_json::parse(text);
+    EXPECT_EQ(writtenAgain(text), text);
+    EXPECT_EQ(writtenAgain(json.dump()), text);
+    EXPECT_EQ(writtenAgain(json.dump(3, '\t')), text);
+    auto backwards = json;
+    for (auto& type : backwards["types"]) {
+        const auto fields = std::exchange(type, nlohmann::ordered_json::object());
+        for (auto field = fields.rbegin(); field != fields.rend(); ++field)
+            type[field.key()] = field.value();
+    }
+    EXPECT_EQ(writtenAgain(backwards.dump()), text);
+}
+
+TEST(TypeJsonReader, ReadsATypeWithANameOfAMillionLettersBehindOthers) {
+    const std::string name(1'000'000, 'n');
+    const Read read(R"({"types":[{"id":0,"kind":"string","name":"a"},)"
+                    R"({"id":1,"kind":"string","name":"b"},{"id":2,"kind":"string","name":")" +
+                        name + R"("},{"id":3,"kind":"string","name":"d"}]})",
+                    JsonForm::DOCUMENT);
+    EXPECT_EQ(read.types, (std::vector<std::string>{"0 a", "1 b", "2 " + name, "3 d"}));
+}
+
+TEST(TypeJsonReader, CountsLinesAndColumnsBehindManyTypes) {
+    constexpr unsigned int TYPES = 20000;
+    for (const std::string separator : {",", ",\n"}) {
+        std::string text = R"({"types":[)";
+        for (unsigned int id = 0; id < TYPES; ++id)
+            text += (id == 0 ? "" : separator) + R"({"id":)" + std::to_string(id) +
+                    R"(,"kind":"string","name":""})";
+        const bool isOneLine = separator == ",";
+        const std::size_t column = text.size() - (isOneLine ? 0 : text.rfind('\n') + 1) + 2;
+        EXPECT_THAT(faultOf(text + ",]}"),
+                    StartsWith("line " + std::to_string(isOneLine ? 1 : TYPES) + ", column " +
+                               std::to_string(column) + ": syntax error"));
+    }
+}
+
 TEST(TypeJsonReader, RefusesAPartOfAFile) {
     EXPECT_THAT(faultOf(R"({"isPart":true,"types":[]})"), StartsWith("/isPart: this is a part"));
     EXPECT_EQ(faultOf(R"({"isPart":false,"types":[]})"), "");
@@ -184,51 +241,93 @@ INSTANTIATE_TEST_SUITE_P(
         WrongDocument{"TypeNoObject", R"({"types":[7]})", "/types/0", "must be an object"},
         WrongDocument{"NoId", R"({"types":[{"kind":"string","name":"s"}]})", "/types/0",
                       "there is no \"id\""},
-        WrongDocument{"UnknownKind", documentOf(R"("kind":"matrix","name":"")"), "/types/0/kind",
-                      "there is no kind \"matrix\""},
-        WrongDocument{"NoType", documentOf(R"("kind":"none","kindCode":0)"), "/types/0/kind",
-                      "an id without a type"},
-        WrongDocument{"UnknownField", documentOf(R"("kind":"string","name":"","size":1)"),
-                      "/types/0", "no place for \"size\""},
-        WrongDocument{"KeyTwice", documentOf(R"("kind":"string","name":"","name":"b")"),
-                      "/types/0/name", "twice"},
-        WrongDocument{"NameWithZero", documentOf(R"("kind":"string","name":"a\u0000b")"),
-                      "/types/0/name", "zero byte"},
-        WrongDocument{"NameWithZeroInHex", documentOf(R"("kind":"string","name":{"hex":"00"})"),
-                      "/types/0/name", "zero byte"},
-        WrongDocument{"NameOfHalfAByte", documentOf(R"("kind":"string","name":{"hex":"616"})"),
-                      "/types/0/name", "two digits"},
-        WrongDocument{"FlagsTooLarge",
-                      documentOf(R"("kind":"string","name":"","flags":4294967296)"),
-                      "/types/0/flags", "from 0 to 4294967295"},
-        WrongDocument{"FractionalFlags", documentOf(R"("kind":"string","name":"","flags":1.5)"),
-                      "/types/0/flags", "whole number"},
-        WrongDocument{"RangeBelow",
-                      documentOf(R"("kind":"integer","name":"","range":{"si":-2147483649,)"
-                                 R"("ei":0,"dir":0})"),
-                      "/types/0/range/si", "from -2147483648"},
-        WrongDocument{"UnequalValues",
-                      documentOf(R"("kind":"discreteEnum","name":"","baseType":0,"valueSize":1,)"
-                                 R"("literals":[{"name":"A","value":"00"},)"
-                                 R"({"name":"B","value":"0001"}])"),
-                      "/types/0/literals/1/value", "has 2 bytes"},
-        WrongDocument{"Overflow", documentOf(R"("kind":"real","name":"","flavour":0,"left":1e999)"),
-                      "/types/0/left", "overflow"},
-        WrongDocument{"FlavourTooLarge", documentOf(R"("kind":"event","name":"","flavour":2)"),
-                      "/types/0/flavour", "at most 1"},
-        WrongDocument{"FarReference",
-                      documentOf(R"("kind":"record","name":"","recordKind":1,"members":[)"
-                                 R"({"name":"m","type":1}])"),
-                      "/types/0/members/0/type", "refers to the id 1"},
         WrongDocument{"IdTwice",
                       R"({"types":[{"id":0,"kind":"string","name":""},)"
                       R"({"id":0,"kind":"string","name":""}]})",
                       "/types/1/id", "two types"},
         WrongDocument{"Hole", R"({"types":[{"id":1,"kind":"string","name":""}]})", "/types",
                       "there is no type with this id"},
-        WrongDocument{"Deep", documentOf(R"("kind":[[[[[[[[[[]]]]]]]]]])"),
-                      "/types/0/kind/0/0/0/0/0/0", "so deep"},
-        WrongDocument{"Escape", "{\"\x1b[2J\":1}", "line 1, column 3", "control character"}),
+        WrongDocument{"Escape", "{\"\x1b[2J\":1}", "line 1, column 3", "control character"},
+        WrongDocument{"LeadingZero",
+                      R"({"types":[{"id":0,"kind":"string","name":""},)"
+                      "\n"
+                      R"({"id":1,"kind":"string","name":"","flags":07}]})",
+                      "line 2, column 44", "unexpected number"},
+        WrongDocument{"SecondNameNoUtf8",
+                      R"({"types":[{"id":0,"kind":"string","name":""},)"
+                      "\n{\"id\":1,\"kind\":\"string\",\"name\":\"\xFF\"}]}",
+                      "line 2, column 33", "UTF-8"},
+        WrongDocument{"NoSecondType", R"({"types":[{"id":0,"kind":"string","name":""},]})",
+                      "line 1, column 46", "unexpected ']'"},
+        WrongDocument{"NoComma",
+                      R"({"types":[{"id":0,"kind":"string","name":""},)"
+                      R"({"id":1,"kind":"string","name":""}{"id":2,"kind":"string","name":""}]})",
+                      "line 1, column 80", "unexpected '{'"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+/// A type with a field that is wrong, and the message that says so.
+struct WrongType {
+    const char* name;
+    std::string fields;
+    std::string place; ///< In the type.
+    std::string reason;
+};
+
+void PrintTo(const WrongType& wrong, std::ostream* out) { *out << wrong.name; }
+
+class WrongTypes : public testing::TestWithParam<WrongType> {};
+
+TEST_P(WrongTypes, AreRefusedForTheirPlace) {
+    const std::string fault = faultOf(documentOf(GetParam().fields));
+    EXPECT_THAT(fault, StartsWith("/types/0" + GetParam().place + ": "));
+    EXPECT_THAT(fault, HasSubstr(GetParam().reason));
+}
+
+TEST_P(WrongTypes, AreRefusedForTheirPlaceBehindOthers) {
+    const std::string fault =
+        faultOf(R"({"types":[{"id":1,"kind":"string","name":""},{"id":2,"kind":"chandle",)"
+                R"("name":""},{"id":3,"kind":"string","name":""},{"id":0,)" +
+                GetParam().fields + "}]}");
+    EXPECT_THAT(fault, StartsWith("/types/3" + GetParam().place + ": "));
+    EXPECT_THAT(fault, HasSubstr(GetParam().reason));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    TypeJsonReader, WrongTypes,
+    testing::Values(
+        WrongType{"UnknownKind", R"("kind":"matrix","name":"")", "/kind",
+                  "there is no kind \"matrix\""},
+        WrongType{"NoType", R"("kind":"none","kindCode":0)", "/kind", "an id without a type"},
+        WrongType{"UnknownField", R"("kind":"string","name":"","size":1)", "",
+                  "no place for \"size\""},
+        WrongType{"KeyTwice", R"("kind":"string","name":"","name":"b")", "/name", "twice"},
+        WrongType{"NameWithZero", R"("kind":"string","name":"a\u0000b")", "/name", "zero byte"},
+        WrongType{"NameWithZeroInHex", R"("kind":"string","name":{"hex":"00"})", "/name",
+                  "zero byte"},
+        WrongType{"NameOfHalfAByte", R"("kind":"string","name":{"hex":"616"})", "/name",
+                  "two digits"},
+        WrongType{"FlagsTooLarge", R"("kind":"string","name":"","flags":4294967296)", "/flags",
+                  "from 0 to 4294967295"},
+        WrongType{"FractionalFlags", R"("kind":"string","name":"","flags":1.5)", "/flags",
+                  "whole number"},
+        WrongType{"RangeBelow",
+                  R"("kind":"integer","name":"","range":{"si":-2147483649,)"
+                  R"("ei":0,"dir":0})",
+                  "/range/si", "from -2147483648"},
+        WrongType{"UnequalValues",
+                  R"("kind":"discreteEnum","name":"","baseType":0,"valueSize":1,)"
+                  R"("literals":[{"name":"A","value":"00"},)"
+                  R"({"name":"B","value":"0001"}])",
+                  "/literals/1/value", "has 2 bytes"},
+        WrongType{"Overflow", R"("kind":"real","name":"","flavour":0,"left":1e999)", "/left",
+                  "overflow"},
+        WrongType{"FlavourTooLarge", R"("kind":"event","name":"","flavour":2)", "/flavour",
+                  "at most 1"},
+        WrongType{"FarReference",
+                  R"("kind":"record","name":"","recordKind":1,"members":[)"
+                  R"({"name":"m","type":9}])",
+                  "/members/0/type", "refers to the id 9"},
+        WrongType{"Deep", R"("kind":[[[[[[[[[[]]]]]]]]]])", "/kind/0/0/0/0/0/0", "so deep"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 } // namespace
