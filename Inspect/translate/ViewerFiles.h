@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Inspect {
 
@@ -20,6 +21,17 @@ using FileSink = std::function<void(const std::string& name, const std::string& 
 /// they are the same. A literal with X is there in binary alone: GTKWave has one hexadecimal digit
 /// for all that is unknown in four bits.
 void writeGtkwaveFilters(const TypeTable& types, const FileSink& sink);
+
+/// A type whose values a filter process takes apart.
+struct FilterType {
+    std::string name;     ///< As the files call it, without control characters.
+    std::string argument; ///< What leads to it in the table: its name, or else its id.
+    std::string file;     ///< A name for a file, without a suffix.
+};
+
+/// The enumerations, packed structs and unions of a file, and the named arrays of these. Loads all
+/// types.
+std::vector<FilterType> filterTypes(const TypeTable& types);
 
 /// A mapping file for Surfer for each enumeration.
 void writeSurferMappings(const TypeTable& types, const FileSink& sink);

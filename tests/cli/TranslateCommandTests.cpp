@@ -21,11 +21,19 @@ std::string folder() {
     return path;
 }
 
-std::size_t filesIn(const std::string& path) {
+/// The number of files with an ending.
+std::size_t filesIn(const std::string& path, const std::string& ending) {
     std::size_t files = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(path))
-        ++files;
+    for (const auto& entry : std::filesystem::directory_iterator(path))
+        files += entry.path().extension() == ending ? 1 : 0;
     return files;
+}
+
+/// What a program prints that a shell starts.
+std::string printed(const std::string& command) {
+    const std::string out = scratch("printed");
+    EXPECT_EQ(std::system((command + " > " + out).c_str()), 0) << command;
+    return contentOf(out);
 }
 
 TEST(RttiTranslate, WritesAFilterFileForEachEnumeration) {
@@ -33,7 +41,7 @@ TEST(RttiTranslate, WritesAFilterFileForEachEnumeration) {
     const Result result = rtti("translate " + example("ibex_slang") + " --to gtkwave -o " + path);
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.out + result.err, "");
-    EXPECT_EQ(filesIn(path), 50u);
+    EXPECT_EQ(filesIn(path, ".txt"), 50u);
     EXPECT_THAT(contentOf(path + "/ibex_pkg.pmp_cfg_mode_e.txt"),
                 EndsWith("00 PMP_MODE_OFF\n0 PMP_MODE_OFF\n01 PMP_MODE_TOR\n1 PMP_MODE_TOR\n"
                          "10 PMP_MODE_NA4\n2 PMP_MODE_NA4\n11 PMP_MODE_NAPOT\n3 PMP_MODE_NAPOT\n"));
@@ -42,10 +50,42 @@ TEST(RttiTranslate, WritesAFilterFileForEachEnumeration) {
 TEST(RttiTranslate, WritesAMappingFileForEachEnumeration) {
     const std::string path = folder();
     EXPECT_EQ(rtti("translate " + example("ibex_slang") + " --to surfer -o " + path).status, 0);
-    EXPECT_EQ(filesIn(path), 50u);
+    EXPECT_EQ(filesIn(path, ".txt"), 50u);
+    EXPECT_EQ(filesIn(path, ".sh"), 0u);
     EXPECT_EQ(contentOf(path + "/ibex_pkg.pmp_cfg_mode_e.txt"),
               "Name = ibex_pkg::pmp_cfg_mode_e\nBits = 2\n0b00 PMP_MODE_OFF\n0b01 PMP_MODE_TOR\n"
               "0b10 PMP_MODE_NA4\n0b11 PMP_MODE_NAPOT\n");
+}
+
+TEST(RttiTranslate, WritesAFilterProcessForEachTypeWithFields) {
+    const std::string path = folder();
+    EXPECT_EQ(rtti("translate " + example("ibex_slang") + " --to gtkwave -o " + path).status, 0);
+    const std::string script = path + "/ibex_pkg.pmp_cfg_t.sh";
+    EXPECT_THAT(contentOf(script), StartsWith("#!/bin/sh\n# ibex_pkg::pmp_cfg_t\n"));
+    EXPECT_THAT(contentOf(script), EndsWith("' 'ibex_pkg::pmp_cfg_t'\n"));
+    EXPECT_EQ(printed("cd / && echo 29 | " + script),
+              "lock=1 mode=PMP_MODE_TOR exec=0 write=0 read=1\n");
+    EXPECT_EQ(printed("echo 2 | " + path + "/ibex_pkg.pmp_cfg_mode_e.sh"), "PMP_MODE_NA4\n");
+}
+
+TEST(RttiTranslate, WritesFilterProcessesThatFindAFileOfAnyNameAndPlace) {
+    const std::string path = folder();
+    std::filesystem::create_directories(path + "/it's a $HOME");
+    const std::string types = "\"" + path + "/it's a \\$HOME/types\"";
+    const std::string json = fileNamed("json", rtti("dump --json " + example("ibex_slang")).out);
+    ASSERT_EQ(rtti("build " + json + " --offset 64 -o " + types).status, 0);
+    EXPECT_EQ(rtti("translate --offset 64 " + types + " --to gtkwave -o " + path).status, 0);
+    EXPECT_EQ(printed("echo 2 | " + path + "/ibex_pkg.pmp_cfg_mode_e.sh"), "PMP_MODE_NA4\n");
+}
+
+TEST(RttiTranslate, WritesNoFilterProcessesForStandardInput) {
+    const std::string path = folder();
+    const Result result =
+        rtti("translate - --to gtkwave -o " + path + " < " + example("ibex_slang"));
+    EXPECT_EQ(result.status, 0);
+    expectOneLine(result.err);
+    EXPECT_EQ(filesIn(path, ".txt"), 50u);
+    EXPECT_EQ(filesIn(path, ".sh"), 0u);
 }
 
 TEST(RttiTranslate, WritesAPythonModule) {
@@ -112,12 +152,12 @@ TEST(RttiTranslate, LeavesNothingWhereItCannotWrite) {
     EXPECT_EQ(contentOf(file), "as it was");
 }
 
-TEST(RttiTranslate, SaysThatThereAreNoEnumerations) {
+TEST(RttiTranslate, SaysThatThereIsNothingToTranslate) {
     const std::string path = folder();
     const Result result =
         rtti("translate " + fileOf(oneRecord(0xA0000018)) + " --to gtkwave -o " + path);
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, EndsWith("there are no enumerations to translate\n"));
+    EXPECT_THAT(result.err, EndsWith("there is nothing to translate\n"));
     expectOneLine(result.err);
 }
 

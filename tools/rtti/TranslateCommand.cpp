@@ -1,5 +1,6 @@
 #include "Subcommand.h"
 
+#include "FilterScripts.h"
 #include "Inspect/translate/PythonModule.h"
 #include "Inspect/translate/ValueDecoder.h"
 #include "Inspect/translate/ViewerFiles.h"
@@ -64,12 +65,19 @@ int writeViewerFiles(OpenedFile& file, const TranslateOptions& options) {
         out.commit();
         ++files;
     };
-    if (options.to == "gtkwave")
+    std::vector<Inspect::FilterType> filtered;
+    if (options.to == "gtkwave") {
         Inspect::writeGtkwaveFilters(types, sink);
-    else
+        filtered = Inspect::filterTypes(types);
+        if (options.file == "-")
+            std::cerr << "rtti: -: there are no filter processes: they would read standard input\n";
+        else
+            writeFilterScripts(folder, options, filtered);
+    } else {
         Inspect::writeSurferMappings(types, sink);
-    if (files == 0)
-        std::cerr << "rtti: " << options.file << ": there are no enumerations to translate\n";
+    }
+    if (files == 0 && filtered.empty())
+        std::cerr << "rtti: " << options.file << ": there is nothing to translate\n";
     return ExitStatus::DONE;
 }
 
@@ -98,7 +106,8 @@ Subcommand addTranslate(CLI::App& program) {
     addFileArguments(*translate, *options);
     addTypeArgument(*translate, options->type);
     addChoice(*translate, "--to", options->to, {"gtkwave", "surfer", "python"}, "PROGRAM",
-              "What to write: GTKWave's filter files, Surfer's mapping files, or a Python module");
+              "What to write: GTKWave's filter files and processes, Surfer's mapping files, or a "
+              "Python module");
     translate
         ->add_option("-o,--output", options->output,
                      "Directory of the filter or mapping files, made if it is missing; Python "
@@ -108,8 +117,9 @@ Subcommand addTranslate(CLI::App& program) {
                         "Read values of TYPE, binary or hexadecimal, one a line, and print their "
                         "fields: GTKWave's filter process");
     translate->footer(
-        "A filter or mapping file has the literals of one enumeration. The Python module has an "
-        "IntEnum for each enumeration, and a class for each packed struct and union.\n\n"
+        "A filter or mapping file has the literals of one enumeration, a filter process takes the "
+        "values of one type apart. The Python module has an IntEnum for each enumeration, and a "
+        "class for each packed struct and union.\n\n"
         "Example:\n"
         "  rtti translate examples/typefiles/ibex_slang.typ --to gtkwave -o filters\n"
         "  rtti translate examples/typefiles/ibex_slang.typ --to python -o types.py\n"

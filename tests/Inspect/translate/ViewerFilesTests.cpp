@@ -148,6 +148,40 @@ TEST(ViewerFiles, StayInTheirDirectory) {
     }
 }
 
+/// What filter processes are called with.
+std::vector<std::string> arguments(LinkedTypes& types) {
+    std::vector<std::string> found;
+    for (const FilterType& type : filterTypes(types.table()))
+        found.push_back(type.file + ' ' + type.argument);
+    return found;
+}
+
+TEST(FilterTypes, AreThoseWithNamesInTheirValues) {
+    LinkedTypes types;
+    enumeration(types, "state_e");
+    const unsigned int state = types.last();
+    auto& record = types.add<RTRecordType>("p::job_t");
+    record.m_recordKind = VLOG_PACKED_STRUCT;
+    TypeFile::addMember(record, "st", state);
+    types.alias("p::job_t", types.last());
+    types.alias("other_t", state);
+    types.array(VLOG_FIXED_PACKED_ARRAY, "", state, {{1, 0, 0}});
+    types.alias("states_t", types.last());
+    types.array(VLOG_FIXED_PACKED_ARRAY, "", state, {{2, 1, 0}});
+    types.enumeration("color", {"red", "green"});
+    types.add<RTStringType>("text");
+    EXPECT_EQ(arguments(types), (std::vector<std::string>{"state_e state_e", "p.job_t p::job_t",
+                                                          "states_t states_t", "color color"}));
+}
+
+TEST(FilterTypes, AreCalledByIdWhereTheNameDoesNotLeadToThem) {
+    LinkedTypes types;
+    for (const char* name : {"twice", "twice", "-rf", "7", ""})
+        enumeration(types, name);
+    EXPECT_EQ(arguments(types),
+              (std::vector<std::string>{"twice 2", "twice_5 5", "_-rf 8", "7 11", "type_14 14"}));
+}
+
 TEST(ViewerFiles, LeaveOutWhatNoViewerShows) {
     LinkedTypes types;
     auto& type = types.add<RTDiscreteEnumType>("wide_e");
