@@ -101,6 +101,7 @@ private:
     struct Made {
         std::size_t open = 0;
         std::size_t levels = 0;
+        bool isUntold = false; ///< There may be more: a part is not told.
     };
 
     /// A range of positions and the enumeration that it is of, if that is told.
@@ -338,11 +339,11 @@ private:
                                                         isArrayInOnePiece(type);
                                              }),
                                listed.name);
-        const std::size_t open = madeOf(use.type).open;
-        if (open == 0)
+        const Made base = madeOf(use.type);
+        if (base.open == 0 && !base.isUntold)
             return use;
         const auto positions = positionsOf(listed.ranges, from, use.type);
-        if (!positions || positions->size() != open)
+        if (base.isUntold || !positions || positions->size() != base.open)
             return {unknownUse(""), {}, {}};
         use.ranges = *positions;
         return use;
@@ -465,7 +466,7 @@ private:
         result.of = useOfAny(bases, type.use.name);
         const Made base = madeOf(result.of.type);
         result.of.ranges.resize(base.open);
-        result.mayBePart = base.levels > 1;
+        result.mayBePart = base.levels > 1 || base.isUntold;
         return result;
     }
 
@@ -526,6 +527,9 @@ private:
             const auto openNested = std::count_if(nested, use.ranges.end(), isOpen);
             made.open += static_cast<std::size_t>(open + openNested);
             made.levels += (open > 0 ? 1 : 0) + (openNested > 0 ? madeOf(use.type).levels : 0);
+            const VhdlType& used = m_types[use.type];
+            made.isUntold = made.isUntold || madeOf(use.type).isUntold ||
+                            (used.kind == VhdlKind::UNKNOWN && used.name.empty());
         };
         if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
             add(type.of, type.indexes.size());

@@ -45,6 +45,11 @@ public:
         return static_cast<std::uint8_t>(m_window[m_at++]);
     }
 
+    /// Whether these few bytes follow, close to the beginning of the file.
+    bool areNext(std::string_view bytes) {
+        return !isAtEnd() && m_window.substr(m_at, bytes.size()) == bytes;
+    }
+
     void expect(std::string_view bytes, const char* what) {
         for (const char expected : bytes) {
             if (byte() != static_cast<std::uint8_t>(expected)) {
@@ -166,6 +171,8 @@ private:
     }
 
     void readStrings() {
+        if (m_bytes.areNext(DIRECTORY))
+            m_bytes.fail("the file has no types: GHDL failed before it wrote any");
         m_bytes.expect({"STR\0\0\0\0\0", 8}, "the section of the names");
         const std::uint64_t begin = m_bytes.offset();
         const std::uint64_t count = m_bytes.word(4);

@@ -1,7 +1,9 @@
 #include "Import/VhdlMatching.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <numeric>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -134,17 +136,25 @@ private:
         case VhdlKind::RECORD:
             return std::equal(listed.parts.begin(), listed.parts.end(), wave.parts.begin(),
                               wave.parts.end(), [&](const VhdlPart& a, const VhdlPart& b) {
-                                  return a.name == b.name && a.use.ranges == b.use.ranges &&
-                                         canMeanUse(a.use, b.use.type);
+                                  return a.name == b.name &&
+                                         (isUntold(a.use) || (a.use.ranges == b.use.ranges &&
+                                                              canMeanUse(a.use, b.use.type)));
                               });
         case VhdlKind::SUBTYPE:
-            return canMeanUse(listed.of, wave.of.type) && haveSameRanges(listed, wave);
+            return isUntold(listed.of) ||
+                   (canMeanUse(listed.of, wave.of.type) && haveSameRanges(listed, wave));
         default: return true;
         }
     }
 
     static bool haveSameRange(const VhdlType& listed, const VhdlType& wave) {
         return listed.range.isOpen || wave.range.isOpen || listed.range == wave.range;
+    }
+
+    /// Whether the listing does not say what is used, nor with which ranges.
+    bool isUntold(const VhdlUse& listed) const {
+        const VhdlType& type = m_listings[listed.type];
+        return type.kind == VhdlKind::UNKNOWN && type.name.empty();
     }
 
     bool canMeanUse(const VhdlUse& listed, std::uint32_t wave) {
@@ -177,6 +187,17 @@ private:
         return listed.of.ranges.empty() && m_listings[listed.of.type].of.ranges == wave.of.ranges;
     }
 
+    /// How many ranges a type leaves open.
+    static std::ptrdiff_t openRanges(const VhdlType& type) {
+        const auto openIn = [](const VhdlUse& use) {
+            return std::count_if(use.ranges.begin(), use.ranges.end(),
+                                 [](const VhdlRange& range) { return range.isOpen; });
+        };
+        return std::accumulate(
+            type.parts.begin(), type.parts.end(), openIn(type.of),
+            [&](std::ptrdiff_t count, const VhdlPart& part) { return count + openIn(part.use); });
+    }
+
     VhdlUse joinedUse(VhdlUse use) const {
         use.type = m_joined[use.type];
         for (std::uint32_t& type : use.alternatives)
@@ -186,6 +207,9 @@ private:
 
     VhdlType joinedType(VhdlType type) const {
         type.of = joinedUse(std::move(type.of));
+        // A listing may not tell how many ranges its members leave open.
+        if (type.mayBePart && type.of.type < m_offset)
+            type.of.ranges.assign(openRanges(m_waves[type.of.type]), VhdlRange());
         for (std::uint32_t& index : type.indexes)
             index = index == NONE ? NONE : m_joined[index];
         for (VhdlPart& part : type.parts)
@@ -201,7 +225,8 @@ private:
             wave.realRange = listed.realRange;
         if (listed.kind == VhdlKind::ARRAY)
             wave.of.ranges = listed.of.ranges;
-        if (listed.kind == VhdlKind::SUBTYPE && listed.of.ranges != wave.of.ranges)
+        if (listed.kind == VhdlKind::SUBTYPE && !isUntold(listed.of) &&
+            listed.of.ranges != wave.of.ranges)
             wave.of = joinedUse(listed.of);
     }
 

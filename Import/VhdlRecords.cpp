@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -91,7 +92,16 @@ private:
             m_table.want(idOf(declaration.type), declaration.package);
     }
 
+    /// Whether a subtype is another name at best: it has none, and no ranges that are known.
+    static bool addsNothing(const VhdlType& type) {
+        return type.kind == VhdlKind::SUBTYPE && type.name.empty() && type.mayBePart;
+    }
+
     unsigned int idOf(std::uint32_t type) {
+        for (; addsNothing(m_types[type]); type = m_types[type].of.type) {
+            if (m_noted.insert(type).second)
+                noteMissingRanges(m_types[type]);
+        }
         if (m_ids[type] == VhdlType::NONE) {
             m_ids[type] = m_table.reserve();
             m_waiting.push_back(type);
@@ -254,9 +264,13 @@ private:
             result->m_constraints.push_back(keptRange(type, type.range));
         }
         if (type.mayBePart)
-            note(type, "the input does not say which of its arrays have ranges");
+            noteMissingRanges(type);
         noteResolution(type, base);
         return result;
+    }
+
+    void noteMissingRanges(const VhdlType& type) {
+        note(type, "the input does not say which of its arrays have ranges");
     }
 
     /// Dumps show a resolved subtype of an enumeration as one with all of its literals.
@@ -272,6 +286,7 @@ private:
     Notes& m_notes;
     std::vector<unsigned int> m_ids;      ///< Of each type, once it is needed.
     std::vector<std::uint32_t> m_waiting; ///< Types that are needed, in that order.
+    std::set<std::uint32_t> m_noted;      ///< Subtypes that are replaced by what they are of.
 };
 
 } // namespace

@@ -26,6 +26,8 @@ enum Kind : unsigned {
     RECORD = 32,
     SCALAR_SUBTYPE = 34,
     ARRAY_SUBTYPE = 35,
+    OPEN_ARRAY_SUBTYPE = 37,
+    RECORD_SUBTYPE = 38,
     DOWNTO = 128, ///< More in the kind of a range.
 };
 
@@ -182,6 +184,21 @@ TEST(Waves, ZerosOfBothSignsStayApartAsBounds) {
     EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
               (Lines{"real: real -1.7976931348623157e+308 to 1.7976931348623157e+308",
                      ": real 0 to 1", ": real -0 to 1"}));
+}
+
+TEST(Waves, AnOpenSubtypeWithoutANameIsWhatItIsOf) {
+    GhwBuilder file; // An array of open arrays, of which some get ranges that GHDL does not write.
+    file.names({"integer", "r", "v", "w"}).type(INTEGER, {1}).type(ARRAY, {3, 1, 1, 1});
+    file.type(OPEN_ARRAY_SUBTYPE, {3, 2}).type(ARRAY, {4, 3, 1, 1});
+    file.type(OPEN_ARRAY_SUBTYPE, {0, 4});
+    const std::string place = placeOfLast(file);
+    file.type(RECORD, {2, 1, 3, 5});
+    ImportedTypes types;
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"integer: integer (-2147483648 to 2147483647)", "v: array [0] of 0 (open)",
+                     "w: array [0] of 1 (open, open)", "r: record v:2 (open, open)"}));
+    EXPECT_EQ(types.notes(), Lines{place + "a type without a name: the input does not say which of "
+                                           "its arrays have ranges"});
 }
 
 TEST(Waves, invalid_range_of_literals) {
@@ -437,6 +454,25 @@ TEST(JoinedDumps, WavesSayWhatTheListingHasNoWordsFor) {
                   " ghdl_rtik_type_access: t is access rb\n");
     EXPECT_EQ(types.wave(file.file()).lines(),
               (Lines{"bit: enum '0' '1'", "rb: subtype of 0 (0 to 1)", "t: access 1"}));
+}
+
+TEST(JoinedDumps, WavesSayWhatAMemberIsThatTheListingDoesNotTell) {
+    GhwBuilder file;
+    file.names({"integer", "m", "r", "v", "s"}).type(INTEGER, {1}).type(ARRAY, {4, 1, 1, 1});
+    file.type(OPEN_ARRAY_SUBTYPE, {4, 2}).type(RECORD, {3, 1, 2, 3});
+    file.type(RECORD_SUBTYPE, {5, 4}).range(INTEGER, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: integer is -2147483648 to 2147483647\n"
+                  " ghdl_rtik_type_unbounded_record: r is record\n"
+                  "  ghdl_rtik_element: m: ghdl_rtik_subtype_unbounded_record \n"
+                  " ghdl_rtik_subtype_record: s is r (m (0 to 1))\n"
+                  " ghdl_rtik_subtype_unbounded_record: o is r\n");
+    EXPECT_EQ(
+        types.wave(file.file()).lines({"p"}),
+        (Lines{"integer: integer (-2147483648 to 2147483647)", "v: array [0] of 0 (open)",
+               "r: record m:1 (open)", "s: subtype of 2 (0 to 1)", "o: subtype of 2 (open)"}));
+    EXPECT_EQ(types.notes(), Lines{"l:7: type o: the input does not say which of its arrays have "
+                                   "ranges"});
 }
 
 TEST(JoinedDumps, WavesHaveTheRangesThatTheListingDoesNotTell) {

@@ -170,6 +170,12 @@ TEST(GhwRefusals, AFileOfADesignThatWasNotRunHasNoTypes) {
               "(--no-run)");
 }
 
+TEST(GhwRefusals, AFileWithoutTypesIsOfARunThatFailed) {
+    const std::string header = GhwBuilder().file().substr(0, 16);
+    EXPECT_EQ(refusalOf(header + std::string("DIR\0\1\4\1\0", 8)),
+              "w.ghw: offset 16: the file has no types: GHDL failed before it wrote any");
+}
+
 TEST(GhwRefusals, invalid_kind_of_type) {
     EXPECT_EQ(refusalOf(GhwBuilder().type(36, {0, 0}).file()),
               "w.ghw: offset 49: a type of the kind 36, which is not known");
