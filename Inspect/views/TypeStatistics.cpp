@@ -83,9 +83,10 @@ using KindCounts = std::map<std::pair<unsigned int, unsigned int>, TypeStatistic
 TypeStatistics::KindCount& countOf(KindCounts& counts, const RTBaseType* type) {
     const unsigned int kindCode = type != nullptr ? type->GetClassId() : 0;
     const unsigned int detail = type != nullptr ? kindDetailOf(*type) : 0;
-    const std::string_view kind = type != nullptr ? kindOf(*type) : BUILDS_NO_TYPE;
-    return counts.try_emplace({kindCode, detail}, TypeStatistics::KindCount{kindCode, detail, kind})
-        .first->second;
+    const auto [count, isNew] = counts.try_emplace({kindCode, detail});
+    if (isNew)
+        count->second = {kindCode, detail, type != nullptr ? kindOf(*type) : BUILDS_NO_TYPE};
+    return count->second;
 }
 
 std::vector<TypeStatistics::KindCount> sortedKinds(const KindCounts& counts) {

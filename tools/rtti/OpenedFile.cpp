@@ -18,6 +18,16 @@ std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long l
     return TypeFile::verify(reads, storage.size(), offset);
 }
 
+namespace {
+
+/// Managers whose types are not released: the program ends soon, and its memory with it.
+std::vector<std::unique_ptr<RTTypeManager>>& keptManagers() {
+    static auto& kept = *new std::vector<std::unique_ptr<RTTypeManager>>;
+    return kept;
+}
+
+} // namespace
+
 OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
     : m_arguments(arguments), m_storage(arguments.file),
       m_frame(m_storage, m_storage.size(), arguments.offset),
@@ -29,8 +39,10 @@ OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
         else
             m_verifier.emplace(m_storage, m_storage.size(), arguments.offset);
     }
-    m_manager.setupDeserializer(m_storage, arguments.offset);
+    m_manager->setupDeserializer(m_storage, arguments.offset);
 }
+
+OpenedFile::~OpenedFile() { keptManagers().push_back(std::move(m_manager)); }
 
 Inspect::TypeTable OpenedFile::types() {
     return {m_typeCount, [this](unsigned int id) { return load(id); }};
@@ -40,7 +52,7 @@ const RTBaseType* OpenedFile::load(unsigned int id) {
     if (m_verifier)
         refuseErrors(m_verifier->verify({id}));
     try {
-        return m_manager.getRTType(id);
+        return m_manager->getRTType(id);
     } catch (const std::bad_alloc&) {
         throw UnusableFile(m_storage.path(),
                            "there is not enough memory for type " + std::to_string(id),
@@ -99,8 +111,11 @@ void OpenedFile::refuseErrors(const std::vector<TypeFile::Finding>& findings) co
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) const { return recordOf(typeId).kind; }
 
-unsigned int OpenedFile::recordSizeOf(unsigned int typeId) const {
-    return static_cast<unsigned int>(std::max(0, recordOf(typeId).claimedSize));
+std::function<unsigned long long(unsigned int)> OpenedFile::recordSizes() const {
+    return [this, addresses = m_frame.addresses()](unsigned int id) {
+        return static_cast<unsigned int>(
+            std::max(0, m_frame.recordAt(addresses.at(id)).claimedSize));
+    };
 }
 
 TypeFile::RecordFrame OpenedFile::recordOf(unsigned int typeId) const {

@@ -9,6 +9,8 @@
 #include "TypeFile/TypeFileVerifier.h"
 #include "UnusableFile.h"
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,6 +29,9 @@ public:
     /// what the verifier finds an error in, and what the storage throws. By force it takes all that
     /// the library loads.
     explicit OpenedFile(const FileArguments& arguments, Verified verified = Verified::WHOLE);
+    OpenedFile(const OpenedFile&) = delete;
+    OpenedFile& operator=(const OpenedFile&) = delete;
+    ~OpenedFile();
 
     unsigned int typeCount() const { return m_typeCount; }
 
@@ -35,7 +40,7 @@ public:
 
     /// Where the address table begins in the storage.
     unsigned int tableOffset() const { return m_frame.tableOffset(); }
-    RTTI::RTTypeManager& manager() { return m_manager; }
+    RTTI::RTTypeManager& manager() { return *m_manager; }
     InputStorage& storage() { return m_storage; }
 
     /// The types, each loaded when it is asked for. That throws UnusableFile where types are
@@ -56,8 +61,9 @@ public:
     /// The kind code of a type's record, as the storage has it.
     unsigned int kindOf(unsigned int typeId) const;
 
-    /// The bytes of a type's record, as its size field has it; 0 for a negative size.
-    unsigned int recordSizeOf(unsigned int typeId) const;
+    /// Gives the bytes of a type's record, as its size field has it; 0 for a negative size. Reads
+    /// the address table. This object must outlive the answer.
+    std::function<unsigned long long(unsigned int)> recordSizes() const;
 
 private:
     void checkFrame() const;
@@ -70,6 +76,7 @@ private:
     InputStorage m_storage;
     TypeFile::TypeFileFrame m_frame;                  ///< Reads from the storage.
     std::optional<TypeFile::TypeVerifier> m_verifier; ///< Where types are verified as asked.
-    RTTI::RTTypeManager m_manager;                    ///< Likewise.
-    unsigned int m_typeCount;                         ///< That the library loads.
+    std::unique_ptr<RTTI::RTTypeManager> m_manager =
+        std::make_unique<RTTI::RTTypeManager>(); ///< Likewise.
+    unsigned int m_typeCount;                    ///< That the library loads.
 };

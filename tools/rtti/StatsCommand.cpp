@@ -22,8 +22,7 @@ struct StatsOptions : FileArguments, ColorArguments {
 int runStats(const StatsOptions& options) {
     OpenedFile file(options);
     const Inspect::TypeTable types = file.loadedTypes();
-    const auto statistics = Inspect::statisticsOf(
-        types, [&](unsigned int id) { return file.recordSizeOf(id); }, options.top);
+    const auto statistics = Inspect::statisticsOf(types, file.recordSizes(), options.top);
     const Inspect::FileFacts facts{file.version(), options.offset, file.tableOffset()};
     if (options.json)
         Inspect::writeStatisticsJson(std::cout, types, facts, statistics);
