@@ -8,6 +8,7 @@
 
 #include <experimental/simd>
 #include <iterator>
+#include <type_traits>
 #include <utility>
 
 namespace TypeFile {
@@ -121,9 +122,11 @@ private:
 
     template <const auto& LAYOUT, std::size_t FIRST, std::size_t LAST>
     [[gnu::always_inline]] bool list() {
-        constexpr std::size_t LEAST = leastOf(std::span(LAYOUT).subspan(FIRST, LAST - FIRST));
+        using Least =
+            std::integral_constant<std::size_t,
+                                   leastOf(std::span(LAYOUT).subspan(FIRST, LAST - FIRST))>;
         const unsigned int count = m_count;
-        if (count > left() / LEAST)
+        if (count > left() / Least::value)
             return false;
         for (unsigned int i = 0; i < count; ++i)
             if (!fields<LAYOUT, FIRST, LAST>())
