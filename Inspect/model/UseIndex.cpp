@@ -4,34 +4,19 @@ namespace Inspect {
 
 using namespace RTTI;
 
-namespace {
-
-/// Calls `act` with the id and the link for every reference that leads to a type of the table.
-template <typename Action> void forEachLink(const TypeTable& types, Action act) {
-    std::vector<TypeLink> links;
-    for (unsigned int id = 0; id < types.count; ++id) {
-        const RTBaseType* type = types.typeOf(id);
-        if (type == nullptr)
-            continue;
-        linksOf(*type, links);
-        for (const TypeLink& link : links) {
-            if (link.typeId < types.count)
-                act(id, link);
-        }
-    }
-}
-
-} // namespace
-
 UseIndex::UseIndex(const TypeTable& types)
     : m_count(types.count), m_begins(std::size_t{types.count} + 2) {
     // The begins are one place ahead while the links are put in, and have moved there at the end.
-    forEachLink(types, [&](unsigned int, const TypeLink& link) { ++m_begins[link.typeId + 2]; });
+    forEachLink(types, [&](unsigned int, const RTBaseType&, const TypeLink& link) {
+        ++m_begins[link.typeId + 2];
+        return true;
+    });
     for (std::size_t i = 2; i < m_begins.size(); ++i)
         m_begins[i] += m_begins[i - 1];
     m_backLinks.resize(m_begins.back());
-    forEachLink(types, [&](unsigned int id, const TypeLink& link) {
+    forEachLink(types, [&](unsigned int id, const RTBaseType&, const TypeLink& link) {
         m_backLinks[m_begins[link.typeId + 1]++] = {id, link.role, link.position};
+        return true;
     });
 }
 

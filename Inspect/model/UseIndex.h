@@ -15,6 +15,22 @@ struct Use {
     unsigned int distance; ///< References on the way.
 };
 
+/// Calls `act` with the id, the type and the link of every reference to a type of the table, in the
+/// order of the ids, until it says false.
+template <typename Action> void forEachLink(const TypeTable& types, Action act) {
+    std::vector<TypeLink> links;
+    for (unsigned int id = 0; id < types.count; ++id) {
+        const RTTI::RTBaseType* type = types.typeOf(id);
+        if (type == nullptr)
+            continue;
+        linksOf(*type, links);
+        for (const TypeLink& link : links) {
+            if (link.typeId < types.count && !act(id, *type, link))
+                return;
+        }
+    }
+}
+
 /// The references of a table from their other end: for each type those that lead to it. Made in two
 /// passes over the table, in memory for every reference.
 class UseIndex {

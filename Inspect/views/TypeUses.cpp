@@ -17,20 +17,15 @@ namespace {
 /// References of a way that are shown; all the ways of a long chain would be its length squared.
 constexpr unsigned int LONGEST_WAY_SHOWN = 8;
 
-/// Calls `act` with the id, the type and the link for every reference to `used`.
+/// Calls `act` with the id, the type and the link for every reference to `used`. One question needs
+/// no index.
 template <typename Action>
 void forEachUse(std::ostream& out, const TypeTable& types, unsigned int used, Action act) {
-    std::vector<TypeLink> links;
-    for (unsigned int id = 0; id < types.count && out; ++id) {
-        const RTBaseType* type = types.typeOf(id);
-        if (type == nullptr)
-            continue;
-        linksOf(*type, links);
-        for (const TypeLink& link : links) {
-            if (link.typeId == used)
-                act(id, *type, link);
-        }
-    }
+    forEachLink(types, [&](unsigned int id, const RTBaseType& type, const TypeLink& link) {
+        if (link.typeId == used)
+            act(id, type, link);
+        return out.good();
+    });
 }
 
 Json useToJson(unsigned int id, const RTBaseType& type, const TypeLink& link) {

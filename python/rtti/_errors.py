@@ -19,7 +19,8 @@ class Error(ValueError):
         findings: tuple[Finding, ...] = (),
     ) -> None:
         in_place = place is not None and file is not None and place.startswith(file)
-        parts = [None if in_place else file, place, reason]
+        # What the verifier says has the place in it.
+        parts = [None if in_place else file, None if findings else place, reason]
         super().__init__(": ".join(part for part in parts if part))
         self.reason = reason
         """Why, as a clause."""

@@ -80,6 +80,9 @@ def test_verify_gives_every_finding_and_load_refuses_errors():
     with pytest.raises(rtti.Error) as caught:
         rtti.load(damaged)
     assert caught.value.findings == found
+    assert caught.value.place == f"offset {found[0].offset}"
+    assert str(caught.value) == caught.value.reason
+    assert f"at {found[0].offset:#x}: " in caught.value.reason
     assert len(rtti.load(KINDS, verify=False)) == 104
 
 
