@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <stdexcept>
 #include <system_error>
 
@@ -16,9 +17,14 @@ namespace OVAT {
 
 namespace {
 
+static_assert(sizeof(off_t) == 8, "_FILE_OFFSET_BITS has to be 64 where a long has 32");
+
 [[noreturn]] void fail(const std::string& path, int error) {
     throw std::system_error(error, std::generic_category(), path);
 }
+
+/// The address space, which a file need not fit into where it has 32 bits.
+constexpr unsigned long long MOST_MAPPED = std::numeric_limits<std::size_t>::max();
 
 int openForReading(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -46,16 +52,17 @@ FileBlockManager::Descriptor::~Descriptor() { ::close(number); }
 
 FileBlockManager::FileBlockManager(const std::string& path, Access access)
     : m_path(path), m_file{openForReading(path)}, m_size(sizeOf(m_file.number, path)) {
-    if (access == Access::POSITIONED_READS || m_size == 0)
+    if (access == Access::POSITIONED_READS || m_size == 0 || m_size > MOST_MAPPED)
         return;
-    void* mapped = ::mmap(nullptr, m_size, PROT_READ, MAP_PRIVATE, m_file.number, 0);
+    void* mapped =
+        ::mmap(nullptr, static_cast<std::size_t>(m_size), PROT_READ, MAP_PRIVATE, m_file.number, 0);
     if (mapped != MAP_FAILED)
         m_mapped = mapped;
 }
 
 FileBlockManager::~FileBlockManager() {
     if (m_mapped != nullptr)
-        ::munmap(m_mapped, m_size);
+        ::munmap(m_mapped, static_cast<std::size_t>(m_size));
 }
 
 bool FileBlockManager::read(unsigned long long offset, void* buffer, long long count) {

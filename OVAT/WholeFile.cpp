@@ -15,6 +15,8 @@ namespace OVAT {
 
 namespace {
 
+static_assert(sizeof(off_t) == 8, "_FILE_OFFSET_BITS has to be 64 where a long has 32");
+
 constexpr int MOST_NAMES_TRIED = 1000;
 constexpr mode_t MODE_OF_NEW_FILE = 0666; // Less what the process masks.
 

@@ -12,6 +12,15 @@ namespace RTTI {
 
 using namespace TypeFileFormat;
 
+namespace {
+
+template <typename T> std::vector<T> listOf(std::size_t count) {
+    checkListSize<T>(count);
+    return std::vector<T>(count);
+}
+
+} // namespace
+
 /// A name without its terminating zero byte ends with the record, behind which there is one.
 inline std::string_view TypeDeserializer::readName() {
     const std::string_view name(m_record + m_cursor);
@@ -55,7 +64,7 @@ inline void TypeDeserializer::readConstraintVector(std::vector<FullConstraints>&
 /// The list keeps a count that is negative as a signed number, but nothing is read then.
 void TypeDeserializer::readConstraints(std::vector<FullConstraints>& constraints,
                                        unsigned int count) {
-    constraints = std::vector<FullConstraints>(count);
+    constraints = listOf<FullConstraints>(count);
     if (static_cast<int>(count) < 1)
         return;
     for (FullConstraints& constraint : constraints)
@@ -84,7 +93,7 @@ void TypeDeserializer::readRTSeqEnumType() {
 }
 
 void TypeDeserializer::readEnumeratorNames(RTSeqEnumType& type) {
-    type.m_enumeratorNames = std::vector<char*>(countOrNone(readField<int>()));
+    type.m_enumeratorNames = listOf<char*>(countOrNone(readField<int>()));
     for (char*& name : type.m_enumeratorNames)
         name = readOwnedName();
 }
@@ -102,7 +111,7 @@ inline void TypeDeserializer::readEnumerator(t_enumNameAndValuePair& enumerator,
 }
 
 void TypeDeserializer::readEnumerators(RTDiscreteEnumType& type, std::size_t count) {
-    type.m_enumerators = std::vector<t_enumNameAndValuePair>(count);
+    type.m_enumerators = listOf<t_enumNameAndValuePair>(count);
     for (t_enumNameAndValuePair& enumerator : type.m_enumerators)
         readEnumerator(enumerator, type.m_valueSize);
 }
@@ -128,12 +137,19 @@ void TypeDeserializer::readRTIntType() {
         traceConstraint(type.m_constraint);
 }
 
+/// The bits go from the record to the field: on the way through a register of 32-bit x86, a
+/// signalling NaN would become another one.
+inline void TypeDeserializer::readBound(double& bound) {
+    const auto bits = readField<unsigned long long>();
+    std::memcpy(&bound, &bits, sizeof bound);
+}
+
 void TypeDeserializer::readRTFloatType() {
     auto& type = beginType<RTFloatType>("** Built in Real Type ");
     const int floatKind = readField<int>();
     type.m_floatKind = floatKind <= LAST_FLOAT_KIND ? floatKind : 0;
-    type.m_left = readField<double>();
-    type.m_right = readField<double>();
+    readBound(type.m_left);
+    readBound(type.m_right);
     type.m_direction =
         truncatedDirection(readField<double>()).value_or(std::numeric_limits<int>::min());
     if (isTracing())
@@ -189,7 +205,7 @@ void TypeDeserializer::readRTWildCardType() { beginType<RTWildCardType>("** Wild
 void TypeDeserializer::readRTPhysicalType() {
     auto& type = beginType<RTPhysicalType>("** Physical Type ");
     const int count = readField<int>();
-    type.m_units = std::vector<t_unitNameAndValuePair>(countOrNone(count));
+    type.m_units = listOf<t_unitNameAndValuePair>(countOrNone(count));
     for (t_unitNameAndValuePair& unit : type.m_units) {
         unit.unitName = readName();
         unit.value = readField<long long>();
@@ -212,7 +228,7 @@ void TypeDeserializer::readRTArrayType() {
 }
 
 void TypeDeserializer::readDimensions(RTArrayType& type) {
-    type.m_indexTypeIds = std::vector<unsigned int>(countOrNone(readField<int>()));
+    type.m_indexTypeIds = listOf<unsigned int>(countOrNone(readField<int>()));
     for (unsigned int& id : type.m_indexTypeIds)
         id = readField<unsigned int>();
     readConstraintVector(type.m_constraints);
@@ -280,7 +296,7 @@ void TypeDeserializer::readRTRecordType() {
     type.m_recordKind = static_cast<RecordKind>(readField<unsigned int>());
     if (isTracing())
         traceKind(type);
-    type.m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    type.m_members = listOf<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
     for (RTAggregateType::t_Member*& member : type.m_members) {
         member = new RTAggregateType::t_Member;
         readMemberHead(*member);
@@ -308,7 +324,7 @@ void TypeDeserializer::readRTClassType() {
 }
 
 void TypeDeserializer::readMembers(RTClassType& type) {
-    type.m_members = std::vector<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
+    type.m_members = listOf<RTAggregateType::t_Member*>(countOrNone(readField<int>()));
     for (RTAggregateType::t_Member*& member : type.m_members) {
         auto* const classMember = new RTClassType::t_ClassMember;
         member = classMember;

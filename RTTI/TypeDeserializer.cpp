@@ -96,6 +96,7 @@ void TypeDeserializer::readHeader() {
     m_blockManager.read(m_baseOffset, m_header.bytes, HEADER_SIZE);
     if (m_header.isInvalid() || m_header.typeCount() == 0)
         return;
+    checkListSize<unsigned long long>(m_header.typeCount());
     m_types.reserve(m_header.typeCount());
     readTypeAddressTable();
     m_types.resize(m_header.typeCount()); // Now that the storage has given as many addresses.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <new>
 #include <string>
@@ -29,6 +30,17 @@ struct TypeFileHeader {
     unsigned int addressTableOffset() const;
 };
 static_assert(sizeof(TypeFileHeader) == TypeFileFormat::HEADER_SIZE);
+
+/// Throws std::bad_alloc, as for any list that there is no memory for, if a vector of `count`
+/// elements would be longer than a vector can be. A count in a file gets there only where sizes
+/// have 32 bits.
+template <typename T> void checkListSize([[maybe_unused]] std::size_t count) {
+    constexpr std::size_t MOST = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(T);
+    if constexpr (MOST < std::numeric_limits<unsigned int>::max()) {
+        if (count > MOST)
+            throw std::bad_alloc();
+    }
+}
 
 /// Turns the records of one type file into type objects, which it owns.
 ///
@@ -137,6 +149,7 @@ private:
     std::string_view readName();
     char* readOwnedName();
     void readRTBaseType(RTBaseType& type);
+    void readBound(double& bound);
     void readConstraint(FullConstraints* constraint);
     void readConstraintVector(std::vector<FullConstraints>& constraints);
     void readConstraints(std::vector<FullConstraints>& constraints, unsigned int count);

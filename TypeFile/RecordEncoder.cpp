@@ -4,6 +4,7 @@
 #include "TypeFile/RecordLayout.h"
 
 #include <array>
+#include <bit>
 #include <cstring>
 #include <type_traits>
 
@@ -172,6 +173,8 @@ void RecordEncoder::put(const Value& value) {
         number(value ? 1U : 0U);
     } else if constexpr (LAYOUT.form == DIRECTION) {
         number(static_cast<double>(value));
+    } else if constexpr (std::is_same_v<Value, double>) {
+        number(std::bit_cast<unsigned long long>(value)); // Each NaN stays as it is, with x87 too.
     } else {
         static_assert(sizeof(Value) == widthOf(LAYOUT.form));
         number(value);

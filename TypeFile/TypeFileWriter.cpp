@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <new>
 #include <stdexcept>
 #include <system_error>
 
@@ -201,8 +202,11 @@ std::vector<char> TypeFileWriter::finish() {
 
 void TypeFileWriter::finishInto(std::vector<char>& image) {
     const Layout layout = layOut();
-    if (image.size() < m_baseOffset + layout.size())
-        image.resize(m_baseOffset + layout.size());
+    const unsigned long long size = m_baseOffset + layout.size();
+    if (size > image.max_size())
+        throw std::bad_alloc();
+    if (image.size() < size)
+        image.resize(static_cast<std::size_t>(size));
     copyTo(image.data() + m_baseOffset, layout);
     m_isFinished = true;
 }

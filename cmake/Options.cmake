@@ -32,6 +32,6 @@ option(RTTI_FUZZ "Let the fuzz targets make inputs of their own (only clang++ ca
 set(RTTI_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
 set(RTTI_BUILD_TESTS OFF)
-if(PROJECT_IS_TOP_LEVEL AND BUILD_TESTING AND RTTI_BUILD_TOOLS)
+if(PROJECT_IS_TOP_LEVEL AND BUILD_TESTING AND (RTTI_BUILD_TOOLS OR CMAKE_CROSSCOMPILING))
     set(RTTI_BUILD_TESTS ON)
 endif()

@@ -1,5 +1,6 @@
 #include "OVAT/FileBlockManager.h"
 #include "OVAT/MemoryBlockManager.h"
+#include "OVAT/WholeFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -149,6 +150,22 @@ TEST(FileBlockManager, ReadsAnEmptyFileAsAnEmptyStorage) {
     EXPECT_EQ(storage.size(), 0u);
     EXPECT_FALSE(storage.isMapped());
     EXPECT_THROW(storage.read(0, &byte, 1), std::out_of_range);
+}
+
+TEST(FileBlockManager, ReadsWhatLiesBehindTheAddressesOf32Bits) {
+    constexpr unsigned long long OFFSET = 0x140000000;
+    const std::string path = testing::TempDir() + "behind-" + std::to_string(::getpid());
+    OVAT::WholeFile file(path);
+    file.write(OFFSET, "end", 3);
+    file.commit();
+    for (const auto access : {FileBlockManager::Access::MAP_WHERE_POSSIBLE,
+                              FileBlockManager::Access::POSITIONED_READS}) {
+        FileBlockManager storage(path, access);
+        EXPECT_EQ(storage.size(), OFFSET + 3);
+        EXPECT_EQ(readFrom(storage, OFFSET, 3), "end");
+        EXPECT_THROW(readFrom(storage, OFFSET + 1, 3), std::out_of_range);
+    }
+    std::remove(path.c_str());
 }
 
 TEST(FileBlockManager, ThrowsWhenAFileThatIsNotMappedHasShrunk) {

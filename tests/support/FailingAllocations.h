@@ -9,6 +9,9 @@
 /// How many allocations the program has made.
 std::size_t allocationCount();
 
+/// How many allocations by `new` have not been given back.
+std::size_t liveAllocations();
+
 /// While this lives, the allocation of this number from now on (the next is 1) fails.
 class FailingAllocation {
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -116,10 +117,9 @@ private:
 
     std::string real(double value) const { return ordered(&value, sizeof value); }
 
-    /// Of a machine whose own order is the little one.
     std::string ordered(const void* value, std::size_t size) const {
         std::string bytes(static_cast<const char*>(value), size);
-        if (m_order == BIG)
+        if ((m_order == BIG) != (std::endian::native == std::endian::big))
             std::reverse(bytes.begin(), bytes.end());
         return bytes;
     }

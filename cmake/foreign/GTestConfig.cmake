@@ -1,0 +1,10 @@
+# GoogleTest from its sources (googletest), without its warnings.
+if(NOT TARGET GTest::gtest_main)
+    set(INSTALL_GTEST OFF)
+    set(BUILD_SHARED_LIBS OFF)
+    add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
+    unset(BUILD_SHARED_LIBS)
+    foreach(library gtest gtest_main gmock gmock_main)
+        target_compile_options(${library} PRIVATE -w)
+    endforeach()
+endif()
