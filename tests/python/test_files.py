@@ -1,6 +1,7 @@
 """Whole files: loading, verifying, comparing, importing and building."""
 
 import array
+import json
 import os
 import statistics
 import struct
@@ -33,6 +34,15 @@ def test_a_file_may_begin_anywhere_in_its_storage():
     image = bytes(100) + rtti.build(rtti.load(KINDS), offset=100)
     assert len(rtti.load(image, 100)) == 104
     assert rtti.verify(image, offset=100) == ()
+    text = '{"types": [{"id": 0, "kind": "string", "name": "s"}]}'
+    for form in (text, text.encode(), json.loads(text)):
+        assert rtti.load(bytes(100) + rtti.build(form, offset=100), 100)[0].name == "s"
+
+
+def test_a_table_keeps_its_version():
+    document = {"version": "TYPES 7", "types": [{"id": 0, "kind": "string", "name": "s"}]}
+    table = rtti.load(rtti.build(document))
+    assert rtti.load(rtti.build(table)).version == "TYPES 7"
 
 
 def test_a_file_that_is_not_there_is_an_os_error(tmp_path):
