@@ -97,11 +97,13 @@ void DeclarationFile::write(const Entry& entry) {
 
 void DeclarationFile::writeDeclaration(unsigned int id) {
     const unsigned int declared = m_names.declaredType(id);
-    if (m_names.isPredefined(id))
-        return remarkOnId(heading(id) + ": predefined");
-    if (declared != id)
-        return remarkOnId(fmt::format("{}: declared as type {}", heading(id), declared));
-    remarkOnId(heading(id));
+    const bool isPredefined = m_names.isPredefined(id);
+    if (m_ids == IdComments::SHOWN)
+        remark(heading(id) + (isPredefined     ? ": predefined"
+                              : declared != id ? fmt::format(": declared as type {}", declared)
+                                               : ""));
+    if (isPredefined || declared != id)
+        return;
     if (m_names.packages().isAway(id))
         remark("Declared here and not in its own package, as it needs types of this one:");
     IndentedLines lines(m_out, INDENTATION);
@@ -147,11 +149,6 @@ std::string DeclarationFile::strangeness(unsigned int id) const {
 
 void DeclarationFile::remark(const std::string& text) {
     m_out << INDENTATION << m_language->comment() << ' ' << text << '\n';
-}
-
-void DeclarationFile::remarkOnId(const std::string& text) {
-    if (m_ids == IdComments::SHOWN)
-        remark(text);
 }
 
 } // namespace Inspect

@@ -59,7 +59,6 @@ private:
     void remark(const std::string& text);
 
     /// Writes it if there are to be comments with ids.
-    void remarkOnId(const std::string& text);
 
     std::ostream& m_out;
     const TypeTable& m_types;

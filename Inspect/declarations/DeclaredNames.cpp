@@ -351,24 +351,28 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
         if (member != nullptr)
             names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
     }
-    std::unordered_set<std::string> taken;
-    for (const std::string_view name : names) {
-        if (!name.empty())
-            taken.insert(identityOf(m_language, identifierOf(m_language, name)));
-    }
     std::vector<std::string> result;
-    std::unordered_set<std::string> used;
+    std::vector<std::string> identities;
+    for (const std::string_view name : names) {
+        result.push_back(identifierOf(m_language, name.empty() ? "member" : name));
+        identities.push_back(identityOf(m_language, result.back()));
+    }
+    std::unordered_set<std::string_view> used(2 * names.size());
+    std::vector<std::size_t> renamed;
     for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].empty() || !used.insert(identities[i]).second)
+            renamed.push_back(i);
+    }
+    // A name that is made yields to those that were given, before it or behind it.
+    std::unordered_set<std::string> made;
+    for (const std::size_t i : renamed) {
         std::string name(names[i].empty() ? "member" : names[i]);
-        std::string identifier = identifierOf(m_language, name);
-        bool isNew = !names[i].empty() && used.insert(identityOf(m_language, identifier)).second;
-        while (!isNew) {
+        std::string identity;
+        do {
             name = suffixed(m_language, name, '_' + std::to_string(i));
-            identifier = identifierOf(m_language, name);
-            const std::string identity = identityOf(m_language, identifier);
-            isNew = taken.count(identity) == 0 && used.insert(identity).second;
-        }
-        result.push_back(std::move(identifier));
+            result[i] = identifierOf(m_language, name);
+            identity = identityOf(m_language, result[i]);
+        } while (used.count(identity) != 0 || !made.insert(identity).second);
     }
     return result;
 }

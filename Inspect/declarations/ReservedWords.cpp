@@ -1,6 +1,8 @@
 #include "Inspect/declarations/ReservedWords.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <iterator>
 
 namespace Inspect {
@@ -374,15 +376,39 @@ constexpr std::string_view systemVerilogWords[] = {"accept_on",
                                                    "xnor",
                                                    "xor"};
 
-template <std::size_t N> bool contains(const std::string_view (&words)[N], std::string_view word) {
-    return std::binary_search(std::begin(words), std::end(words), word);
+/// Where the words with each first letter begin in a list, and its end.
+template <std::size_t N>
+constexpr std::array<std::size_t, 27> beginnings(const std::string_view (&words)[N]) {
+    std::array<std::size_t, 27> places{};
+    for (std::size_t letter = 0, place = 0; letter < places.size(); ++letter) {
+        while (place < N && static_cast<std::size_t>(words[place].front() - 'a') < letter)
+            ++place;
+        places[letter] = place;
+    }
+    return places;
+}
+
+constexpr auto vhdlBeginnings = beginnings(vhdlWords);
+constexpr auto systemVerilogBeginnings = beginnings(systemVerilogWords);
+static_assert(vhdlBeginnings.back() == std::size(vhdlWords));
+static_assert(systemVerilogBeginnings.back() == std::size(systemVerilogWords));
+
+template <std::size_t N>
+bool contains(const std::string_view (&words)[N], const std::array<std::size_t, 27>& begins,
+              std::string_view word) {
+    if (word.empty() || word.front() < 'a' || word.front() > 'z')
+        return false;
+    const auto letter = static_cast<std::size_t>(word.front() - 'a');
+    return std::find(words + begins[letter], words + begins[letter + 1], word) !=
+           words + begins[letter + 1];
 }
 
 } // namespace
 
 bool isReservedWord(SourceLanguage language, std::string_view word) {
-    return language == SourceLanguage::VHDL ? contains(vhdlWords, word)
-                                            : contains(systemVerilogWords, word);
+    return language == SourceLanguage::VHDL
+               ? contains(vhdlWords, vhdlBeginnings, word)
+               : contains(systemVerilogWords, systemVerilogBeginnings, word);
 }
 
 } // namespace Inspect

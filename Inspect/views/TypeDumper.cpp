@@ -54,12 +54,14 @@ public:
 
 private:
     void line(std::string_view label, std::string_view value) {
-        m_out << "  " << label << ": " << value << '\n';
+        m_line.assign("  ").append(label).append(": ").append(value).append("\n");
+        m_out << m_line;
     }
 
     void item(std::size_t index, std::string_view value) {
-        m_out << "    " << m_style.paint(Ink::COMMENT, fmt::format("[{}]", index)) << ' ' << value
-              << '\n';
+        m_line.assign("    ").append(m_style.paint(Ink::COMMENT, fmt::format("[{}]", index)));
+        m_line.append(" ").append(value).append("\n");
+        m_out << m_line;
     }
 
     template <typename Value> std::string number(const Value& value) const {
@@ -219,6 +221,7 @@ private:
     const TypeTable& m_types;
     const TextStyle& m_style;
     const RangeLists m_lists;
+    std::string m_line;          ///< Its room is kept.
     std::size_t m_valueSize = 0; ///< Of the type's literals.
 };
 
@@ -281,7 +284,7 @@ void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const 
     const auto lookup = [&](unsigned int other) {
         return other == id ? &type : types.typeOf(other);
     };
-    const TypeDeclarations declarations({0, lookup, types.encodings}, Naming::OWN);
+    const TypeDeclarations declarations({0, lookup, types.encodings, types.widths}, Naming::OWN);
     {
         DeclarationField field(out);
         std::ostream lines(&field);

@@ -29,6 +29,18 @@ bool isPlainInPath(char c) {
     return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '$' || c == ':';
 }
 
+void appendEscaped(std::string& text, char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x20 && byte < 0x7F)
+        text += c;
+    else if (c == '\n')
+        text += "\\n";
+    else if (c == '\t')
+        text += "\\t";
+    else
+        text += fmt::format("\\x{:02X}", byte);
+}
+
 /// Bounds beyond it stand for the whole range of a double, which some compilers round.
 constexpr double WHOLE_REAL = 1.797e308;
 
@@ -41,25 +53,22 @@ bool hasAllLiterals(const RTSeqEnumType& type, const FullConstraints& range) {
 
 std::string escaped(std::string_view text) {
     std::string result;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '\n')
-            result += "\\n";
-        else if (c == '\t')
-            result += "\\t";
-        else if (byte < 0x20 || byte >= 0x7F)
-            result += fmt::format("\\x{:02X}", byte);
-        else
-            result += c;
-    }
+    for (const char c : text)
+        appendEscaped(result, c);
     return result;
 }
 
 std::string quoted(std::string_view text) {
-    std::string result = "\"";
-    for (const char c : text)
-        result += c == '"' || c == '\\' ? std::string{'\\', c} : escaped({&c, 1});
-    return result + '"';
+    std::string result;
+    result.reserve(text.size() + 2);
+    result += '"';
+    for (const char c : text) {
+        if (c == '"' || c == '\\')
+            result += '\\';
+        appendEscaped(result, c);
+    }
+    result += '"';
+    return result;
 }
 
 bool isGivenName(const char* name) {

@@ -85,6 +85,8 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
 // NOLINTNEXTLINE(bugprone-exception-escape): no memory for the options, before there is a call.
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_DFL); // A reader that has gone ends the program without a word.
+    std::ios::sync_with_stdio(
+        false); // Nothing here prints with stdio; a call for each word is slow.
     CLI::App program("Shows, makes, verifies and compares the type files of an HDL simulator.",
                      "rtti");
     program.formatter(std::make_shared<HelpFormatter>(textWidth()));

@@ -1,0 +1,100 @@
+// Types as text: the dump of a table beside writing the same bytes, and its declarations, which a
+// load stands beside.
+
+#include "Inspect/declarations/DeclarationFile.h"
+#include "Inspect/views/TypeDumper.h"
+#include "bench/TypeStorage.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace Inspect;
+
+/// A file without a name, as a stream writes to it.
+class ScratchFile {
+public:
+    std::ostream& stream() {
+        m_stream.open("/proc/self/fd/" + std::to_string(fileno(m_file.get())), std::ios::binary);
+        return m_stream;
+    }
+
+private:
+    struct Close {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    std::unique_ptr<std::FILE, Close> m_file{std::tmpfile()};
+    std::ofstream m_stream;
+};
+
+TypeTable tableOf(const benchmark::State& state) {
+    const Bench::TypeList& types =
+        Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
+    return {static_cast<unsigned int>(types.size()),
+            [&types](unsigned int id) { return id < types.size() ? types[id] : nullptr; }};
+}
+
+void dump(std::ostream& out, const TypeTable& table) {
+    for (unsigned int id = 0; id < table.count; ++id)
+        dumpType(out, id, *table.typeOf(id), table);
+}
+
+void Dump(benchmark::State& state) {
+    for (auto _ : state) {
+        ScratchFile file;
+        std::ostream& out = file.stream();
+        dump(out, tableOf(state));
+        if (!out.flush())
+            state.SkipWithError("the file cannot be written");
+    }
+}
+
+/// The bytes of the dump, in the pieces in which a type comes on average.
+void DumpFloor(benchmark::State& state) {
+    const TypeTable table = tableOf(state);
+    std::ostringstream text;
+    dump(text, table);
+    const std::string bytes = text.str();
+    const std::size_t piece = bytes.size() / table.count;
+    for (auto _ : state) {
+        ScratchFile file;
+        std::ostream& out = file.stream();
+        for (std::size_t at = 0; at < bytes.size(); at += piece)
+            out << std::string_view(bytes).substr(at, piece);
+        if (!out.flush())
+            state.SkipWithError("the file cannot be written");
+    }
+}
+
+void Declarations(benchmark::State& state, SourceLanguage language) {
+    for (auto _ : state) {
+        ScratchFile file;
+        DeclarationFile declarations(file.stream(), tableOf(state), language, IdComments::NONE);
+        for (unsigned int id = 0; id < state.range(0); ++id)
+            declarations.addUnlessSpelledOut(id);
+        declarations.end();
+    }
+}
+
+// A table of 100,000 types takes a second, and one more type costs what the others do.
+BENCHMARK(Dump)->Arg(1000)->Arg(100000)->Repetitions(3)->UseRealTime();
+BENCHMARK(DumpFloor)->Name("Dump/floor")->Arg(1000)->Arg(100000)->Repetitions(3)->UseRealTime();
+BENCHMARK_CAPTURE(Declarations, vhdl, SourceLanguage::VHDL)
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Repetitions(3)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Declarations, sv, SourceLanguage::SYSTEM_VERILOG)
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Repetitions(3)
+    ->UseRealTime();
+
+} // namespace
