@@ -47,7 +47,7 @@ constexpr int DEPTH = 5;
 
 template <typename Walk> void repeat(benchmark::State& state, int ranges, const Walk& walk) {
     Ranges out;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         out.clear();
         walk(out);
         benchmark::DoNotOptimize(out.data());

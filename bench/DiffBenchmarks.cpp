@@ -26,7 +26,7 @@ void Diff(benchmark::State& state) {
     constexpr unsigned int PACKAGE = 100;
     const auto count = static_cast<unsigned int>(state.range(0));
     Loaded a(count), b(count + PACKAGE);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const Inspect::TypeDiff diff(a.table(), b.table());
         if (diff.verdict() != Inspect::DiffVerdict::COMPATIBLE || diff.added().size() != PACKAGE)
             state.SkipWithError("the tables differ in other ways");

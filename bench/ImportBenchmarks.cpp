@@ -116,14 +116,14 @@ Types imported(const std::string& bytes) {
 
 void ImportTree(benchmark::State& state) {
     tree();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(imported(tree()).data());
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * tree().size()));
 }
 
 void ReadTreeLines(benchmark::State& state) {
     tree();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::istringstream stream(tree());
         std::string line;
         while (std::getline(stream, line))
@@ -133,7 +133,7 @@ void ReadTreeLines(benchmark::State& state) {
 
 void ImportWave(benchmark::State& state) {
     wave();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Types types = imported(wave());
         benchmark::DoNotOptimize(types.data());
         state.PauseTiming();
@@ -144,7 +144,7 @@ void ImportWave(benchmark::State& state) {
 
 void WriteTypesOfWave(benchmark::State& state) {
     const Types types = imported(wave());
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         TypeFile::TypeFileWriter writer;
         for (const auto& type : types)
             writer.add(*type);
@@ -159,7 +159,7 @@ void LoadTypesOfWave(benchmark::State& state) {
         writer.add(*type);
     const std::vector<char> bytes = writer.finish();
     OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::optional<RTTI::RTTypeManager> manager(std::in_place);
         manager->setupDeserializer(storage, 0);
         benchmark::DoNotOptimize(manager->readAllRTTypes());

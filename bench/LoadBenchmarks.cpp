@@ -23,7 +23,7 @@ TypeStorage& storageOf(const benchmark::State& state) {
 
 void Load(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::optional<RTTI::RTTypeManager> manager(std::in_place);
         manager->setupDeserializer(types.storage, 0);
         benchmark::DoNotOptimize(manager->readAllRTTypes());
@@ -36,7 +36,7 @@ void Load(benchmark::State& state) {
 void LoadFloorTime(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     LoadFloor floor(types.plan);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         floor.load(types.storage);
         state.PauseTiming();
         floor.tearDown();
@@ -46,7 +46,7 @@ void LoadFloorTime(benchmark::State& state) {
 
 void Teardown(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         std::optional<RTTI::RTTypeManager> manager(std::in_place);
         manager->setupDeserializer(types.storage, 0);
@@ -59,7 +59,7 @@ void Teardown(benchmark::State& state) {
 void TeardownFloor(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     LoadFloor floor(types.plan);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         floor.load(types.storage);
         state.ResumeTiming();
@@ -69,7 +69,7 @@ void TeardownFloor(benchmark::State& state) {
 
 void LazyFirstType(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Bench::startAfresh(state);
         RTTI::RTTypeManager manager;
         manager.setupDeserializer(types.storage, 0);
@@ -81,7 +81,7 @@ void LazyFirstType(benchmark::State& state) {
 void OneVerifiedType(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     const auto id = static_cast<unsigned int>(state.range(0) / 2);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Bench::startAfresh(state);
         TypeFile::TypeVerifier verifier(types.storage, types.storage.size(), 0);
         if (TypeFile::hasErrors(verifier.verify({id})))
@@ -95,7 +95,7 @@ void OneVerifiedType(benchmark::State& state) {
 void FindReferences(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     const auto id = static_cast<unsigned int>(state.range(0) / 2);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Bench::startAfresh(state);
         const TypeFile::RecordSearch records(types.storage, types.storage.size(), 0);
         if (records.referringTo(id).empty())
@@ -107,7 +107,7 @@ void FindReferences(benchmark::State& state) {
 void LazyFirstTypeFloor(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
     LoadFloor floor(types.plan);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Bench::startAfresh(state);
         floor.readAddressTable(types.storage);
         floor.releaseTables();

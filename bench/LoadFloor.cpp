@@ -56,6 +56,7 @@ private:
         block(text.size() > inside ? text.size() + 1 : 0);
     }
     template <typename T> void list(const std::vector<T>& vector) {
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): the lists of pointers are meant, too.
         block(vector.size() * sizeof(T));
     }
     template <typename Member> void members(const RTAggregateType& type);

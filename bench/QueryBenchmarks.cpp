@@ -12,7 +12,7 @@ using namespace RTTI;
 
 template <typename Query> void askEach(benchmark::State& state, const Query& query) {
     const auto& types = Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (const RTBaseType* type : types)
             benchmark::DoNotOptimize(query(*type));
     }

@@ -9,7 +9,7 @@ namespace {
 
 void Verify(benchmark::State& state) {
     Bench::TypeStorage& types = Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto findings = TypeFile::verify(types.storage, types.storage.size(), 0);
         if (TypeFile::hasErrors(findings))
             state.SkipWithError("the table has errors");

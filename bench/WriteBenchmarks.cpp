@@ -32,7 +32,7 @@ std::string jsonOf(const TypeList& types) {
 
 void Write(benchmark::State& state) {
     const TypeList& types = typesOf(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         TypeFile::TypeFileWriter writer;
         for (const RTBaseType* type : types)
             writer.add(*type);
@@ -42,13 +42,13 @@ void Write(benchmark::State& state) {
 
 void WriteJson(benchmark::State& state) {
     const TypeList& types = typesOf(state);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(jsonOf(types).data());
 }
 
 void ReadJson(benchmark::State& state) {
     const std::string text = jsonOf(typesOf(state));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::istringstream in(text);
         TypeFile::TypeFileWriter writer;
         Inspect::TypeJsonReader reader(

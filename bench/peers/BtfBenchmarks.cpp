@@ -13,7 +13,7 @@ unsigned int middleOf(const benchmark::State& state) {
 
 void FindById(benchmark::State& state) {
     const auto& encoded = encodedTable<BtfTypes>(static_cast<unsigned int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         startAfresh(state);
         benchmark::DoNotOptimize(BtfTypes(encoded).nameOf(middleOf(state)));
     }
@@ -23,7 +23,7 @@ void FindByName(benchmark::State& state) {
     const auto& encoded = encodedTable<BtfTypes>(static_cast<unsigned int>(state.range(0)));
     const std::string name = BtfTypes(encoded).nameOf(middleOf(state));
     unsigned int found = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         startAfresh(state);
         benchmark::DoNotOptimize(found = BtfTypes(encoded).idOf(name.c_str()));
     }

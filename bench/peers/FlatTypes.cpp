@@ -23,6 +23,7 @@ struct Encoder {
 
     RangeList ranges(const std::vector<FullConstraints>& constraints) const {
         std::vector<Flat::Range> list;
+        list.reserve(constraints.size());
         for (const FullConstraints& constraint : constraints)
             list.push_back(rangeOf(constraint));
         return list.empty() ? RangeList() : builder.CreateVectorOfStructs(list);

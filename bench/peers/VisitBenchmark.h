@@ -43,7 +43,7 @@ template <typename Peer> void openAndVisit(benchmark::State& state) {
     const auto count = static_cast<unsigned int>(state.range(0));
     const std::vector<char>& encoded = encodedTable<Peer>(count);
     std::uint64_t sum = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::optional<Peer> types(std::in_place, encoded);
         ContentSum<Peer::HAS_DETAILS> content;
         types->visit(content);
