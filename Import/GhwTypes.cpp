@@ -140,7 +140,7 @@ private:
         const GhwType& type = m_file.types[number];
         const GhwKind baseKind = m_file.types[type.base].kind;
         if (!isNumber(baseKind) && !isEnumeration(baseKind))
-            fail(type, "the base of a scalar subtype is no scalar type");
+            fail(type, "the base of a scalar subtype is not a scalar type");
         if (m_firstSubtypes[type.base] == number)
             return m_made[type.base].type;
         // A record of a real type has its range, one of a typedef none of reals.

@@ -380,7 +380,7 @@ TreeTypes::Made TreeTypes::makeClass(const TreeClass& type) {
     if (type.base != 0) {
         if (typeAt(behindAliases(type.base, type.line), type.line).kind != TreeTypeKind::CLASS_REF)
             throw ImportError(m_input.linePlace(type.line),
-                              "the tree is damaged: the base of " + type.name + " is no class");
+                              "the tree is damaged: the base of " + type.name + " is not a class");
         made->m_baseClassTypeId = idOf(type.base, type.line);
     }
     if (type.hasParameters)

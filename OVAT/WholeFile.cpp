@@ -39,7 +39,7 @@ bool modeOf(const std::string& path, mode_t& mode) {
         fail(path, "cannot be written");
     }
     if (!S_ISREG(status.st_mode))
-        fail(path, "is no regular file", EINVAL);
+        fail(path, "is not a regular file", EINVAL);
     mode = status.st_mode & 07777;
     return true;
 }

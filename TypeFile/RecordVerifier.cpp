@@ -243,8 +243,9 @@ void RecordVerifier::checkTypeId(const ReadField& field) {
 void RecordVerifier::checkDirection(const ReadField& field) {
     const auto direction = littleEndianAt<double>(m_sweep.at(field.offset, sizeof(double)));
     if (!RTTI::truncatedDirection(direction))
-        add(FindingCode::REAL_DIRECTION_UNUSABLE, field,
-            [&] { return "The direction " + std::to_string(direction) + " is no 32-bit number."; });
+        add(FindingCode::REAL_DIRECTION_UNUSABLE, field, [&] {
+            return "The direction " + std::to_string(direction) + " does not fit into 32 bits.";
+        });
 }
 
 /// Every list of which nothing is left, though its count was believed, begins with a name.
@@ -307,7 +308,7 @@ void RecordVerifier::addBrokenLink(const ReadField& field) {
             [&] { return "Type " + target + " has a kind that builds no type."; });
     else
         add(FindingCode::BASE_IS_NO_CLASS, field,
-            [&] { return "Type " + target + " is no class."; });
+            [&] { return "Type " + target + " is not a class."; });
 }
 
 void RecordVerifier::addAtPart(FindingCode code, unsigned int typeId, std::size_t place,

@@ -59,7 +59,7 @@ std::string TypeFileFrame::reasonUnusable() const {
         return "too short for a type file: " + counted(m_storageSize, "byte") +
                ", and the header takes " + std::to_string(HEADER_SIZE) + " at offset " + offset;
     if (!m_hasVersionText)
-        return "no type file: there is no version text at offset " + offset;
+        return "not a type file: there is no version text at offset " + offset;
     if (isMarkedUnusable())
         return "its writer marked it as holding no usable types (version \"" + m_version + "\")";
     if (!hasTable())

@@ -55,7 +55,8 @@ std::string realText(double value) { return fmt::format("{}", value); }
 std::string directionMeaning(double direction) {
     const std::optional<int> truncated = truncatedDirection(direction);
     if (!truncated)
-        return fmt::format("no 32-bit number: {} stands instead", std::numeric_limits<int>::min());
+        return fmt::format("does not fit into 32 bits: {} stands instead",
+                           std::numeric_limits<int>::min());
     if (truncated == TO_DIRECTION)
         return "to";
     if (truncated == DOWNTO_DIRECTION)

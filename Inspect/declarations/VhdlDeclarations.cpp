@@ -539,13 +539,13 @@ std::string VhdlDeclarations::ownObstacleOf(unsigned int id) const {
     case ClassId::FLOAT: {
         const auto& real = static_cast<const RTFloatType&>(type);
         if (!std::isfinite(real.m_left) || !std::isfinite(real.m_right))
-            return "its bounds are no numbers";
+            return "its bounds are not numbers";
         return isDirection(real.m_direction) ? "" : "its range has no direction";
     }
     case ClassId::PHYSICAL: {
         const auto& units = static_cast<const RTPhysicalType&>(type).m_units;
         if (units.empty() || units.front().value != 1)
-            return "its first unit is no primary one";
+            return "its first unit is not a primary unit";
         return std::all_of(units.begin(), units.end(), [](const auto& u) { return u.value > 0; })
                    ? ""
                    : "a unit has a value below 1";

@@ -77,7 +77,7 @@ function realText(value) {
 function directionMeaning(directions, direction) {
     const truncated = Math.trunc(direction);
     if (!(truncated >= -2147483648 && truncated <= 2147483647))
-        return "no 32-bit number: -2147483648 stands instead";
+        return "does not fit into 32 bits: -2147483648 stands instead";
     if (truncated === directions.to)
         return "to";
     if (truncated === directions.downto)

@@ -458,7 +458,7 @@ TEST_F(VerilatorTreeTest, InvalidClassThatIsItsOwnBase) {
 TEST_F(VerilatorTreeTest, InvalidClassWhoseBaseIsNoClass) {
     EXPECT_EQ(
         faultOf(extendingTree("    3:1: BASICDTYPE 0xb {c2aj} @dt=this@(w1)  logic kwd=logic\n")),
-        "x.tree:4: the tree is damaged: the base of p::c is no class");
+        "x.tree:4: the tree is damaged: the base of p::c is not a class");
 }
 
 } // namespace

@@ -164,7 +164,7 @@ TEST(TypeFileFrame, SaysWhyNoTypesCanBeLoaded) {
     EXPECT_EQ(Framed("short").frame.reasonUnusable(),
               "too short for a type file: 5 bytes, and the header takes 40 at offset 0");
     EXPECT_EQ(Framed(std::string(50, 'x'), 10).frame.reasonUnusable(),
-              "no type file: there is no version text at offset 10");
+              "not a type file: there is no version text at offset 10");
     const std::string image = twoStrings().image();
     EXPECT_EQ(
         Framed(image.substr(0, image.size() - 1)).frame.reasonUnusable(),

@@ -102,7 +102,7 @@ TEST(Call, TakesNoNumberBelowZero) {
         const Result result = rtti(call + " </dev/null");
         EXPECT_EQ(result.status, 2) << call;
         expectOneLine(result.err);
-        EXPECT_THAT(result.err, HasSubstr("-1 is no whole number")) << call;
+        EXPECT_THAT(result.err, HasSubstr("-1 is not a whole number of 0 or more")) << call;
     }
     EXPECT_THAT(rtti("dump --offset 18446744073709551616 " + file).err, HasSubstr("is above"));
     EXPECT_THAT(rtti("stats --top 4294967296 " + file).err, HasSubstr("is above 4294967295"));

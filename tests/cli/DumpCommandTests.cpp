@@ -175,14 +175,14 @@ TEST(RttiDump, RefusesAText) {
     const Result result = rtti("dump " + fileOf(std::string(500, 'x')));
     EXPECT_EQ(result.status, 1);
     expectOneLine(result.err);
-    EXPECT_THAT(result.err, HasSubstr("no type file"));
+    EXPECT_THAT(result.err, HasSubstr("not a type file"));
 }
 
 TEST(RttiDump, RefusesAFileOfZeros) {
     const Result result = rtti("dump " + fileOf(std::string(500, '\0')));
     EXPECT_EQ(result.status, 1);
     expectOneLine(result.err);
-    EXPECT_THAT(result.err, HasSubstr("no type file"));
+    EXPECT_THAT(result.err, HasSubstr("not a type file"));
 }
 
 TEST(RttiDump, ReportsAFileThatIsMarkedAsUnusable) {

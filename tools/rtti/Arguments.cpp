@@ -20,7 +20,7 @@ CLI::Option* addWholeNumber(CLI::App& subcommand, const std::string& name, Numbe
         const std::string digits = isHex ? text.substr(2) : text;
         const char* const allowed = isHex ? "0123456789abcdefABCDEF" : "0123456789";
         if (digits.empty() || digits.find_first_not_of(allowed) != std::string::npos)
-            throw CLI::ValidationError(name + ": " + text + " is no whole number from 0 on");
+            throw CLI::ValidationError(name + ": " + text + " is not a whole number of 0 or more");
         constexpr Number MOST = std::numeric_limits<Number>::max();
         unsigned long long value = 0;
         try {

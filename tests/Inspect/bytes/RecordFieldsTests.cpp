@@ -86,7 +86,8 @@ TEST(RecordFields, OfARealSayWhatTheLoaderMakesOfFlavourAndDirection) {
     EXPECT_EQ(lines[7], "34+8 direction = 1.75 (to)");
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const Lines none = fieldsOf(typeFile(ClassId::FLOAT).u32(0).f64(0).f64(0).f64(nan));
-    EXPECT_EQ(none[7], "34+8 direction = nan (no 32-bit number: -2147483648 stands instead)");
+    EXPECT_EQ(none[7],
+              "34+8 direction = nan (does not fit into 32 bits: -2147483648 stands instead)");
 }
 
 TEST(RecordFields, OfASequentialEnumeration) {

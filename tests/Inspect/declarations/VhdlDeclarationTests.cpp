@@ -51,7 +51,7 @@ TEST(VhdlDeclarations, ARealWithoutFiniteBoundsIsNotLegal) {
     LinkedTypes types;
     types.add<RTFloatType>("r").m_right = HUGE_VAL;
     EXPECT_EQ(declared(types), "type r is range 0.0 downto inf;\n"
-                               "-- no legal declaration: its bounds are no numbers\n");
+                               "-- no legal declaration: its bounds are not numbers\n");
 }
 
 TEST(VhdlDeclarations, UnitsAreGivenInThePrimaryUnit) {
