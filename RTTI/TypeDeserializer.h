@@ -35,6 +35,7 @@ static_assert(sizeof(TypeFileHeader) == TypeFileFormat::HEADER_SIZE);
 /// elements would be longer than a vector can be. A count in a file gets there only where sizes
 /// have 32 bits.
 template <typename T> void checkListSize([[maybe_unused]] std::size_t count) {
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): some lists are of pointers.
     constexpr std::size_t MOST = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(T);
     if constexpr (MOST < std::numeric_limits<unsigned int>::max()) {
         if (count > MOST)
