@@ -40,24 +40,28 @@ private:
     void collect(unsigned int root, unsigned int depth) {
         std::unordered_set<unsigned int> seen = {root};
         std::vector<unsigned int> ring = {root};
-        std::vector<TypeLink> links;
         m_ids = ring;
         for (unsigned int distance = 0; distance < depth && !ring.empty(); ++distance) {
-            std::vector<unsigned int> next;
-            for (const unsigned int id : ring) {
-                const RTBaseType* type = m_types.typeOf(id);
-                if (type == nullptr)
-                    continue;
-                linksOf(*type, links);
-                for (const TypeLink& link : links) {
-                    if (seen.insert(link.typeId).second)
-                        next.push_back(link.typeId);
-                }
-            }
-            m_ids.insert(m_ids.end(), next.begin(), next.end());
-            ring.swap(next);
+            ring = ringAround(ring, seen);
+            m_ids.insert(m_ids.end(), ring.begin(), ring.end());
         }
         std::sort(m_ids.begin(), m_ids.end());
+    }
+
+    std::vector<unsigned int> ringAround(const std::vector<unsigned int>& ring,
+                                         std::unordered_set<unsigned int>& seen) const {
+        std::vector<unsigned int> next;
+        std::vector<TypeLink> links;
+        for (const unsigned int id : ring) {
+            links.clear();
+            if (const RTBaseType* type = m_types.typeOf(id))
+                linksOf(*type, links);
+            for (const TypeLink& link : links) {
+                if (seen.insert(link.typeId).second)
+                    next.push_back(link.typeId);
+            }
+        }
+        return next;
     }
 
     const TypeTable& m_types;

@@ -136,23 +136,30 @@ TEST(TypeUses, JsonHasAUseALine) {
               "\"field\":\"elementType\",\"distance\":1,\"next\":2}\n");
 }
 
+using Distances = std::map<unsigned int, unsigned int>;
+
+/// Whether the way from a type gets shorter by what it refers to.
+bool shorten(Distances& distances, unsigned int from, const RTBaseType& type) {
+    bool isShorter = false;
+    for (const unsigned int to : referencesOf(type)) {
+        const auto known = distances.find(to);
+        if (known == distances.end() ||
+            (distances.count(from) != 0 && distances[from] <= known->second + 1))
+            continue;
+        distances[from] = known->second + 1;
+        isShorter = true;
+    }
+    return isShorter;
+}
+
 /// The shortest ways to a type, by going over all references until nothing changes.
-std::map<unsigned int, unsigned int> distancesTo(unsigned int id, const TypeTable& types) {
-    std::map<unsigned int, unsigned int> distances{{id, 0}};
+Distances distancesTo(unsigned int id, const TypeTable& types) {
+    Distances distances{{id, 0}};
     for (bool isChanged = true; isChanged;) {
         isChanged = false;
         for (unsigned int from = 0; from < types.count; ++from) {
             const RTBaseType* type = types.typeOf(from);
-            if (type == nullptr)
-                continue;
-            for (const unsigned int to : referencesOf(*type)) {
-                const auto known = distances.find(to);
-                if (known == distances.end() ||
-                    (distances.count(from) != 0 && distances[from] <= known->second + 1))
-                    continue;
-                distances[from] = known->second + 1;
-                isChanged = true;
-            }
+            isChanged = (type != nullptr && shorten(distances, from, *type)) || isChanged;
         }
     }
     distances.erase(id);
