@@ -2,7 +2,7 @@
 
 #include "Inspect/views/TypeTree.h"
 #include "Refused.h"
-#include "TypeClasses.h"
+#include "Sealed.h"
 #include "Values.h"
 
 #include <optional>

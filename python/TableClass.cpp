@@ -3,7 +3,7 @@
 #include "Inspect/words/TypeKind.h"
 #include "LoadedTable.h"
 #include "OVAT/Counted.h"
-#include "TypeClasses.h"
+#include "Sealed.h"
 #include "Values.h"
 
 #include <memory>

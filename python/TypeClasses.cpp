@@ -11,6 +11,7 @@
 #include "LoadedTable.h"
 #include "RTTI/ConstraintPopulation.h"
 #include "Refused.h"
+#include "Sealed.h"
 #include "Values.h"
 
 #include <pybind11/stl.h>
@@ -155,16 +156,6 @@ void addQueries(py::class_<TypeEntry, std::shared_ptr<TypeEntry>>& type) {
 }
 
 } // namespace
-
-void seal(const py::object& pythonClass) {
-    auto* const type = reinterpret_cast<PyTypeObject*>(pythonClass.ptr());
-    type->tp_new = [](PyTypeObject* made, PyObject*, PyObject*) -> PyObject* {
-        PyErr_Format(PyExc_TypeError, "objects of %s come from a table", made->tp_name);
-        return nullptr;
-    };
-    type->tp_flags = (type->tp_flags & ~Py_TPFLAGS_BASETYPE) | Py_TPFLAGS_IMMUTABLETYPE;
-    PyType_Modified(type);
-}
 
 void addTypeClasses(py::module_& module) {
     useClass =

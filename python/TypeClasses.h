@@ -10,8 +10,4 @@ namespace py = pybind11;
 /// that TypeFile/TypeFields.h lists.
 void addTypeClasses(py::module_& module);
 
-/// Lets nobody make objects of a class from Python, or change it: every object has what is behind
-/// it, and is of the class that it was made as.
-void seal(const py::object& pythonClass);
-
 } // namespace Bindings
