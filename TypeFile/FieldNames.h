@@ -1,8 +1,12 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 namespace TypeFile {
 
-/// The names of fields, the same in every text: in errors, and as keys of the JSON form.
+/// The names of fields, the same everywhere: in the layout of records, in findings and errors, and
+/// as keys of the JSON form. Text for people has them in words; see `fieldWords`.
 namespace Field {
 
 /// A field of a type, or of an entry of one of its lists.
@@ -43,15 +47,34 @@ inline constexpr char TYPE[] = "type";
 inline constexpr char FLAG[] = "flag";
 /// @}
 
-/// A field of the header.
+/// A field of a record that follows from others, so that a type has none of that name.
 /// @{
+inline constexpr char RECORD_SIZE[] = "recordSize";
+inline constexpr char LITERAL_COUNT[] = "literalCount";
+inline constexpr char UNIT_COUNT[] = "unitCount";
+inline constexpr char INDEX_TYPE_COUNT[] = "indexTypeCount";
+inline constexpr char MEMBER_COUNT[] = "memberCount";
+inline constexpr char CONSTRAINT_COUNT[] = "constraintCount";
+/// @}
+
+/// The header and its fields, the address table and an entry of it.
+/// @{
+inline constexpr char HEADER[] = "header";
 inline constexpr char VERSION[] = "version";
+inline constexpr char TYPE_COUNT[] = "typeCount";
 inline constexpr char ADDRESS_TABLE_OFFSET[] = "addressTableOffset";
+inline constexpr char ADDRESS_TABLE[] = "addressTable";
+inline constexpr char ADDRESS[] = "address";
 /// @}
 
 /// What the classes keep in reserve; no record holds it.
 inline constexpr char RESERVED[] = "reserved";
 
 } // namespace Field
+
+/// A name, or a way to a field, in the words that text for people has for it: "element type" for
+/// "elementType", "members[2].type" for itself. Abbreviations are written out, so that "svTypeId"
+/// is "SV type id", "refType" is "referenced type" and "si" is "start index".
+std::string fieldWords(std::string_view field);
 
 } // namespace TypeFile

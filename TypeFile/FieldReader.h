@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RTTI/LittleEndian.h"
+#include "RTTI/Ranges.h"
 #include "TypeFile/RecordLayout.h"
 #include "TypeFile/StorageWindow.h"
 
@@ -27,11 +28,18 @@ struct ReadField {
     unsigned int word;         ///< The number that a field of 4 bytes holds; 0 where it is cut.
 };
 
-/// As findings have it: "member[3].type id".
+/// The way to the field, such as "members[3].type"; of several that are missing, to the first.
 std::string nameOf(const ReadField& field);
 
-/// As the JSON form has it: "members[3].type"; of several that are missing, the first.
-std::string keyOf(const ReadField& field);
+/// The range at these bytes.
+inline RTTI::FullConstraints rangeAt(const char* bytes) {
+    using RTTI::littleEndianAt;
+    return {littleEndianAt<int>(bytes), littleEndianAt<int>(bytes + 4),
+            littleEndianAt<int>(bytes + 8)};
+}
+
+/// Whether it is open.
+inline bool isOpenRange(const char* bytes) { return RTTI::isOpen(rangeAt(bytes)); }
 
 /// Reads the fields of a record or header along their layouts, as the loader does, anywhere in a
 /// storage: what a count claims costs nothing, and nothing is kept. `Take` is called with each
@@ -56,10 +64,7 @@ public:
         }
     }
 
-    /// Moves the end, which must not lie before what was read.
-    void endAt(unsigned long long end) { m_end = end; }
     unsigned long long at() const { return m_at; }
-    unsigned long long end() const { return m_end; }
     bool isWanted() const { return m_isWanted; }
 
 private:

@@ -1,6 +1,7 @@
 #include "TypeFile/Finding.h"
 
 #include "RTTI/TypeFileFormat.h"
+#include "TypeFile/FieldNames.h"
 
 #include <cstdio>
 
@@ -98,8 +99,8 @@ std::string lineOf(const Finding& finding) {
     line += finding.typeId == RTTI::TypeFileFormat::NO_TYPE_ID
                 ? " file"
                 : " type " + std::to_string(finding.typeId);
-    return line + " field \"" + finding.field + "\" at " + hexText(finding.offset) + ": " +
-           finding.text;
+    return line + " field \"" + fieldWords(finding.field) + "\" at " + hexText(finding.offset) +
+           ": " + finding.text;
 }
 
 } // namespace TypeFile

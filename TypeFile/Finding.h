@@ -63,10 +63,9 @@ struct Finding {
     FindingCode code;          ///< What is wrong.
     Severity severity;         ///< How serious it is.
     unsigned int typeId;       ///< NO_TYPE_ID if it concerns the whole file.
-    std::string field;         ///< The name of the field, such as "member[3].type id".
+    std::string field;         ///< The field, such as "members[3].type"; see `fieldWords`.
     unsigned long long offset; ///< The storage offset of the field.
     std::string text;          ///< A sentence: what was found and expected.
-    std::string key = {};      ///< The field as the JSON form has it: "members[3].type".
 };
 
 /// A number in the form that findings use for offsets and kinds: "0x1234".

@@ -2,7 +2,6 @@
 
 #include "OVAT/Counted.h"
 #include "RTTI/TypeFileFormat.h"
-#include "TypeFile/RecordLayout.h"
 
 #include <algorithm>
 #include <iterator>
@@ -33,18 +32,13 @@ FindingList::Kept& FindingList::listOf(FindingCode code) {
     return severityOf(code) == Severity::ERROR ? m_errors : m_warnings;
 }
 
-void FindingList::add(FindingCode code, unsigned int typeId, const char* field,
-                      unsigned long long offset, std::string text) {
-    add(code, typeId, FieldName{field, inOneWord(field)}, offset, std::move(text));
-}
-
-void FindingList::add(FindingCode code, unsigned int typeId, FieldName field,
+void FindingList::add(FindingCode code, unsigned int typeId, std::string field,
                       unsigned long long offset, std::string text) {
     Kept& kept = listOf(code);
     ++kept.count;
     if (kept.findings.size() < m_maxKept)
-        kept.findings.push_back({code, severityOf(code), typeId, std::move(field.words), offset,
-                                 std::move(text), std::move(field.key)});
+        kept.findings.push_back(
+            {code, severityOf(code), typeId, std::move(field), offset, std::move(text)});
 }
 
 std::vector<Finding> FindingList::take() {
@@ -63,8 +57,7 @@ std::vector<Finding> FindingList::take() {
                             lostErrors != 0 ? Severity::ERROR : Severity::WARNING, NO_TYPE_ID,
                             "findings", 0,
                             OVAT::counted(lostErrors, "more error") + " and " +
-                                OVAT::counted(lostWarnings, "more warning") + " are not listed.",
-                            "findings"});
+                                OVAT::counted(lostWarnings, "more warning") + " are not listed."});
     return findings;
 }
 

@@ -7,12 +7,6 @@
 
 namespace TypeFile {
 
-/// A field in the words of the format, and as the JSON form has it.
-struct FieldName {
-    std::string words;
-    std::string key;
-};
-
 /// Where all findings arise. Keeps so many of them, errors before warnings, and counts the rest.
 class FindingList {
 public:
@@ -24,11 +18,7 @@ public:
     /// Counts a finding that has no words, since there is no room for it.
     void leaveOut(FindingCode code);
 
-    void add(FindingCode code, unsigned int typeId, FieldName field, unsigned long long offset,
-             std::string text);
-
-    /// The same for a field that no table has; its key is its words in one.
-    void add(FindingCode code, unsigned int typeId, const char* field, unsigned long long offset,
+    void add(FindingCode code, unsigned int typeId, std::string field, unsigned long long offset,
              std::string text);
 
     /// The findings in their order, which leave the list empty. Where some were not kept, the last

@@ -96,13 +96,13 @@ void RecordEncoder::field(const Object& object) {
     } else if constexpr (LAYOUT.form == FieldForm::KIND) {
         number(m_type->GetClassId());
     } else if constexpr (LAYOUT.form == FieldForm::COUNT) {
-        constexpr const char* LIST = Layout::FIELDS[listAfter<Layout>(AT)].key;
+        constexpr const char* LIST = Layout::FIELDS[listAfter<Layout>(AT)].name;
         m_place.field = LIST;
         const auto& list = object.*std::get<placeOf<Object>(LIST)>(FIELDS<Object>).member;
         number(static_cast<unsigned int>(list.size()));
     } else {
-        constexpr const auto& FIELD = std::get<placeOf<Object>(LAYOUT.key)>(FIELDS<Object>);
-        m_place.field = LAYOUT.key;
+        constexpr const auto& FIELD = std::get<placeOf<Object>(LAYOUT.name)>(FIELDS<Object>);
+        m_place.field = LAYOUT.name;
         if constexpr (LAYOUT.form == FieldForm::LIST)
             list<Layout, AT>(object.*FIELD.member, FIELD.form);
         else
@@ -113,7 +113,7 @@ void RecordEncoder::field(const Object& object) {
 template <typename Layout, std::size_t AT, typename List, typename Item>
 void RecordEncoder::list(const List& list, const Form::Items<Item>&) {
     for (std::size_t i = 0; i < list.size(); ++i) {
-        m_place = {"", Layout::FIELDS[AT].key, i};
+        m_place = {"", Layout::FIELDS[AT].name, i};
         put<Layout, AT + 1>(list[i]);
     }
     m_place.list = nullptr;
@@ -123,7 +123,7 @@ template <typename Layout, std::size_t AT, typename List, typename Entry>
 void RecordEncoder::list(const List& list, const Form::Entries<Entry>&) {
     constexpr std::size_t END = endOfList(Layout::FIELDS, AT);
     for (std::size_t i = 0; i < list.size(); ++i) {
-        m_place = {"", Layout::FIELDS[AT].key, i};
+        m_place = {"", Layout::FIELDS[AT].name, i};
         fields<Layout, AT + 1, END>(entryOf<Entry>(list[i]));
     }
     m_place.list = nullptr;

@@ -7,8 +7,6 @@
 
 #include <cstddef>
 #include <span>
-#include <string>
-#include <string_view>
 
 // The bytes of a type file, field by field: the one statement of them outside the loader. What
 // checks records, shows them or writes about them is made from these tables.
@@ -60,9 +58,7 @@ constexpr bool has(unsigned char link, unsigned char flags) { return (link & fla
 
 /// One field of a record, or one of the brackets around the fields of a list's entry.
 struct FieldLayout {
-    const char* name; ///< As findings and `annotate` say it.
-    const char*
-        key; ///< As JSON says it; null where a dump has no such field, "" for the entry itself.
+    const char* name; ///< One of the names in `Field`; empty where it is a list's entry itself.
     FieldForm form;
     unsigned char link = Link::NAMED;   ///< Of a TYPE_ID.
     int missing = 0;                    ///< What the loader takes where the field is not there.
@@ -70,24 +66,23 @@ struct FieldLayout {
     int last = 0;                       ///< Of a FLAVOUR.
     FindingCode code{};                 ///< What is found where `names` or `last` do not have it.
 
-    constexpr FieldLayout(const char* fieldName, const char* fieldKey, FieldForm fieldForm,
-                          int ifMissing = 0)
-        : name(fieldName), key(fieldKey), form(fieldForm), missing(ifMissing) {}
+    constexpr FieldLayout(const char* fieldName, FieldForm fieldForm, int ifMissing = 0)
+        : name(fieldName), form(fieldForm), missing(ifMissing) {}
 
-    static constexpr FieldLayout typeId(const char* name, const char* key, unsigned char link) {
-        FieldLayout field(name, key, FieldForm::TYPE_ID);
+    static constexpr FieldLayout typeId(const char* name, unsigned char link) {
+        FieldLayout field(name, FieldForm::TYPE_ID);
         field.link = link;
         return field;
     }
-    static constexpr FieldLayout named(const char* name, const char* key, const NamedValues& names,
+    static constexpr FieldLayout named(const char* name, const NamedValues& names,
                                        FindingCode code) {
-        FieldLayout field(name, key, FieldForm::NAMED);
+        FieldLayout field(name, FieldForm::NAMED);
         field.names = &names;
         field.code = code;
         return field;
     }
-    static constexpr FieldLayout flavour(const char* name, int last) {
-        FieldLayout field(name, Field::FLAVOUR, FieldForm::FLAVOUR);
+    static constexpr FieldLayout flavour(int last) {
+        FieldLayout field(Field::FLAVOUR, FieldForm::FLAVOUR);
         field.last = last;
         field.code = FindingCode::FLAVOUR_UNKNOWN;
         return field;
@@ -98,122 +93,113 @@ namespace Layout {
 
 using enum FieldForm;
 
-inline constexpr FieldLayout HEADER[] = {
-    {"version", Field::VERSION, VERSION},
-    {"type count", nullptr, UNSIGNED},
-    {"address table offset", Field::ADDRESS_TABLE_OFFSET, OFFSET}};
+inline constexpr FieldLayout HEADER[] = {{Field::VERSION, VERSION},
+                                         {Field::TYPE_COUNT, UNSIGNED},
+                                         {Field::ADDRESS_TABLE_OFFSET, OFFSET}};
 
 /// What all records begin with.
-inline constexpr FieldLayout HEAD[] = {{"record size", nullptr, RECORD_SIZE},
-                                       {"kind", Field::KIND, KIND},
-                                       {"name", Field::NAME, NAME},
-                                       {"flags", Field::FLAGS, FLAGS}};
+inline constexpr FieldLayout HEAD[] = {{Field::RECORD_SIZE, RECORD_SIZE},
+                                       {Field::KIND, KIND},
+                                       {Field::NAME, NAME},
+                                       {Field::FLAGS, FLAGS}};
 
 /// The fields of a RANGE where it stands alone, and those of RANGES.
-inline constexpr FieldLayout RANGE_PARTS[] = {{"left bound", Field::SI, NUMBER},
-                                              {"right bound", Field::EI, NUMBER},
-                                              {"direction", Field::DIR, NUMBER}};
-inline constexpr FieldLayout RANGE_COUNT{"constraint count", nullptr, COUNT};
-inline constexpr FieldLayout RANGE_IN_LIST{"constraint", Field::CONSTRAINTS, RANGE};
+inline constexpr FieldLayout RANGE_PARTS[] = {
+    {Field::SI, NUMBER}, {Field::EI, NUMBER}, {Field::DIR, NUMBER}};
+inline constexpr FieldLayout RANGE_COUNT{Field::CONSTRAINT_COUNT, COUNT};
+inline constexpr FieldLayout RANGE_IN_LIST{Field::CONSTRAINTS, RANGE};
 
-inline constexpr FieldLayout END{nullptr, nullptr, END_OF_LIST};
-inline constexpr FieldLayout CONSTRAINTS{"constraint", Field::CONSTRAINTS, RANGES};
-inline constexpr FieldLayout OWN_SV_TYPE_ID{"SV type id", Field::SV_TYPE_ID, SV_TYPE_ID};
-inline constexpr FieldLayout LAST_SV_TYPE_ID{"SV type id", Field::SV_TYPE_ID, SV_TYPE_ID,
+inline constexpr FieldLayout END{"", END_OF_LIST};
+inline constexpr FieldLayout CONSTRAINTS{Field::CONSTRAINTS, RANGES};
+inline constexpr FieldLayout OWN_SV_TYPE_ID{Field::SV_TYPE_ID, SV_TYPE_ID};
+inline constexpr FieldLayout LAST_SV_TYPE_ID{Field::SV_TYPE_ID, SV_TYPE_ID,
                                              RTTI::TypeFileFormat::NO_SV_TYPE_ID};
-inline constexpr FieldLayout MEMBER_COUNT{"member count", nullptr, COUNT};
-inline constexpr FieldLayout MEMBERS{"member", Field::MEMBERS, LIST};
-inline constexpr FieldLayout MEMBER_NAME{"name", Field::NAME, NAME};
-inline constexpr FieldLayout MEMBER_TYPE =
-    FieldLayout::typeId("type id", Field::TYPE, Link::WALKED);
+inline constexpr FieldLayout MEMBER_COUNT{Field::MEMBER_COUNT, COUNT};
+inline constexpr FieldLayout MEMBERS{Field::MEMBERS, LIST};
+inline constexpr FieldLayout MEMBER_NAME{Field::NAME, NAME};
+inline constexpr FieldLayout MEMBER_TYPE = FieldLayout::typeId(Field::TYPE, Link::WALKED);
 
 inline constexpr FieldLayout SEQ_ENUM[] = {
-    FieldLayout::named("encoding", Field::ENCODING, valueEncodings, FindingCode::ENCODING_UNKNOWN),
-    FieldLayout::named("enum kind", Field::ENUM_KIND, enumKinds, FindingCode::ENUM_KIND_UNKNOWN),
-    {"enumerator count", nullptr, COUNT},
-    {"enumerator", Field::LITERALS, LIST},
-    {"name", "", NAME},
+    FieldLayout::named(Field::ENCODING, valueEncodings, FindingCode::ENCODING_UNKNOWN),
+    FieldLayout::named(Field::ENUM_KIND, enumKinds, FindingCode::ENUM_KIND_UNKNOWN),
+    {Field::LITERAL_COUNT, COUNT},
+    {Field::LITERALS, LIST},
+    {"", NAME},
     END,
-    {"enumerator size", Field::VALUE_SIZE, VALUE_SIZE, 1}};
+    {Field::VALUE_SIZE, VALUE_SIZE, 1}};
 
-inline constexpr FieldLayout DISCRETE_ENUM[] = {
-    FieldLayout::typeId("base type id", Field::BASE_TYPE, Link::PART),
-    {"enumerator count", nullptr, COUNT},
-    {"enumerator size", Field::VALUE_SIZE, VALUE_SIZE},
-    {"enumerator", Field::LITERALS, LIST},
-    {"name", Field::NAME, NAME},
-    {"value", Field::VALUE, VALUE},
-    END,
-    CONSTRAINTS};
+inline constexpr FieldLayout DISCRETE_ENUM[] = {FieldLayout::typeId(Field::BASE_TYPE, Link::PART),
+                                                {Field::LITERAL_COUNT, COUNT},
+                                                {Field::VALUE_SIZE, VALUE_SIZE},
+                                                {Field::LITERALS, LIST},
+                                                {Field::NAME, NAME},
+                                                {Field::VALUE, VALUE},
+                                                END,
+                                                CONSTRAINTS};
 
-inline constexpr FieldLayout INT[] = {{"constraint", Field::RANGE, RANGE}};
+inline constexpr FieldLayout INT[] = {{Field::RANGE, RANGE}};
 
-inline constexpr FieldLayout FLOAT[] = {
-    FieldLayout::flavour("real kind", RTTI::TypeFileFormat::LAST_FLOAT_KIND),
-    {"left bound", Field::LEFT, REAL},
-    {"right bound", Field::RIGHT, REAL},
-    {"direction", Field::DIRECTION, DIRECTION}};
+inline constexpr FieldLayout FLOAT[] = {FieldLayout::flavour(RTTI::TypeFileFormat::LAST_FLOAT_KIND),
+                                        {Field::LEFT, REAL},
+                                        {Field::RIGHT, REAL},
+                                        {Field::DIRECTION, DIRECTION}};
 
-inline constexpr FieldLayout TYPEDEF[] = {
-    FieldLayout::typeId("data type id", Field::DATA_TYPE, Link::PART), CONSTRAINTS};
+inline constexpr FieldLayout TYPEDEF[] = {FieldLayout::typeId(Field::DATA_TYPE, Link::PART),
+                                          CONSTRAINTS};
 
-inline constexpr FieldLayout ACCESS[] = {
-    FieldLayout::typeId("referenced type id", Field::REF_TYPE, Link::LINKED),
-    {"alignment", Field::ALIGNMENT, UNSIGNED},
-    {"value size", Field::VALUE_SIZE, UNSIGNED}};
+inline constexpr FieldLayout ACCESS[] = {FieldLayout::typeId(Field::REF_TYPE, Link::LINKED),
+                                         {Field::ALIGNMENT, UNSIGNED},
+                                         {Field::VALUE_SIZE, UNSIGNED}};
 
-inline constexpr FieldLayout FILE_TYPE[] = {
-    FieldLayout::typeId("referenced type id", Field::REF_TYPE, Link::AWAITED),
-    {"alignment", Field::ALIGNMENT, UNSIGNED},
-    {"value size", Field::VALUE_SIZE, UNSIGNED}};
+inline constexpr FieldLayout FILE_TYPE[] = {FieldLayout::typeId(Field::REF_TYPE, Link::AWAITED),
+                                            {Field::ALIGNMENT, UNSIGNED},
+                                            {Field::VALUE_SIZE, UNSIGNED}};
 
 inline constexpr FieldLayout EVENT[] = {
-    FieldLayout::flavour("event kind", RTTI::TypeFileFormat::LAST_EVENT_KIND)};
+    FieldLayout::flavour(RTTI::TypeFileFormat::LAST_EVENT_KIND)};
 
-inline constexpr FieldLayout PHYSICAL[] = {{"unit count", nullptr, COUNT},
-                                           {"unit", Field::UNITS, LIST},
-                                           {"name", Field::NAME, NAME},
-                                           {"value", Field::VALUE, LONG},
+inline constexpr FieldLayout PHYSICAL[] = {{Field::UNIT_COUNT, COUNT},
+                                           {Field::UNITS, LIST},
+                                           {Field::NAME, NAME},
+                                           {Field::VALUE, LONG},
                                            END};
 
 inline constexpr FieldLayout ARRAY[] = {
-    FieldLayout::named("array kind", Field::ARRAY_KIND, arrayKinds,
-                       FindingCode::ARRAY_KIND_UNKNOWN),
-    FieldLayout::typeId("element type id", Field::ELEMENT_TYPE, Link::PART),
-    {"dimension count", nullptr, COUNT},
-    {"dimension", Field::INDEX_TYPES, LIST},
-    FieldLayout::typeId("index type id", "", Link::NAMED | Link::OR_NONE),
+    FieldLayout::named(Field::ARRAY_KIND, arrayKinds, FindingCode::ARRAY_KIND_UNKNOWN),
+    FieldLayout::typeId(Field::ELEMENT_TYPE, Link::PART),
+    {Field::INDEX_TYPE_COUNT, COUNT},
+    {Field::INDEX_TYPES, LIST},
+    FieldLayout::typeId("", Link::NAMED | Link::OR_NONE),
     END,
     CONSTRAINTS,
     LAST_SV_TYPE_ID};
 
-inline constexpr FieldLayout RECORD[] = {FieldLayout::named("record kind", Field::RECORD_KIND,
-                                                            recordKinds,
-                                                            FindingCode::RECORD_KIND_UNKNOWN),
-                                         MEMBER_COUNT,
-                                         MEMBERS,
-                                         MEMBER_NAME,
-                                         MEMBER_TYPE,
-                                         CONSTRAINTS,
-                                         END,
-                                         LAST_SV_TYPE_ID};
+inline constexpr FieldLayout RECORD[] = {
+    FieldLayout::named(Field::RECORD_KIND, recordKinds, FindingCode::RECORD_KIND_UNKNOWN),
+    MEMBER_COUNT,
+    MEMBERS,
+    MEMBER_NAME,
+    MEMBER_TYPE,
+    CONSTRAINTS,
+    END,
+    LAST_SV_TYPE_ID};
 
-inline constexpr FieldLayout CONTAINER[] = {
-    FieldLayout::typeId("element type id", Field::ELEMENT_TYPE, Link::AWAITED), OWN_SV_TYPE_ID};
+inline constexpr FieldLayout CONTAINER[] = {FieldLayout::typeId(Field::ELEMENT_TYPE, Link::AWAITED),
+                                            OWN_SV_TYPE_ID};
 
 inline constexpr FieldLayout ASSOC_ARRAY[] = {
-    FieldLayout::typeId("element type id", Field::ELEMENT_TYPE, Link::AWAITED), OWN_SV_TYPE_ID,
-    FieldLayout::typeId("index type id", Field::INDEX_TYPE, Link::AWAITED)};
+    FieldLayout::typeId(Field::ELEMENT_TYPE, Link::AWAITED), OWN_SV_TYPE_ID,
+    FieldLayout::typeId(Field::INDEX_TYPE, Link::AWAITED)};
 
 inline constexpr FieldLayout CLASS[] = {
-    FieldLayout::typeId("base class type id", Field::BASE_CLASS, Link::BASE_CLASS | Link::OR_NONE),
+    FieldLayout::typeId(Field::BASE_CLASS, Link::BASE_CLASS | Link::OR_NONE),
     OWN_SV_TYPE_ID,
     MEMBER_COUNT,
     MEMBERS,
     MEMBER_NAME,
     MEMBER_TYPE,
     CONSTRAINTS,
-    {"flag", Field::FLAG, BOOLEAN},
+    {Field::FLAG, BOOLEAN},
     END};
 
 } // namespace Layout
@@ -242,12 +228,6 @@ template <typename Use> constexpr auto withLayout(unsigned int kind, Use&& use) 
     default: return use.none();
     }
 }
-
-/// The words in one, as keys are written: "recordSize" for "record size".
-std::string inOneWord(std::string_view words);
-
-/// The key of a field; its name in one word where a dump has no such field.
-std::string keyOf(const FieldLayout& field);
 
 /// Makes withLayout answer with the layout.
 struct LayoutAsSpan {

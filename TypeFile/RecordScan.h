@@ -1,10 +1,7 @@
 #pragma once
 
-#include "RTTI/LittleEndian.h"
-#include "RTTI/Ranges.h"
 #include "RTTI/TruncatedDirection.h"
-#include "TypeFile/RecordLayout.h"
-#include "TypeFile/StorageWindow.h"
+#include "TypeFile/FieldReader.h"
 
 #include <experimental/simd>
 #include <iterator>
@@ -24,12 +21,6 @@ namespace TypeFile {
             return at + simd::find_first_set(isZero);
     }
     return at;
-}
-
-/// Whether the range at these bytes is open. Its direction comes last.
-inline bool isOpenRange(const char* range) {
-    const char* const end = range + RTTI::TypeFileFormat::CONSTRAINT_SIZE;
-    return RTTI::isOpen({0, 0, RTTI::littleEndianAt<int>(end - sizeof(int))});
 }
 
 /// Reads a record that is in memory along its layouts, which the compiler unrolls, and hands its

@@ -114,20 +114,20 @@ std::vector<unsigned int> RecordSearch::named(std::string_view name) const {
 }
 
 std::vector<unsigned int> RecordSearch::referringTo(unsigned int typeId) const {
-    std::vector<char> record(RECORD_HEADER_SIZE);
+    StorageWindow heads(m_storage, m_storageSize, RECORD_HEADER_SIZE);
+    std::vector<char> record;
     char bytes[sizeof(typeId)];
     putLittleEndian(bytes, typeId);
     return find({bytes, sizeof(bytes)}, [&](unsigned long long address, unsigned long long) {
-        m_storage.read(address, record.data(), RECORD_HEADER_SIZE);
-        const auto size = littleEndianAt<unsigned int>(record.data());
-        const auto kind = littleEndianAt<unsigned int>(record.data() + RECORD_KIND_OFFSET);
-        if (size < RECORD_HEADER_SIZE || size > m_storageSize - address)
+        const RecordFrame frame = recordFrameAt(heads, address);
+        if (!frame.isWhole())
             return false;
+        const auto size = static_cast<std::size_t>(frame.claimedSize);
         if (record.size() < size + StorageWindow::READABLE_BEHIND)
             record.resize(size + StorageWindow::READABLE_BEHIND);
-        m_storage.read(address, record.data(), size);
+        m_storage.read(address, record.data(), static_cast<long long>(size));
         RecordScan<ReferenceSink> scan(record.data(), record.data() + size, ReferenceSink{typeId});
-        return !scan.read<Layout::HEAD>() || withLayout(kind, ReferenceScan{scan});
+        return !scan.read<Layout::HEAD>() || withLayout(frame.kind, ReferenceScan{scan});
     });
 }
 

@@ -123,7 +123,7 @@ struct BodyScan {
 template <typename Words>
 void RecordVerifier::add(FindingCode code, const ReadField& field, Words words) {
     if (m_findings.hasRoom(code))
-        m_findings.add(code, m_typeId, {nameOf(field), keyOf(field)}, field.offset, words());
+        m_findings.add(code, m_typeId, nameOf(field), field.offset, words());
     else
         m_findings.leaveOut(code);
 }
@@ -279,13 +279,11 @@ void RecordVerifier::addMissing(const ReadField& field) {
 /// Calls `take` with the fields of a record.
 template <typename Take> void RecordVerifier::readAgain(unsigned int typeId, Take take) {
     const unsigned long long address = m_types.addresses[typeId];
-    const char* const frame = m_jumps.at(address, RECORD_HEADER_SIZE);
-    const auto size = littleEndianAt<unsigned int>(frame);
-    const auto kind = littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET);
+    const RecordFrame frame = recordFrameAt(m_jumps, address);
     m_typeId = typeId;
-    FieldReader reader(m_jumps, address, address + size, std::move(take));
+    FieldReader reader(m_jumps, address, address + frame.size(), std::move(take));
     reader.read(Layout::HEAD);
-    reader.read(bodyLayout(kind));
+    reader.read(bodyLayout(frame.kind));
 }
 
 void RecordVerifier::addBrokenLinks(unsigned int typeId) {

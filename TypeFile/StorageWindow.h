@@ -1,7 +1,10 @@
 #pragma once
 
 #include "OVAT/IBlockManager.h"
+#include "RTTI/LittleEndian.h"
+#include "TypeFile/RecordFrame.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 
@@ -40,5 +43,21 @@ private:
     unsigned long long m_begin = 0;
     unsigned long long m_end = 0;
 };
+
+/// The size and kind of the record at an address, which may be any number.
+inline RecordFrame recordFrameAt(StorageWindow& window, unsigned long long address) {
+    using namespace RTTI::TypeFileFormat;
+    RecordFrame frame;
+    frame.address = address;
+    frame.room = window.storageSize() - std::min(address, window.storageSize());
+    if (frame.room < RECORD_SIZE_SIZE)
+        return frame;
+    const auto count = std::min<unsigned long long>(frame.room, RECORD_HEADER_SIZE);
+    const char* const head = window.at(address, static_cast<std::size_t>(count));
+    frame.claimedSize = RTTI::littleEndianAt<int>(head);
+    if (count == RECORD_HEADER_SIZE)
+        frame.kind = RTTI::littleEndianAt<unsigned int>(head + RECORD_KIND_OFFSET);
+    return frame;
+}
 
 } // namespace TypeFile

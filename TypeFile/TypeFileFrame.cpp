@@ -2,7 +2,7 @@
 
 #include "OVAT/Counted.h"
 #include "RTTI/LittleEndian.h"
-#include "RTTI/TypeFileFormat.h"
+#include "TypeFile/StorageWindow.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -18,19 +18,6 @@ namespace {
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 } // namespace
-
-bool RecordFrame::hasHead() const { return room >= RECORD_HEADER_SIZE; }
-
-bool RecordFrame::isWhole() const {
-    return claimedSize >= static_cast<int>(RECORD_HEADER_SIZE) &&
-           static_cast<unsigned int>(claimedSize) <= room;
-}
-
-unsigned long long RecordFrame::size() const {
-    const int least = static_cast<int>(RECORD_HEADER_SIZE);
-    return std::min<unsigned long long>(room,
-                                        static_cast<unsigned int>(std::max(claimedSize, least)));
-}
 
 TypeFileFrame::TypeFileFrame(OVAT::IBlockManager& storage, unsigned long long storageSize,
                              unsigned long long baseOffset)
@@ -105,18 +92,8 @@ std::vector<unsigned long long> TypeFileFrame::addresses() const {
 }
 
 RecordFrame TypeFileFrame::recordAt(unsigned long long address) const {
-    RecordFrame frame;
-    frame.address = address;
-    frame.room = address < m_storageSize ? m_storageSize - address : 0;
-    char head[RECORD_HEADER_SIZE];
-    const auto count = std::min<unsigned long long>(frame.room, RECORD_HEADER_SIZE);
-    if (count != 0)
-        m_storage.read(address, head, static_cast<long long>(count));
-    if (count >= RECORD_SIZE_SIZE)
-        frame.claimedSize = littleEndianAt<int>(head);
-    if (count == RECORD_HEADER_SIZE)
-        frame.kind = littleEndianAt<unsigned int>(head + RECORD_KIND_OFFSET);
-    return frame;
+    StorageWindow window(m_storage, m_storageSize, RECORD_HEADER_SIZE);
+    return recordFrameAt(window, address);
 }
 
 } // namespace TypeFile

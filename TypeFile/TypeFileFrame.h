@@ -1,29 +1,12 @@
 #pragma once
 
 #include "OVAT/IBlockManager.h"
+#include "TypeFile/RecordFrame.h"
 
 #include <string>
 #include <vector>
 
 namespace TypeFile {
-
-/// The first two fields of a record, and the space that the storage has for it.
-struct RecordFrame {
-    unsigned long long address = 0; ///< Where the record begins in the storage.
-    unsigned long long room = 0;    ///< Bytes from the address to the end of the storage.
-    int claimedSize = 0;            ///< The size field of the record; 0 if cut off.
-    unsigned int kind = 0;          ///< Its kind code; 0 if cut off.
-
-    /// Whether size and kind lie within the storage.
-    bool hasHead() const;
-
-    /// Whether the size field is possible and the whole record lies within the storage.
-    bool isWhole() const;
-
-    /// The bytes of the storage that the record occupies: as many as its size field says, but at
-    /// least those of size and kind, and none beyond the end of the storage.
-    unsigned long long size() const;
-};
 
 /// The header and the address table of a type file: how many types there are, and where their
 /// records are. The constructor reads the header, the other functions read what they need.

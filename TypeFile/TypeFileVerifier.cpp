@@ -1,7 +1,6 @@
 #include "TypeFile/TypeFileVerifier.h"
 
 #include "OVAT/Counted.h"
-#include "RTTI/LittleEndian.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/FindingList.h"
 #include "TypeFile/GroupVerifier.h"
@@ -98,16 +97,16 @@ private:
 bool Verification::checkHeader() {
     const unsigned long long base = m_frame.baseOffset();
     if (!m_frame.hasHeader()) {
-        addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, "header", base,
+        addForFile(FindingCode::HEADER_OUTSIDE_STORAGE, Field::HEADER, base,
                    "The header takes 40 bytes, and the storage ends at " + hexText(m_size) + ".");
         return false;
     }
     if (!m_frame.hasVersionText())
-        addForFile(FindingCode::VERSION_NOT_TEXT, "version", base,
+        addForFile(FindingCode::VERSION_NOT_TEXT, Field::VERSION, base,
                    "There is no printable text that ends within 32 bytes.");
     if (!m_frame.isMarkedUnusable())
         return true;
-    addForFile(FindingCode::MARKED_UNUSABLE, "version", base,
+    addForFile(FindingCode::MARKED_UNUSABLE, Field::VERSION, base,
                "The writer marked the file as one that holds no usable types.");
     return false;
 }
@@ -119,7 +118,7 @@ bool Verification::readTable() {
     if (typeCount == 0)
         return true;
     if (!m_frame.hasTable()) {
-        addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, "address table offset",
+        addForFile(FindingCode::TABLE_OUTSIDE_STORAGE, Field::ADDRESS_TABLE_OFFSET,
                    base + ADDRESS_TABLE_OFFSET,
                    "The table of " + counted(typeCount, "type") + " takes " +
                        counted(m_frame.tableSize(), "byte") + " at " + hexText(table) +
@@ -127,7 +126,7 @@ bool Verification::readTable() {
         return false;
     }
     if (table < base + HEADER_SIZE && base < table + m_frame.tableSize())
-        addForFile(FindingCode::TABLE_OVERLAPS_HEADER, "address table offset",
+        addForFile(FindingCode::TABLE_OVERLAPS_HEADER, Field::ADDRESS_TABLE_OFFSET,
                    base + ADDRESS_TABLE_OFFSET,
                    "The table at " + hexText(table) + " shares bytes with the header.");
     m_tableEnd = table + m_frame.tableSize();
@@ -183,7 +182,7 @@ void Verification::verifyDeferred() {
 }
 
 void Verification::addTooLarge() {
-    addForFile(FindingCode::LOAD_TOO_LARGE, "address table", m_frame.tableOffset(),
+    addForFile(FindingCode::LOAD_TOO_LARGE, Field::ADDRESS_TABLE, m_frame.tableOffset(),
                "The records take " + counted(m_recordBytes, "byte") +
                    ", each counted once a type, and the limit is " +
                    std::to_string(m_limits.maxRecordBytes) + ".");
@@ -218,35 +217,30 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
 /// Size and kind, if the record is all there.
 bool Verification::readFrame(unsigned int typeId) {
     const unsigned long long address = m_types.addresses[typeId];
-    if (address > m_size || m_size - address < RECORD_HEADER_SIZE) {
+    const RecordFrame frame = recordFrameAt(m_sweep, address);
+    if (frame.isWhole()) {
+        m_recordSize = static_cast<unsigned int>(frame.claimedSize);
+        m_kind = frame.kind;
+        return true;
+    }
+    if (!frame.hasHead())
         addOutside(typeId);
-        return false;
-    }
-    const char* frame = m_sweep.at(address, RECORD_HEADER_SIZE);
-    const int found = littleEndianAt<int>(frame);
-    if (found < static_cast<int>(RECORD_HEADER_SIZE)) {
-        addWrongSize(typeId, found);
-        return false;
-    }
-    const auto size = static_cast<unsigned int>(found);
-    if (m_size - address < size) {
-        addCut(typeId, size);
-        return false;
-    }
-    m_recordSize = size;
-    m_kind = littleEndianAt<unsigned int>(frame + RECORD_KIND_OFFSET);
-    return true;
+    else if (frame.claimedSize < static_cast<int>(RECORD_HEADER_SIZE))
+        addWrongSize(typeId, frame.claimedSize);
+    else
+        addCut(typeId, static_cast<unsigned int>(frame.claimedSize));
+    return false;
 }
 
 void Verification::addOutside(unsigned int typeId) {
-    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "address",
+    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, Field::ADDRESS,
                    m_frame.entryOffset(typeId),
                    "The record begins at " + hexText(m_types.addresses[typeId]) +
                        ", and the storage ends at " + hexText(m_size) + ".");
 }
 
 void Verification::addWrongSize(unsigned int typeId, int found) {
-    m_findings.add(FindingCode::RECORD_SIZE_INVALID, typeId, "record size",
+    m_findings.add(FindingCode::RECORD_SIZE_INVALID, typeId, Field::RECORD_SIZE,
                    m_types.addresses[typeId],
                    "Found " + std::to_string(found) +
                        ", and a record has at least 8 bytes for size and kind.");
@@ -254,7 +248,7 @@ void Verification::addWrongSize(unsigned int typeId, int found) {
 
 void Verification::addCut(unsigned int typeId, unsigned int size) {
     const unsigned long long address = m_types.addresses[typeId];
-    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, "record size", address,
+    m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, Field::RECORD_SIZE, address,
                    "The record takes " + counted(size, "byte") + ", and the storage ends after " +
                        std::to_string(m_size - address) + ".");
 }
@@ -270,7 +264,7 @@ bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
     const bool meetsTable = meets(m_frame.tableOffset(), m_tableEnd);
     if (!meetsHeader && !meetsTable && begin + m_recordSize <= end)
         return false;
-    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, "record size", begin,
+    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, Field::RECORD_SIZE, begin,
                    "The record of " + std::to_string(m_recordSize) + " bytes shares some with " +
                        (meetsHeader  ? "the header"
                         : meetsTable ? "the address table"
@@ -282,10 +276,10 @@ bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
 void Verification::addWrongKind(unsigned int typeId) {
     const unsigned long long offset = m_types.addresses[typeId] + RECORD_KIND_OFFSET;
     if (isKind(m_kind))
-        m_findings.add(FindingCode::KIND_WITHOUT_TYPE, typeId, "kind", offset,
+        m_findings.add(FindingCode::KIND_WITHOUT_TYPE, typeId, Field::KIND, offset,
                        "No type is built from a record of kind " + hexText(m_kind) + ".");
     else
-        m_findings.add(FindingCode::KIND_UNKNOWN, typeId, "kind", offset,
+        m_findings.add(FindingCode::KIND_UNKNOWN, typeId, Field::KIND, offset,
                        "Found " + hexText(m_kind) +
                            ", expected a kind from 0xa0000003 to 0xa0000019.");
 }
@@ -317,7 +311,7 @@ void Verification::share(unsigned int typeId, unsigned int other) {
     }
     if (!m_findings.hasRoom(FindingCode::RECORD_SHARED))
         return m_findings.leaveOut(FindingCode::RECORD_SHARED);
-    m_findings.add(FindingCode::RECORD_SHARED, typeId, "address", m_frame.entryOffset(typeId),
+    m_findings.add(FindingCode::RECORD_SHARED, typeId, Field::ADDRESS, m_frame.entryOffset(typeId),
                    "Type " + std::to_string(other) + " has its record at the same address.");
 }
 

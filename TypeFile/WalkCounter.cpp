@@ -15,7 +15,7 @@ void WalkCounter::verify() {
             m_steps.report(type.typeId, m_types, m_findings);
     if (m_isExhausted)
         m_findings.add(FindingCode::WALKS_NOT_COUNTED, RTTI::TypeFileFormat::NO_TYPE_ID,
-                       "address table", m_tableOffset,
+                       Field::ADDRESS_TABLE, m_tableOffset,
                        "To count the constraint walks of all types takes more than " +
                            std::to_string(m_limits.maxCountingSteps) +
                            " steps, so that larger ones than " +

@@ -28,8 +28,7 @@ void RecordEditor::readFields() {
         return true;
     });
     reader.read(TypeFile::Layout::HEAD);
-    const auto kind = littleEndianAt<unsigned int>(m_record.data() + RECORD_KIND_OFFSET);
-    reader.read(TypeFile::bodyLayout(kind));
+    reader.read(TypeFile::bodyLayout(recordFrameAt(window, 0).kind));
 }
 
 void RecordEditor::changeField() {

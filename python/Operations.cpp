@@ -42,7 +42,7 @@ py::object findingObject(const TypeFile::Finding& finding) {
     return (*findingClass)({textOf(TypeFile::severityText(finding.severity)),
                             textOf(TypeFile::codeText(finding.code)),
                             isOfFile ? py::none() : py::object(py::int_(finding.typeId)),
-                            textOf(finding.key), py::int_(finding.offset), textOf(finding.text)});
+                            textOf(finding.field), py::int_(finding.offset), textOf(finding.text)});
 }
 
 py::tuple findingObjects(const std::vector<TypeFile::Finding>& findings) {

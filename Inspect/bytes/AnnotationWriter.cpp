@@ -2,6 +2,7 @@
 
 #include "Inspect/json/PartJson.h"
 #include "Inspect/words/Counted.h"
+#include "TypeFile/FieldNames.h"
 
 #include <fmt/format.h>
 
@@ -11,6 +12,7 @@
 
 namespace Inspect {
 
+using TypeFile::fieldWords;
 using TypeFile::Finding;
 using TypeFile::Severity;
 using TypeFile::StorageWindow;
@@ -22,7 +24,7 @@ constexpr std::size_t ROW_SIZE = 12;
 
 // Columns of the text, in characters.
 constexpr std::size_t HEX_WIDTH = 3 * ROW_SIZE - 1;
-constexpr std::size_t NAME_WIDTH = 26;
+constexpr std::size_t NAME_WIDTH = 27;
 constexpr std::size_t VALUE_WIDTH = 12;
 
 /// So many of the types that share a record are named.
@@ -102,7 +104,7 @@ public:
         m_out << "            "
               << m_style.paint(ink, fmt::format("^ {} {}", severityText(finding.severity),
                                                 codeText(finding.code)))
-              << ", " << finding.field << ": " << finding.text << '\n';
+              << ", " << fieldWords(finding.field) << ": " << finding.text << '\n';
     }
 
     void endPart() override {}
@@ -118,9 +120,12 @@ private:
 
     /// Without blanks at its end.
     std::string firstRow(const RecordField& field, const std::string& hex) const {
-        std::string row = field.name.empty() ? hex : padded(hex, HEX_WIDTH) + "  ";
+        std::string name = fieldWords(field.name);
+        if (field.lastItem)
+            name += fmt::format(" to [{}]", *field.lastItem);
+        std::string row = name.empty() ? hex : padded(hex, HEX_WIDTH) + "  ";
         const bool isLast = field.value.empty() && field.meaning.empty();
-        row += isLast ? field.name : padded(field.name, NAME_WIDTH) + "  ";
+        row += isLast ? name : padded(name, NAME_WIDTH) + "  ";
         const std::string value =
             field.meaning.empty() ? field.value : padded(field.value, VALUE_WIDTH);
         row += m_style.paint(inkOf(field), value);
@@ -163,7 +168,7 @@ public:
         closeField();
         Json json{{"offset", field.offset},
                   {"size", field.size},
-                  {"field", field.key.empty() ? Json() : Json(field.key)},
+                  {"field", field.state == FieldState::UNREAD ? Json() : Json(field.name)},
                   {"value", field.value},
                   {"meaning", field.meaning},
                   {"state", wordOf(field.state)}};
@@ -186,7 +191,7 @@ public:
         m_out << (m_hasFinding ? "," : ",\"findings\":[")
               << lineText({{"severity", severityText(finding.severity)},
                            {"code", codeText(finding.code)},
-                           {"field", finding.key},
+                           {"field", finding.field},
                            {"offset", finding.offset},
                            {"text", finding.text}});
         m_hasFinding = true;

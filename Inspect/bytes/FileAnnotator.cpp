@@ -1,6 +1,7 @@
 #include "Inspect/bytes/FileAnnotator.h"
 
 #include "Inspect/bytes/AnnotationWriter.h"
+#include "TypeFile/FieldNames.h"
 #include "TypeFile/TypeFileFrame.h"
 #include "TypeFile/TypeFileVerifier.h"
 
@@ -18,14 +19,12 @@ using TypeFile::Finding;
 using TypeFile::FindingCode;
 using TypeFile::Severity;
 using TypeFile::StorageWindow;
+namespace Field = TypeFile::Field;
 
 namespace {
 
 /// Bytes that are shown are read in their order.
 constexpr std::size_t SWEEP_BLOCK = std::size_t{64} * 1024;
-
-/// What findings call an entry of the address table.
-constexpr std::string_view ADDRESS = "address";
 
 /// The findings of a file, by what they are about.
 class FindingsByType {
@@ -251,22 +250,19 @@ unsigned long long FileAnnotator::writeTable() {
 void FileAnnotator::writeEntry(unsigned int typeId) {
     RecordField field{FieldState::WHOLE,
                       FieldForm::OFFSET,
-                      fmt::format("{}[{}]", ADDRESS, typeId),
+                      fmt::format("{}[{}]", Field::ADDRESS, typeId),
                       m_frame.entryOffset(typeId),
                       ADDRESS_SIZE,
                       "",
-                      "",
-                      NO_TYPE_ID,
-                      fmt::format("{}[{}]", ADDRESS, typeId)};
+                      ""};
     if (typeId < m_frame.entryCount()) {
         field.value = fmt::format("{:#x}", m_frame.addressOf(typeId));
         field.meaning = describe(typeId);
         field.typeId = typeId;
     } else {
         field.state = FieldState::MISSING;
-        field.name += m_frame.typeCount() - typeId > 1
-                          ? fmt::format(" to [{}]", m_frame.typeCount() - 1)
-                          : "";
+        if (m_frame.typeCount() - typeId > 1)
+            field.lastItem = m_frame.typeCount() - 1;
         field.offset = std::min(field.offset, m_size);
         field.size = m_size - field.offset < ADDRESS_SIZE ? m_size - field.offset : 0;
         field.value = "(missing)";
@@ -274,7 +270,7 @@ void FileAnnotator::writeEntry(unsigned int typeId) {
     }
     m_writer->field(field, m_sweep);
     for (const Finding* finding : m_findings.of(typeId))
-        if (finding->field == ADDRESS)
+        if (finding->field == Field::ADDRESS)
             write(*finding);
 }
 
@@ -285,7 +281,7 @@ unsigned long long FileAnnotator::writeRecord(const std::vector<unsigned int>& t
                                               unsigned long long address, unsigned long long next) {
     for (const unsigned int id : typeIds)
         for (const Finding* finding : m_findings.of(id))
-            if (finding->field != ADDRESS)
+            if (finding->field != Field::ADDRESS)
                 m_pending.push_back(finding);
     std::stable_sort(m_pending.begin(), m_pending.end(),
                      [](const Finding* l, const Finding* r) { return l->offset < r->offset; });

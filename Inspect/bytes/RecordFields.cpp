@@ -21,15 +21,16 @@ namespace Inspect {
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
 using TypeFile::FieldLayout;
-using TypeFile::keyOf;
 using TypeFile::NamedValues;
 using TypeFile::nameOf;
 using TypeFile::ReadField;
+using TypeFile::RecordFrame;
 using TypeFile::StorageWindow;
 
 namespace {
 
-constexpr std::size_t WORD_SIZE = 4;
+/// The fields that every record has, whatever its kind.
+constexpr std::size_t SIZE_AND_KIND = 2;
 
 /// Names are shown up to here.
 constexpr std::size_t LONGEST_TEXT = 1024;
@@ -67,30 +68,24 @@ std::string directionMeaning(double direction) {
 /// Words for the fields of one record or header, one after the other.
 class FieldTexts {
 public:
-    FieldTexts(StorageWindow& storage, unsigned long long begin, const DescribeType& describe,
-               const TakeField& take)
-        : m_storage(storage), m_describe(describe), m_take(take), m_begin(begin),
-          m_end(std::min(begin, storage.storageSize())) {}
+    /// Of the fields up to `end`. Bytes that are not in the storage are missing, whatever the
+    /// record says.
+    FieldTexts(StorageWindow& storage, unsigned long long begin, unsigned long long end,
+               const DescribeType& describe, const TakeField& take)
+        : m_describe(describe), m_take(take), m_storage(storage),
+          m_begin(std::min(begin, storage.storageSize())),
+          m_end(std::min(end, storage.storageSize())),
+          m_isCutByStorage(end > storage.storageSize()) {}
 
-    /// Reads up to `end`, and no further than the storage goes: bytes that are not in it are
-    /// missing, whatever the record says.
-    void read(std::span<const FieldLayout> layout, unsigned long long end) {
-        m_isCutByStorage = end > m_storage.storageSize();
-        m_reader.endAt(m_end = std::min(end, m_storage.storageSize()));
-        m_reader.read(layout);
-    }
+    void read(std::span<const FieldLayout> layout) { m_reader.read(layout); }
 
     /// What the fields have left over.
     void readRest();
 
-    unsigned int kindCode() const { return m_kindCode; }
-
-    /// Where the record says that it ends.
-    unsigned long long claimedEnd() const { return m_claimedEnd; }
     unsigned long long end() const { return m_end; }
 
 private:
-    bool takeField(const ReadField& field);
+    bool takeField(const ReadField& field, const std::string& name);
     bool takeCutRange(const ReadField& field);
     void fillName(const ReadField& field, RecordField& result);
     void fillVersion(const ReadField& field, RecordField& result);
@@ -98,29 +93,29 @@ private:
     void fillValue(const ReadField& field, RecordField& result);
     void fillWide(const ReadField& field, RecordField& result);
     void fillWord(const ReadField& field, RecordField& result);
-    void fillRecordSize(int size, RecordField& result);
+    void fillRecordSize(int size, RecordField& result) const;
     void fillMissing(const ReadField& field, RecordField& result) const;
     const char* bytesOf(const ReadField& field) {
         return m_storage.at(field.offset, static_cast<std::size_t>(field.size));
     }
 
-    StorageWindow& m_storage;
     const DescribeType& m_describe;
     const TakeField& m_take;
+    StorageWindow& m_storage;
     unsigned long long m_begin;
     unsigned long long m_end;
-    unsigned long long m_claimedEnd = 0;
-    bool m_isCutByStorage = false;
-    unsigned int m_kindCode = 0;
+    bool m_isCutByStorage;
 
     struct Take {
         FieldTexts& texts;
-        bool operator()(const ReadField& field) const { return texts.takeField(field); }
+        bool operator()(const ReadField& field) const {
+            return texts.takeField(field, nameOf(field));
+        }
     };
-    TypeFile::FieldReader<Take> m_reader{m_storage, m_end, m_end, Take{*this}};
+    TypeFile::FieldReader<Take> m_reader{m_storage, m_begin, m_end, Take{*this}};
 };
 
-bool FieldTexts::takeField(const ReadField& field) {
+bool FieldTexts::takeField(const ReadField& field, const std::string& name) {
     const FieldForm form = field.layout->form;
     if (form == FieldForm::RANGE && !field.isWhole)
         return takeCutRange(field);
@@ -128,13 +123,13 @@ bool FieldTexts::takeField(const ReadField& field) {
                        : field.size != 0 ? FieldState::PARTIAL
                                          : FieldState::MISSING,
                        form,
-                       nameOf(field),
+                       name,
                        field.offset,
                        field.size,
                        "",
-                       "",
-                       NO_TYPE_ID,
-                       keyOf(field)};
+                       ""};
+    if (field.missingItems > 1)
+        result.lastItem = field.item + field.missingItems - 1;
     if (form == FieldForm::NAME && field.size != 0)
         fillName(field, result);
     else if (form == FieldForm::VALUE && field.size != 0)
@@ -145,7 +140,7 @@ bool FieldTexts::takeField(const ReadField& field) {
         fillVersion(field, result);
     else if (form == FieldForm::RANGE)
         fillRange(field, result);
-    else if (field.width == WORD_SIZE)
+    else if (field.width == sizeof field.word)
         fillWord(field, result);
     else
         fillWide(field, result);
@@ -154,34 +149,13 @@ bool FieldTexts::takeField(const ReadField& field) {
 
 /// Of a range that is not there as a whole, the loader takes the numbers that are.
 bool FieldTexts::takeCutRange(const ReadField& field) {
-    const std::string name = nameOf(field);
-    unsigned long long left = field.size;
-    ReadField part = field;
+    const std::string range = nameOf(field) + '.';
     bool isWanted = true;
-    for (const FieldLayout& number : TypeFile::Layout::RANGE_PARTS) {
-        part.layout = &number;
-        part.width = WORD_SIZE;
-        part.size = std::min<unsigned long long>(left, WORD_SIZE);
-        part.isWhole = part.size == WORD_SIZE;
-        RecordField result{part.isWhole     ? FieldState::WHOLE
-                           : part.size != 0 ? FieldState::PARTIAL
-                                            : FieldState::MISSING,
-                           number.form,
-                           name + '.' + number.name,
-                           part.offset,
-                           part.size,
-                           "",
-                           "",
-                           NO_TYPE_ID,
-                           keyOf(field) + '.' + number.key};
-        if (part.isWhole)
-            result.value = std::to_string(littleEndianAt<int>(bytesOf(part)));
-        else
-            fillMissing(part, result);
-        isWanted = isWanted && m_take(result);
-        part.offset += part.size;
-        left -= part.size;
-    }
+    TypeFile::FieldReader numbers(m_storage, field.offset, field.offset + field.size,
+                                  [&](const ReadField& number) {
+                                      return isWanted = takeField(number, range + nameOf(number));
+                                  });
+    numbers.read(TypeFile::Layout::RANGE_PARTS);
     return isWanted;
 }
 
@@ -208,9 +182,7 @@ void FieldTexts::fillVersion(const ReadField& field, RecordField& result) {
 }
 
 void FieldTexts::fillRange(const ReadField& field, RecordField& result) {
-    const char* range = bytesOf(field);
-    const FullConstraints read{littleEndianAt<int>(range), littleEndianAt<int>(range + 4),
-                               littleEndianAt<int>(range + 8)};
+    const FullConstraints read = TypeFile::rangeAt(bytesOf(field));
     result.value = rangeText(read);
     if (RTTI::isOpen(read))
         result.meaning = "filled in by an enclosing type";
@@ -250,7 +222,6 @@ void FieldTexts::fillWord(const ReadField& field, RecordField& result) {
     switch (result.form) {
     case FieldForm::RECORD_SIZE: return fillRecordSize(number, result);
     case FieldForm::KIND:
-        m_kindCode = word;
         result.value = fmt::format("{:#x}", word);
         result.meaning = kindOf(word);
         return;
@@ -293,13 +264,12 @@ void FieldTexts::fillWord(const ReadField& field, RecordField& result) {
     }
 }
 
-void FieldTexts::fillRecordSize(int size, RecordField& result) {
+void FieldTexts::fillRecordSize(int size, RecordField& result) const {
     const unsigned long long inStorage = m_storage.storageSize() - m_begin;
     if (size < static_cast<int>(RECORD_HEADER_SIZE))
         result.meaning = "less than the 8 bytes of size and kind";
     else if (static_cast<unsigned long long>(size) > inStorage)
         result.meaning = "the storage ends after " + counted(inStorage, "byte");
-    m_claimedEnd = m_begin + std::max(size, 0);
 }
 
 /// A field of which not all bytes are there takes those that are: no field is read behind it.
@@ -326,6 +296,13 @@ void FieldTexts::readRest() {
                 "", counted(left, "byte") + " that are not read", NO_TYPE_ID});
 }
 
+/// The name in quotes, of a long one the beginning; empty without a name.
+std::string labelOf(StorageWindow& storage, const ReadField& name) {
+    const auto length = static_cast<std::size_t>(name.size - (name.isWhole ? 1 : 0));
+    const std::size_t shown = std::min(length, LONGEST_HEAD_NAME);
+    return shown != 0 ? quoted({storage.at(name.offset, shown), shown}) : "";
+}
+
 } // namespace
 
 std::string_view wordOf(FieldForm form) { return FORM_WORDS[static_cast<std::size_t>(form)]; }
@@ -344,14 +321,11 @@ std::string_view wordOf(FieldState state) {
 
 unsigned long long readRecordFields(StorageWindow& storage, unsigned long long address,
                                     const DescribeType& describe, const TakeField& take) {
-    FieldTexts texts(storage, address, describe, take);
+    const RecordFrame frame = TypeFile::recordFrameAt(storage, address);
+    FieldTexts texts(storage, address, address + frame.claimedBytes(), describe, take);
     const auto head = std::span(TypeFile::Layout::HEAD);
-    const unsigned long long behindKind = address + RECORD_HEADER_SIZE;
-    texts.read(head.first(2), behindKind); // Size and kind, which say what follows.
-    const unsigned long long end = std::max(texts.claimedEnd(), behindKind);
-    const bool hasBody = TypeFile::buildsType(texts.kindCode());
-    texts.read(hasBody ? head.subspan(2) : head.first(0), end);
-    texts.read(TypeFile::bodyLayout(texts.kindCode()), end);
+    texts.read(TypeFile::buildsType(frame.kind) ? head : head.first(SIZE_AND_KIND));
+    texts.read(TypeFile::bodyLayout(frame.kind));
     texts.readRest();
     return texts.end();
 }
@@ -359,29 +333,30 @@ unsigned long long readRecordFields(StorageWindow& storage, unsigned long long a
 unsigned long long readHeaderFields(StorageWindow& storage, unsigned long long address,
                                     const TakeField& take) {
     const DescribeType none;
-    FieldTexts texts(storage, address, none, take);
-    texts.read(TypeFile::Layout::HEADER, address + HEADER_SIZE);
+    FieldTexts texts(storage, address, address + HEADER_SIZE, none, take);
+    texts.read(TypeFile::Layout::HEADER);
     return texts.end();
 }
 
 RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {
+    const RecordFrame frame = TypeFile::recordFrameAt(storage, address);
     RecordHead head;
-    if (address > storage.storageSize() || storage.storageSize() - address < RECORD_HEADER_SIZE)
+    if (!frame.hasHead())
         return head;
-    const auto size = static_cast<std::size_t>(
-        std::min<unsigned long long>(RECORD_HEAD_BLOCK, storage.storageSize() - address));
-    const char* const bytes = storage.at(address, size);
-    const auto claimed = static_cast<std::size_t>(std::max(littleEndianAt<int>(bytes), 0));
     head.isThere = true;
-    head.kindCode = littleEndianAt<unsigned int>(bytes + RECORD_KIND_OFFSET);
-    std::string_view rest(bytes, std::clamp(claimed, RECORD_HEADER_SIZE, size));
-    rest.remove_prefix(RECORD_HEADER_SIZE);
-    const std::string_view name = rest.substr(0, rest.find('\0'));
-    if (!name.empty())
-        head.label = quoted(name.substr(0, LONGEST_HEAD_NAME));
-    rest.remove_prefix(std::min(name.size() + 1 + WORD_SIZE, rest.size())); // The flags, too.
-    if (rest.size() >= WORD_SIZE)
-        head.detail = littleEndianAt<unsigned int>(rest.data());
+    head.kindCode = frame.kind;
+    const auto takeField = [&](const ReadField& field) {
+        if (field.layout->form == FieldForm::NAME)
+            head.label = labelOf(storage, field);
+        if (field.layout->form == FieldForm::NAMED && field.isWhole)
+            head.detail = field.word;
+        return true;
+    };
+    const auto end = address + std::min<unsigned long long>(frame.size(), RECORD_HEAD_BLOCK);
+    TypeFile::FieldReader reader(storage, address, end, takeField);
+    const auto body = TypeFile::bodyLayout(frame.kind);
+    reader.read(TypeFile::Layout::HEAD);
+    reader.read(body.first(std::min<std::size_t>(body.size(), 1))); // Where a kind has a detail.
     head.kind = kindOf(head.kindCode, head.detail.value_or(0));
     return head;
 }

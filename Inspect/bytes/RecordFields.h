@@ -38,7 +38,7 @@ std::string_view wordOf(FieldState state);
 struct RecordField {
     FieldState state;
     FieldForm form;
-    std::string name;          ///< As findings have it: "member[3].type id".
+    std::string name;          ///< As findings have it: "members[3].type"; of an UNREAD what it is.
     unsigned long long offset; ///< In the storage.
     unsigned long long size;   ///< Of the bytes that are there; offset and size lie in the storage.
     std::string value;         ///< Escaped. Of long names the beginning.
@@ -47,8 +47,8 @@ struct RecordField {
     /// The type that the field refers to, or NO_TYPE_ID.
     unsigned int typeId = RTTI::TypeFileFormat::NO_TYPE_ID;
 
-    /// The name as the JSON form has it: "members[3].type"; empty for bytes that are no field.
-    std::string key = {};
+    /// Of several entries of a list that are missing together, the last; the name has the first.
+    std::optional<unsigned int> lastItem = {};
 };
 
 /// Takes a field. False says that no more are wanted.

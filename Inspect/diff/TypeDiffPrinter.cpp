@@ -13,6 +13,7 @@
 namespace Inspect {
 
 using namespace RTTI;
+using TypeFile::fieldWords;
 namespace Field = TypeFile::Field;
 
 namespace {

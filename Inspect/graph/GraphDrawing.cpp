@@ -30,14 +30,10 @@ std::string shortened(std::string_view whole) {
     return text.size() <= MAX_NAME ? text : text.substr(0, MAX_NAME - 3) + "...";
 }
 
-const char* roleLabel(LinkRole role) {
-    switch (role) {
-    case LinkRole::INDEX: return "index";
-    case LinkRole::BASE_TYPE: return "base type";
-    case LinkRole::DESIGNATED: return "access";
-    case LinkRole::FILE_ELEMENT: return "file of";
-    default: return "";
-    }
+/// Whether pictures say the field of a role's references. Of the others, their lines tell.
+bool hasLabel(LinkRole role) {
+    return role == LinkRole::INDEX || role == LinkRole::BASE_TYPE || role == LinkRole::DESIGNATED ||
+           role == LinkRole::FILE_ELEMENT;
 }
 
 } // namespace
@@ -74,8 +70,8 @@ std::string pictureDetail(const GraphNode& node) {
 std::vector<std::string> pictureLabels(const GraphEdge& edge) {
     std::vector<std::string> labels;
     if (edge.role != LinkRole::MEMBER) {
-        if (*roleLabel(edge.role) != '\0')
-            labels.emplace_back(roleLabel(edge.role));
+        if (hasLabel(edge.role))
+            labels.push_back(TypeFile::fieldWords(fieldOf(edge.role, edge.fromClass)));
         return labels;
     }
     // A name takes no more room than the words that it would be counted in.

@@ -11,7 +11,7 @@ namespace {
 constexpr char BEGINNING[] =
     "%% The types of a design, for Mermaid: each with its kind, id and name.\n"
     "%%   <|--  inheritance       -->  members, with their names\n"
-    "%%   o--   elements          ..>  typedefs; with a word: index, access, file, base type\n"
+    "%%   o--   elements          ..>  typedefs; in words: index, referenced and base types\n"
     "classDiagram\n"
     "  direction LR\n";
 

@@ -79,7 +79,7 @@ std::string htmlText(std::string_view text) {
 Json jsonOf(std::span<const TypeFile::FieldLayout> layout);
 
 Json jsonOf(const TypeFile::FieldLayout& field) {
-    Json json{{"name", field.name != nullptr ? Json(field.name) : Json()},
+    Json json{{"name", TypeFile::fieldWords(field.name)},
               {"form", wordOf(field.form)},
               {"width", TypeFile::widthOf(field.form)},
               {"missing", field.missing},

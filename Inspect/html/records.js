@@ -449,7 +449,10 @@ class Field {
             name += `[${raw.range}]`;
         if (raw.part !== undefined)
             name += "." + raw.part;
-        return raw.list === null ? name : `${raw.list}[${raw.index}].${name}`;
+        if (raw.list === null)
+            return name;
+        const entry = `${raw.list}[${raw.index}]`;
+        return name === "" ? entry : `${entry}.${name}`;
     }
 
     /** Whether the record says that there is more of it than the page has. */

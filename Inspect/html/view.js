@@ -205,10 +205,9 @@ class DetailView {
     /** "element type"; of members their own name. */
     roleOf(link) {
         const { raw, owner } = link;
-        if (raw.list === "member" && owner !== null)
+        if (raw.list === "members" && owner !== null)
             return new Field(this.records, owner).value.slice(1, -1);
-        const role = raw.entry.name.replace(/ id$/, "");
-        return raw.list === null ? role : `${role} ${raw.index}`;
+        return Field.nameOf(raw);
     }
 
     referrersSection(id) {

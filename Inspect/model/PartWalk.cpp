@@ -21,30 +21,31 @@ bool hasBaseClass(const RTBaseType& type) {
 
 /// The only part of a type that is no aggregate.
 struct OnlyPart {
-    LinkRole role;
-    unsigned int typeId;
-    const RTBaseType* type;
+    LinkRole role = LinkRole::ELEMENT;
+    unsigned int typeId = TypeFileFormat::NO_TYPE_ID;
+    const RTBaseType* type = nullptr;
+};
+
+/// Finds it among the fields of a type. Index types are no parts.
+template <typename Object> struct PartFinder {
+    const Object& object;
+    OnlyPart& part;
+
+    template <typename Link>
+    void operator()(const char*, unsigned int id, const TypeFile::Form::TypeId<Link>& form) const {
+        if (form.role != LinkRole::INDEX)
+            part = {form.role, id, object.*form.link};
+    }
+    template <typename Value, typename Form>
+    void operator()(const char*, const Value&, const Form&) const {}
 };
 
 OnlyPart onlyPartOf(const RTBaseType& type) {
-    switch (type.GetClassId()) {
-    case ClassId::TYPEDEF: {
-        const auto& alias = static_cast<const RTTypedefType&>(type);
-        return {LinkRole::ALIASED, alias.m_dataTypeId, alias.m_dataType};
-    }
-    case ClassId::DISCRETE_ENUM: {
-        const auto& enumeration = static_cast<const RTDiscreteEnumType&>(type);
-        return {LinkRole::BASE_TYPE, enumeration.m_baseTypeId, enumeration.m_baseType};
-    }
-    case ClassId::ARRAY: {
-        const auto& array = static_cast<const RTArrayType&>(type);
-        return {LinkRole::ELEMENT, array.m_elementTypeId, array.m_elementType};
-    }
-    default: {
-        const auto& container = static_cast<const RTAbstractArrayType&>(type);
-        return {LinkRole::ELEMENT, container.m_elementTypeId, container.m_elementType};
-    }
-    }
+    OnlyPart part;
+    TypeFile::asItsClass(type, [&](const auto& object) {
+        TypeFile::forEachField(object, PartFinder<std::decay_t<decltype(object)>>{object, part});
+    });
+    return part;
 }
 
 } // namespace

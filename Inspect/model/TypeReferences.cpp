@@ -9,6 +9,7 @@
 namespace Inspect {
 
 using namespace RTTI;
+using TypeFile::fieldWords;
 namespace Form = TypeFile::Form;
 
 namespace {

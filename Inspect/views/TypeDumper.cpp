@@ -19,6 +19,7 @@
 namespace Inspect {
 
 using namespace RTTI;
+using TypeFile::fieldWords;
 namespace Form = TypeFile::Form;
 using TypeFile::forEachField;
 
@@ -93,13 +94,7 @@ private:
         m_valueSize = size;
     }
 
-    /// A class has it behind its members, as a record has.
-    template <typename Object>
-    void write(const Object&, const char* field, int id, Form::SVTypeId) {
-        if constexpr (!std::is_same_v<Object, RTClassType>)
-            svTypeId(field, id);
-    }
-    void svTypeId(const char* field, int id) {
+    void write(const RTBaseType&, const char* field, int id, Form::SVTypeId) {
         line(fieldWords(field), id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : number(id));
     }
 
@@ -131,8 +126,6 @@ private:
             if (entry.ranges != nullptr)
                 rangeLines("      ", *entry.ranges);
         }
-        if constexpr (std::is_same_v<Object, RTClassType>)
-            svTypeId(TypeFile::Field::SV_TYPE_ID, object.m_svTypeId);
     }
 
     /// An entry of a list in a line.

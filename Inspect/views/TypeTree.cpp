@@ -11,6 +11,7 @@
 namespace Inspect {
 
 using namespace RTTI;
+using TypeFile::fieldWords;
 
 namespace {
 

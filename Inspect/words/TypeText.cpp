@@ -1,6 +1,5 @@
 #include "Inspect/words/TypeText.h"
 
-#include "TypeFile/FieldNames.h"
 #include "TypeFile/NamedValues.h"
 
 #include <fmt/format.h>
@@ -79,19 +78,6 @@ bool isGivenName(const char* name) {
 }
 
 std::string quotedName(const char* name) { return name != nullptr ? quoted(name) : "(no name)"; }
-
-std::string fieldWords(std::string_view field) {
-    if (field == TypeFile::Field::SV_TYPE_ID)
-        return "SV type id";
-    if (field == TypeFile::Field::REF_TYPE)
-        return "referenced type";
-    std::string words;
-    for (const char c : field) {
-        const bool isUpper = c >= 'A' && c <= 'Z';
-        words += isUpper ? std::string{' ', static_cast<char>(c - 'A' + 'a')} : std::string(1, c);
-    }
-    return words;
-}
 
 std::string pathName(const char* name) {
     const std::string_view text = name != nullptr ? name : "";

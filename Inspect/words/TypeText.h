@@ -24,9 +24,6 @@ bool isGivenName(const char* name);
 /// The name of a member or literal in quotes, or "(no name)".
 std::string quotedName(const char* name);
 
-/// The name of a field in words, as all texts have it: "data type" for "dataType".
-std::string fieldWords(std::string_view field);
-
 /// A name as part of a path: unchanged if it consists only of letters, digits, `_`, `$` and `:`,
 /// else quoted. A null name counts as empty.
 std::string pathName(const char* name);

@@ -73,8 +73,8 @@ std::string meaningOf(const FieldLayout& field) {
 class LayoutTable {
 public:
     explicit LayoutTable(bool hasPlaces) : m_hasPlaces(hasPlaces) {
-        m_text = std::string(hasPlaces ? "| at " : "") + "| bytes | field | in JSON | content |\n" +
-                 (hasPlaces ? "|---" : "") + "|---|---|---|---|\n";
+        m_text = std::string(hasPlaces ? "| at " : "") + "| bytes | field | content |\n" +
+                 (hasPlaces ? "|---" : "") + "|---|---|---|\n";
     }
 
     void add(std::span<const FieldLayout> fields) {
@@ -97,18 +97,13 @@ public:
 private:
     void addRow(const FieldLayout& field, const char* index) {
         const std::size_t width = widthOf(field.form);
-        std::string name = m_list != nullptr ? std::string(m_list->name) + "[n]." : "";
-        std::string key = m_list != nullptr && field.key != nullptr
-                              ? std::string(m_list->key) + "[n]" + (*field.key != '\0' ? "." : "")
-                              : "";
-        name += std::string(field.name) + index;
-        if (field.key != nullptr)
-            key += std::string(field.key) + index;
+        std::string name = m_list != nullptr ? std::string(m_list->name) + "[n]" : "";
+        name += (name.empty() || *field.name == '\0' ? "" : ".") + std::string(field.name) + index;
         const std::string missing =
             field.missing != 0 ? "; " + std::to_string(field.missing) + " if missing" : "";
         m_text += m_hasPlaces ? "|" + cell(std::to_string(m_place)) : "|";
-        m_text += cell(width != 0 ? std::to_string(width) : "") + cell(name) +
-                  cell(key.empty() ? "" : code(key)) + cell(meaningOf(field) + missing) + "\n";
+        m_text += cell(width != 0 ? std::to_string(width) : "") + cell(code(name)) +
+                  cell(meaningOf(field) + missing) + "\n";
         m_place += width;
     }
 
@@ -142,7 +137,7 @@ Tables namedValueTables() {
         for (const FieldLayout& field : TypeFile::bodyLayout(RTTI::ClassId::BASE_TYPE + kind)) {
             if (field.names == nullptr)
                 continue;
-            std::string table = "| value | " + std::string(field.name) + " |\n|---|---|\n";
+            std::string table = "| value | " + code(field.name) + " |\n|---|---|\n";
             for (std::size_t i = 0; i < field.names->count; ++i)
                 table += "| " + valueText(*field.names, i) + " | " + field.names->names[i] + " |\n";
             tables.push_back(table);

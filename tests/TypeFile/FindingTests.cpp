@@ -23,9 +23,9 @@ TEST(FindingCodes, HaveDistinctTexts) {
 
 TEST(FindingLine, NamesSeverityCodeTypeFieldAndOffset) {
     const Finding ofType{
-        FindingCode::RECORD_OUTSIDE_STORAGE, Severity::ERROR, 7, "record", 0x1234, "So it is."};
+        FindingCode::RECORD_OUTSIDE_STORAGE, Severity::ERROR, 7, "recordSize", 0x1234, "So it is."};
     EXPECT_EQ(lineOf(ofType),
-              "error record-outside-storage type 7 field \"record\" at 0x1234: So it is.");
+              "error record-outside-storage type 7 field \"record size\" at 0x1234: So it is.");
     const Finding ofFile{
         FindingCode::MARKED_UNUSABLE, Severity::WARNING, FILE_LEVEL, "version", 0, "It is."};
     EXPECT_EQ(lineOf(ofFile), "warning marked-unusable file field \"version\" at 0x0: It is.");

@@ -15,6 +15,11 @@ using TypeFile::FieldForm;
 using TypeFile::FieldLayout;
 using Keys = std::set<std::string>;
 
+/// JSON has no field that follows from others.
+bool isLeftOut(const FieldLayout& field) {
+    return field.form == FieldForm::RECORD_SIZE || field.form == FieldForm::COUNT;
+}
+
 /// The keys of a layout's fields, and "list.field" for those of a list's entries.
 Keys keysOf(std::span<const FieldLayout> layout) {
     Keys keys;
@@ -22,10 +27,10 @@ Keys keysOf(std::span<const FieldLayout> layout) {
     for (const FieldLayout& field : layout) {
         if (field.form == FieldForm::END_OF_LIST)
             list.clear();
-        else if (field.key != nullptr && *field.key != '\0')
-            keys.insert(list + field.key);
+        else if (!isLeftOut(field) && *field.name != '\0')
+            keys.insert(list + field.name);
         if (field.form == FieldForm::LIST)
-            list = std::string(field.key) + '.';
+            list = std::string(field.name) + '.';
     }
     return keys;
 }

@@ -68,9 +68,9 @@ Words wordsOfLayout(unsigned int kind) {
             list.clear();
         else if (field.form != FieldForm::COUNT)
             words.push_back(
-                described(list + field.key, Link::has(field.link, Link::OR_NONE), field.last));
+                described(list + field.name, Link::has(field.link, Link::OR_NONE), field.last));
         if (field.form == FieldForm::LIST)
-            list = std::string(field.key) + '.';
+            list = std::string(field.name) + '.';
     }
     return words;
 }

@@ -62,7 +62,7 @@ TEST(InvalidFile, TableLongerThanTheStorage) {
     TypeFileBuilder file;
     file.integer("i").count(2);
     expectError(findingsOf(file), FindingCode::TABLE_OUTSIDE_STORAGE, FILE_LEVEL,
-                "address table offset", 36);
+                "addressTableOffset", 36);
 }
 
 TEST(InvalidFile, TableBeginsInTheHeader) {
@@ -76,7 +76,7 @@ TEST(InvalidFile, TableBeginsInTheHeader) {
     record.string("z");
     image += record.image().substr(40, BODY);
     expectError(findingsOf(image), FindingCode::TABLE_OVERLAPS_HEADER, FILE_LEVEL,
-                "address table offset", 36);
+                "addressTableOffset", 36);
 }
 
 TEST(InvalidFile, RecordsAskForMoreThanTheLimit) {
@@ -86,7 +86,7 @@ TEST(InvalidFile, RecordsAskForMoreThanTheLimit) {
     limits.maxRecordBytes = 2 * BODY;
     EXPECT_EQ(linesOf(findingsOf(file, limits)), "");
     limits.maxRecordBytes = 2 * BODY - 1;
-    expectError(findingsOf(file, limits), FindingCode::LOAD_TOO_LARGE, FILE_LEVEL, "address table",
+    expectError(findingsOf(file, limits), FindingCode::LOAD_TOO_LARGE, FILE_LEVEL, "addressTable",
                 file.tableOffset());
 }
 
@@ -99,7 +99,7 @@ TEST(InvalidFile, SharedRecordAsksForItsBytesOnceAType) {
     limits.maxRecordBytes = 2 * BODY - 1;
     const auto findings = findingsOf(image, 0, limits);
     expectFinding(findings, 0, FindingCode::LOAD_TOO_LARGE, Severity::ERROR, FILE_LEVEL,
-                  "address table", file.tableOffset());
+                  "addressTable", file.tableOffset());
 }
 
 TEST(Verifier, PassesOnWhatTheStorageThrows) {

@@ -54,32 +54,32 @@ TEST(InvalidRecord, AddressBeyondTheStorage) {
 TEST(InvalidRecord, SizeBeyondTheStorage) {
     TypeFileBuilder file;
     file.string("z").claim(1000);
-    expectError(findingsOf(file), FindingCode::RECORD_OUTSIDE_STORAGE, 0, "record size", 40);
+    expectError(findingsOf(file), FindingCode::RECORD_OUTSIDE_STORAGE, 0, "recordSize", 40);
 }
 
 TEST(InvalidRecord, SizeOfSeven) {
     TypeFileBuilder file;
     file.string("z").claim(7);
-    expectError(findingsOf(file), FindingCode::RECORD_SIZE_INVALID, 0, "record size", 40);
+    expectError(findingsOf(file), FindingCode::RECORD_SIZE_INVALID, 0, "recordSize", 40);
 }
 
 TEST(InvalidRecord, NegativeSize) {
     TypeFileBuilder file;
     file.string("z").claim(-1);
-    expectError(findingsOf(file), FindingCode::RECORD_SIZE_INVALID, 0, "record size", 40);
+    expectError(findingsOf(file), FindingCode::RECORD_SIZE_INVALID, 0, "recordSize", 40);
 }
 
 TEST(InvalidRecord, ReachesIntoTheNext) {
     TypeFileBuilder file;
     file.string("z").claim(BODY + 1).string("z");
-    expectError(findingsOf(file), FindingCode::RECORD_OVERLAP, 0, "record size", 40);
+    expectError(findingsOf(file), FindingCode::RECORD_OVERLAP, 0, "recordSize", 40);
 }
 
 TEST(InvalidRecord, ReachesIntoTheTable) {
     TypeFileBuilder file;
     file.string("z").string("z").claim(BODY + 1);
     EXPECT_THAT(
-        expectError(findingsOf(file), FindingCode::RECORD_OVERLAP, 1, "record size", 40 + BODY),
+        expectError(findingsOf(file), FindingCode::RECORD_OVERLAP, 1, "recordSize", 40 + BODY),
         HasSubstr("the address table"));
 }
 
@@ -88,7 +88,7 @@ TEST(InvalidRecord, LiesInTheHeader) {
     std::string image = "V" + std::string(11, '\0') + std::string("\x1c\0\0\0\x18\0\0\xa0", 8);
     image += std::string(12, '\0') + std::string("\1\0\0\0\x28\0\0\0", 8);
     image += std::string("\x0c\0\0\0\0\0\0\0", 8);
-    EXPECT_THAT(expectError(findingsOf(image), FindingCode::RECORD_OVERLAP, 0, "record size", 12),
+    EXPECT_THAT(expectError(findingsOf(image), FindingCode::RECORD_OVERLAP, 0, "recordSize", 12),
                 HasSubstr("the header"));
 }
 
@@ -128,7 +128,7 @@ TEST(InvalidRecord, MemberNameWithoutEnd) {
     std::string image = file.image();
     for (unsigned long long at = 40 + BODY + 8 + 10; at < 40 + BODY + 8 + 10 + 11; ++at)
         patch(image, at, 'x');
-    expectError(findingsOf(image), FindingCode::NAME_NOT_TERMINATED, 0, "member[1].name",
+    expectError(findingsOf(image), FindingCode::NAME_NOT_TERMINATED, 0, "members[1].name",
                 40 + BODY + 8 + 10);
 }
 
@@ -141,7 +141,7 @@ TEST(InvalidRecord, FlagsMissing) {
 TEST(InvalidRecord, RangeMissing) {
     TypeFileBuilder file;
     file.integer("i").cut(BODY + 11);
-    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 0, "constraint", 40 + BODY);
+    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 0, "range", 40 + BODY);
 }
 
 TEST(InvalidRecord, EnumeratorValueMissing) {
@@ -149,7 +149,7 @@ TEST(InvalidRecord, EnumeratorValueMissing) {
     file.record(ClassId::SEQ_ENUM, "e").i32(1).i32(1).i32(0).i32(1);
     file.record(ClassId::DISCRETE_ENUM, "d").u32(0).i32(2).i32(9);
     file.str("A").bytes("123456789").str("B").bytes("1234");
-    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 1, "enumerator[1].value",
+    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 1, "literals[1].value",
                 file.address(1) + BODY + 12 + 11 + 2);
 }
 
@@ -157,7 +157,7 @@ TEST(InvalidRecord, ClassMemberFlagMissing) {
     TypeFileBuilder file;
     file.record(ClassId::CLASS, "c").u32(NO_BASE).i32(1).i32(2);
     file.str("first").u32(0).u32(0).u32(0).str("m").u32(0).u32(0);
-    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 0, "member[1].flag",
+    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 0, "members[1].flag",
                 40 + BODY + 12 + 18 + 10);
 }
 
@@ -165,7 +165,7 @@ TEST(InvalidRecord, LastFieldMissing) {
     TypeFileBuilder file;
     file.integer("i");
     file.packedArray(0).cut(BODY + 36 - 1);
-    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 1, "SV type id",
+    expectError(findingsOf(file), FindingCode::FIELD_MISSING, 1, "svTypeId",
                 file.address(1) + BODY + 32);
 }
 
@@ -173,40 +173,39 @@ TEST(InvalidRecord, EnumeratorCountBeyondTheRecord) {
     TypeFileBuilder file;
     file.record(ClassId::SEQ_ENUM, "e").i32(1).i32(1).i32(5).i32(1); // Four bytes are left for
                                                                      // five.
-    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 0, "enumerator count",
-                40 + BODY + 8);
+    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 0, "literalCount", 40 + BODY + 8);
 }
 
 TEST(InvalidRecord, MemberCountBeyondTheRecord) {
     TypeFileBuilder file;
     file.record(ClassId::RECORD, "s").u32(VHDL_RECORD).i32(0x7FFFFFFF).i32(-99);
-    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 0, "member count", 40 + BODY + 4);
+    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 0, "memberCount", 40 + BODY + 4);
 }
 
 TEST(InvalidRecord, ConstraintCountBeyondTheRecord) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::TYPEDEF, "t").u32(0).u32(2).range(0, 1, 1);
-    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 1, "constraint count",
+    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 1, "constraintCount",
                 file.address(1) + BODY + 4);
 }
 
 TEST(InvalidRecord, ConstraintCountWithTheTopBit) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::TYPEDEF, "t").u32(0).u32(0x80000000);
-    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 1, "constraint count",
+    expectError(findingsOf(file), FindingCode::COUNT_TOO_LARGE, 1, "constraintCount",
                 file.address(1) + BODY + 4);
 }
 
 TEST(SuspiciousRecord, NegativeCount) {
     TypeFileBuilder file;
     file.record(ClassId::PHYSICAL, "y").i32(-3);
-    expectWarning(findingsOf(file), FindingCode::COUNT_NEGATIVE, 0, "unit count", 40 + BODY);
+    expectWarning(findingsOf(file), FindingCode::COUNT_NEGATIVE, 0, "unitCount", 40 + BODY);
 }
 
 TEST(InvalidRecord, NegativeEnumeratorSize) {
     TypeFileBuilder file;
     file.record(ClassId::SEQ_ENUM, "e").i32(1).i32(1).i32(0).i32(-1);
-    expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 0, "enumerator size", 40 + BODY + 12);
+    expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 0, "valueSize", 40 + BODY + 12);
 }
 
 TEST(SuspiciousRecord, SizeOfZeroBesideAnotherFaultIsNone) {
@@ -218,25 +217,25 @@ TEST(SuspiciousRecord, SizeOfZeroBesideAnotherFaultIsNone) {
 TEST(InvalidRecord, NegativeDiscreteEnumeratorSize) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::DISCRETE_ENUM, "d").u32(0).i32(0).i32(-1).u32(0);
-    expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 1, "enumerator size",
+    expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 1, "valueSize",
                 file.address(1) + BODY + 8);
 }
 
 TEST(SuspiciousRecord, BytesBehindTheLastField) {
     TypeFileBuilder file;
     file.string("z").bytes("abc");
-    EXPECT_THAT(expectWarning(findingsOf(file), FindingCode::LEFTOVER_BYTES, 0, "record size", 40),
+    EXPECT_THAT(expectWarning(findingsOf(file), FindingCode::LEFTOVER_BYTES, 0, "recordSize", 40),
                 HasSubstr("3 bytes"));
     TypeFileBuilder one;
     one.string("z").bytes("a");
-    EXPECT_EQ(expectWarning(findingsOf(one), FindingCode::LEFTOVER_BYTES, 0, "record size", 40),
+    EXPECT_EQ(expectWarning(findingsOf(one), FindingCode::LEFTOVER_BYTES, 0, "recordSize", 40),
               "The last field ends 1 byte before the record.");
 }
 
 TEST(SuspiciousRecord, ArrayKindOutsideItsTableIsShownAsTheFormatWritesIt) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ARRAY, "a").u32(0xA00008).u32(0).u32(0).u32(0).i32(-99);
-    EXPECT_EQ(expectWarning(findingsOf(file), FindingCode::ARRAY_KIND_UNKNOWN, 1, "array kind",
+    EXPECT_EQ(expectWarning(findingsOf(file), FindingCode::ARRAY_KIND_UNKNOWN, 1, "arrayKind",
                             file.address(1) + BODY),
               "Found 0xa00008, expected one of 0xa00000 to 0xa00007.");
 }
@@ -245,7 +244,7 @@ TEST(SuspiciousRecord, ArrayKindOutsideItsTable) {
     for (const unsigned int kind : {0x9FFFFFu, 0xA00008u}) {
         TypeFileBuilder file;
         file.integer("i").record(ClassId::ARRAY, "a").u32(kind).u32(0).u32(0).u32(0).i32(-99);
-        expectWarning(findingsOf(file), FindingCode::ARRAY_KIND_UNKNOWN, 1, "array kind",
+        expectWarning(findingsOf(file), FindingCode::ARRAY_KIND_UNKNOWN, 1, "arrayKind",
                       file.address(1) + BODY);
     }
 }
@@ -254,7 +253,7 @@ TEST(SuspiciousRecord, RecordKindOutsideItsTable) {
     for (const unsigned int kind : {0xAFFFFu, 0xB0009u}) {
         TypeFileBuilder file;
         file.record(ClassId::RECORD, "s").u32(kind).u32(0).i32(-99);
-        expectWarning(findingsOf(file), FindingCode::RECORD_KIND_UNKNOWN, 0, "record kind",
+        expectWarning(findingsOf(file), FindingCode::RECORD_KIND_UNKNOWN, 0, "recordKind",
                       40 + BODY);
     }
 }
@@ -271,7 +270,7 @@ TEST(SuspiciousRecord, EnumKindOutsideItsTable) {
     for (const int kind : {-1, 6}) {
         TypeFileBuilder file;
         file.record(ClassId::SEQ_ENUM, "e").i32(1).i32(kind).i32(0).i32(1);
-        expectWarning(findingsOf(file), FindingCode::ENUM_KIND_UNKNOWN, 0, "enum kind",
+        expectWarning(findingsOf(file), FindingCode::ENUM_KIND_UNKNOWN, 0, "enumKind",
                       40 + BODY + 4);
     }
 }
@@ -280,11 +279,11 @@ TEST(SuspiciousRecord, FlavourOutsideItsTable) {
     for (const int flavour : {-1, 4}) {
         TypeFileBuilder file;
         file.record(ClassId::FLOAT, "f").i32(flavour).f64(0).f64(1).f64(1);
-        expectWarning(findingsOf(file), FindingCode::FLAVOUR_UNKNOWN, 0, "real kind", 40 + BODY);
+        expectWarning(findingsOf(file), FindingCode::FLAVOUR_UNKNOWN, 0, "flavour", 40 + BODY);
     }
     TypeFileBuilder file;
     file.record(ClassId::EVENT, "v").i32(2);
-    expectWarning(findingsOf(file), FindingCode::FLAVOUR_UNKNOWN, 0, "event kind", 40 + BODY);
+    expectWarning(findingsOf(file), FindingCode::FLAVOUR_UNKNOWN, 0, "flavour", 40 + BODY);
 }
 
 TEST(SuspiciousRecord, RealDirectionThatIsNoInteger) {
@@ -301,7 +300,7 @@ TEST(InvalidRecord, KindZeroBuildsNoTypeForOthers) {
     const auto findings = findingsOf(file);
     ASSERT_EQ(findings.size(), 2u) << linesOf(findings);
     expectFinding(findings, 0, FindingCode::KIND_UNKNOWN, Severity::ERROR, 0, "kind", 44);
-    expectFinding(findings, 1, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 1, "data type id",
+    expectFinding(findings, 1, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 1, "dataType",
                   file.address(1) + BODY);
 }
 

@@ -36,13 +36,13 @@ TEST(Verifier, FindsNothingWhereAStructHoldsAQueueOfItself) {
 TEST(InvalidReference, TypedefOfAnIdOutsideTheTable) {
     TypeFileBuilder file;
     file.alias(1);
-    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "data type id", 40 + BODY);
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "dataType", 40 + BODY);
 }
 
 TEST(InvalidReference, AssocArrayIndexOutsideTheTable) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ASSOC_ARRAY, "k").u32(0).i32(1).u32(2);
-    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "index type id",
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "indexType",
                 file.address(1) + BODY + 8);
 }
 
@@ -50,7 +50,7 @@ TEST(InvalidReference, MemberOfAnIdOutsideTheTable) {
     TypeFileBuilder file;
     file.integer("i");
     file.structure({0, 2});
-    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "member[1].type id",
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "members[1].type",
                 file.address(1) + BODY + 8 + 10 + 2);
 }
 
@@ -61,14 +61,14 @@ TEST(InvalidReference, LastOfMoreMembersThanAreKept) {
     for (unsigned int i = 1; i < MEMBERS; ++i)
         file.str("m").u32(1).u32(0); // Of the integer, which comes behind the struct.
     file.str("m").u32(7).u32(0).i32(-99).integer("i");
-    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "member[2999].type id",
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "members[2999].type",
                 file.address(0) + BODY + 8 + (MEMBERS - 1) * 10 + 2);
 }
 
 TEST(InvalidReference, ClassMemberWithoutAType) {
     TypeFileBuilder file;
     file.classType(NO_BASE, {0, NO_BASE});
-    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "member[1].type id",
+    expectError(findingsOf(file), FindingCode::TYPE_ID_OUTSIDE_TABLE, 0, "members[1].type",
                 40 + BODY + 12 + 14 + 2);
 }
 
@@ -76,8 +76,8 @@ TEST(SuspiciousReference, IndexTypeOutsideTheTable) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
     file.u32(2).u32(NO_BASE).u32(2).u32(2).range(0, 1, 1).range(0, 1, 1).i32(-99);
-    expectWarning(findingsOf(file), FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, 1,
-                  "dimension[1].index type id", file.address(1) + BODY + 16);
+    expectWarning(findingsOf(file), FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, 1, "indexTypes[1]",
+                  file.address(1) + BODY + 16);
 }
 
 TEST(InvalidReference, ToAKindThatBuildsNoType) {
@@ -88,52 +88,52 @@ TEST(InvalidReference, ToAKindThatBuildsNoType) {
     const auto findings = findingsOf(file);
     ASSERT_EQ(findings.size(), 3u) << linesOf(findings);
     expectFinding(findings, 0, FindingCode::KIND_WITHOUT_TYPE, Severity::ERROR, 0, "kind", 44);
-    expectFinding(findings, 1, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 1, "data type id",
+    expectFinding(findings, 1, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 1, "dataType",
                   file.address(1) + BODY);
-    expectFinding(findings, 2, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 2,
-                  "member[0].type id", file.address(2) + BODY + 8 + 2);
+    expectFinding(findings, 2, FindingCode::LINK_TO_NO_TYPE, Severity::ERROR, 2, "members[0].type",
+                  file.address(2) + BODY + 8 + 2);
 }
 
 TEST(SuspiciousReference, BaseThatIsNoClass) {
     TypeFileBuilder file;
     file.integer("i");
     file.classType(0, {});
-    expectWarning(findingsOf(file), FindingCode::BASE_IS_NO_CLASS, 1, "base class type id",
+    expectWarning(findingsOf(file), FindingCode::BASE_IS_NO_CLASS, 1, "baseClass",
                   file.address(1) + BODY);
 }
 
 TEST(InvalidReference, TypedefOfItself) {
     TypeFileBuilder file;
     file.alias(0);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 0, "data type id", 40 + BODY);
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 0, "dataType", 40 + BODY);
 }
 
 TEST(InvalidReference, ArrayOfATypedefOfTheArray) {
     TypeFileBuilder file;
     file.packedArray(1);
     file.alias(0);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "data type id",
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "dataType",
                 file.address(1) + BODY);
 }
 
 TEST(InvalidReference, DiscreteEnumBasedOnItself) {
     TypeFileBuilder file;
     file.record(ClassId::DISCRETE_ENUM, "d").u32(0).i32(0).i32(1).u32(0);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 0, "base type id", 40 + BODY);
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 0, "baseType", 40 + BODY);
 }
 
 TEST(InvalidReference, FileOfQueuesOfTheFile) {
     TypeFileBuilder file;
     file.record(ClassId::FILE_TYPE, "x").u32(1).u32(4).u32(4);
     file.record(ClassId::QUEUE, "q").u32(0).i32(1);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "element type id",
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "elementType",
                 file.address(1) + BODY);
 }
 
 TEST(InvalidReference, AssocArrayIndexedByItself) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ASSOC_ARRAY, "k").u32(0).i32(1).u32(1);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "index type id",
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "indexType",
                 file.address(1) + BODY + 8);
 }
 
@@ -141,7 +141,7 @@ TEST(InvalidReference, ClassThatIsItsOwnAncestor) {
     TypeFileBuilder file;
     file.classType(1, {});
     file.classType(0, {});
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "base class type id",
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, 1, "baseClass",
                 file.address(1) + BODY);
 }
 
@@ -157,13 +157,12 @@ TEST(SuspiciousReference, RecordThatIsOpenedMoreThanSixteenTimes) {
     // The first class is opened by itself, and again by the members of each class below it.
     expectClean(lineage(16));
     const TypeFileBuilder file = lineage(17);
-    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 0, "base class type id",
-                  40 + BODY);
+    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 0, "baseClass", 40 + BODY);
 }
 
 TEST(SuspiciousReference, IsSaidOnceOfAGroup) {
     const TypeFileBuilder file = lineage(40); // From the twenty-fourth on there are seventeen.
-    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 23, "base class type id",
+    expectWarning(findingsOf(file), FindingCode::RECORD_REOPENED, 23, "baseClass",
                   file.address(23) + BODY);
 }
 
@@ -187,7 +186,7 @@ TEST(InvalidReference, ChainOfAMillionTypedefs) {
     for (unsigned int id = 0; id < LAST; ++id)
         file.alias(id + 1);
     file.alias(LAST);
-    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, LAST, "data type id",
+    expectError(findingsOf(file), FindingCode::REFERENCE_ENDLESS, LAST, "dataType",
                 file.address(LAST) + BODY);
 }
 
@@ -195,7 +194,7 @@ TEST(InvalidStruct, ContainsItself) {
     TypeFileBuilder file;
     file.integer("i");
     file.structure({0, 1});
-    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 1, "member[1].type id",
+    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 1, "members[1].type",
                 file.address(1) + BODY + 8 + 10 + 2);
 }
 
@@ -204,7 +203,7 @@ TEST(InvalidStruct, ContainsItselfThroughATypedefAndAnArray) {
     file.structure({1});
     file.alias(2);
     file.packedArray(0);
-    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 2, "element type id",
+    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 2, "elementType",
                 file.address(2) + BODY + 4);
 }
 
@@ -212,7 +211,7 @@ TEST(InvalidStruct, FromATypedefOnward) {
     TypeFileBuilder file;
     file.alias(1);
     file.structure({0});
-    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 1, "member[0].type id",
+    expectError(findingsOf(file), FindingCode::STRUCT_CONTAINS_ITSELF, 1, "members[0].type",
                 file.address(1) + BODY + 8 + 2);
 }
 
@@ -231,10 +230,10 @@ TEST(InvalidReference, OfEveryTypeThatSharesARecord) {
     patch(image, file.tableOffset() + 8, 40);
     const auto findings = findingsOf(image);
     ASSERT_EQ(findings.size(), 3u) << linesOf(findings);
-    expectFinding(findings, 0, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 0,
-                  "data type id", 40 + BODY);
-    expectFinding(findings, 1, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 1,
-                  "data type id", 40 + BODY);
+    expectFinding(findings, 0, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 0, "dataType",
+                  40 + BODY);
+    expectFinding(findings, 1, FindingCode::TYPE_ID_OUTSIDE_TABLE, Severity::ERROR, 1, "dataType",
+                  40 + BODY);
     expectFinding(findings, 2, FindingCode::RECORD_SHARED, Severity::WARNING, 1, "address",
                   file.tableOffset() + 8);
 }

@@ -17,7 +17,7 @@ TEST(SuspiciousConstraints, FewerThanDimensions) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
     file.u32(2).u32(0).u32(0).u32(1).range(0, 7, 1).i32(-99);
-    expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, 1, "constraint count",
+    expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, 1, "constraintCount",
                   file.address(1) + BODY + 20);
 }
 
@@ -26,7 +26,7 @@ TEST(SuspiciousConstraints, FewerThanTheOpenDimensionsBelowATypedef) {
     file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
     file.u32(2).u32(0).u32(0).u32(2).range(0, 0, OPEN).range(0, 0, OPEN).i32(-99);
     file.record(ClassId::TYPEDEF, "t").u32(1).u32(1).range(0, 7, 1);
-    expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, 2, "constraint count",
+    expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, 2, "constraintCount",
                   file.address(2) + BODY + 4);
 }
 
@@ -38,7 +38,7 @@ TEST(SuspiciousConstraints, FewerThanTheOpenDimensionsBelowAMember) {
     file.record(ClassId::RECORD, "s").u32(VHDL_RECORD).u32(1);
     file.str("m").u32(2).u32(1).range(0, 7, 1).i32(-99);
     expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, 3,
-                  "member[0].constraint count", file.address(3) + BODY + 8 + 6);
+                  "members[0].constraintCount", file.address(3) + BODY + 8 + 6);
 }
 
 TEST(Verifier, FindsNothingWhereATypedefFillsTheOpenDimensions) {
@@ -161,7 +161,7 @@ TEST(LargeWalk, IsNotCountedToTheEndAmongManyClasses) {
     limits.maxCountingSteps = 100000;
     const TypeFileBuilder file = clique(30);
     expectWarning(findingsOf(file, limits), FindingCode::WALKS_NOT_COUNTED, FILE_LEVEL,
-                  "address table", file.tableOffset());
+                  "addressTable", file.tableOffset());
 }
 
 TEST(LargeWalk, ThroughTwoClassesIsCountedExactly) {

@@ -36,7 +36,7 @@ TEST(RttiGraph, PrintsDotUnlessToldOtherwise) {
     EXPECT_EQ(result.out, rtti("graph --format dot " + example("ieee_rti") + " 19 --depth 1").out);
     EXPECT_THAT(result.out, StartsWith("// The types of a design, for Graphviz"));
     EXPECT_THAT(result.out, EndsWith("  T19 -> T11 [style=dashed, arrowhead=vee, "
-                                     "label=<access>];\n}\n"));
+                                     "label=<referenced type>];\n}\n"));
 }
 
 TEST(RttiGraph, PrintsJsonByEitherName) {

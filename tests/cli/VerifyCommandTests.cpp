@@ -36,7 +36,7 @@ TEST(RttiVerify, FindsAWarningWithoutFailing) {
     const std::string file = fileOf(event.image());
     const Result result = rtti("verify " + file);
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.out, "warning flavour-unknown type 0 field \"event kind\" at 0x35: Found 7, "
+    EXPECT_EQ(result.out, "warning flavour-unknown type 0 field \"flavour\" at 0x35: Found 7, "
                           "expected 0 or 1.\n" +
                               file + ": 0 errors, 1 warning\n");
 }

@@ -130,7 +130,7 @@ TEST(RecordEditor, KeepsListsInStepWithWhatTheirCountsSay) {
             std::size_t first = 1;
             while (first < std::min(before.size(), after.size()) && before[first] == after[first])
                 ++first;
-            if (first == before.size() || before[first].first.find(" count") == std::string::npos)
+            if (first == before.size() || before[first].first.find("Count") == std::string::npos)
                 continue;
             ++changedCounts;
             whole += isWhole(changed) ? 1 : 0;

@@ -67,7 +67,7 @@ nlohmann::ordered_json jsonOf(const Finding& finding) {
     object["id"] = nullptr;
     if (finding.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
         object["id"] = finding.typeId;
-    object["field"] = finding.key;
+    object["field"] = finding.field;
     object["offset"] = finding.offset;
     object["text"] = finding.text;
     return object;

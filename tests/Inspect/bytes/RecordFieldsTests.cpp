@@ -31,7 +31,10 @@ using Lines = std::vector<std::string>;
 /// "14+4 name = value (meaning) state", the offset from the beginning of the record.
 std::string lineOf(const RecordField& field, unsigned long long address) {
     std::string line = std::to_string(field.offset - address) + '+' + std::to_string(field.size) +
-                       ' ' + field.name + " = " + field.value;
+                       ' ' + field.name;
+    if (field.lastItem)
+        line += " to [" + std::to_string(*field.lastItem) + ']';
+    line += " = " + field.value;
     if (!field.meaning.empty())
         line += " (" + field.meaning + ')';
     if (field.state != FieldState::WHOLE)
@@ -57,7 +60,7 @@ Lines fieldsOf(const TypeFileBuilder& file) { return fieldsIn(file.image(), file
 /// The fields that all records begin with, and these behind them.
 void expectBody(const TypeFileBuilder& file, unsigned int size, const std::string& kind,
                 const Lines& body) {
-    Lines expected{"0+4 record size = " + std::to_string(size), "4+4 kind = " + kind,
+    Lines expected{"0+4 recordSize = " + std::to_string(size), "4+4 kind = " + kind,
                    "8+2 name = \"t\"", "10+4 flags = 0x0"};
     expected.insert(expected.end(), body.begin(), body.end());
     EXPECT_THAT(fieldsOf(file), ElementsAreArray(expected));
@@ -71,18 +74,18 @@ TypeFileBuilder typeFile(unsigned int kind) {
 
 TEST(RecordFields, OfAnInteger) {
     expectBody(typeFile(ClassId::INT).range(-5, 100, 1), 26, "0xa0000005 (integer)",
-               {"14+12 constraint = -5 to 100"});
+               {"14+12 range = -5 to 100"});
 }
 
 TEST(RecordFields, OfAReal) {
     expectBody(typeFile(ClassId::FLOAT).u32(2).f64(-0.5).f64(1e6).f64(0), 42, "0xa0000006 (real)",
-               {"14+4 real kind = 2", "18+8 left bound = -0.5", "26+8 right bound = 1000000",
+               {"14+4 flavour = 2", "18+8 left = -0.5", "26+8 right = 1000000",
                 "34+8 direction = 0 (downto)"});
 }
 
 TEST(RecordFields, OfARealSayWhatTheLoaderMakesOfFlavourAndDirection) {
     const Lines lines = fieldsOf(typeFile(ClassId::FLOAT).u32(4).f64(0).f64(0).f64(1.75));
-    EXPECT_EQ(lines[4], "14+4 real kind = 4 (above 3: 0 stands instead)");
+    EXPECT_EQ(lines[4], "14+4 flavour = 4 (above 3: 0 stands instead)");
     EXPECT_EQ(lines[7], "34+8 direction = 1.75 (to)");
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const Lines none = fieldsOf(typeFile(ClassId::FLOAT).u32(0).f64(0).f64(0).f64(nan));
@@ -93,39 +96,38 @@ TEST(RecordFields, OfARealSayWhatTheLoaderMakesOfFlavourAndDirection) {
 TEST(RecordFields, OfASequentialEnumeration) {
     expectBody(typeFile(ClassId::SEQ_ENUM).u32(1).u32(5).u32(2).str("a").str("bc").u32(1), 35,
                "0xa0000003 (sequential enumeration)",
-               {"14+4 encoding = 1 (2-State)", "18+4 enum kind = 5 (VHDL_OTHER_ENUM)",
-                "22+4 enumerator count = 2", "26+2 enumerator[0].name = \"a\"",
-                "28+3 enumerator[1].name = \"bc\"", "31+4 enumerator size = 1 (bytes of a value)"});
+               {"14+4 encoding = 1 (2-State)", "18+4 enumKind = 5 (VHDL_OTHER_ENUM)",
+                "22+4 literalCount = 2", "26+2 literals[0] = \"a\"", "28+3 literals[1] = \"bc\"",
+                "31+4 valueSize = 1 (bytes of a value)"});
 }
 
 TEST(RecordFields, OfADiscreteEnumeration) {
     TypeFileBuilder file = typeFile(ClassId::DISCRETE_ENUM);
     file.u32(3).u32(1).u32(2).str("on").bytes({'\x34', '\x12'}).u32(1).range(7, 0, 0);
     expectBody(file, 47, "0xa0000004 (discrete enumeration)",
-               {"14+4 base type id = 3 (type 3)", "18+4 enumerator count = 1",
-                "22+4 enumerator size = 2 (bytes of a value)", "26+3 enumerator[0].name = \"on\"",
-                "29+2 enumerator[0].value = 4660 (as a little-endian number)",
-                "31+4 constraint count = 1", "35+12 constraint[0] = 7 downto 0"});
+               {"14+4 baseType = 3 (type 3)", "18+4 literalCount = 1",
+                "22+4 valueSize = 2 (bytes of a value)", "26+3 literals[0].name = \"on\"",
+                "29+2 literals[0].value = 4660 (as a little-endian number)",
+                "31+4 constraintCount = 1", "35+12 constraints[0] = 7 downto 0"});
 }
 
 TEST(RecordFields, OfADiscreteEnumerationWithoutValueBytesHaveNoValues) {
     TypeFileBuilder file = typeFile(ClassId::DISCRETE_ENUM);
     file.u32(3).u32(2).u32(0).str("a").str("b").u32(0);
     const Lines lines = fieldsOf(file);
-    EXPECT_EQ(lines[7], "26+2 enumerator[0].name = \"a\"");
-    EXPECT_EQ(lines[8], "28+2 enumerator[1].name = \"b\"");
-    EXPECT_EQ(lines[9], "30+4 constraint count = 0");
+    EXPECT_EQ(lines[7], "26+2 literals[0].name = \"a\"");
+    EXPECT_EQ(lines[8], "28+2 literals[1].name = \"b\"");
+    EXPECT_EQ(lines[9], "30+4 constraintCount = 0");
 }
 
 TEST(RecordFields, OfATypedef) {
     expectBody(typeFile(ClassId::TYPEDEF).u32(9).u32(1).range(0, 0, -2), 34, "0xa0000007 (typedef)",
-               {"14+4 data type id = 9 (type 9)", "18+4 constraint count = 1",
-                "22+12 constraint[0] = open (filled in by an enclosing type)"});
+               {"14+4 dataType = 9 (type 9)", "18+4 constraintCount = 1",
+                "22+12 constraints[0] = open (filled in by an enclosing type)"});
 }
 
 TEST(RecordFields, OfAccessAndFileTypes) {
-    const Lines body{"14+4 referenced type id = 4 (type 4)", "18+4 alignment = 8",
-                     "22+4 value size = 16"};
+    const Lines body{"14+4 refType = 4 (type 4)", "18+4 alignment = 8", "22+4 valueSize = 16"};
     expectBody(typeFile(ClassId::ACCESS).u32(4).u32(8).u32(16), 26, "0xa0000008 (access type)",
                body);
     expectBody(typeFile(ClassId::FILE_TYPE).u32(4).u32(8).u32(16), 26, "0xa000000c (file type)",
@@ -135,7 +137,7 @@ TEST(RecordFields, OfAccessAndFileTypes) {
 TEST(RecordFields, OfAPhysicalType) {
     expectBody(typeFile(ClassId::PHYSICAL).u32(1).str("fs").i64(-1), 29,
                "0xa000000d (physical type)",
-               {"14+4 unit count = 1", "18+3 unit[0].name = \"fs\"", "21+8 unit[0].value = -1"});
+               {"14+4 unitCount = 1", "18+3 units[0].name = \"fs\"", "21+8 units[0].value = -1"});
 }
 
 TEST(RecordFields, OfAnArray) {
@@ -143,26 +145,24 @@ TEST(RecordFields, OfAnArray) {
     file.u32(VLOG_FIXED_PACKED_ARRAY).u32(2).u32(2).u32(1).u32(TypeFileFormat::NO_TYPE_ID);
     file.u32(2).range(3, 0, 0).range(0, 7, 1).i32(-99);
     expectBody(file, 66, "0xa0000010 (fixed array)",
-               {"14+4 array kind = 0xa00003 (VLOG_FIXED_PACKED_ARRAY)",
-                "18+4 element type id = 2 (type 2)", "22+4 dimension count = 2",
-                "26+4 dimension[0].index type id = 1 (type 1)",
-                "30+4 dimension[1].index type id = 4294967295 (none)", "34+4 constraint count = 2",
-                "38+12 constraint[0] = 3 downto 0", "50+12 constraint[1] = 0 to 7",
-                "62+4 SV type id = -99 (none)"});
+               {"14+4 arrayKind = 0xa00003 (VLOG_FIXED_PACKED_ARRAY)",
+                "18+4 elementType = 2 (type 2)", "22+4 indexTypeCount = 2",
+                "26+4 indexTypes[0] = 1 (type 1)", "30+4 indexTypes[1] = 4294967295 (none)",
+                "34+4 constraintCount = 2", "38+12 constraints[0] = 3 downto 0",
+                "50+12 constraints[1] = 0 to 7", "62+4 svTypeId = -99 (none)"});
 }
 
 TEST(RecordFields, OfDynamicArraysAndQueues) {
-    const Lines body{"14+4 element type id = 2 (type 2)", "18+4 SV type id = -5 (string)"};
+    const Lines body{"14+4 elementType = 2 (type 2)", "18+4 svTypeId = -5 (string)"};
     expectBody(typeFile(ClassId::DYNAMIC_ARRAY).u32(2).i32(-5), 22, "0xa0000013 (dynamic array)",
                body);
     expectBody(typeFile(ClassId::QUEUE).u32(2).i32(-5), 22, "0xa0000014 (queue)", body);
 }
 
 TEST(RecordFields, OfAnAssociativeArray) {
-    expectBody(typeFile(ClassId::ASSOC_ARRAY).u32(2).i32(12).u32(6), 26,
-               "0xa0000015 (associative array)",
-               {"14+4 element type id = 2 (type 2)", "18+4 SV type id = 12",
-                "22+4 index type id = 6 (type 6)"});
+    expectBody(
+        typeFile(ClassId::ASSOC_ARRAY).u32(2).i32(12).u32(6), 26, "0xa0000015 (associative array)",
+        {"14+4 elementType = 2 (type 2)", "18+4 svTypeId = 12", "22+4 indexType = 6 (type 6)"});
 }
 
 TEST(RecordFields, OfAStruct) {
@@ -170,25 +170,25 @@ TEST(RecordFields, OfAStruct) {
     file.u32(VLOG_PACKED_STRUCT).u32(2).str("x").u32(5).u32(0);
     file.str("yy").u32(6).u32(1).range(1, 0, 0).i32(40);
     expectBody(file, 59, "0xa0000011 (record, struct or union)",
-               {"14+4 record kind = 0xb0003 (VLOG_PACKED_STRUCT)", "18+4 member count = 2",
-                "22+2 member[0].name = \"x\"", "24+4 member[0].type id = 5 (type 5)",
-                "28+4 member[0].constraint count = 0", "32+3 member[1].name = \"yy\"",
-                "35+4 member[1].type id = 6 (type 6)", "39+4 member[1].constraint count = 1",
-                "43+12 member[1].constraint[0] = 1 downto 0", "55+4 SV type id = 40"});
+               {"14+4 recordKind = 0xb0003 (VLOG_PACKED_STRUCT)", "18+4 memberCount = 2",
+                "22+2 members[0].name = \"x\"", "24+4 members[0].type = 5 (type 5)",
+                "28+4 members[0].constraintCount = 0", "32+3 members[1].name = \"yy\"",
+                "35+4 members[1].type = 6 (type 6)", "39+4 members[1].constraintCount = 1",
+                "43+12 members[1].constraints[0] = 1 downto 0", "55+4 svTypeId = 40"});
 }
 
 TEST(RecordFields, OfAClass) {
     TypeFileBuilder file = typeFile(ClassId::CLASS);
     file.u32(TypeFileFormat::NO_TYPE_ID).i32(-7).u32(1).str("m").u32(0).u32(0).u32(2);
     expectBody(file, 40, "0xa0000017 (class)",
-               {"14+4 base class type id = 4294967295 (none)", "18+4 SV type id = -7 (event)",
-                "22+4 member count = 1", "26+2 member[0].name = \"m\"",
-                "28+4 member[0].type id = 0 (type 0)", "32+4 member[0].constraint count = 0",
-                "36+4 member[0].flag = 2 (true)"});
+               {"14+4 baseClass = 4294967295 (none)", "18+4 svTypeId = -7 (event)",
+                "22+4 memberCount = 1", "26+2 members[0].name = \"m\"",
+                "28+4 members[0].type = 0 (type 0)", "32+4 members[0].constraintCount = 0",
+                "36+4 members[0].flag = 2 (true)"});
 }
 
 TEST(RecordFields, OfAnEvent) {
-    expectBody(typeFile(ClassId::EVENT).u32(1), 18, "0xa000000b (event)", {"14+4 event kind = 1"});
+    expectBody(typeFile(ClassId::EVENT).u32(1), 18, "0xa000000b (event)", {"14+4 flavour = 1"});
 }
 
 TEST(RecordFields, OfKindsWithoutABody) {
@@ -228,31 +228,30 @@ TEST(RecordFields, BehindTheEndAreMissing) {
     TypeFileBuilder file = typeFile(ClassId::ARRAY);
     file.u32(VHDL_ARRAY).u32(2).cut(20);
     expectBody(file, 20, "0xa0000010 (fixed array)",
-               {"14+4 array kind = 0xa00001 (VHDL_ARRAY)",
-                "18+2 element type id = (missing) (2 of 4 bytes: read as 0) partial",
-                "20+0 dimension count = (missing) (read as 0) missing",
-                "20+0 constraint count = (missing) (read as 0) missing",
-                "20+0 SV type id = (missing) (read as -99) missing"});
+               {"14+4 arrayKind = 0xa00001 (VHDL_ARRAY)",
+                "18+2 elementType = (missing) (2 of 4 bytes: read as 0) partial",
+                "20+0 indexTypeCount = (missing) (read as 0) missing",
+                "20+0 constraintCount = (missing) (read as 0) missing",
+                "20+0 svTypeId = (missing) (read as -99) missing"});
 }
 
 TEST(RecordFields, OfACutRangeAreItsNumbers) {
     TypeFileBuilder file = typeFile(ClassId::INT);
     file.u32(5).bytes({'\x01'});
     expectBody(file, 19, "0xa0000005 (integer)",
-               {"14+4 constraint.left bound = 5",
-                "18+1 constraint.right bound = (missing) (1 of 4 bytes: read as 0) partial",
-                "19+0 constraint.direction = (missing) (read as 0) missing"});
+               {"14+4 range.si = 5", "18+1 range.ei = (missing) (1 of 4 bytes: read as 0) partial",
+                "19+0 range.dir = (missing) (read as 0) missing"});
 }
 
 TEST(RecordFields, OfACutMemberAreNamedWithItsIndex) {
     TypeFileBuilder file = typeFile(ClassId::RECORD);
     file.u32(VHDL_RECORD).u32(1).str("x").u32(5).u32(2).range(1, 2, 1);
     expectBody(file, 44, "0xa0000011 (record, struct or union)",
-               {"14+4 record kind = 0xb0001 (VHDL_RECORD)", "18+4 member count = 1",
-                "22+2 member[0].name = \"x\"", "24+4 member[0].type id = 5 (type 5)",
-                "28+4 member[0].constraint count = 2", "32+12 member[0].constraint[0] = 1 to 2",
-                "44+0 member[0].constraint[1] = (missing) (read as empty) missing",
-                "44+0 SV type id = (missing) (read as -99) missing"});
+               {"14+4 recordKind = 0xb0001 (VHDL_RECORD)", "18+4 memberCount = 1",
+                "22+2 members[0].name = \"x\"", "24+4 members[0].type = 5 (type 5)",
+                "28+4 members[0].constraintCount = 2", "32+12 members[0].constraints[0] = 1 to 2",
+                "44+0 members[0].constraints[1] = (missing) (read as empty) missing",
+                "44+0 svTypeId = (missing) (read as -99) missing"});
 }
 
 TEST(RecordFields, OfAListThatClaimsToBeHugeAreOneWhereItEnds) {
@@ -260,15 +259,15 @@ TEST(RecordFields, OfAListThatClaimsToBeHugeAreOneWhereItEnds) {
     file.u32(0).u32(0).u32(0x7FFFFFFF).str("a");
     const Lines lines = fieldsOf(file);
     ASSERT_EQ(lines.size(), 10u);
-    EXPECT_EQ(lines[7], "26+2 enumerator[0].name = \"a\"");
-    EXPECT_EQ(lines[8], "28+0 enumerator[1] to [2147483646] = (missing) (2147483646 entries, "
+    EXPECT_EQ(lines[7], "26+2 literals[0] = \"a\"");
+    EXPECT_EQ(lines[8], "28+0 literals[1] to [2147483646] = (missing) (2147483646 entries, "
                         "read as empty) missing");
 }
 
 TEST(RecordFields, OfAListWithANegativeCountAreNone) {
     TypeFileBuilder file = typeFile(ClassId::PHYSICAL);
     file.i32(-1);
-    EXPECT_EQ(fieldsOf(file).back(), "14+4 unit count = -1 (negative: nothing is read)");
+    EXPECT_EQ(fieldsOf(file).back(), "14+4 unitCount = -1 (negative: nothing is read)");
 }
 
 TEST(RecordFields, OfANameWithoutEndGoUpToTheRecordsEnd) {
@@ -283,7 +282,7 @@ TEST(RecordFields, OfAValueThatIsCut) {
     TypeFileBuilder file = typeFile(ClassId::DISCRETE_ENUM);
     file.u32(0).u32(1).u32(4).str("a").bytes({'\x01'});
     EXPECT_EQ(fieldsOf(file)[8],
-              "28+1 enumerator[0].value =  (1 of 4 bytes, the others are read as 0) partial");
+              "28+1 literals[0].value =  (1 of 4 bytes, the others are read as 0) partial");
 }
 
 TEST(RecordFields, LeaveOverWhatTheLoaderDoesNotRead) {
@@ -295,7 +294,7 @@ TEST(RecordFields, OfARecordWithoutRoomForItsKindAreMissingBehindIt) {
     TypeFileBuilder file = typeFile(ClassId::STRING);
     const Lines lines = fieldsOf(file.claim(-3));
     ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[0], "0+4 record size = -3 (less than the 8 bytes of size and kind)");
+    EXPECT_EQ(lines[0], "0+4 recordSize = -3 (less than the 8 bytes of size and kind)");
     EXPECT_EQ(lines[1], "4+4 kind = 0xa0000018 (string)");
     EXPECT_EQ(lines[2], "8+0 name = (missing) (read as empty) missing");
 }
@@ -307,9 +306,9 @@ TEST(RecordFields, EndWithTheStorage) {
     image.resize(file.address(0) + 16);
     const Lines lines = fieldsIn(image, file.address(0));
     ASSERT_EQ(lines.size(), 8u);
-    EXPECT_EQ(lines[0], "0+4 record size = 2147483647 (the storage ends after 16 bytes)");
-    EXPECT_EQ(lines[4], "14+2 real kind = (missing) (2 of 4 bytes: the storage ends here) partial");
-    EXPECT_EQ(lines[5], "16+0 left bound = (missing) (the storage ends here) missing");
+    EXPECT_EQ(lines[0], "0+4 recordSize = 2147483647 (the storage ends after 16 bytes)");
+    EXPECT_EQ(lines[4], "14+2 flavour = (missing) (2 of 4 bytes: the storage ends here) partial");
+    EXPECT_EQ(lines[5], "16+0 left = (missing) (the storage ends here) missing");
 }
 
 TEST(RecordFields, AreNoLongerGivenWhenNoMoreAreWanted) {
@@ -381,18 +380,18 @@ using Texts = std::map<std::string, std::string>;
 
 void addRanges(Texts& texts, const std::string& prefix,
                const std::vector<FullConstraints>& constraints) {
-    texts[prefix + "constraint count"] = std::to_string(constraints.size());
+    texts[prefix + "constraintCount"] = std::to_string(constraints.size());
     for (std::size_t i = 0; i < constraints.size(); ++i)
-        texts[prefix + "constraint[" + std::to_string(i) + ']'] = rangeText(constraints[i]);
+        texts[prefix + "constraints[" + std::to_string(i) + ']'] = rangeText(constraints[i]);
 }
 
 void addMembers(Texts& texts, const RTAggregateType& type) {
-    texts["member count"] = std::to_string(type.m_members.size());
+    texts["memberCount"] = std::to_string(type.m_members.size());
     for (std::size_t i = 0; i < type.m_members.size(); ++i) {
-        const std::string prefix = "member[" + std::to_string(i) + "].";
+        const std::string prefix = "members[" + std::to_string(i) + "].";
         const RTAggregateType::t_Member& member = *type.m_members[i];
         texts[prefix + "name"] = quotedName(member.m_memberName);
-        texts[prefix + "type id"] = std::to_string(member.m_typeId);
+        texts[prefix + "type"] = std::to_string(member.m_typeId);
         addRanges(texts, prefix, member.m_constraints);
     }
 }
@@ -401,30 +400,30 @@ void addMembers(Texts& texts, const RTAggregateType& type) {
 Texts valuesOf(const RTBaseType& type) {
     Texts texts{{"name", quotedName(type.m_name)}};
     if (const auto* array = dynamic_cast<const RTArrayType*>(&type)) {
-        texts["element type id"] = std::to_string(array->m_elementTypeId);
-        texts["dimension count"] = std::to_string(array->m_indexTypeIds.size());
+        texts["elementType"] = std::to_string(array->m_elementTypeId);
+        texts["indexTypeCount"] = std::to_string(array->m_indexTypeIds.size());
         for (std::size_t i = 0; i < array->m_indexTypeIds.size(); ++i)
-            texts["dimension[" + std::to_string(i) + "].index type id"] =
+            texts["indexTypes[" + std::to_string(i) + "]"] =
                 std::to_string(array->m_indexTypeIds[i]);
-        texts["SV type id"] = std::to_string(array->m_svTypeId);
+        texts["svTypeId"] = std::to_string(array->m_svTypeId);
         addRanges(texts, "", array->m_constraints);
     } else if (const auto* aggregate = dynamic_cast<const RTAggregateType*>(&type)) {
         addMembers(texts, *aggregate);
-        texts["SV type id"] = std::to_string(type.getSVTypeId());
+        texts["svTypeId"] = std::to_string(type.getSVTypeId());
     } else if (const auto* enumeration = dynamic_cast<const RTSeqEnumType*>(&type)) {
         texts["encoding"] = std::to_string(enumeration->m_valueEncoding);
         for (std::size_t i = 0; i < enumeration->m_enumeratorNames.size(); ++i)
-            texts["enumerator[" + std::to_string(i) + "].name"] =
+            texts["literals[" + std::to_string(i) + "]"] =
                 quoted(enumeration->m_enumeratorNames[i]);
-        texts["enumerator size"] = std::to_string(enumeration->m_valueSize);
+        texts["valueSize"] = std::to_string(enumeration->m_valueSize);
     } else if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type)) {
-        texts["data type id"] = std::to_string(alias->m_dataTypeId);
+        texts["dataType"] = std::to_string(alias->m_dataTypeId);
         addRanges(texts, "", alias->m_constraints);
     } else if (const auto* integer = dynamic_cast<const RTIntType*>(&type)) {
-        texts["constraint"] = rangeText(integer->m_constraint);
+        texts["range"] = rangeText(integer->m_constraint);
     } else if (const auto* physical = dynamic_cast<const RTPhysicalType*>(&type)) {
         for (std::size_t i = 0; i < physical->m_units.size(); ++i)
-            texts["unit[" + std::to_string(i) + "].value"] =
+            texts["units[" + std::to_string(i) + "].value"] =
                 std::to_string(physical->m_units[i].value);
     }
     return texts;

@@ -140,15 +140,15 @@ TEST(GraphWriter, DrawsEachRoleInItsOwnStyle) {
     EXPECT_EQ(linesWith(types.graph(GraphForm::DOT), "->"),
               "  T1 -> T0 [dir=both, arrowtail=odiamond];\n"
               "  T1 -> T0 [style=dotted, arrowhead=vee, color=\"#888888\"];\n"
-              "  T2 -> T0 [style=dashed, arrowhead=vee, label=<access>];\n"
-              "  T3 -> T0 [style=dashed, arrowhead=vee, label=<file of>];\n"
+              "  T2 -> T0 [style=dashed, arrowhead=vee, label=<referenced type>];\n"
+              "  T3 -> T0 [style=dashed, arrowhead=vee, label=<referenced type>];\n"
               "  T4 -> T0 [style=dashed, arrowhead=vee];\n"
               "  T5 -> T0 [style=dashed, arrowhead=vee, label=<base type>];\n");
     EXPECT_EQ(linesWith(types.graph(GraphForm::MERMAID), " T0"), "  class T0[\"0 int\"] {\n"
                                                                  "  T1 o-- T0\n"
-                                                                 "  T1 ..> T0 : index\n"
-                                                                 "  T2 ..> T0 : access\n"
-                                                                 "  T3 ..> T0 : file of\n"
+                                                                 "  T1 ..> T0 : index types\n"
+                                                                 "  T2 ..> T0 : referenced type\n"
+                                                                 "  T3 ..> T0 : referenced type\n"
                                                                  "  T4 ..> T0\n"
                                                                  "  T5 ..> T0 : base type\n");
 }

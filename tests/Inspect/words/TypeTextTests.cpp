@@ -50,13 +50,6 @@ TEST(TypeText, KnowsNamesThatSomebodyGave) {
     EXPECT_FALSE(isGivenName(nullptr));
 }
 
-TEST(TypeText, FieldsHaveTheirNamesInWords) {
-    EXPECT_EQ(fieldWords("flavour"), "flavour");
-    EXPECT_EQ(fieldWords("dataType"), "data type");
-    EXPECT_EQ(fieldWords("svTypeId"), "SV type id");
-    EXPECT_EQ(fieldWords("refType"), "referenced type");
-}
-
 TEST(TypeText, ShowsAnEncodingOutsideTheTableAsItsNumber) {
     EXPECT_EQ(namedText(ENCODING_UNPADDED_BYTE), "Unpadded-Byte");
     EXPECT_EQ(namedText(static_cast<ValueEncoding>(4)), "4");
