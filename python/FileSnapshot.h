@@ -3,7 +3,6 @@
 #include "OVAT/FileBlockManager.h"
 #include "OVAT/IBlockManager.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,9 +12,12 @@ namespace Bindings {
 /// read stays as it was, whatever becomes of the file; one that has shrunk gives an exception.
 class FileSnapshot : public OVAT::IBlockManager {
 public:
-    /// Throws std::system_error, with the path in its message, if the file cannot be opened or has
-    /// no size.
+    /// Throws std::system_error, with the path in its message, if the file cannot be opened, has no
+    /// size, or does not fit into the address space.
     explicit FileSnapshot(const std::string& path);
+    FileSnapshot(const FileSnapshot&) = delete;
+    FileSnapshot& operator=(const FileSnapshot&) = delete;
+    ~FileSnapshot() override;
 
     /// Throws std::out_of_range for bytes outside the file, std::system_error if it cannot be read.
     bool read(unsigned long long offset, void* buffer, long long count) override;
@@ -23,12 +25,12 @@ public:
     unsigned long long size() const { return m_file.size(); }
 
 private:
-    static constexpr unsigned long long PIECE = 1ULL << 20;
-
-    const char* piece(unsigned long long number);
+    /// As large as the pages that spare most of the time of fresh memory.
+    static constexpr unsigned long long PIECE = 2ULL << 20;
 
     OVAT::FileBlockManager m_file;
-    std::vector<std::unique_ptr<char[]>> m_pieces; ///< Null for those that nobody needed yet.
+    char* m_bytes = nullptr;    ///< As many as the file has; the system gives memory where one is written.
+    std::vector<bool> m_isRead; ///< By piece.
 };
 
 } // namespace Bindings
