@@ -8,6 +8,7 @@
 #include "TypeNames.h"
 
 #include <algorithm>
+#include <deque>
 
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
@@ -20,17 +21,17 @@ std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long l
 
 namespace {
 
-/// Managers whose types are not released: the program ends soon, and its memory with it.
-std::vector<std::unique_ptr<RTTypeManager>>& keptManagers() {
-    static auto& kept = *new std::vector<std::unique_ptr<RTTypeManager>>;
-    return kept;
+/// A manager whose types are not released: the program ends soon, and its memory with it.
+RTTypeManager& newKeptManager() {
+    static auto& kept = *new std::deque<RTTypeManager>;
+    return kept.emplace_back();
 }
 
 } // namespace
 
 OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
     : m_arguments(arguments), m_storage(arguments.file),
-      m_frame(m_storage, m_storage.size(), arguments.offset),
+      m_frame(m_storage, m_storage.size(), arguments.offset), m_manager(newKeptManager()),
       m_typeCount(m_frame.isMarkedUnusable() ? 0 : m_frame.typeCount()) {
     if (!arguments.force) {
         checkFrame();
@@ -39,10 +40,8 @@ OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
         else
             m_verifier.emplace(m_storage, m_storage.size(), arguments.offset);
     }
-    m_manager->setupDeserializer(m_storage, arguments.offset);
+    m_manager.setupDeserializer(m_storage, arguments.offset);
 }
-
-OpenedFile::~OpenedFile() { keptManagers().push_back(std::move(m_manager)); }
 
 Inspect::TypeTable OpenedFile::types() {
     return {m_typeCount, [this](unsigned int id) { return load(id); }};
@@ -52,7 +51,7 @@ const RTBaseType* OpenedFile::load(unsigned int id) {
     if (m_verifier)
         refuseErrors(m_verifier->verify({id}));
     try {
-        return m_manager->getRTType(id);
+        return m_manager.getRTType(id);
     } catch (const std::bad_alloc&) {
         throw UnusableFile(m_storage.path(),
                            "there is not enough memory for type " + std::to_string(id),

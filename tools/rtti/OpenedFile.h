@@ -10,7 +10,6 @@
 #include "UnusableFile.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,7 +30,6 @@ public:
     explicit OpenedFile(const FileArguments& arguments, Verified verified = Verified::WHOLE);
     OpenedFile(const OpenedFile&) = delete;
     OpenedFile& operator=(const OpenedFile&) = delete;
-    ~OpenedFile();
 
     unsigned int typeCount() const { return m_typeCount; }
 
@@ -40,7 +38,7 @@ public:
 
     /// Where the address table begins in the storage.
     unsigned int tableOffset() const { return m_frame.tableOffset(); }
-    RTTI::RTTypeManager& manager() { return *m_manager; }
+    RTTI::RTTypeManager& manager() { return m_manager; }
     InputStorage& storage() { return m_storage; }
 
     /// The types, each loaded when it is asked for. That throws UnusableFile where types are
@@ -76,7 +74,6 @@ private:
     InputStorage m_storage;
     TypeFile::TypeFileFrame m_frame;                  ///< Reads from the storage.
     std::optional<TypeFile::TypeVerifier> m_verifier; ///< Where types are verified as asked.
-    std::unique_ptr<RTTI::RTTypeManager> m_manager =
-        std::make_unique<RTTI::RTTypeManager>(); ///< Likewise.
-    unsigned int m_typeCount;                    ///< That the library loads.
+    RTTI::RTTypeManager& m_manager;                   ///< Likewise; nobody releases it.
+    unsigned int m_typeCount;                         ///< That the library loads.
 };
