@@ -1,6 +1,7 @@
 // `rtti dump` as its users meet it.
 
 #include "tests/cli/RttiProgram.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -126,6 +127,15 @@ TEST(RttiDump, RefusesAFileThatIsNotThere) {
     EXPECT_EQ(result.status, 2);
     expectOneLine(result.err);
     EXPECT_THAT(result.err, HasSubstr("/not/there.typ"));
+}
+
+TEST(RttiDump, SaysThatMemoryIsNotEnough) {
+    // A type that claims 300 million index types: 1.2 GB, where 1 GB is allowed.
+    const std::string file = fileOf(
+        TypeFileBuilder().record(0xA0000010, "a").u32(2).u32(0).i32(300000000).u32(0).image());
+    const Result result = rttiWith("ulimit -v 1000000;", "dump --force " + file);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "rtti: there is not enough memory\n");
 }
 
 TEST(RttiDump, RefusesADirectory) {
