@@ -58,11 +58,11 @@ private:
     bool isTooLarge() const { return m_recordBytes > m_limits.maxRecordBytes; }
     void addTooLarge();
     void readRecord(unsigned int typeId, unsigned long long end);
-    bool readFrame(unsigned int typeId);
+    [[gnu::always_inline]] inline bool readFrame(unsigned int typeId);
     void addOutside(unsigned int typeId);
     void addWrongSize(unsigned int typeId, int found);
     void addCut(unsigned int typeId, unsigned int size);
-    bool overlaps(unsigned int typeId, unsigned long long end);
+    [[gnu::always_inline]] inline bool overlaps(unsigned int typeId, unsigned long long end);
     void addWrongKind(unsigned int typeId);
     void share(unsigned int typeId, unsigned int other);
     void placeDeferred();
@@ -188,14 +188,42 @@ void Verification::addTooLarge() {
                    std::to_string(m_limits.maxRecordBytes) + ".");
 }
 
-/// Those of all types that share the record at this place. Gives the place of the next one.
-std::size_t Verification::readRecords(std::size_t place) {
-    const unsigned int first = m_order.idAt(place);
-    const std::size_t next = m_order.placeBehind(place);
-    readRecord(first, next < m_order.size() ? m_order.addressAt(next) : m_size);
-    for (std::size_t i = place + 1; i < next; ++i)
-        share(m_order.idAt(i), first);
-    return next;
+/// Size and kind, if the record is all there.
+bool Verification::readFrame(unsigned int typeId) {
+    const unsigned long long address = m_types.addresses[typeId];
+    const RecordFrame frame = recordFrameAt(m_sweep, address);
+    if (frame.isWhole()) {
+        m_recordSize = static_cast<unsigned int>(frame.claimedSize);
+        m_kind = frame.kind;
+        return true;
+    }
+    if (!frame.hasHead())
+        addOutside(typeId);
+    else if (frame.claimedSize < static_cast<int>(RECORD_HEADER_SIZE))
+        addWrongSize(typeId, frame.claimedSize);
+    else
+        addCut(typeId, static_cast<unsigned int>(frame.claimedSize));
+    return false;
+}
+
+/// Whether the record shares bytes with the next one, which begins at `end`, with the header or
+/// with the table. Its body is then passed over, so that nothing is looked at twice.
+bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
+    const unsigned long long begin = m_types.addresses[typeId];
+    const auto meets = [&](unsigned long long from, unsigned long long to) {
+        return begin < to && from < begin + m_recordSize;
+    };
+    const bool meetsHeader = meets(m_frame.baseOffset(), m_frame.baseOffset() + HEADER_SIZE);
+    const bool meetsTable = meets(m_frame.tableOffset(), m_tableEnd);
+    if (!meetsHeader && !meetsTable && begin + m_recordSize <= end)
+        return false;
+    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, Field::RECORD_SIZE, begin,
+                   "The record of " + std::to_string(m_recordSize) + " bytes shares some with " +
+                       (meetsHeader  ? "the header"
+                        : meetsTable ? "the address table"
+                                     : "the record that follows") +
+                       ".");
+    return true;
 }
 
 void Verification::readRecord(unsigned int typeId, unsigned long long end) {
@@ -214,22 +242,14 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
     m_parts.verify(typeId, m_record.all());
 }
 
-/// Size and kind, if the record is all there.
-bool Verification::readFrame(unsigned int typeId) {
-    const unsigned long long address = m_types.addresses[typeId];
-    const RecordFrame frame = recordFrameAt(m_sweep, address);
-    if (frame.isWhole()) {
-        m_recordSize = static_cast<unsigned int>(frame.claimedSize);
-        m_kind = frame.kind;
-        return true;
-    }
-    if (!frame.hasHead())
-        addOutside(typeId);
-    else if (frame.claimedSize < static_cast<int>(RECORD_HEADER_SIZE))
-        addWrongSize(typeId, frame.claimedSize);
-    else
-        addCut(typeId, static_cast<unsigned int>(frame.claimedSize));
-    return false;
+/// Those of all types that share the record at this place. Gives the place of the next one.
+std::size_t Verification::readRecords(std::size_t place) {
+    const unsigned int first = m_order.idAt(place);
+    const std::size_t next = m_order.placeBehind(place);
+    readRecord(first, next < m_order.size() ? m_order.addressAt(next) : m_size);
+    for (std::size_t i = place + 1; i < next; ++i)
+        share(m_order.idAt(i), first);
+    return next;
 }
 
 void Verification::addOutside(unsigned int typeId) {
@@ -251,26 +271,6 @@ void Verification::addCut(unsigned int typeId, unsigned int size) {
     m_findings.add(FindingCode::RECORD_OUTSIDE_STORAGE, typeId, Field::RECORD_SIZE, address,
                    "The record takes " + counted(size, "byte") + ", and the storage ends after " +
                        std::to_string(m_size - address) + ".");
-}
-
-/// Whether the record shares bytes with the next one, which begins at `end`, with the header or
-/// with the table. Its body is then passed over, so that nothing is looked at twice.
-bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
-    const unsigned long long begin = m_types.addresses[typeId];
-    const auto meets = [&](unsigned long long from, unsigned long long to) {
-        return begin < to && from < begin + m_recordSize;
-    };
-    const bool meetsHeader = meets(m_frame.baseOffset(), m_frame.baseOffset() + HEADER_SIZE);
-    const bool meetsTable = meets(m_frame.tableOffset(), m_tableEnd);
-    if (!meetsHeader && !meetsTable && begin + m_recordSize <= end)
-        return false;
-    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, Field::RECORD_SIZE, begin,
-                   "The record of " + std::to_string(m_recordSize) + " bytes shares some with " +
-                       (meetsHeader  ? "the header"
-                        : meetsTable ? "the address table"
-                                     : "the record that follows") +
-                       ".");
-    return true;
 }
 
 void Verification::addWrongKind(unsigned int typeId) {
