@@ -38,7 +38,7 @@ TypeFileBuilder twoAliases() {
 
 TEST(TypeVerifier, FindsWhatIsWrongBelowAType) {
     Verified file(twoAliases().image());
-    expectError(file.verifier.verify({0}), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "data type id",
+    expectError(file.verifier.verify({0}), FindingCode::TYPE_ID_OUTSIDE_TABLE, 1, "dataType",
                 twoAliases().address(1) + BODY);
 }
 
@@ -63,7 +63,7 @@ TEST(TypeVerifier, FindsOverlapsWithTheRecordBehind) {
     file.integer("i").claim(static_cast<int>(file.address(1)) - 40 + 1);
     file.integer("j");
     Verified verified(file.image());
-    expectError(verified.verifier.verify({0}), FindingCode::RECORD_OVERLAP, 0, "record size", 40);
+    expectError(verified.verifier.verify({0}), FindingCode::RECORD_OVERLAP, 0, "recordSize", 40);
 }
 
 TEST(TypeVerifier, FindsAHeaderThatIsCut) {
