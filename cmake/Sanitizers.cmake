@@ -5,5 +5,6 @@ if(RTTI_SANITIZE)
     add_link_options(-fsanitize=${RTTI_SANITIZE})
 endif()
 if(RTTI_FUZZ)
-    add_compile_options(-fsanitize=fuzzer-no-link)
+    # Edges alone: all else that can be followed takes a fifth of the time.
+    add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp,indirect-calls,stack-depth)
 endif()

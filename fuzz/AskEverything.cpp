@@ -1,11 +1,11 @@
 #include "fuzz/AskEverything.h"
 
-#include "Inspect/declarations/DeclarationFile.h"
-#include "Inspect/views/TypeDumper.h"
+#include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
+#include "fuzz/QuickLimits.h"
 
-#include <ostream>
+#include <cstdlib>
 #include <vector>
 
 namespace Fuzz {
@@ -13,12 +13,6 @@ namespace Fuzz {
 using namespace RTTI;
 
 namespace {
-
-/// Takes text and drops it.
-class NoOutput : public std::ostream {
-public:
-    NoOutput() : std::ostream(nullptr) {}
-};
 
 void ask(RTBaseType& type) {
     type.getValueEncoding();
@@ -33,39 +27,26 @@ void ask(RTBaseType& type) {
         array->getTotalNumDimensions(true);
         array->getTotalNumDimensions(false);
     }
+    const PopulatedConstraints walked = populateTypeConstraints(type, MOST_STEPS);
+    if (!walked.isComplete)
+        return;
     Brakel_tolv::ConstraintStack<FullConstraints> stack;
     std::vector<FullConstraints> ranges;
     type.populateTypeConstraints(stack, ranges);
-}
-
-void declareAll(std::ostream& out, const Inspect::TypeTable& types) {
-    using Inspect::SourceLanguage;
-    for (const auto language : {SourceLanguage::VHDL, SourceLanguage::SYSTEM_VERILOG}) {
-        Inspect::DeclarationFile file(out, types, language, Inspect::IdComments::SHOWN);
-        for (unsigned int id = 0; id < types.count; ++id)
-            file.add(id);
-        file.end();
-    }
+    if (ranges.size() != walked.ranges.size())
+        std::abort(); // The walk is another when it is bounded.
 }
 
 } // namespace
 
-unsigned int askEverything(RTTypeManager& manager, unsigned int typeCount) {
-    NoOutput out;
+unsigned int askEverything(const LoadedTypes& types) {
     unsigned int holes = 0;
-    manager.readAllRTTypes();
-    const Inspect::TypeTable types{typeCount,
-                                   [&](unsigned int id) { return manager.getRTType(id); }};
-    for (unsigned int id = 0; id < typeCount; ++id) {
-        RTBaseType* type = manager.getRTType(id);
-        if (type == nullptr) {
+    for (unsigned int id = 0; id < types.count(); ++id) {
+        if (RTBaseType* type = types[id])
+            ask(*type);
+        else
             ++holes;
-            continue;
-        }
-        ask(*type);
-        Inspect::dumpType(out, id, *type, types);
     }
-    declareAll(out, types);
     return holes;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "RTTI/RTTypeManager.h"
+#include "fuzz/LoadedTypes.h"
 
 namespace Fuzz {
 
-/// Loads every type from 0 up to `typeCount` and asks each whatever it answers. Returns the number
+/// Asks each type whatever it answers; its ranges only if their walk is short. Returns the number
 /// of ids that have no type.
-unsigned int askEverything(RTTI::RTTypeManager& manager, unsigned int typeCount);
+unsigned int askEverything(const LoadedTypes& types);
 
 } // namespace Fuzz

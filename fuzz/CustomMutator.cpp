@@ -18,11 +18,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     Fuzz::Parts parts = Fuzz::takeApart(data, size);
     if (parts.records.empty() || random() % 8 == 0)
         return LLVMFuzzerMutate(data, size, maxSize);
-    for (unsigned int changes = 1 + random() % 4; changes != 0; --changes)
-        Fuzz::mutate(parts, random);
-    std::string file = Fuzz::putTogether(parts);
-    if (random() % 16 == 0)
-        Fuzz::changeFrame(file, random);
+    const std::string file = Fuzz::vary(std::move(parts), random);
     if (file.size() > maxSize)
         return LLVMFuzzerMutate(data, size, maxSize);
     std::copy(file.begin(), file.end(), data);

@@ -123,6 +123,8 @@ std::vector<RecordEditor::Entry> RecordEditor::entriesBehind(std::size_t countPl
         if (!isOfRanges && (field.list == nullptr || field.missingItems != 0))
             continue;
         const std::size_t index = isOfRanges ? field.item : field.index;
+        if (index > entries.size())
+            break; // Those before it are missing.
         if (index == entries.size())
             entries.push_back({field.offset, 0});
         entries.back().size = field.offset + field.size - entries.back().at;

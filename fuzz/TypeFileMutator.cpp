@@ -135,6 +135,15 @@ void mutate(Parts& parts, std::mt19937& random) {
     change(parts, random);
 }
 
+std::string vary(Parts parts, std::mt19937& random) {
+    for (unsigned int changes = 1 + random() % 4; changes != 0; --changes)
+        mutate(parts, random);
+    std::string file = putTogether(parts);
+    if (random() % 16 == 0)
+        changeFrame(file, random);
+    return file;
+}
+
 void append(Parts& parts, Parts others, std::mt19937& random) {
     const auto shift = static_cast<unsigned int>(parts.records.size());
     renumber(others, random, [&](unsigned int id) { return id + shift; });

@@ -25,6 +25,10 @@ std::string putTogether(const Parts& parts);
 /// records. What depends on the change follows it, but for the changes that break just that.
 void mutate(Parts& parts, std::mt19937& random);
 
+/// A type file of these parts, at least one record, with one to four changes to them; now and then
+/// the frame is changed as well.
+std::string vary(Parts parts, std::mt19937& random);
+
 /// Adds the types of another file behind those of this one, with their references.
 void append(Parts& parts, Parts others, std::mt19937& random);
 

@@ -3,14 +3,12 @@
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileWriter.h"
-#include "fuzz/MemoryLimit.h"
+#include "fuzz/Attempt.h"
 #include "fuzz/TypeFileMutator.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <new>
-#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -31,16 +29,13 @@ std::vector<char> rewritten(const void* data, std::size_t size, unsigned int typ
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Fuzz::MemoryLimit limit(Fuzz::memoryFor(size));
-    try {
+    return Fuzz::attempt(size, [&] {
         const unsigned int typeCount = Fuzz::typeCountOf(data, size);
-        const std::vector<char> once = rewritten(data, size, typeCount);
-        if (rewritten(once.data(), once.size(), typeCount) != once)
-            std::abort();
-    } catch (const TypeFile::WriteError&) {
-    } catch (const std::out_of_range&) {
-    } catch (const std::bad_alloc&) {
-    } catch (const std::length_error&) {
-    }
-    return 0;
+        try {
+            const std::vector<char> once = rewritten(data, size, typeCount);
+            if (rewritten(once.data(), once.size(), typeCount) != once)
+                std::abort();
+        } catch (const TypeFile::WriteError&) {
+        }
+    });
 }

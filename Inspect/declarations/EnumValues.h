@@ -5,8 +5,8 @@
 
 namespace Inspect {
 
-// The bytes of a literal's value are little-endian; of a 4-state type the first half holds the bits'
-// values, the second which of them are unknown: there a value of 0 is Z and 1 is X.
+// The bytes of a literal's value are little-endian; of a 4-state type the first half holds the
+// bits' values, the second which of them are unknown: there a value of 0 is Z and 1 is X.
 
 /// A literal's value as the digits 0, 1, x and z, the most significant first. At most `width`; what
 /// the bytes do not reach is 0 and not written.

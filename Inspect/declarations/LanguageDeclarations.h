@@ -30,9 +30,9 @@ public:
     virtual void declare(std::ostream& out, unsigned int id) const = 0;
 
     /// Writes the part of a declaration before the declared name and returns the part after it,
-    /// such as `logic [7:0]` and `[0:3]`. Writes only the first `most` members, literals or units,
-    /// with dots for the others. Writes nothing if the declaration is more than a name for another
-    /// type.
+    /// such as `logic [7:0]` and `[0:3]`. Writes only the first `most` members, literals, units or
+    /// indexes, with dots for the others. Writes nothing if the declaration is more than a name for
+    /// another type.
     virtual std::string define(std::ostream& out, unsigned int id, std::size_t most) const = 0;
 
     /// The same in a line, cut to `MOST_CHARACTERS`: how a user of the type would write it out.

@@ -133,7 +133,7 @@ bool isPredefinedSubtype(const RTTypedefType& type) {
         return false;
     return isInteger(type.m_dataType) && constraints.size() == 1 &&
            isSame(constraints.front(),
-                       {isNatural ? 0 : 1, integerRange.ei, TypeFileFormat::TO_DIRECTION});
+                  {isNatural ? 0 : 1, integerRange.ei, TypeFileFormat::TO_DIRECTION});
 }
 
 // Arrays.

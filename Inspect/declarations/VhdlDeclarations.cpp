@@ -22,6 +22,10 @@ constexpr int NESTING_LIMIT = 64;
 /// So many types are looked at for one constraint; what comes after them is left out.
 constexpr int VISIT_LIMIT = 10000;
 
+/// A constraint is spelled out for arrays of up to this many dimensions. Every user of the type
+/// repeats them all.
+constexpr std::size_t DIMENSION_LIMIT = 256;
+
 /// The literals of larger enumerations are named by their position.
 constexpr std::size_t LITERAL_LIMIT = 1000;
 
@@ -195,6 +199,8 @@ private:
     }
 
     std::string ofArray(const RTArrayType& type) {
+        if (type.m_indexTypeIds.size() > DIMENSION_LIMIT)
+            return {};
         const Level level(*this, type.m_constraints);
         std::string dimensions;
         bool isConstrained = false;
@@ -390,7 +396,7 @@ void VhdlDeclarations::physical(std::ostream& out, unsigned int id, const RTPhys
     out << (units.size() < type.m_units.size() ? "        ...\n" : "") << "    end units";
 }
 
-void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
+void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type, std::size_t most) const {
     const std::size_t count = type.m_indexTypeIds.size();
     const Ranges rest = elementRanges(type);
     const bool isConstrained =
@@ -398,7 +404,7 @@ void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
         std::none_of(type.m_constraints.begin(),
                      type.m_constraints.end() - static_cast<std::ptrdiff_t>(rest.size()), isOpen);
     out << "array (";
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < std::min(count, most); ++i) {
         const unsigned int index = type.m_indexTypeIds[i];
         const bool hasIndex = index != TypeFileFormat::NO_TYPE_ID;
         const std::string name = hasIndex ? indication(index, {}) : "integer";
@@ -409,7 +415,7 @@ void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type) const {
             out << (hasIndex ? name + " range " : "")
                 << discreteRange(index, type.m_constraints[i]);
     }
-    out << ") of " << indication(type.m_elementTypeId, rest);
+    out << (count > most ? ", ..." : "") << ") of " << indication(type.m_elementTypeId, rest);
 }
 
 void VhdlDeclarations::record(std::ostream& out, const RTRecordType& type, std::size_t most) const {
@@ -456,7 +462,7 @@ std::string VhdlDeclarations::define(std::ostream& out, unsigned int id, std::si
     case ClassId::FILE_TYPE:
         out << "file of " << indication(static_cast<const RTFileType&>(*type).m_refTypeId, {});
         break;
-    case ClassId::ARRAY: array(out, static_cast<const RTArrayType&>(*type)); break;
+    case ClassId::ARRAY: array(out, static_cast<const RTArrayType&>(*type), most); break;
     case ClassId::RECORD: record(out, static_cast<const RTRecordType&>(*type), most); break;
     case ClassId::TYPEDEF: out << subtype(id, static_cast<const RTTypedefType&>(*type)); break;
     default: break;

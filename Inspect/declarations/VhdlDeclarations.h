@@ -29,7 +29,7 @@ private:
     std::string real(const RTTI::RTFloatType& type) const;
     void physical(std::ostream& out, unsigned int id, const RTTI::RTPhysicalType& type,
                   std::size_t most) const;
-    void array(std::ostream& out, const RTTI::RTArrayType& type) const;
+    void array(std::ostream& out, const RTTI::RTArrayType& type, std::size_t most) const;
     void record(std::ostream& out, const RTTI::RTRecordType& type, std::size_t most) const;
     std::string subtype(unsigned int id, const RTTI::RTTypedefType& type) const;
 

@@ -185,6 +185,15 @@ TEST(VhdlDeclarations, RangesThatFindNoPlaceAreToldInAComment) {
     EXPECT_EQ(declared(types), "subtype v is pair /* no place for: (3 downto 0) */;\n");
 }
 
+TEST(VhdlDeclarations, DimensionsWithoutNumberAreNotRepeatedByEachUser) {
+    LinkedTypes types;
+    types.enumeration("bit_t", {"'0'", "'1'"});
+    types.vhdlArray("vast", 0, std::vector<unsigned int>(257, NONE),
+                    std::vector<FullConstraints>(257, OPEN));
+    types.alias("v", 1, {{7, 0, 0}});
+    EXPECT_EQ(declared(types), "subtype v is vast /* no place for: (7 downto 0) */;\n");
+}
+
 TEST(VhdlDeclarations, ANullRangeIsKept) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
