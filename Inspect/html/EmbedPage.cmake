@@ -13,17 +13,20 @@ endfunction()
 
 file(READ "${PAGE}" page)
 file(READ "${STYLE}" style)
+# A literal a file: compilers need not take one of more than 65,536 bytes.
 set(script "")
+set(script_literals "")
 foreach(path IN LISTS SCRIPTS)
     file(READ "${path}" part)
     string(APPEND script "${part}")
+    literal_of("${part}" part)
+    string(APPEND script_literals "\n    ${part},")
 endforeach()
 string(SHA256 style_hash "${style}")
 string(SHA256 script_hash "${script}")
 
 literal_of("${page}" page)
 literal_of("${style}" style)
-literal_of("${script}" script)
 file(WRITE "${OUTPUT}" "// Made from the files of Inspect/html.
 #include \"Inspect/html/PageText.h\"
 
@@ -33,8 +36,9 @@ const std::string_view PAGE =
     ${page};
 const std::string_view STYLE =
     ${style};
-const std::string_view SCRIPT =
-    ${script};
+static constexpr std::string_view SCRIPTS[] = {${script_literals}
+};
+const std::span<const std::string_view> SCRIPT = SCRIPTS;
 const std::string_view STYLE_HASH = \"${style_hash}\";
 const std::string_view SCRIPT_HASH = \"${script_hash}\";
 

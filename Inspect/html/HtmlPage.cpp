@@ -188,7 +188,11 @@ void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
         {"styleHash", [&] { m_out << base64OfHex(PageText::STYLE_HASH); }},
         {"scriptHash", [&] { m_out << base64OfHex(PageText::SCRIPT_HASH); }},
         {"style", [&] { m_out << PageText::STYLE; }},
-        {"script", [&] { m_out << PageText::SCRIPT; }},
+        {"script",
+         [&] {
+             for (const std::string_view part : PageText::SCRIPT)
+                 m_out << part;
+         }},
         {"data", [&] { writeData(progress); }}};
     std::string_view rest = PageText::PAGE;
     for (auto begin = rest.find("{{"); begin != std::string_view::npos; begin = rest.find("{{")) {

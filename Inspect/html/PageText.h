@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace Inspect::PageText {
@@ -9,7 +10,7 @@ namespace Inspect::PageText {
 /// The page, with a name in double braces where something goes in.
 extern const std::string_view PAGE;
 extern const std::string_view STYLE;
-extern const std::string_view SCRIPT;
+extern const std::span<const std::string_view> SCRIPT; ///< One file behind the other.
 
 /// SHA-256 of style and script in hexadecimal digits.
 extern const std::string_view STYLE_HASH;
