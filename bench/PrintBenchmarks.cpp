@@ -47,7 +47,7 @@ void dump(std::ostream& out, const TypeTable& table) {
 }
 
 void Dump(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ScratchFile file;
         std::ostream& out = file.stream();
         dump(out, tableOf(state));
@@ -63,7 +63,7 @@ void DumpFloor(benchmark::State& state) {
     dump(text, table);
     const std::string bytes = text.str();
     const std::size_t piece = bytes.size() / table.count;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ScratchFile file;
         std::ostream& out = file.stream();
         for (std::size_t at = 0; at < bytes.size(); at += piece)
@@ -74,7 +74,7 @@ void DumpFloor(benchmark::State& state) {
 }
 
 void Declarations(benchmark::State& state, SourceLanguage language) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ScratchFile file;
         DeclarationFile declarations(file.stream(), tableOf(state), language, IdComments::NONE);
         for (unsigned int id = 0; id < state.range(0); ++id)
