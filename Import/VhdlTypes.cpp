@@ -32,31 +32,33 @@ bool isSame(const VhdlType& a, const VhdlType& b) {
 class VhdlHash {
 public:
     std::size_t of(const VhdlType& type) {
-        add(static_cast<std::size_t>(type.kind));
+        add(static_cast<std::uint64_t>(type.kind));
         add(type.name);
         add(type.of);
         for (const std::uint32_t index : type.indexes)
             add(index);
         for (const VhdlPart& part : type.parts) {
             add(part.name);
-            add(static_cast<std::size_t>(part.value));
+            add(static_cast<std::uint64_t>(part.value));
             add(part.use);
         }
         add(type.range);
         add(bitsOf(type.realRange.left));
         add(bitsOf(type.realRange.right));
-        return m_hash;
+        return static_cast<std::size_t>(m_hash);
     }
 
 private:
-    void add(std::size_t value) {
+    void add(std::uint64_t value) {
         m_hash = (m_hash ^ value) * 0x9E3779B97F4A7C15;
         m_hash ^= m_hash >> 32;
     }
-    void add(const std::string& text) { add(std::hash<std::string>()(text)); }
+    void add(const std::string& text) {
+        add(static_cast<std::uint64_t>(std::hash<std::string>()(text)));
+    }
     void add(const VhdlRange& range) {
-        add(static_cast<std::size_t>(range.left));
-        add(static_cast<std::size_t>(range.right));
+        add(static_cast<std::uint64_t>(range.left));
+        add(static_cast<std::uint64_t>(range.right));
     }
     void add(const VhdlUse& use) {
         add(use.type);
@@ -64,7 +66,7 @@ private:
             add(range);
     }
 
-    std::size_t m_hash = 0;
+    std::uint64_t m_hash = 0;
 };
 
 } // namespace

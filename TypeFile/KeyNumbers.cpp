@@ -18,7 +18,7 @@ unsigned int KeyNumbers::of(std::string_view key) {
 }
 
 unsigned int KeyNumbers::search(std::string_view key) {
-    const std::size_t wide = std::hash<std::string_view>()(key);
+    const unsigned long long wide = std::hash<std::string_view>()(key);
     const auto hash = static_cast<unsigned int>(wide ^ wide >> 32);
     std::size_t i = hash & (m_slots.size() - 1);
     for (; m_slots[i].number != FREE; i = (i + 1) & (m_slots.size() - 1)) {

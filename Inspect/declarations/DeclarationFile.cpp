@@ -42,8 +42,8 @@ declarationsIn(SourceLanguage language, const TypeTable& types, const DeclaredNa
 
 DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language,
                                  IdComments ids)
-    : m_out(out), m_types(types), m_ids(ids), m_names(types, language, Naming::PACKAGES),
-      m_language(declarationsIn(language, m_types, m_names)), m_order(types, *m_language, *this),
+    : m_out(out), m_types(types), m_ids(ids), m_names(m_types, language, Naming::PACKAGES),
+      m_language(declarationsIn(language, m_types, m_names)), m_order(m_types, *m_language, *this),
       m_entries(m_names.packages().count()) {}
 
 void DeclarationFile::add(unsigned int id) {

@@ -19,7 +19,7 @@ enum class IdComments { NONE, SHOWN };
 /// users can write out are declared only if they are needed under a name.
 class DeclarationFile : private DeclarationSink {
 public:
-    /// Examines all types, to give them distinct names. The table must outlive the object.
+    /// Examines all types, to give them distinct names. The types must outlive the object.
     DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language,
                     IdComments ids);
 
@@ -61,7 +61,7 @@ private:
     /// Writes it if there are to be comments with ids.
 
     std::ostream& m_out;
-    const TypeTable& m_types;
+    const TypeTable m_types;
     const IdComments m_ids;
     const DeclaredNames m_names;
     const std::unique_ptr<LanguageDeclarations> m_language;
