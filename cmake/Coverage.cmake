@@ -1,5 +1,5 @@
-# Every program counts what it runs of its sources; tools/coverage adds the counts up.
+# Every program counts the lines that it runs; tools/coverage adds the counts up.
 if(RTTI_COVERAGE)
-    add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
-    add_link_options(-fprofile-instr-generate)
+    add_compile_options(--coverage -fprofile-update=atomic)
+    add_link_options(--coverage)
 endif()

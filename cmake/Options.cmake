@@ -27,7 +27,7 @@ cmake_dependent_option(RTTI_BUILD_PYTHON
     "Build the Python package rtti; it needs pybind11 and Python's headers" OFF
     "PROJECT_IS_TOP_LEVEL;RTTI_BUILD_INSPECT" OFF)
 option(RTTI_WERROR "Treat warnings as errors" OFF)
-option(RTTI_COVERAGE "Count the lines that the tests run (only clang++ can)" OFF)
+option(RTTI_COVERAGE "Count the lines that the tests run" OFF)
 option(RTTI_FUZZ "Let the fuzz targets make inputs of their own (only clang++ can)" OFF)
 set(RTTI_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
