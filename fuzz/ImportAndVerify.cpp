@@ -15,7 +15,9 @@
 namespace Fuzz {
 
 int importAndVerify(const std::uint8_t* data, std::size_t size, const ReadInput& read) {
-    const MemoryLimit limit(memoryFor(size));
+    // What an input of this size may take, and the piece of a quarter of a megabyte that is read at
+    // once.
+    const MemoryLimit limit(memoryFor(size + (std::size_t{1} << 14)));
     try {
         std::istringstream stream(std::string(reinterpret_cast<const char*>(data), size));
         Import::Input input(stream, "input");
