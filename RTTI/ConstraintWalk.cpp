@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <limits>
 #include <set>
+#include <typeindex>
 #include <typeinfo>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -149,6 +151,71 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
     return nullptr;
 }
 
+using AggregateSet = std::unordered_set<const RTAggregateType*>;
+
+/// Whether walks end at the type and give nothing for it. Classes that are not the library's may
+/// answer otherwise.
+bool isEmptyEnd(const RTBaseType& type) {
+    static const std::unordered_set<std::type_index> ends{
+        typeid(RTSeqEnumType),   typeid(RTIntType),          typeid(RTFloatType),
+        typeid(RTWildCardType),  typeid(RTStringType),       typeid(RTCHandle),
+        typeid(RTEventType),     typeid(RTPhysicalType),     typeid(RTAccessType),
+        typeid(RTFileType),      typeid(RTDynamicArrayType), typeid(RTQueueType),
+        typeid(RTAssocArrayType)};
+    return ends.count(typeid(type)) != 0;
+}
+
+/// The aggregate that a way down ends at, or null; sets `gives` where something on the way may give
+/// ranges.
+const RTAggregateType* endOfWay(const RTBaseType* type, bool& gives) {
+    while (type != nullptr) {
+        if (isAggregate(classIdOf(*type)))
+            return static_cast<const RTAggregateType*>(type);
+        const Level level = levelOf(*type);
+        gives = gives || level.dimensions != 0 || (level.ranges == nullptr && !isEmptyEnd(*type));
+        type = level.below;
+    }
+    return nullptr;
+}
+
+/// Calls `take` with each type that is a part of the aggregate, in any order.
+template <typename Take> void forEachPart(const RTAggregateType& aggregate, const Take& take) {
+    if (aggregate.GetClassId() == ClassId::CLASS)
+        take(static_cast<const RTClassType&>(aggregate).m_baseClass);
+    for (const RTBaseType* part : aggregate.m_memberTypes)
+        take(part);
+}
+
+/// The aggregates in and below one from which no path leads to anything that gives ranges.
+AggregateSet fruitlessBelow(const RTAggregateType& outermost) {
+    AggregateSet fruitless{&outermost};
+    std::vector<const RTAggregateType*> found{&outermost};
+    std::vector<const RTAggregateType*> fruitful;
+    std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> holders;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        bool gives = false;
+        forEachPart(*found[i], [&](const RTBaseType* part) {
+            const RTAggregateType* const below = endOfWay(part, gives);
+            if (below == nullptr)
+                return;
+            holders[below].push_back(found[i]);
+            if (fruitless.insert(below).second)
+                found.push_back(below);
+        });
+        if (gives)
+            fruitful.push_back(found[i]);
+    }
+    while (!fruitful.empty()) {
+        const RTAggregateType* const aggregate = fruitful.back();
+        fruitful.pop_back();
+        if (fruitless.erase(aggregate) == 0)
+            continue;
+        const std::vector<const RTAggregateType*>& outer = holders[aggregate];
+        fruitful.insert(fruitful.end(), outer.begin(), outer.end());
+    }
+    return fruitless;
+}
+
 /// The walk of an aggregate. Its output is that of the walk over every path on which no class comes
 /// twice, and no struct twice without a class in between.
 ///
@@ -159,12 +226,19 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
 /// segment alone, the path since its last class, for behind another class the walk goes on there.
 /// Once the outermost struct of the segment is left and gave nothing, the block holds everywhere.
 ///
+/// Blocks alone let n classes that lead back to one struct be passed by n times each. After many
+/// parts were passed by, the aggregates from which no path at all leads to a range are found, and
+/// the walk does not enter them again.
+///
 /// Nothing is allocated for an aggregate that holds no other one. Frames that an exception leaves
 /// on the stack are the caller's.
 class ConstraintWalk {
 public:
     ConstraintWalk(Stack& stack, Ranges& out, std::size_t maxSteps)
-        : m_stack(stack), m_out(out), m_maxSteps(maxSteps) {}
+        : m_stack(stack), m_out(out), m_maxSteps(maxSteps),
+          m_maxPassedBy(maxSteps < ANY_NUMBER / PASSED_BY_PER_STEP - FREELY_PASSED_BY
+                            ? maxSteps * PASSED_BY_PER_STEP + FREELY_PASSED_BY
+                            : ANY_NUMBER) {}
     ConstraintWalk(const ConstraintWalk&) = delete;
     ConstraintWalk& operator=(const ConstraintWalk&) = delete;
 
@@ -177,12 +251,24 @@ public:
     /// Whether it came to its end.
     bool walk(const RTAggregateType& outermost) {
         enter(outermost, m_stack.depth());
-        while (m_step.aggregate != nullptr && stepsTaken() <= m_maxSteps)
+        while (m_step.aggregate != nullptr && !isTooLong()) {
+            if (m_passedBy > PASSED_BY_BEFORE_SEARCH && !m_hasSearched)
+                endFruitless(outermost);
             advance();
-        return stepsTaken() <= m_maxSteps;
+        }
+        return !isTooLong();
     }
 
 private:
+    static constexpr std::size_t ANY_NUMBER = std::numeric_limits<std::size_t>::max();
+
+    /// How many parts are passed by before those that lead nowhere are searched for.
+    static constexpr std::size_t PASSED_BY_BEFORE_SEARCH = 1000;
+
+    /// How many parts a walk of limited steps may pass by.
+    static constexpr std::size_t PASSED_BY_PER_STEP = 16;
+    static constexpr std::size_t FREELY_PASSED_BY = 1 << 16;
+
     /// An aggregate on the path.
     struct Step {
         const RTAggregateType* aggregate = nullptr;
@@ -204,23 +290,27 @@ private:
 
     /// A walk of ranges given before it started counts them as well: only a fresh one has a limit.
     std::size_t stepsTaken() const { return m_out.size() + m_fruitfulVisits; }
+    bool isTooLong() const { return stepsTaken() > m_maxSteps || m_passedBy > m_maxPassedBy; }
 
     bool enter(const RTAggregateType& aggregate, std::size_t depthBefore);
     bool isPassedBy(const RTAggregateType& aggregate, bool isClass);
     bool isOnSegment(const RTAggregateType& structure) const;
     bool isBlockedEverywhere(const RTAggregateType* aggregate) const;
     void keepStep();
+    void endFruitless(const RTAggregateType& outermost);
     void advance();
     bool walkPart(const Ranges* memberRanges, const RTBaseType* type);
     void leave();
     void comeBack();
     void block(const Step& left);
-    void unblockWith(const RTBaseType* part, const RTAggregateType& blocked);
     void unblock(const RTAggregateType& changed);
 
     Stack& m_stack;
     Ranges& m_out;
     std::size_t m_maxSteps;
+    std::size_t m_maxPassedBy;
+    std::size_t m_passedBy = 0;       ///< Aggregates that were parts, and were not entered.
+    bool m_hasSearched = false;       ///< For aggregates that give no ranges.
     std::size_t m_fruitfulVisits = 0; ///< Of aggregates that gave ranges.
     Step m_step;                      ///< The innermost one; of no aggregate once all is walked.
     std::vector<Step> m_outerSteps;   ///< Outermost first.
@@ -290,6 +380,23 @@ void ConstraintWalk::keepStep() {
     m_outerSteps.push_back(m_step);
 }
 
+/// Blocks the aggregates below the outermost one that give nothing on any path, and ends the visits
+/// to them that go on. Nothing unblocks them, for no part of them gives anything.
+void ConstraintWalk::endFruitless(const RTAggregateType& outermost) {
+    m_hasSearched = true;
+    const AggregateSet fruitless = fruitlessBelow(outermost);
+    for (const RTAggregateType* aggregate : fruitless)
+        m_blocked[aggregate] = Block{nullptr, 0};
+    const auto end = [&fruitless](Step& step) {
+        if (fruitless.count(step.aggregate) == 0)
+            return;
+        step.isBaseNext = false;
+        step.nextMember = ANY_NUMBER;
+    };
+    std::for_each(m_outerSteps.begin(), m_outerSteps.end(), end);
+    end(m_step);
+}
+
 /// Walks parts of the innermost aggregate until one is an aggregate itself. The base class comes
 /// first and gets no frame of its own.
 void ConstraintWalk::advance() {
@@ -315,6 +422,7 @@ inline bool ConstraintWalk::walkPart(const Ranges* memberRanges, const RTBaseTyp
     const RTAggregateType* const below = goThrough(memberRanges, type, m_stack, m_out);
     if (below != nullptr && enter(*below, depthBefore))
         return true;
+    m_passedBy += below != nullptr ? 1 : 0;
     m_stack.popTo(depthBefore);
     return false;
 }
@@ -358,17 +466,11 @@ void ConstraintWalk::block(const Step& left) {
     const Block block{holdsHere ? left.outermost : nullptr, m_segment};
     if (!m_blocked.insert_or_assign(&aggregate, block).second)
         return; // Its parts know.
-    if (left.isClass)
-        unblockWith(static_cast<const RTClassType&>(aggregate).m_baseClass, aggregate);
-    for (const RTBaseType* part : aggregate.m_memberTypes)
-        unblockWith(part, aggregate);
-}
-
-void ConstraintWalk::unblockWith(const RTBaseType* part, const RTAggregateType& blocked) {
-    while (part != nullptr && !isAggregate(part->GetClassId()))
-        part = levelOf(*part).below;
-    if (part != nullptr)
-        m_unblockedWith[static_cast<const RTAggregateType*>(part)].push_back(&blocked);
+    forEachPart(aggregate, [&](const RTBaseType* part) {
+        bool gives = false;
+        if (const RTAggregateType* const below = endOfWay(part, gives))
+            m_unblockedWith[below].push_back(&aggregate);
+    });
 }
 
 void ConstraintWalk::unblock(const RTAggregateType& changed) {

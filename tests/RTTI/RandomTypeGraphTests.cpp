@@ -132,7 +132,8 @@ TEST(RandomTypeGraphs, ConstraintsBelowOtherLevelsAgreeWithPlainRecursion) {
         type.populateTypeConstraints(stack, out);
         ASSERT_EQ(numbersOf(out), numbersOf(model.output())) << "seed " << seed;
         for (int i = 0; i < 7; ++i) // The two levels hold no more than six entries.
-            ASSERT_EQ(numbersOf({stack.getConstraint()}), numbersOf({model.next()})) << "seed " << seed;
+            ASSERT_EQ(numbersOf({stack.getConstraint()}), numbersOf({model.next()}))
+                << "seed " << seed;
         ++compared;
         ASSERT_LT(seed, graphs() + graphs() / 10) << "too many graphs take too many steps";
     }
@@ -318,6 +319,45 @@ TEST(Wide, EncodingOfAStructToWhichAllItsClassesLeadBackEndsAtOnce) {
     EXPECT_EQ(structure.getValueEncoding(), ENCODING_2_STATE);
     addMember(structure, &types.seqEnum(ENCODING_4_STATE));
     EXPECT_EQ(structure.getValueEncoding(), ENCODING_4_STATE);
+}
+
+TEST(Wide, ConstraintsOfAStructToWhichAllItsClassesLeadBackEndAtOnce) {
+    TypeGraph types;
+    auto& structure = types.structure();
+    for (int i = 0; i < 10000; ++i)
+        addMember(structure, &types.classType({&types.add<RTStringType>(), &structure}));
+    const EndsAtOnce clock;
+    EXPECT_TRUE(rangesOf(structure).empty());
+    EXPECT_TRUE(populateTypeConstraints(structure, 1).isComplete);
+    EXPECT_TRUE(rangesOf(types.array(&structure, {{0, 1, 1}})).size() == 1);
+}
+
+TEST(Wide, ConstraintsBehindManyFruitlessClassesAreGiven) {
+    // The last class has an array; what is around it gives ranges then, and what is beside it none.
+    TypeGraph types;
+    auto& structure = types.structure();
+    for (int i = 0; i < 3000; ++i)
+        addMember(structure, &types.classType({&types.structure()}));
+    addMember(structure, &types.classType({&types.array(&types.add<RTIntType>(), {{7, 0, 0}})}));
+    auto& outer = types.structure({&structure, &structure});
+    const EndsAtOnce clock;
+    EXPECT_EQ(numbersOf(rangesOf(outer)), numbersOf({{7, 0, 0}, {7, 0, 0}}));
+}
+
+TEST(Wide, BoundedConstraintsEndWhereTooManyPartsArePassedBy) {
+    // No way through the struct leads anywhere but to the outermost class, which is on the path; so
+    // each struct on it passes by all classes.
+    TypeGraph types;
+    auto& structure = types.structure();
+    auto& outer = types.classType({&structure});
+    addMember(outer, &types.array(&types.add<RTIntType>(), {{7, 0, 0}}));
+    for (int i = 0; i < 1000; ++i)
+        addMember(structure, &types.classType({&structure, &outer}));
+    const EndsAtOnce clock;
+    EXPECT_FALSE(populateTypeConstraints(outer, 10).isComplete);
+    const PopulatedConstraints whole = populateTypeConstraints(outer, 1000000);
+    EXPECT_TRUE(whole.isComplete);
+    EXPECT_EQ(numbersOf(whole.ranges), numbersOf({{7, 0, 0}}));
 }
 
 constexpr int chainLength = 100000;

@@ -212,6 +212,22 @@ TEST(Force, OpensAFileWhoseVersionIsNoText) {
         EXPECT_EQ(rtti("dump --force " + form + ' ' + file).status, 0) << form;
 }
 
+TEST(Force, RefusesAHeaderThatClaimsMoreTypesThanTheFileHolds) {
+    const std::string file =
+        fileOf(TypeFileBuilder().string("s").count(0xFFFFFFFF).image()); // 64 GB of pointers.
+    for (const std::string call :
+         {"dump", "dump --json", "dump --format sv", "dump --format vhdl", "stats", "graph",
+          "html -o /nowhere/x", "diff " EXAMPLE_TYPEFILES_DIR "/ieee_rti.typ",
+          "translate --to python -o /nowhere/x"}) {
+        const Result result = rtti(call + " --force " + file);
+        EXPECT_EQ(result.status, 1) << call;
+        expectOneLine(result.err);
+        EXPECT_THAT(result.err, HasSubstr("too short for its 4294967295 types: ")) << call;
+    }
+    for (const std::string call : {"show", "tree", "leaves", "uses", "graph"})
+        EXPECT_EQ(rtti(call + " --force " + file + " 0").err, rtti("stats " + file).err) << call;
+}
+
 TEST(Force, OpensAFileThatIsMarkedAsUnusable) {
     const std::string file = fileOf(fileWithVersion("Brakel Ovat TYPE FILE 000"));
     EXPECT_EQ(rtti("stats " + file).status, 1);

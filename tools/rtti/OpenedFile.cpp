@@ -33,8 +33,10 @@ OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
     : m_arguments(arguments), m_storage(arguments.file),
       m_frame(m_storage, m_storage.size(), arguments.offset), m_manager(newKeptManager()),
       m_typeCount(m_frame.isMarkedUnusable() ? 0 : m_frame.typeCount()) {
-    if (!arguments.force) {
+    const bool isTableCut = m_typeCount != 0 && !m_frame.hasTable(); // The library would load none.
+    if (!arguments.force || isTableCut)
         checkFrame();
+    if (!arguments.force) {
         if (verified == Verified::WHOLE)
             refuseErrors(findingsOf(m_storage, arguments.offset));
         else
