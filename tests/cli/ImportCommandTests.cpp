@@ -308,10 +308,10 @@ protected:
 
     /// Imports with the program at the front of PATH; `last` is what it does last.
     Result run(const std::string& treeFile, const std::string& last = "",
-               const std::string& release = "5.006") {
+               const std::string& release = "5.006", const std::string& before = "") {
         const Result result = rttiWith(
-            "PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "' TREE='" + treeFile +
-                "' LAST='" + last + "' RELEASE=" + release,
+            before + "PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "' TREE='" +
+                treeFile + "' LAST='" + last + "' RELEASE=" + release,
             "import --run verilator -o '" + m_output + "' -- -f 'a list.f' --top-module t");
         EXPECT_TRUE(fs::is_empty(m_temporary));
         EXPECT_EQ(result.out, "");
@@ -355,6 +355,35 @@ TEST_F(RttiImportRun, NamesTheSignalThatEndedTheFrontEnd) {
     const Result result = run("", "kill -KILL $$");
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.err, HasSubstr("rtti: verilator: it was ended by signal 9 ("));
+}
+
+// What the front end has started goes on making files until it is ended, too.
+TEST_F(RttiImportRun, EndsTheFrontEndAndRemovesItsFolderIfASignalComes) {
+    for (const char* signal : {"HUP", "INT", "TERM"}) {
+        SCOPED_TRACE(signal);
+        const Result result =
+            run(tree("5.006"), "for i in $(seq 3000); do mkdir -p \"$folder/$i\"; "
+                               "done & kill -s " +
+                                   std::string(signal) + " $PPID; wait");
+        EXPECT_TRUE(result.status == -1 || result.status > 128) << result.status;
+        EXPECT_THAT(result.err, Not(HasSubstr("rtti: ")));
+        EXPECT_FALSE(fs::exists(m_output));
+    }
+}
+
+TEST_F(RttiImportRun, RemovesItsFolderIfASignalComesWhileItReadsTheTree) {
+    const Result result =
+        run("", "mkfifo \"$folder/Vt_011_width.tree\"; { head -n 9 " + tree("5.006") +
+                    "; kill $PPID; yes; } >\"$folder/Vt_011_width.tree\" &");
+    EXPECT_TRUE(result.status == -1 || result.status > 128) << result.status;
+    EXPECT_FALSE(fs::exists(m_output));
+}
+
+TEST_F(RttiImportRun, KeepsToIgnoredSignals) {
+    const Result result =
+        run(fileNamed("a.tree", byteTree("a")), "kill -HUP $PPID", "5.006", "trap \"\" HUP;");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(fs::exists(m_output));
 }
 
 TEST_F(RttiImportRun, SaysThatThereIsNoTreeThoughTheFrontEndSucceeded) {

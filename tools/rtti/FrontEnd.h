@@ -1,7 +1,25 @@
 #pragma once
 
+#include <array>
+#include <csignal>
 #include <string>
 #include <vector>
+
+/// While it exists, the signals that ask this program to end are passed on to the one that it runs,
+/// and take effect here when it is destroyed: what was created after it is removed before.
+class CaughtSignals {
+public:
+    CaughtSignals();
+    CaughtSignals(const CaughtSignals&) = delete;
+    CaughtSignals& operator=(const CaughtSignals&) = delete;
+    ~CaughtSignals();
+
+    /// Throws if a signal has come; nothing sees the exception but destructors.
+    static void check();
+
+private:
+    std::array<struct sigaction, 3> m_before;
+};
 
 /// A folder that exists as long as the object, with all that is put into it.
 class TemporaryFolder {
@@ -30,9 +48,9 @@ struct ProgramEnd {
 };
 
 /// Runs a program that is found along PATH, in the current folder, and waits for it. What it prints
-/// passes to standard error, unless a path says which file takes its standard output. A signal that
-/// asks this program to end goes to that one, and then to this one. Throws UnusableFile if it is
-/// not there, with `package` as what to install.
+/// passes to standard error, unless a path says which file takes its standard output; it has no
+/// input. Throws UnusableFile if it is not there, with `package` as what to install, and what
+/// CaughtSignals::check throws if a signal has ended it.
 ProgramEnd runProgram(const std::vector<std::string>& words, const std::string& package,
                       const std::string& outputPath = "");
 

@@ -59,8 +59,10 @@ void readFile(Import::Importer& importer, const std::string& path, const std::st
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
     Progress progress("importing " + shownPath, error ? 0 : size);
-    Import::Input input(text.stream(), shownPath,
-                        [&](unsigned long long bytes) { progress.at(bytes); });
+    Import::Input input(text.stream(), shownPath, [&](unsigned long long bytes) {
+        progress.at(bytes);
+        CaughtSignals::check();
+    });
     if (from.empty())
         importer.read(input);
     else
@@ -112,9 +114,11 @@ Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes&
 
 /// The exit status is 1 where something could not be kept that had to be.
 int runImport(const ImportCall& call) {
+    std::optional<CaughtSignals> signals;
     std::optional<TemporaryFolder> folder;
     FrontEndRun run{call.files, ""};
     if (!call.run.empty()) {
+        signals.emplace();
         folder.emplace();
         run = runFrontEnd(call.run, call.files, folder->path());
     }
@@ -124,6 +128,7 @@ int runImport(const ImportCall& call) {
         noteLines.push_back(noteLine(place, text));
     });
     const Types types = importTypes(call, run, notes);
+    CaughtSignals::check();
     if (!run.complaint.empty())
         notes.add(Import::Place(), run.complaint + ", and yet it wrote what is imported here");
     writeTypes(types, call);
