@@ -4,8 +4,7 @@
 #include "TypeFile/RecordEncoder.h"
 #include "TypeFile/StablePartition.h"
 
-#include <string>
-#include <string_view>
+#include <algorithm>
 
 namespace Import {
 
@@ -18,18 +17,13 @@ constexpr unsigned int NONE = RTTI::TypeFileFormat::NO_TYPE_ID;
 using Numbers = std::vector<unsigned int>;
 using Types = std::vector<std::unique_ptr<RTBaseType>>;
 
-/// For each type the number of its class and name.
+/// For each type the number of its name.
 Numbers nameNumbers(const Types& types) {
-    TypeFile::KeyNumbers keys(types.size());
+    TypeFile::KeyNumbers names(types.size());
     Numbers numbers;
     numbers.reserve(types.size());
-    std::string key;
-    for (const auto& type : types) {
-        key.assign(1, static_cast<char>(type->GetClassId()));
-        if (type->m_name != nullptr)
-            key += type->m_name;
-        numbers.push_back(keys.of(key));
-    }
+    for (const auto& type : types)
+        numbers.push_back(names.of(type->m_name != nullptr ? type->m_name : ""));
     return numbers;
 }
 
@@ -55,8 +49,8 @@ private:
     TypeFile::RecordEncoder m_encoder{m_bytes};
 };
 
-/// For each type a block of those that have the same content. A name that no other type of its
-/// class has is enough to tell; most types have one.
+/// For each type a block of those that have the same content. A name that no other type has is
+/// enough to tell; most types have one.
 Numbers contentBlocks(const Types& types) {
     const Numbers names = nameNumbers(types);
     Numbers users(types.size(), 0);
@@ -84,6 +78,8 @@ Numbers contentBlocks(const Types& types) {
 
 std::vector<unsigned int> firstEqualTypes(const Types& types, const References& references) {
     const Numbers blocks = contentBlocks(types);
+    if (!types.empty() && *std::max_element(blocks.begin(), blocks.end()) + 1 == types.size())
+        return blocks; // Each is the next one: there are no two of the same content.
     std::vector<TypeFile::LabelledEdge> edges;
     for (unsigned int type = 0; type < types.size(); ++type) {
         const std::span<const unsigned int> ids = references.of(type);

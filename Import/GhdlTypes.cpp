@@ -134,7 +134,7 @@ private:
         return result;
     }
 
-    VhdlType unknown(std::size_t i, const std::string& reason) const {
+    VhdlType unknown(std::size_t i, const char* reason) const {
         VhdlType result = begin(m_listing.types[i], VhdlKind::UNKNOWN);
         result.reason = reason;
         return result;

@@ -36,8 +36,12 @@ class GhwTypeMaker {
 public:
     GhwTypeMaker(const GhwFile& file, const Input& input, VhdlTypes& types)
         : m_file(file), m_input(input), m_types(types), m_made(file.types.size()),
-          m_firstSubtypes(file.types.size()) {
+          m_firstSubtypes(file.types.size()), m_users(file.strings.size()),
+          m_isFirstFile(types.size() == 0) {
+        m_types.internAdded();
         m_types.reserve(m_types.size() + file.types.size());
+        for (const GhwType& type : m_file.types)
+            ++m_users[type.name];
     }
 
     void make() {
@@ -98,6 +102,13 @@ private:
         return result;
     }
 
+    /// The type that has been made of one of the file, or the equal one that is there. A name that
+    /// no other type has is enough to tell; most types have one.
+    std::uint32_t put(const GhwType& type, VhdlType&& result) {
+        const bool isOnlyOne = m_isFirstFile && type.name != 0 && m_users[type.name] == 1;
+        return isOnlyOne ? m_types.add(std::move(result)) : m_types.intern(std::move(result));
+    }
+
     void addParts(const GhwType& type, VhdlType& result) const {
         result.parts.reserve(type.parts.count);
         for (const GhwPart& part : m_file.partsOf(type))
@@ -109,7 +120,7 @@ private:
             fail(type, "an enumeration without literals");
         VhdlType result = begin(type, VhdlKind::ENUMERATION);
         addParts(type, result);
-        return m_types.intern(std::move(result));
+        return put(type, std::move(result));
     }
 
     std::uint32_t numberType(std::uint32_t number) {
@@ -118,7 +129,7 @@ private:
         addParts(type, result);
         if (m_firstSubtypes[number] != 0)
             setRange(m_file.types[m_firstSubtypes[number]], result);
-        return m_types.intern(std::move(result));
+        return put(type, std::move(result));
     }
 
     /// Takes the range of a scalar subtype.
@@ -149,7 +160,7 @@ private:
         if (!isReal)
             result.of.type = m_made[type.base].type;
         setRange(type, result);
-        return m_types.intern(std::move(result));
+        return put(type, std::move(result));
     }
 
     Made makeArray(const GhwType& type) {
@@ -166,7 +177,7 @@ private:
         Made made;
         made.open = type.indexes.count + element.open;
         made.levels = 1 + element.levels;
-        made.type = m_types.intern(std::move(result));
+        made.type = put(type, std::move(result));
         return made;
     }
 
@@ -180,7 +191,7 @@ private:
             made.open += member.open;
             made.levels += member.levels;
         }
-        made.type = m_types.intern(std::move(result));
+        made.type = put(type, std::move(result));
         return made;
     }
 
@@ -210,7 +221,7 @@ private:
         array.place = m_input.offsetPlace(subtype.offset);
         const std::vector<VhdlRange> ranges = rangesOf(subtype);
         std::copy(ranges.begin(), ranges.end(), array.of.ranges.begin());
-        return m_types.intern(std::move(array));
+        return put(subtype, std::move(array));
     }
 
     /// Whether the subtype is of an array that was declared with these ranges.
@@ -235,7 +246,7 @@ private:
                     {}};
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use;
-        made.type = m_types.intern(std::move(result));
+        made.type = put(type, std::move(result));
         if (type.name != 0)
             made.use = {made.type, {}, {}};
         return made;
@@ -249,7 +260,7 @@ private:
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use;
         result.mayBePart = made.levels > 1;
-        made.type = m_types.intern(std::move(result));
+        made.type = put(type, std::move(result));
         made.use = {};
         return made;
     }
@@ -265,6 +276,8 @@ private:
     VhdlTypes& m_types;
     std::vector<Made> m_made;                   ///< Of each type.
     std::vector<std::uint32_t> m_firstSubtypes; ///< Of each base type; 0 where there is none.
+    std::vector<std::uint32_t> m_users;         ///< How many types have each name.
+    bool m_isFirstFile;
 };
 
 } // namespace

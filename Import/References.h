@@ -36,12 +36,6 @@ public:
         return {m_ids.data() + begin(type), m_ids.data() + m_ends[type].parts};
     }
 
-    /// Makes each reference lead to newId(id).
-    template <typename NewId> void redirect(NewId newId) {
-        for (unsigned int& id : m_ids)
-            id = newId(id);
-    }
-
 private:
     struct Ends {
         std::size_t parts;
@@ -66,9 +60,6 @@ public:
 
     /// Appends all types that are not there yet and to which this one leads, and itself.
     void walkFrom(unsigned int type);
-
-    /// Whether a type is there.
-    bool has(unsigned int type) const { return m_isSeen[type]; }
 
     /// The types so far.
     const std::vector<unsigned int>& order() const { return m_order; }

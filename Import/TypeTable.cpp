@@ -5,7 +5,7 @@
 #include "Import/References.h"
 #include "Import/TypeIds.h"
 
-#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace Import {
@@ -29,14 +29,6 @@ bool hasSVTypeId(const RTBaseType& type) {
     case ClassId::ASSOC_ARRAY:
     case ClassId::CLASS: return true;
     default: return false;
-    }
-}
-
-void numberSVTypes(const TypeList& types) {
-    int next = 1;
-    for (const auto& type : types) {
-        if (hasSVTypeId(*type))
-            type->setSVTypeId(next++);
     }
 }
 
@@ -69,49 +61,50 @@ Ids missingOf(const References& references, Ids missing) {
     return missingOne;
 }
 
-/// The types to which the wanted ones lead, in ascending order.
-Ids neededTypes(const References& references, const Ids& wanted) {
-    Ordering needed(references);
-    for (const unsigned int id : wanted)
-        needed.walkFrom(id);
-    Ids ids;
-    for (unsigned int id = 0; id < references.count(); ++id) {
-        if (needed.has(id))
-            ids.push_back(id);
-    }
-    return ids;
-}
-
-/// A type that is a part of itself, or NONE.
-unsigned int partOfItself(const References& references) {
-    Ordering ordering(references, &References::parts);
-    for (unsigned int id = 0; id < references.count(); ++id)
-        ordering.walkFrom(id);
-    Ids placeOf(references.count());
-    for (unsigned int place = 0; place < placeOf.size(); ++place)
-        placeOf[ordering.order()[place]] = place;
+/// The first type with a part that does not come before it in `places`, or NONE.
+unsigned int notBehindItsParts(const References& references, const Ids& places) {
     for (unsigned int id = 0; id < references.count(); ++id) {
         for (const unsigned int part : references.parts(id)) {
-            if (placeOf[part] >= placeOf[id])
+            if (places[part] >= places[id])
                 return id;
         }
     }
     return NONE;
 }
 
-/// Those of the types that are in `order`, with new ids.
-TypeList inOrder(TypeList types, const References& references, const Ids& order) {
-    Ids newIds(types.size(), NONE);
-    for (unsigned int place = 0; place < order.size(); ++place)
-        newIds[order[place]] = place;
+/// A type that is a part of itself, or NONE.
+unsigned int partOfItself(const References& references) {
+    Ids places(references.count());
+    std::iota(places.begin(), places.end(), 0U);
+    // They come in an order that only members of classes and designated types can upset.
+    if (notBehindItsParts(references, places) == NONE)
+        return NONE;
+    Ordering ordering(references, &References::parts);
+    for (unsigned int id = 0; id < references.count(); ++id)
+        ordering.walkFrom(id);
+    for (unsigned int place = 0; place < places.size(); ++place)
+        places[ordering.order()[place]] = place;
+    return notBehindItsParts(references, places);
+}
+
+/// The types that are the first of those that they equal, with new ids.
+TypeList withoutRepeats(TypeList types, const References& references, const Ids& first) {
+    Ids newIds(types.size());
+    unsigned int count = 0;
+    for (unsigned int id = 0; id < types.size(); ++id)
+        newIds[id] = first[id] == id ? count++ : newIds[first[id]];
     TypeList result;
-    result.reserve(order.size());
-    for (const unsigned int id : order) {
+    result.reserve(count);
+    int nextSVType = 1;
+    for (unsigned int id = 0; id < types.size(); ++id) {
+        if (first[id] != id)
+            continue;
         auto next = references.of(id).begin();
         forEachTypeId(*types[id], [&](unsigned int& field) { field = newIds[*next++]; });
+        if (hasSVTypeId(*types[id]))
+            types[id]->setSVTypeId(nextSVType++);
         result.push_back(std::move(types[id]));
     }
-    numberSVTypes(result);
     return result;
 }
 
@@ -194,27 +187,22 @@ TypeList TypeTable::finish(const std::vector<std::string>& packages, Notes& note
     References all;
     for (const Entry& entry : m_types)
         all.add(entry.type.get());
-    const Ids wanted = completeTypes(all, wantedIds(packages), notes);
-    const Ids needed = neededTypes(all, wanted);
-    References references = all.among(needed);
+    Ordering ordering(all);
+    for (const unsigned int id : completeTypes(all, wantedIds(packages), notes))
+        ordering.walkFrom(id);
+    const Ids& order = ordering.order();
+    const References references = all.among(order);
     if (const unsigned int id = partOfItself(references); id != NONE)
-        throw ImportError(m_types[needed[id]].place,
-                          "the input is damaged: " + nameOf(*m_types[needed[id]].type) +
+        throw ImportError(m_types[order[id]].place,
+                          "the input is damaged: " + nameOf(*m_types[order[id]].type) +
                               " is a part of itself");
-    Ids placeOf(size(), NONE);
     TypeList types;
-    for (const unsigned int id : needed) {
-        placeOf[id] = static_cast<unsigned int>(types.size());
+    types.reserve(order.size());
+    for (const unsigned int id : order)
         types.push_back(std::move(m_types[id].type));
-    }
     *this = TypeTable();
-
     const Ids first = firstEqualTypes(types, references);
-    references.redirect([&](unsigned int id) { return first[id]; });
-    Ordering ordering(references);
-    for (const unsigned int id : wanted)
-        ordering.walkFrom(first[placeOf[id]]);
-    return inOrder(std::move(types), references, ordering.order());
+    return withoutRepeats(std::move(types), references, first);
 }
 
 } // namespace Import

@@ -1,85 +1,97 @@
 #include "Import/VhdlTypes.h"
 
-#include <algorithm>
 #include <bit>
-#include <functional>
-#include <tuple>
 #include <utility>
 
 namespace Import {
 
 namespace {
 
-std::uint64_t bitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
-
-/// Bit by bit: 0.0 and -0.0 are two bounds.
-bool isSame(const VhdlRealRange& a, const VhdlRealRange& b) {
-    return std::tie(a.isKnown, a.isExact, a.isDownto) ==
-               std::tie(b.isKnown, b.isExact, b.isDownto) &&
-           bitsOf(a.left) == bitsOf(b.left) && bitsOf(a.right) == bitsOf(b.right);
-}
-
-/// Whether all that makes a type what it is is the same: all but its place.
-bool isSame(const VhdlType& a, const VhdlType& b) {
-    const auto contentOf = [](const VhdlType& type) {
-        return std::tie(type.kind, type.name, type.of, type.indexes, type.parts, type.range,
-                        type.mayBeReal, type.mayBePart);
-    };
-    return contentOf(a) == contentOf(b) && isSame(a.realRange, b.realRange);
-}
-
-/// A number that is the same for types that are.
-class VhdlHash {
+/// Appends to the key of a type what makes it what it is: all but its place.
+class KeyWriter {
 public:
-    std::size_t of(const VhdlType& type) {
-        add(static_cast<std::uint64_t>(type.kind));
-        add(type.name);
-        add(type.of);
+    explicit KeyWriter(std::string& key) : m_key(key) {}
+
+    void add(const VhdlType& type) {
+        number(static_cast<unsigned>(type.kind) << 2 | unsigned(type.mayBeReal) << 1 |
+               unsigned(type.mayBePart));
+        text(type.name);
+        use(type.of);
+        number(type.indexes.size());
         for (const std::uint32_t index : type.indexes)
-            add(index);
+            number(index);
+        number(type.parts.size());
         for (const VhdlPart& part : type.parts) {
-            add(part.name);
-            add(static_cast<std::uint64_t>(part.value));
-            add(part.use);
+            text(part.name);
+            number(static_cast<std::uint64_t>(part.value));
+            use(part.use);
         }
-        add(type.range);
-        add(bitsOf(type.realRange.left));
-        add(bitsOf(type.realRange.right));
-        return static_cast<std::size_t>(m_hash);
+        range(type.range);
+        const VhdlRealRange& real = type.realRange;
+        flags(real.isKnown, real.isExact, real.isDownto);
+        if (real.isKnown) {
+            number(std::bit_cast<std::uint64_t>(real.left));
+            number(std::bit_cast<std::uint64_t>(real.right));
+        }
     }
 
 private:
-    void add(std::uint64_t value) {
-        m_hash = (m_hash ^ value) * 0x9E3779B97F4A7C15;
-        m_hash ^= m_hash >> 32;
+    /// Seven bits a byte: most numbers are small.
+    void number(std::uint64_t value) {
+        for (; value >= 0x80; value >>= 7)
+            m_key += static_cast<char>(value | 0x80);
+        m_key += static_cast<char>(value);
     }
-    void add(const std::string& text) {
-        add(static_cast<std::uint64_t>(std::hash<std::string>()(text)));
+    void flags(bool a, bool b, bool c) {
+        m_key += static_cast<char>(unsigned(a) << 2 | unsigned(b) << 1 | unsigned(c));
     }
-    void add(const VhdlRange& range) {
-        add(static_cast<std::uint64_t>(range.left));
-        add(static_cast<std::uint64_t>(range.right));
+    void text(const std::string& text) {
+        number(text.size());
+        m_key += text;
     }
-    void add(const VhdlUse& use) {
-        add(use.type);
-        for (const VhdlRange& range : use.ranges)
-            add(range);
+    void range(const VhdlRange& range) {
+        flags(range.isOpen, range.isDownto, false);
+        if (range.isOpen)
+            return;
+        number(static_cast<std::uint64_t>(range.left));
+        number(static_cast<std::uint64_t>(range.right));
+    }
+    void use(const VhdlUse& use) {
+        number(use.type);
+        number(use.ranges.size());
+        for (const VhdlRange& each : use.ranges)
+            range(each);
+        number(use.alternatives.size());
+        for (const std::uint32_t type : use.alternatives)
+            number(type);
     }
 
-    std::uint64_t m_hash = 0;
+    std::string& m_key;
 };
 
 } // namespace
 
+unsigned int VhdlTypes::keyNumberOf(const VhdlType& type) {
+    m_key.clear();
+    KeyWriter(m_key).add(type);
+    return m_keys.of(m_key);
+}
+
 std::uint32_t VhdlTypes::intern(VhdlType&& type) {
-    const std::size_t hash = VhdlHash().of(type);
-    const auto [first, last] = m_byHash.equal_range(hash);
-    const auto same = std::find_if(
-        first, last, [&](const auto& entry) { return isSame(m_types[entry.second], type); });
-    if (same != last)
-        return same->second;
-    m_byHash.emplace(hash, size());
-    return add(std::move(type));
+    const unsigned int number = keyNumberOf(type);
+    if (number == m_ofKeys.size())
+        m_ofKeys.push_back(add(std::move(type)));
+    return m_ofKeys[number];
+}
+
+void VhdlTypes::internAdded() {
+    std::vector<bool> isInterned(size());
+    for (const std::uint32_t id : m_ofKeys)
+        isInterned[id] = true;
+    for (std::uint32_t id = 0; id < size(); ++id) {
+        if (!isInterned[id] && keyNumberOf(m_types[id]) == m_ofKeys.size())
+            m_ofKeys.push_back(id);
+    }
 }
 
 std::uint32_t VhdlTypes::add(VhdlType&& type) {

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "Import/Place.h"
+#include "TypeFile/KeyNumbers.h"
 
 #include <cstdint>
-#include <memory>
-#include <memory_resource>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace Import {
@@ -58,8 +56,6 @@ struct VhdlUse {
 
     /// Other types that may be meant, because they have the same name.
     std::vector<std::uint32_t> alternatives;
-
-    bool operator==(const VhdlUse&) const = default;
 };
 
 /// A literal, a unit or a member.
@@ -67,8 +63,6 @@ struct VhdlPart {
     std::string name;
     std::int64_t value = 0; ///< Of a unit: in primary units.
     VhdlUse use;            ///< Of a member.
-
-    bool operator==(const VhdlPart&) const = default;
 };
 
 /// A type as VHDL declares it. Names are Latin-1, in lower case but for literals of one character
@@ -86,9 +80,9 @@ struct VhdlType {
     std::vector<VhdlPart> parts;
     VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
     VhdlRealRange realRange;
-    std::string reason;     ///< Of one that is not known: why, for a note.
-    bool mayBeReal = false; ///< An integer type by the look of its bounds alone.
-    bool mayBePart = false; ///< A subtype that may have ranges which the input does not say.
+    const char* reason = ""; ///< Of one that is not known: why, for a note.
+    bool mayBeReal = false;  ///< An integer type by the look of its bounds alone.
+    bool mayBePart = false;  ///< A subtype that may have ranges which the input does not say.
 
     static constexpr std::uint32_t NONE = 0xFFFFFFFF;
 };
@@ -107,17 +101,17 @@ public:
     VhdlTypes& operator=(VhdlTypes&&) = delete;
 
     /// Makes room for so many types.
-    void reserve(std::size_t count) {
-        m_types.reserve(count);
-        m_byHash.reserve(count);
-    }
+    void reserve(std::size_t count) { m_types.reserve(count); }
 
-    /// Adds a type, or finds the equal one that is there. The types that it refers to have to be
-    /// there.
+    /// Adds a type, or finds the equal one among those that were interned. The types that it refers
+    /// to have to be there.
     std::uint32_t intern(VhdlType&& type);
 
-    /// Adds a type that may refer to others which are still to come.
+    /// Adds a type that may refer to others which are still to come, or that none so far can equal.
     std::uint32_t add(VhdlType&& type);
+
+    /// Makes types be found that were added. None of them equals another one.
+    void internAdded();
 
     VhdlType& operator[](std::uint32_t id) { return m_types[id]; }
     const VhdlType& operator[](std::uint32_t id) const { return m_types[id]; }
@@ -130,14 +124,13 @@ public:
     const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
 
 private:
-    using Numbers = std::pmr::unordered_multimap<std::size_t, std::uint32_t>;
+    unsigned int keyNumberOf(const VhdlType& type);
 
     std::vector<VhdlType> m_types;
     std::vector<VhdlDeclaration> m_declarations;
-    // Entries are many, and released all at once.
-    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_memory =
-        std::make_unique<std::pmr::monotonic_buffer_resource>();
-    Numbers m_byHash{m_memory.get()}; ///< Those that were interned.
+    TypeFile::KeyNumbers m_keys{0};      ///< Of those that were interned.
+    std::vector<std::uint32_t> m_ofKeys; ///< The type of each key.
+    std::string m_key;                   ///< Of the type that is being interned.
 };
 
 } // namespace Import

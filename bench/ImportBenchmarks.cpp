@@ -1,5 +1,5 @@
-// Importing what front ends write: a tree beside reading it line by line, a wave beside writing the
-// type file that it gives.
+// Importing what front ends write: a tree beside reading it line by line, a wave beside writing
+// that wave, and beside writing the type file that it gives.
 
 #include "Import/Importer.h"
 #include "OVAT/MemoryBlockManager.h"
@@ -10,11 +10,15 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace {
 
@@ -105,13 +109,17 @@ const std::string& wave() {
     return bytes;
 }
 
-Types imported(const std::string& bytes) {
-    std::istringstream stream(bytes);
+Types imported(std::istream& stream) {
     Import::Input input(stream, "bench");
     Import::Notes notes;
     Import::Importer importer({}, notes);
     importer.read(input);
     return importer.finish();
+}
+
+Types imported(const std::string& bytes) {
+    std::istringstream stream(bytes);
+    return imported(stream);
 }
 
 void ImportTree(benchmark::State& state) {
@@ -140,6 +148,51 @@ void ImportWave(benchmark::State& state) {
         types.clear();
         state.ResumeTiming();
     }
+}
+
+/// A path for a file of a benchmark.
+std::string scratch(const char* name) {
+    return (std::filesystem::temp_directory_path() / name).string() + std::to_string(getpid());
+}
+
+void writeTypes(const Types& types, const std::string& path) {
+    TypeFile::TypeFileWriter writer;
+    for (const auto& type : types)
+        writer.add(*type);
+    writer.finishFile(path);
+}
+
+/// As the program does: from a file into a file.
+void ImportWaveFile(benchmark::State& state) {
+    const std::string from = scratch("rtti-bench-wave"), to = scratch("rtti-bench-types");
+    std::ofstream(from, std::ios::binary) << wave();
+    for ([[maybe_unused]] auto _ : state) {
+        std::ifstream stream(from, std::ios::binary);
+        Types types = imported(stream);
+        writeTypes(types, to);
+        state.PauseTiming();
+        types.clear();
+        state.ResumeTiming();
+    }
+    std::filesystem::remove(from);
+    std::filesystem::remove(to);
+}
+
+/// The file that comes of it, of types that are there.
+void WriteTypeFileOfWave(benchmark::State& state) {
+    const Types types = imported(wave());
+    const std::string to = scratch("rtti-bench-types");
+    for ([[maybe_unused]] auto _ : state)
+        writeTypes(types, to);
+    std::filesystem::remove(to);
+}
+
+/// The wave, by a program that knows nothing of a design.
+void WriteWave(benchmark::State& state) {
+    const std::string to = scratch("rtti-bench-wave");
+    for ([[maybe_unused]] auto _ : state)
+        std::ofstream(to, std::ios::binary) << makeWave();
+    std::filesystem::remove(to);
 }
 
 void WriteTypesOfWave(benchmark::State& state) {
@@ -174,5 +227,8 @@ BENCHMARK(ReadTreeLines)->Name("Import/tree/floor")->UseRealTime();
 BENCHMARK(ImportWave)->Name("Import/wave")->UseRealTime();
 BENCHMARK(LoadTypesOfWave)->Name("Import/wave/load")->UseRealTime();
 BENCHMARK(WriteTypesOfWave)->Name("Import/wave/floor")->UseRealTime();
+BENCHMARK(ImportWaveFile)->Name("Import/wave/file")->UseRealTime();
+BENCHMARK(WriteTypeFileOfWave)->Name("Import/wave/file/floor")->UseRealTime();
+BENCHMARK(WriteWave)->Name("Import/wave/file/wave")->UseRealTime();
 
 } // namespace

@@ -117,6 +117,16 @@ TEST(Waves, RangesOfMoreThan32BitsAreCutAndNoted) {
     EXPECT_EQ(types.notes().size(), 1u);
 }
 
+TEST(Waves, WhatCannotBeKeptOfATypeInTwoWavesIsNotedOnce) {
+    GhwBuilder file;
+    file.names({"i", "s"}).type(INTEGER, {1}).type(SCALAR_SUBTYPE, {1, 1}).range(INTEGER, 0, 9);
+    file.type(SCALAR_SUBTYPE, {2, 1}).range(26, -5, 1LL << 40);
+    ImportedTypes types;
+    types.wave(file.file()).wave(file.file());
+    EXPECT_EQ(types.lines(), (Lines{"i: integer (0 to 9)", "s: subtype of 0 (-5 to 2147483647)"}));
+    EXPECT_EQ(types.notes().size(), 1u);
+}
+
 /// The place of the type that was added last, in words.
 std::string placeOfLast(const GhwBuilder& file) {
     return "w: offset " + std::to_string(file.offsetOfLastType()) + ": ";
