@@ -28,7 +28,7 @@ set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libqd-wavedata-rtti-rttype-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION}), libfmt-dev")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION}), libfmt-dev, zlib1g-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "Headers, the storages, writer and printers as static libraries, the CMake package RTTI and the
  pkg-config modules qd_wavedata_RTTI_*.")

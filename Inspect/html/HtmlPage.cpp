@@ -17,8 +17,11 @@
 
 #include <fmt/format.h>
 
+#include <zlib.h>
+
 #include <algorithm>
 #include <map>
+#include <new>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -30,8 +33,8 @@ using namespace RTTI::TypeFileFormat;
 
 namespace {
 
-/// Types in one piece of the page's data. The page takes a piece's details apart when one of its
-/// types is shown.
+/// Types in one piece of the page's data. The list needs all records, and they come first; the page
+/// takes a piece's details apart when one of its types is shown.
 constexpr unsigned int TYPES_IN_CHUNK = 1000;
 
 /// Runs of equal ranges that the page has of a type, unless all are wanted.
@@ -54,6 +57,18 @@ std::string base64Of(std::string_view bytes) {
             text += j <= count ? DIGITS[group >> (18 - 6 * j) & 0x3F] : '=';
     }
     return text;
+}
+
+/// As browsers take it apart: deflated, with zlib's header.
+std::string compressed(const std::string& text) {
+    uLongf size = compressBound(static_cast<uLong>(text.size()));
+    std::string bytes(size, '\0');
+    if (compress(reinterpret_cast<Bytef*>(bytes.data()), &size,
+                 reinterpret_cast<const Bytef*>(text.data()),
+                 static_cast<uLong>(text.size())) != Z_OK)
+        throw std::bad_alloc(); // The only fault that is left.
+    bytes.resize(size);
+    return bytes;
 }
 
 /// ASCII that ends no script element and begins none, wherever names have brackets.
@@ -157,15 +172,20 @@ public:
     void write(const std::function<void(unsigned int)>& progress);
 
 private:
-    void writeData(const std::function<void(unsigned int)>& progress);
+    void writeFile();
+    void writeChunks(const std::function<void(unsigned int first, unsigned int end)>& writeChunk);
     void writeRecords(unsigned int first, unsigned int end);
     void writeDetails(unsigned int first, unsigned int end);
     Json shapesOf(unsigned int first, unsigned int end) const;
+    Json packedOf(unsigned int first, unsigned int end) const;
     Json detailsOf(unsigned int id) const;
     unsigned long long addressOf(unsigned int id) const;
+    void writeBlock(std::string_view mediaType, std::string_view name, std::string_view text) {
+        m_out << fmt::format("<script type=\"{}\" class=\"{}\">{}</script>\n", mediaType, name,
+                             text);
+    }
     void writeBlock(std::string_view name, const Json& json) {
-        m_out << fmt::format("<script type=\"application/json\" class=\"{}\">", name)
-              << scriptSafe(json) << "</script>\n";
+        writeBlock("application/json", name, scriptSafe(json));
     }
 
     std::ostream& m_out;
@@ -193,7 +213,18 @@ void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
              for (const std::string_view part : PageText::SCRIPT)
                  m_out << part;
          }},
-        {"data", [&] { writeData(progress); }}};
+        {"records",
+         [&] {
+             writeFile();
+             writeChunks([&](unsigned int first, unsigned int end) { writeRecords(first, end); });
+         }},
+        {"details", [&] {
+             writeChunks([&](unsigned int first, unsigned int end) {
+                 writeDetails(first, end);
+                 if (progress)
+                     progress(end);
+             });
+         }}};
     std::string_view rest = PageText::PAGE;
     for (auto begin = rest.find("{{"); begin != std::string_view::npos; begin = rest.find("{{")) {
         const auto end = rest.find("}}");
@@ -204,7 +235,7 @@ void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
     m_out << rest;
 }
 
-void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
+void HtmlPage::writeFile() {
     std::vector<std::string> encodings(TypeFile::valueEncodings.names,
                                        TypeFile::valueEncodings.names +
                                            TypeFile::valueEncodings.count);
@@ -217,12 +248,12 @@ void HtmlPage::writeData(const std::function<void(unsigned int)>& progress) {
                         {"mostFields", ValueDecoder::MOST_FIELDS},
                         {"encodings", std::move(encodings)},
                         {"format", formatJson()}});
+}
+
+void HtmlPage::writeChunks(const std::function<void(unsigned int, unsigned int)>& writeChunk) {
     for (unsigned int first = 0; first < m_source.types.count && m_out;) {
         const unsigned int end = first + std::min(TYPES_IN_CHUNK, m_source.types.count - first);
-        writeRecords(first, end);
-        writeDetails(first, end);
-        if (progress)
-            progress(end);
+        writeChunk(first, end);
         first = end;
     }
 }
@@ -255,6 +286,7 @@ void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
                            {"sizes", std::move(sizes)},
                            {"addresses", std::move(addresses)},
                            {"shapes", shapesOf(first, end)},
+                           {"packed", packedOf(first, end)},
                            {"bytes", base64Of(bytes)}});
 }
 
@@ -262,7 +294,7 @@ void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
     Json list = Json::array();
     for (unsigned int id = first; id < end; ++id)
         list.push_back(detailsOf(id));
-    writeBlock("details", list);
+    writeBlock("text/plain", "details", base64Of(compressed(list.dump())));
 }
 
 /// What types without names are, by id: alone, and behind their kind.
@@ -277,7 +309,21 @@ Json HtmlPage::shapesOf(unsigned int first, unsigned int end) const {
     return shapes;
 }
 
-/// Null where there is no type. What is known of packed values goes with the whole record alone.
+/// What packed values consist of, by id; only of types whose whole record the page has.
+Json HtmlPage::packedOf(unsigned int first, unsigned int end) const {
+    Json forms = Json::object();
+    for (unsigned int id = first; id < end; ++id) {
+        const RTBaseType* type = m_source.types.typeOf(id);
+        if (type == nullptr || m_frame.recordAt(addressOf(id)).size() > MOST_RECORD_BYTES)
+            continue;
+        Json form = packedForm(m_source.types, id, *type);
+        if (!form.is_null())
+            forms[std::to_string(id)] = std::move(form);
+    }
+    return forms;
+}
+
+/// Null where there is no type.
 Json HtmlPage::detailsOf(unsigned int id) const {
     const RTBaseType* type = m_source.types.typeOf(id);
     if (type == nullptr)
@@ -289,14 +335,9 @@ Json HtmlPage::detailsOf(unsigned int id) const {
     Json runs = Json::array();
     for (const auto& run : runsOf(flattened.ranges, most))
         runs.push_back(Json::array({run.count, run.entry.si, run.entry.ei, run.entry.dir}));
-    Json details = Json::array({static_cast<int>(m_source.types.encodings->of(*type)),
-                                type->getValueSize(), m_declarations.declarationOf(id),
-                                flattened.ranges.size(), flattened.isComplete, std::move(runs)});
-    const bool isWhole = m_frame.recordAt(addressOf(id)).size() <= MOST_RECORD_BYTES;
-    Json packed = isWhole ? packedForm(m_source.types, id, *type) : Json();
-    if (!packed.is_null())
-        details.push_back(std::move(packed));
-    return details;
+    return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
+                        m_declarations.declarationOf(id), flattened.ranges.size(),
+                        flattened.isComplete, std::move(runs)});
 }
 
 } // namespace

@@ -28,9 +28,9 @@ struct HtmlSource {
 /// The page is ASCII. Names are escaped, and nothing in them is interpreted as HTML or script: a
 /// policy in the page allows only its own script and style. Types are written a thousand at a time,
 /// so memory use does not grow with the page; `progress`, if given, is called with the number of
-/// types done. Unless lists of ranges are wanted whole, the page contains at most 1000 runs of
-/// equal flattened ranges of a type. It contains the first MiB of a record. Exceptions of the
-/// storage pass through.
+/// types done. What a type answers is compressed in the page. Unless lists of ranges are wanted
+/// whole, the page contains at most 1000 runs of equal flattened ranges of a type. It contains the
+/// first MiB of a record. Exceptions of the storage pass through.
 void writeHtmlPage(std::ostream& out, const HtmlSource& source,
                    const std::function<void(unsigned int done)>& progress = {});
 

@@ -26,7 +26,7 @@ class Page {
         this.kind = at("kind");
         this.found = at("found");
         this.panel = at("detail");
-        this.lowerNames = null;
+        this.lowerLabels = null; // Made when something is first searched for.
         this.list = new TypeList(this.records, at("types"), at("spacer"),
                                  (id) => this.openType(id));
         this.view = new DetailView(this.records, this.panel, (kind) => this.filterKind(kind));
@@ -35,8 +35,9 @@ class Page {
         this.applyFilter();
         this.listen();
         new Theme(at("theme"));
-        this.route();
-        document.body.dataset.ready = "true";
+        this.route().then(() => {
+            document.body.dataset.ready = "true";
+        });
         performance.mark("list");
     }
 
@@ -79,16 +80,15 @@ class Page {
         const text = this.search.value.trim().toLowerCase();
         const kind = this.kind.value;
         const wantedId = /^#?\d+$/.test(text) ? Number(text.replace("#", "")) : -1;
-        if (this.lowerNames === null && text !== "")
-            this.lowerNames = records.names.map(
-                (name, id) => (records.isNameless(id) ? records.labelOf(id) : name).toLowerCase());
+        if (this.lowerLabels === null && text !== "")
+            this.lowerLabels = records.kinds.map((_, id) => records.labelOf(id).toLowerCase());
         const ids = [];
         for (let id = 0; id < records.count; ++id) {
             if (kind !== "" && records.kinds[id] !== kind)
                 continue;
             if (id === wantedId)
                 ids.unshift(id);
-            else if (text === "" || this.lowerNames[id].includes(text))
+            else if (text === "" || this.lowerLabels[id].includes(text))
                 ids.push(id);
         }
         this.list.show(ids);
@@ -105,7 +105,7 @@ class Page {
     }
 
     /** Shows what the address bar asks for. */
-    route() {
+    async route() {
         const asked = /^#type-(\d+)$/.exec(location.hash);
         const id = asked === null ? -1 : Number(asked[1]);
         document.body.classList.toggle("open", asked !== null);
@@ -113,8 +113,9 @@ class Page {
             this.view.showFile(this.kinds);
             this.list.markOpened(-1);
         } else if (id < this.records.count) {
-            this.view.showType(id);
             this.list.markOpened(id);
+            if (!await this.view.showType(id))
+                return;
         } else {
             this.view.showMissing(`The file has ${counted(this.records.count, "type")}.`);
         }

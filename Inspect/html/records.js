@@ -21,68 +21,20 @@ function widthBefore(layout, form) {
     return width;
 }
 
-/** A number and what it counts: "1 byte", "2 bytes". */
-function countOf(number, what, shown = String(number)) {
-    return `${shown} ${what}${number === 1 ? "" : "s"}`;
+/** Copies what atob has made, a byte a character. */
+function copyBytes(text, bytes, at) {
+    for (let i = 0; i < text.length; ++i)
+        bytes[at + i] = text.charCodeAt(i);
 }
 
-/** A byte as two digits. */
-const HEX = Array.from({ length: 256 }, (_, byte) => byte.toString(16).padStart(2, "0"));
-
-/** Printable ASCII as it is, everything else escaped. */
-function escaped(bytes, isQuoted) {
-    let text = "";
-    for (const byte of bytes) {
-        const isEscapedInQuotes = isQuoted && (byte === 0x22 || byte === 0x5C);
-        if (isEscapedInQuotes)
-            text += "\\" + String.fromCharCode(byte);
-        else if (byte >= 0x20 && byte < 0x7F)
-            text += String.fromCharCode(byte);
+/** Fulfilled once all of a document is there. The script runs before that. */
+function wholeDocument(root) {
+    return new Promise((resolve) => {
+        if (root.readyState === "loading")
+            root.addEventListener("DOMContentLoaded", resolve);
         else
-            text += byte === 0x0A ? "\\n" : byte === 0x09 ? "\\t" : "\\x" + HEX[byte].toUpperCase();
-    }
-    return text;
-}
-
-function quoted(bytes) {
-    return '"' + escaped(bytes, true) + '"';
-}
-
-/** A range as the languages write it. */
-function rangeText(directions, left, right, direction) {
-    if (direction === directions.to)
-        return `${left} to ${right}`;
-    if (direction === directions.downto)
-        return `${left} downto ${right}`;
-    if (direction !== directions.open)
-        return `${left}, ${right}, direction ${direction}`;
-    return left === 0 && right === 0 ? "open" : `open (${left}, ${right})`;
-}
-
-/** The shortest decimal text that reads back as the same number. */
-function realText(value) {
-    if (Number.isNaN(value))
-        return "nan";
-    if (!Number.isFinite(value))
-        return value < 0 ? "-inf" : "inf";
-    if (Object.is(value, -0))
-        return "-0";
-    const size = Math.abs(value);
-    if (size === 0 || (size >= 1e-4 && size < 1e16))
-        return String(value);
-    return value.toExponential().replace(/e([+-])(\d)$/, "e$10$2");
-}
-
-/** What the loader makes of the direction of a real type. */
-function directionMeaning(directions, direction) {
-    const truncated = Math.trunc(direction);
-    if (!(truncated >= -2147483648 && truncated <= 2147483647))
-        return "does not fit into 32 bits: -2147483648 stands instead";
-    if (truncated === directions.to)
-        return "to";
-    if (truncated === directions.downto)
-        return "downto";
-    return truncated === direction ? "" : `truncated to ${truncated}`;
+            resolve();
+    });
 }
 
 /** The records of all types, one behind the other, and what the file says of itself. */
@@ -98,10 +50,11 @@ class Records {
         this.starts = new Float64Array(this.count + 1);
         this.addresses = new Array(this.count);
         this.shapes = new Map(); // What types without names are, by id: alone, and behind their kind.
+        this.packed = new Map(); // What packed values consist of, by id.
         this.takeRecords(Array.from(root.querySelectorAll("script.records")));
-        this.details = Array.from(root.querySelectorAll("script.details"));
-        this.takenDetails = new Map();
-        this.readHeads();
+        this.details = wholeDocument(root).then(() => root.querySelectorAll("script.details"));
+        this.takenDetails = new Map(); // By the number of the piece: promises.
+        this.readKinds();
     }
 
     /** Decodes the pieces and lets go of their text. */
@@ -109,8 +62,10 @@ class Records {
         const pieces = scripts.map((script) => {
             const piece = JSON.parse(script.textContent);
             script.remove();
-            for (const [id, shape] of Object.entries(piece.shapes))
-                this.shapes.set(Number(id), shape);
+            for (const name of ["shapes", "packed"]) {
+                for (const [id, value] of Object.entries(piece[name]))
+                    this[name].set(Number(id), value);
+            }
             return { first: piece.first, sizes: piece.sizes, addresses: piece.addresses,
                      bytes: atob(piece.bytes) };
         });
@@ -124,39 +79,46 @@ class Records {
                 start += piece.sizes[i];
                 this.addresses[piece.first + i] = piece.addresses[i];
             }
-            for (let i = 0; i < piece.bytes.length; ++i)
-                this.bytes[at + i] = piece.bytes.charCodeAt(i);
+            copyBytes(piece.bytes, this.bytes, at);
             at = start;
         }
         this.starts[this.count] = at;
     }
 
-    /** Names and kinds, which the list shows. */
-    readHeads() {
+    readKinds() {
         const { kinds, details, head, bodies } = this.format;
         const behindName = widthBefore(head.slice(this.headEnd + 1));
-        this.names = new Array(this.count);
-        this.kinds = new Array(this.count);
+        const fields = new Map(); // Of the kinds that have forms: the form's place behind the name.
+        for (const code of Object.keys(details)) {
+            const at = 1 + behindName + widthBefore(bodies[code], "named");
+            const { width } = bodies[code].find((entry) => entry.form === "named");
+            fields.set(Number(code), { at, end: at + width, ...details[code] });
+        }
+        this.kinds = [];
         for (let id = 0; id < this.count; ++id) {
             const start = this.starts[id];
             const end = this.starts[id + 1];
             if (end - start < this.nameAt) {
-                this.names[id] = "";
-                this.kinds[id] = "no record";
+                this.kinds.push("no record");
                 continue;
             }
-            const zero = this.endOfName(start + this.nameAt, end);
-            this.names[id] = this.textAt(start + this.nameAt, zero);
             const code = this.view.getUint32(start + this.kindAt, true);
-            this.kinds[id] = kinds[code] || "type of unknown class";
-            const detail = details[code];
-            if (!detail)
-                continue;
-            const at = zero + 1 + behindName + widthBefore(bodies[code], "named");
-            if (at + bodies[code].find((entry) => entry.form === "named").width <= end)
-                this.kinds[id] =
-                    detail.kinds[this.view.getUint32(at, true) - detail.first] || detail.kinds[0];
+            const field = fields.get(code);
+            let kind = kinds[code] || "type of unknown class";
+            if (field !== undefined) {
+                const zero = this.endOfName(start + this.nameAt, end);
+                if (zero + field.end <= end)
+                    kind = field.kinds[this.view.getUint32(zero + field.at, true) - field.first] ||
+                        field.kinds[0];
+            }
+            this.kinds.push(kind);
         }
+    }
+
+    nameOf(id) {
+        const begin = this.starts[id] + this.nameAt;
+        const end = this.starts[id + 1];
+        return begin > end ? "" : this.textAt(begin, this.endOfName(begin, end));
     }
 
     endOfName(begin, end) {
@@ -178,13 +140,13 @@ class Records {
     }
 
     isNameless(id) {
-        return this.names[id] === "" || this.shapes.has(id);
+        return this.shapes.has(id) || this.nameOf(id) === "";
     }
 
     /** What a list shows for a type: its name, else what it is. */
     labelOf(id) {
         const [shape] = this.shapes.get(id) || [];
-        return shape || this.names[id] || this.kinds[id];
+        return shape || this.nameOf(id) || this.kinds[id];
     }
 
     size(id) {
@@ -192,18 +154,26 @@ class Records {
     }
 
     /** What is known of a type beside its record; null where the record builds no type. */
-    detailsOf(id) {
-        const chunk = Math.floor(id / this.file.chunk);
-        if (!this.takenDetails.has(chunk))
-            this.takenDetails.set(chunk, JSON.parse(this.details[chunk].textContent));
-        const found = this.takenDetails.get(chunk)[id % this.file.chunk];
+    async detailsOf(id) {
+        const number = Math.floor(id / this.file.chunk);
+        if (!this.takenDetails.has(number))
+            this.takenDetails.set(number, this.takeDetails(number));
+        const found = (await this.takenDetails.get(number))[id % this.file.chunk];
         if (found === null)
             return null;
-        const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers, packed] = found;
+        const [encoding, valueSize, declaration, rangeCount, isWalkWhole, numbers] = found;
         const runs = numbers.map(([count, ...range]) =>
             ({ count, text: this.rangeText(...range) }));
         return { encoding: this.file.encodings[encoding] || String(encoding), valueSize,
-                 declaration, rangeCount, isWalkWhole, runs, packed };
+                 declaration, rangeCount, isWalkWhole, runs };
+    }
+
+    async takeDetails(number) {
+        const text = atob((await this.details)[number].textContent);
+        const bytes = new Uint8Array(text.length);
+        copyBytes(text, bytes, 0);
+        const whole = new Blob([bytes]).stream().pipeThrough(new DecompressionStream("deflate"));
+        return new Response(whole).json();
     }
 
     rangeText(...range) {

@@ -64,17 +64,12 @@ const PLAIN_NAME = /^[\w$:]+$/;
 class PackedTypes {
     constructor(records) {
         this.records = records;
-        this.forms = new Map(); // By id, like the members.
-        this.members = new Map();
+        this.members = new Map(); // By id.
     }
 
     /** What the page's data says of values of a type: undefined if they are not taken apart. */
     formOf(id) {
-        if (!this.forms.has(id)) {
-            const details = id < this.records.count ? this.records.detailsOf(id) : null;
-            this.forms.set(id, details === null ? undefined : details.packed);
-        }
-        return this.forms.get(id);
+        return this.records.packed.get(id);
     }
 
     widthOf(id) {

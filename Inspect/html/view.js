@@ -90,20 +90,27 @@ class DetailView {
         this.filterKind = filterKind;
         this.packedTypes = new PackedTypes(records);
         this.typedValues = new Map(); // By the type's id.
+        this.record = null;
+        this.wanted = null;
         this.shown = null;
         this.isWide = matchMedia("(min-width: 1500px)");
-        this.isWide.addEventListener("change", () => this.showAgain());
+        this.isWide.addEventListener("change", () => this.record?.showRows(this.rowSize()));
     }
 
-    showAgain() {
-        if (this.shown !== null)
-            this.showType(this.shown);
+    rowSize() {
+        return this.isWide.matches ? 16 : 8;
+    }
+
+    showInstead(...children) {
+        this.record = null;
+        this.wanted = null;
+        this.shown = null;
+        this.panel.replaceChildren(...children);
     }
 
     /** The file as a whole: what it holds, by kind. */
     showFile(kinds) {
         const { file } = this.records;
-        this.shown = null;
         const table = element("table", { class: "kinds" });
         table.append(element("caption", {}, "Types by kind"));
         const most = Math.max(1, ...kinds.map(([, count]) => count));
@@ -116,7 +123,7 @@ class DetailView {
                                  element("td", { class: "count" }, count.toLocaleString("en")),
                                  element("td", {}, bar)));
         }
-        this.panel.replaceChildren(
+        this.showInstead(
             element("h2", { tabindex: "-1" }, file.title),
             facts([["Types", file.count.toLocaleString("en")], ["Version", file.version],
                    ["Storage", `${file.storageSize.toLocaleString("en")} bytes`]]),
@@ -128,15 +135,29 @@ class DetailView {
     }
 
     showMissing(text) {
-        this.shown = null;
-        this.panel.replaceChildren(element("h2", { tabindex: "-1" }, "No such type"),
-                                   element("p", {}, text));
+        this.showInstead(element("h2", { tabindex: "-1" }, "No such type"), element("p", {}, text));
     }
 
-    showType(id) {
+    /** Answers whether the type is shown: not if something else is asked for meanwhile. */
+    async showType(id) {
+        this.wanted = id;
+        const show = await this.records.detailsOf(id).then(
+            (details) => () => this.showDetails(id, details),
+            (fault) => () => this.showFault(fault));
+        if (this.wanted !== id)
+            return false;
+        show();
+        return true;
+    }
+
+    showFault(fault) {
+        this.showInstead(element("h2", { tabindex: "-1" }, "This browser cannot show types"),
+                         element("p", {}, `Take a newer one: ${fault.message}.`));
+    }
+
+    showDetails(id, details) {
         const { records } = this;
         this.shown = id;
-        const details = records.detailsOf(id);
         const title = element("h2", { tabindex: "-1" }, records.labelOf(id));
         title.classList.toggle("nameless", records.isNameless(id));
         this.panel.replaceChildren(
@@ -149,15 +170,16 @@ class DetailView {
                 this.addSection("Declaration", "declaration",
                                 element("pre", { tabindex: "0" },
                                         highlighted(details.declaration.trimEnd())));
-            if (details.packed !== undefined)
+            if (records.packed.has(id))
                 this.panel.append(new ValueView(this.packedTypes, id, this.typedValues).section);
             this.addRanges(details);
         }
         const links = element("div", { class: "both" });
         links.append(this.linksSection(id), this.referrersSection(id));
         this.panel.append(links);
-        if (records.size(id) !== 0)
-            this.panel.append(new RecordView(records, id, this.isWide.matches ? 16 : 8).section);
+        this.record = records.size(id) === 0 ? null : new RecordView(records, id, this.rowSize());
+        if (this.record !== null)
+            this.panel.append(this.record.section);
     }
 
     factsOf(id, details) {
@@ -273,9 +295,8 @@ class RecordView {
 
     build() {
         this.elements = new Map(); // By the index of the field: those that stand for it.
-        const fields = this.isWhole ? this.fields : this.fields.slice(0, MOST_AT_FIRST);
-        this.hex = this.hexOf(fields);
-        const parts = element("div", { class: "bytes" }, this.hex, this.tableOf(fields));
+        this.hex = this.hexOf();
+        const parts = element("div", { class: "bytes" }, this.hex, this.tableOf());
         parts.addEventListener("mouseover", (event) => this.point(event.target));
         parts.addEventListener("mouseleave", () => this.mark(this.focused));
         parts.addEventListener("focusin", (event) => this.focus(event.target));
@@ -285,6 +306,21 @@ class RecordView {
         this.section.replaceChildren(this.section.firstChild, parts);
         if (!this.isWhole)
             this.section.append(this.moreButton());
+    }
+
+    /** Rows of so many bytes from now on. */
+    showRows(rowSize) {
+        this.rowSize = rowSize;
+        for (const [index, elements] of this.elements)
+            this.elements.set(index, elements.filter((made) => !this.hex.contains(made)));
+        const last = this.hex;
+        this.hex = this.hexOf();
+        last.replaceWith(this.hex);
+        this.mark(this.focused);
+    }
+
+    shownFields() {
+        return this.isWhole ? this.fields : this.fields.slice(0, MOST_AT_FIRST);
     }
 
     moreButton() {
@@ -306,12 +342,12 @@ class RecordView {
     }
 
     /** Rows of bytes; each field's bytes are one piece in each row that they reach into. */
-    hexOf(fields) {
+    hexOf() {
         const block = element("div", { class: "hex", "aria-hidden": "true" });
         const address = BigInt(`0x${this.records.addresses[this.id]}`);
         const start = this.records.starts[this.id];
         let row = null;
-        fields.forEach((field, index) => {
+        this.shownFields().forEach((field, index) => {
             for (let at = field.at; at < field.at + field.size;) {
                 if (at % this.rowSize === 0 || row === null) {
                     const offset = (address + BigInt(at)).toString(16).padStart(8, "0");
@@ -331,13 +367,13 @@ class RecordView {
         return block;
     }
 
-    tableOf(fields) {
+    tableOf() {
         const table = element("table", { class: "fields" });
         const head = element("tr");
         for (const title of ["Offset", "Field", "Value"])
             head.append(element("th", { scope: "col" }, title));
         const body = element("tbody");
-        fields.forEach((field, index) => {
+        this.shownFields().forEach((field, index) => {
             const tabindex = index === 0 ? "0" : "-1"; // Arrows lead to the others.
             const row = this.standsFor(index, element("tr", { tabindex }));
             row.classList.add(field.state);
@@ -383,8 +419,8 @@ class RecordView {
 
     /** Brings the bytes of a field into sight in their own box, where that is too small for all. */
     reveal(index) {
-        const piece = this.elements.get(index)[0];
-        if (!this.hex.contains(piece))
+        const piece = this.elements.get(index).find((made) => this.hex.contains(made));
+        if (piece === undefined)
             return;
         const top = piece.offsetTop - this.hex.clientHeight / 2;
         if (this.hex.scrollHeight > this.hex.clientHeight)

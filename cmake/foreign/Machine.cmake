@@ -16,14 +16,18 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-foreach(package fmt GTest nlohmann_json)
+set(CMAKE_FIND_PACKAGE_PREFER_CONFIG ON)
+foreach(package fmt GTest nlohmann_json ZLIB)
     set(${package}_DIR ${CMAKE_CURRENT_LIST_DIR})
 endforeach()
 
-# use_headers(TARGET FOLDER): the target's users find /usr/include/FOLDER, and nothing beside it.
-macro(use_headers target folder)
+# use_headers(TARGET NAME...): the target's users find /usr/include/NAME, a folder or a file, and nothing
+# beside it.
+macro(use_headers target)
     set(headers ${CMAKE_BINARY_DIR}/headers)
     file(MAKE_DIRECTORY ${headers})
-    file(CREATE_LINK /usr/include/${folder} ${headers}/${folder} SYMBOLIC)
+    foreach(name ${ARGN})
+        file(CREATE_LINK /usr/include/${name} ${headers}/${name} SYMBOLIC)
+    endforeach()
     target_include_directories(${target} SYSTEM INTERFACE ${headers})
 endmacro()

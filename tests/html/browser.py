@@ -52,11 +52,12 @@ class Browser:
         shutil.rmtree(self.profile, ignore_errors=True)
 
     def open(self, path, fragment=""):
-        """Opens a page anew. What earlier ones did is forgotten."""
+        """Opens a page anew, and waits until it is ready. What earlier ones did is forgotten."""
         self.driver.get("about:blank")
         self.driver.get_log("browser")
         self.driver.get_log("performance")
         self.driver.get(f"file://{path}{fragment}")
+        self.wait_for("document.body.dataset.ready", path)
 
     def script(self, text, *arguments):
         return self.driver.execute_script(text, *arguments)

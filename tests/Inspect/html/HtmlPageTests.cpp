@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <zlib.h>
 
 #include <sstream>
 
@@ -19,6 +20,28 @@ using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+
+std::string bytesOf(const std::string& base64) {
+    const std::string digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    unsigned int bits = 0;
+    for (std::size_t i = 0; i < base64.size() && base64[i] != '='; ++i) {
+        bits = bits << 6 | static_cast<unsigned int>(digits.find(base64[i]));
+        if (i % 4 > 0)
+            bytes += static_cast<char>(bits >> (6 - 2 * (i % 4)));
+    }
+    return bytes;
+}
+
+std::string inflated(const std::string& bytes) {
+    std::string text(1 << 20, '\0');
+    uLongf size = text.size();
+    EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(text.data()), &size,
+                         reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
+              Z_OK);
+    text.resize(size);
+    return text;
+}
 
 /// The page of a built file, with its data taken apart.
 class Page {
@@ -41,16 +64,30 @@ public:
 
     /// The data blocks of a name, in their order.
     std::vector<json> blocks(const std::string& name) const {
-        const std::string begin = "<script type=\"application/json\" class=\"" + name + "\">";
         std::vector<json> found;
-        for (auto at = m_text.find(begin); at != std::string::npos; at = m_text.find(begin, at)) {
-            at += begin.size();
-            found.push_back(json::parse(m_text.substr(at, m_text.find("</script>", at) - at)));
-        }
+        for (const std::string& text : texts("application/json", name))
+            found.push_back(json::parse(text));
+        return found;
+    }
+
+    std::vector<json> details() const {
+        std::vector<json> found;
+        for (const std::string& text : texts("text/plain", "details"))
+            found.push_back(json::parse(inflated(bytesOf(text))));
         return found;
     }
 
 private:
+    std::vector<std::string> texts(const std::string& mediaType, const std::string& name) const {
+        const std::string begin = "<script type=\"" + mediaType + "\" class=\"" + name + "\">";
+        std::vector<std::string> found;
+        for (auto at = m_text.find(begin); at != std::string::npos; at = m_text.find(begin, at)) {
+            at += begin.size();
+            found.push_back(m_text.substr(at, m_text.find("</script>", at) - at));
+        }
+        return found;
+    }
+
     std::string m_text;
     std::vector<unsigned int> m_progress;
 };
@@ -80,7 +117,7 @@ TEST(HtmlPage, HasWhatTypesAnswer) {
     file.record(ClassId::SEQ_ENUM, "bit").u32(1).u32(1).u32(2).str("0").str("1").u32(1);
     file.record(ClassId::ARRAY, "byte_t").u32(VLOG_FIXED_PACKED_ARRAY).u32(0).u32(1).u32(0);
     file.u32(1).range(7, 0, 0).i32(-99);
-    const json details = Page(file, 2).blocks("details").at(0);
+    const json details = Page(file, 2).details().at(0);
     EXPECT_EQ(details[0][0], 1); // 2-State
     EXPECT_EQ(details[0][1], 1);
     EXPECT_EQ(details[0][3], 0);
@@ -121,34 +158,36 @@ TEST(HtmlPage, HasTheWidthsOfPackedTypesAndWhereTheirMembersAre) {
     file.str("a").u32(1).u32(0).str("b").u32(0).u32(0).i32(-99);
     file.record(ClassId::ARRAY, "rows").u32(VLOG_FIXED_PACKED_ARRAY).u32(2).u32(2).u32(0).u32(0);
     file.u32(2).range(0, 1, 0).range(7, 6, 1).i32(-99).string("no bits");
-    const json details = Page(file, 5).blocks("details").at(0);
-    EXPECT_EQ(details[0][6], json({{"width", 1}}));
-    EXPECT_EQ(details[1][6], json({{"width", 4}}));
-    EXPECT_EQ(details[2][6], json({{"width", 5}, {"offsets", {1, 0}}}));
-    EXPECT_EQ(details[3][6], json({{"of", 2}, {"ranges", {{0, 1}, {7, 6}}}}));
-    EXPECT_EQ(details[4].size(), 6u);
+    const json packed = Page(file, 5).blocks("records").at(0)["packed"];
+    EXPECT_EQ(packed["0"], json({{"width", 1}}));
+    EXPECT_EQ(packed["1"], json({{"width", 4}}));
+    EXPECT_EQ(packed["2"], json({{"width", 5}, {"offsets", {1, 0}}}));
+    EXPECT_EQ(packed["3"], json({{"of", 2}, {"ranges", {{0, 1}, {7, 6}}}}));
+    EXPECT_EQ(packed.size(), 4u);
 }
 
 TEST(HtmlPage, HasTheValuesOfLiteralsThatAreNoPositions) {
     TypeFileBuilder file = logicTypes();
     addEnum(file, {"\x00\x00", "\x01\x00"});
     addEnum(file, {"\x0A\x00", "\x00\x00", "\x0F\x0F", "\x01\x08"});
-    const json details = Page(file, 4).blocks("details").at(0);
-    EXPECT_EQ(details[2][6], json({{"width", 4}, {"values", nullptr}}));
-    EXPECT_EQ(details[3][6], json({{"width", 4}, {"values", {"$a", "$0", "$x", "%z001"}}}));
+    const json packed = Page(file, 4).blocks("records").at(0)["packed"];
+    EXPECT_EQ(packed["2"], json({{"width", 4}, {"values", nullptr}}));
+    EXPECT_EQ(packed["3"], json({{"width", 4}, {"values", {"$a", "$0", "$x", "%z001"}}}));
 }
 
 TEST(HtmlPage, HasNothingOfPackedValuesWhereTheRecordIsCut) {
     TypeFileBuilder file = logicTypes();
     file.record(ClassId::TYPEDEF, std::string(2 << 20, 'n')).u32(0).u32(0);
-    EXPECT_EQ(Page(file, 3).blocks("details").at(0)[2].size(), 6u);
+    const json packed = Page(file, 3).blocks("records").at(0)["packed"];
+    EXPECT_TRUE(packed.contains("1"));
+    EXPECT_FALSE(packed.contains("2"));
 }
 
 TEST(HtmlPage, SaysWhereThereIsNoType) {
     TypeFileBuilder file;
     file.record(ClassId::LOGIC, "l").string("s").claim(0x7FFFFFFF);
     const Page page(file, 1);
-    EXPECT_EQ(page.blocks("details").at(0), json::array({nullptr}));
+    EXPECT_EQ(page.details().at(0), json::array({nullptr}));
 }
 
 TEST(HtmlPage, HasTheFirstThousandRunsOfRanges) {
@@ -160,7 +199,7 @@ TEST(HtmlPage, HasTheFirstThousandRunsOfRanges) {
     for (int i = 0; i < 1500; ++i)
         file.range(i, 0, 0);
     file.i32(-99);
-    const json details = Page(file, 2).blocks("details").at(0);
+    const json details = Page(file, 2).details().at(0);
     EXPECT_EQ(details[1][3], 1500);
     ASSERT_EQ(details[1][5].size(), 1000u);
     EXPECT_EQ(details[1][5][999], json({1, 999, 0, 0}));
@@ -184,7 +223,7 @@ TEST(HtmlPage, HasAThousandRunsOfRangesUnlessTheyAreToBeWhole) {
         file.range(i, 0, 0);
     file.i32(-99);
     const auto runs = [&](RangeLists lists) {
-        return Page(file, 2, "t", lists).blocks("details").at(0)[1][5].size();
+        return Page(file, 2, "t", lists).details().at(0)[1][5].size();
     };
     EXPECT_EQ(runs(RangeLists::SHORT), 1000u);
     EXPECT_EQ(runs(RangeLists::WHOLE), 1001u);
@@ -200,9 +239,18 @@ TEST(HtmlPage, ComesInPiecesOfAThousandTypes) {
     EXPECT_EQ(records[0]["sizes"].size(), 1000u);
     EXPECT_EQ(records[1]["first"], 1000);
     EXPECT_EQ(records[1]["sizes"].size(), 1u);
-    EXPECT_EQ(page.blocks("details").at(1).size(), 1u);
+    EXPECT_EQ(page.details().at(1).size(), 1u);
     EXPECT_EQ(page.blocks("file").at(0)["count"], 1001);
     EXPECT_THAT(page.progress(), ElementsAre(1000u, 1001u));
+}
+
+/// A browser shows the list of types before it has read the rest.
+TEST(HtmlPage, HasItsScriptBetweenRecordsAndDetails) {
+    const std::string text = Page(TypeFileBuilder().string("s"), 1).text();
+    const auto script = text.find("<script>");
+    EXPECT_LT(text.find("class=\"records\""), script);
+    EXPECT_LT(script, text.find("class=\"details\""));
+    EXPECT_NE(text.find("class=\"details\""), std::string::npos);
 }
 
 /// The script of the page states none of it again.
