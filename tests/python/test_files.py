@@ -140,7 +140,8 @@ def test_reals_keep_their_bits(number):
 @pytest.mark.parametrize("types, place", [
     ({"types": [{"id": 0, "kind": "string", "name": 3}]}, "/types/0/name"),
     ([{"id": 0, "kind": "typedef", "name": "t", "dataType": 9}], "/types/0/dataType"),
-    ("{", "line 1"), (b"\xff", "line 1")])
+    ("{", "line 1"), (b"\xff", "line 1"),
+    ('{"types": [\n{"id": 0, "kind": "string", "name": "\udcff"}]}', "line 2")])
 def test_what_cannot_be_built_is_a_fault_with_its_place(types, place):
     with pytest.raises(rtti.Error) as caught:
         rtti.build(types)
@@ -175,6 +176,16 @@ def test_front_ends_are_imported():
     from_path, from_bytes = rtti.import_(wave), rtti.import_(wave.read_bytes())
     assert len(from_path) > 0 and rtti.diff(from_path, from_bytes).verdict == "identical"
     assert from_path.file is None
+
+
+def test_imports_take_options_and_say_what_they_do_not_keep():
+    tree = DATA / "import" / "verilator" / "kinds-5.006.tree"
+    plain = rtti.import_(tree)
+    assert f"{tree}:513: the bound of this queue is not kept" in plain.notes
+    assert not any("__typeimp" in kind.name for kind in plain)
+    assert any("__typeimp" in kind.name for kind in rtti.import_(tree, keep_anonymous=True))
+    part = rtti.import_(tree, packages=["p"])
+    assert 0 < len(part) < len(plain)
 
 
 def test_what_an_import_cannot_read_is_a_fault_with_its_place(tmp_path):

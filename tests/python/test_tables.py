@@ -134,6 +134,26 @@ def test_leaves_have_paths_and_bits():
         ("pair_t.high", rtti.Bits(1, 7, ())), ("pair_t.low", rtti.Bits(0, 1, ()))]
 
 
+def test_leaves_say_what_they_are():
+    pair = rtti.Draft("record", "pair_t", recordKind="VLOG_PACKED_STRUCT", members=[
+        rtti.Member("high", packed(bit(), rtti.Range(6, 0, 0))), rtti.Member("low", bit())])
+    number = rtti.Draft("integer", "integer", range=rtti.Range(0, 99, 1))
+    small = rtti.Draft("typedef", "small", dataType=number, constraints=[rtti.Range(3, 7, 1)])
+    node = rtti.Draft("class", "node", baseClass=None)
+    node.members = [rtti.ClassMember("pairs", packed(pair, rtti.Range(3, 0, 0))),
+                    rtti.ClassMember("small", small), rtti.ClassMember("next", node)]
+    table = built(node)
+    high, low, narrow, again = table[0].leaves()
+    assert high.type.name == "bit" and high.declaredType.kind == "array"
+    assert (high.encoding, high.dimensions) == ("2-State", (rtti.Range(6, 0, 0),))
+    assert high.bits == rtti.Bits(1, 7, (rtti.Stride(4, 8),))
+    assert low.bits == rtti.Bits(0, 1, (rtti.Stride(4, 8),)) and not low.seenAbove
+    assert (narrow.type.name, narrow.declaredType.name) == ("integer", "small")
+    assert (narrow.valueRange, narrow.bits) == (rtti.Range(3, 7, 1), None)
+    assert high.valueRange is None
+    assert again.type is table[0] and again.seenAbove
+
+
 def test_leaves_end_at_a_limit(kinds):
     with pytest.raises(rtti.Error, match="type 33: it has more than 2 parts"):
         list(kinds[33].leaves(limit=2))
@@ -153,6 +173,20 @@ def test_uses_lead_to_the_types_that_refer(kinds):
         rtti.Use(kinds[34], "dataType", None, None, 1, kinds[33])]
     assert [use.type for use in kinds[32].uses(all=True)][:2] == [kinds[33], kinds[34]]
     assert kinds[33].references() == (kinds[7], kinds[32])
+
+
+def test_uses_say_the_member_and_the_dimension(kinds):
+    assert rtti.Use(kinds[33], "members", "b", None, 1, kinds[32]) in kinds[32].uses()
+    index = rtti.Draft("integer", "index", range=rtti.Range(0, 9, 1))
+    table = built(rtti.Draft("array", "grid", arrayKind="VHDL_ARRAY", elementType=bit(),
+                             indexTypes=[None, index], constraints=[rtti.Range(0, 9, 1)] * 2))
+    (use,) = table["index"].uses()
+    assert (use.type, use.field, use.dimension) == (table["grid"], "indexTypes", 1)
+
+
+def test_a_type_has_a_label_and_a_language(kinds):
+    assert (kinds[32].label, kinds[32].language) == ("packed array bit [6:0]", "sv")
+    assert rtti.load(EXAMPLES / "vhkinds_rti.typ")[0].language == "vhdl"
 
 
 def test_texts_are_readable(kinds):

@@ -122,7 +122,7 @@ Subcommand addTranslate(CLI::App& program) {
         "class for each packed struct and union.\n\n"
         "Example:\n"
         "  rtti translate examples/typefiles/ibex_slang.typ --to gtkwave -o filters\n"
-        "  rtti translate examples/typefiles/ibex_slang.typ --to python -o types.py\n"
+        "  rtti translate examples/typefiles/ibex_slang.typ --to python -o ibex_types.py\n"
         "  echo 101001 | rtti translate --filter examples/typefiles/ibex_slang.typ "
         "ibex_pkg::pmp_cfg_t");
     return {translate, [options] { return runTranslate(*options); }};
