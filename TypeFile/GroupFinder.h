@@ -12,15 +12,20 @@ namespace TypeFile {
 /// its own: each group after those that it leads to. Finished types are in none.
 class GroupFinder {
 public:
+    /// The ids of a group's types.
+    using Group = std::span<const unsigned int>;
+
     explicit GroupFinder(const TypeNodes& types) : m_types(types) {}
 
     /// Calls `take` with the ids of each group, in ascending order, over the parts that
-    /// `follows(part)` picks. Inside `take`, `isInside` tells who belongs to the group.
+    /// `follows(part)` picks, and with whether it leads back to itself: one type alone need not.
+    /// Inside `take`, `isInside` tells who belongs to the group.
     template <typename Follows, typename Take> void find(Follows follows, Take take) {
         m_marks.assign(m_types.deferred.size(), {});
         m_entered = m_groups = 0;
         for (const DeferredType& type : m_types.deferred) {
-            if (m_types.isUnfinished(type.typeId) && markOf(type.typeId).number == 0)
+            if (m_types.isUnfinished(type.typeId) && markOf(type.typeId).number == 0 &&
+                !takeAlone(type.typeId, follows, take))
                 goDownFrom(type.typeId, follows, take);
         }
     }
@@ -55,7 +60,7 @@ private:
         while (!m_path.empty()) {
             Step& step = m_path.back();
             if (step.isDone) {
-                leave(take);
+                leave(follows, take);
                 continue;
             }
             const Part& part = m_types.parts[step.next++];
@@ -63,10 +68,10 @@ private:
             if (!m_types.isUnfinished(part.target) || !follows(part))
                 continue;
             const Mark& below = markOf(part.target);
-            if (below.number == 0)
-                enter(part.target);
-            else if (below.low != GROUPED)
+            if (below.number != 0 && below.low != GROUPED)
                 lowerTo(step.typeId, below.number);
+            else if (below.number == 0 && !takeAlone(part.target, follows, take))
+                enter(part.target);
         }
     }
 
@@ -78,6 +83,30 @@ private:
         mark.low = std::min(mark.low, number);
     }
 
+    /// Takes a type that leads to none without a group, as most do, as a group by itself.
+    template <typename Follows, typename Take>
+    bool takeAlone(unsigned int id, Follows& follows, Take& take) {
+        const Part* part = &m_types.parts[m_types.deferred[m_types.places[id]].firstPart];
+        for (bool isLast = false; !isLast; ++part) {
+            isLast = part->isLast;
+            if (m_types.isUnfinished(part->target) && !isGrouped(markOf(part->target)) &&
+                follows(*part))
+                return false;
+        }
+        ++m_groups;
+        markOf(id) = {m_groups, GROUPED};
+        take(Group(&id, 1), false);
+        return true;
+    }
+
+    template <typename Follows> bool leadsToItself(unsigned int id, Follows& follows) const {
+        const std::span<const Part> parts = m_types.partsOf(id).parts;
+        return std::any_of(parts.begin(), parts.end(),
+                           [&](const Part& part) { return part.target == id && follows(part); });
+    }
+
+    static bool isGrouped(const Mark& mark) { return mark.number != 0 && mark.low == GROUPED; }
+
     void enter(unsigned int id) {
         ++m_entered;
         markOf(id) = {m_entered, m_entered};
@@ -85,7 +114,7 @@ private:
         m_path.push_back({id, false, m_types.deferred[m_types.places[id]].firstPart});
     }
 
-    template <typename Take> void leave(Take& take) {
+    template <typename Follows, typename Take> void leave(Follows& follows, Take& take) {
         const unsigned int id = m_path.back().typeId;
         m_path.pop_back();
         const Mark mark = markOf(id);
@@ -96,11 +125,12 @@ private:
         auto first = m_ungrouped.end() - 1;
         while (*first != id)
             --first;
+        const Group group(first, m_ungrouped.end());
         std::sort(first, m_ungrouped.end());
         ++m_groups;
-        for (auto next = first; next != m_ungrouped.end(); ++next)
-            markOf(*next) = {m_groups, GROUPED};
-        take(std::span<const unsigned int>(first, m_ungrouped.end()));
+        for (const unsigned int member : group)
+            markOf(member) = {m_groups, GROUPED};
+        take(group, group.size() > 1 || leadsToItself(id, follows));
         m_ungrouped.erase(first, m_ungrouped.end());
     }
 

@@ -14,20 +14,12 @@ void GroupVerifier::verify() {
     m_depths.assign(m_types.deferred.size(), NEW);
     m_reopenings.assign(m_types.deferred.size(), 0);
     m_groups.find([](const Part&) { return true; },
-                  [this](Group group) {
-                      if (isCycle(group))
+                  [this](Group group, bool isCycle) {
+                      if (isCycle)
                           verifyGroup(group);
                       else
                           m_parts.verifyDeferred(group.front());
                   });
-}
-
-bool GroupVerifier::isCycle(Group group) const {
-    if (group.size() > 1)
-        return true;
-    const PartsOfType type = m_types.partsOf(group.front());
-    return std::any_of(type.parts.begin(), type.parts.end(),
-                       [&](const Part& part) { return part.target == group.front(); });
 }
 
 void GroupVerifier::verifyGroup(Group group) {

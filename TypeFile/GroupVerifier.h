@@ -27,9 +27,8 @@ private:
         std::size_t next;
     };
 
-    using Group = std::span<const unsigned int>;
+    using Group = GroupFinder::Group;
 
-    bool isCycle(Group group) const;
     void verifyGroup(Group group);
     void verifyValues(Group group);
     void verifyReads(Group group);

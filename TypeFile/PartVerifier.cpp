@@ -24,29 +24,55 @@ const LongList& longListOf(const PartsOfType& type, std::size_t place) {
 } // namespace
 
 void PartVerifier::verify(unsigned int typeId, const PartsOfType& type) {
-    bool isPlain = type.dimensions == 0;
-    for (const Part& part : type.parts) {
-        if (part.target >= m_types.size()) {
-            isPlain = false;
-            continue;
-        }
-        const TypeState below = m_types.states[part.target];
-        if (!below.isFinished)
-            return defer(typeId, type);
-        isPlain = isPlain && !below.hasCounts && below.role != Role::NO_TYPE &&
-                  !Link::has(part.link, Link::BASE_CLASS);
-    }
-    m_types.states[typeId].isFinished = true;
-    if (!isPlain)
-        finish(typeId, type);
+    const PartSum sum = sumOf(type);
+    if (!sum.isFinished)
+        return defer(typeId, type);
+    finish(typeId, type, sum);
 }
 
-void PartVerifier::finish(unsigned int typeId, const PartsOfType& type) {
-    const WalkSum sum = check(typeId, type);
+/// Looks at all parts before it decides anything: no processor foresees what they are.
+PartVerifier::PartSum PartVerifier::sumOf(const PartsOfType& type) const {
+    const std::span states(m_types.states);
+    const TypeCounts* const counts = m_types.counts.data();
+    unsigned long long steps = type.dimensions;
+    unsigned int asked = 0;
+    unsigned char links = 0;
+    bool isBroken = false;
+    TypeStates below;
+    for (const Part& part : type.parts) {
+        if (part.target >= states.size()) {
+            isBroken = true;
+            continue;
+        }
+        below.add(states[part.target]);
+        links |= part.link;
+        const TypeCounts& ofPart = counts[part.target];
+        const bool isWalked = Link::has(part.link, Link::WALKED);
+        steps += isWalked ? ofPart.steps : 0;
+        asked |= isWalked ? ofPart.open : 0;
+    }
+    isBroken |= below.any().isNoType || (Link::has(links, Link::BASE_CLASS) && hasWrongBase(type));
+    return {steps, asked, below.all().isFinished, isBroken};
+}
+
+bool PartVerifier::hasWrongBase(const PartsOfType& type) const {
+    const Part& base = *std::find_if(type.parts.begin(), type.parts.end(), [](const Part& part) {
+        return Link::has(part.link, Link::BASE_CLASS);
+    });
+    return m_types.isBroken(base.target, base.link);
+}
+
+/// The ranges that a part leaves to the levels around it.
+unsigned int PartVerifier::askedBy(const Part& part) const {
+    const bool isAsking = Link::has(part.link, Link::WALKED) && m_types.isLinked(part.target) &&
+                          m_types.states[part.target].role != Role::CLASS;
+    return isAsking ? m_types.counts[part.target].open : 0;
+}
+
+void PartVerifier::finish(unsigned int typeId, const PartsOfType& type, const PartSum& sum) {
+    check(typeId, type, sum);
     TypeState& state = m_types.states[typeId];
-    TypeCounts& counts = m_types.counts[typeId];
-    counts.steps = m_steps.end(sum, state.role);
-    state.hasCounts = counts.open != 0 || counts.steps != 0;
+    m_types.counts[typeId].steps = m_steps.end({sum.steps}, state.role);
     state.isFinished = true;
     m_steps.report(typeId, m_types, m_findings);
 }
@@ -61,45 +87,38 @@ void PartVerifier::defer(unsigned int typeId, const PartsOfType& type) {
 }
 
 void PartVerifier::checkDeferred(unsigned int typeId) {
-    check(typeId, m_types.partsOf(typeId));
-    m_types.states[typeId].hasCounts = m_types.counts[typeId].open != 0;
+    const PartsOfType type = m_types.partsOf(typeId);
+    check(typeId, type, sumOf(type));
 }
 
 void PartVerifier::verifyDeferred(unsigned int typeId) {
     const PartsOfType type = m_types.partsOf(typeId);
-    const bool isFinished =
-        std::none_of(type.parts.begin(), type.parts.end(),
-                     [this](const Part& part) { return m_types.isUnfinished(part.target); });
-    if (isFinished)
-        finish(typeId, type);
+    const PartSum sum = sumOf(type);
+    if (sum.isFinished)
+        finish(typeId, type, sum);
     else
-        checkDeferred(typeId);
+        check(typeId, type, sum);
 }
 
-/// Gives the steps of the type's walk, as far as those of its parts are known.
-WalkSum PartVerifier::check(unsigned int typeId, const PartsOfType& type) {
-    WalkSum sum{type.dimensions};
+void PartVerifier::check(unsigned int typeId, const PartsOfType& type, const PartSum& sum) {
+    if (sum.asked != 0 || type.dimensions != 0)
+        m_types.counts[typeId].open = openRanges(typeId, type);
+    if (sum.isBroken)
+        addBrokenParts(typeId, type);
+}
+
+/// How many ranges the parts ask of the levels around.
+unsigned int PartVerifier::openRanges(unsigned int typeId, const PartsOfType& type) {
     unsigned long long open = 0;
-    bool isBroken = false;
     for (std::size_t place = 0; place < type.parts.size(); ++place) {
         const Part& part = type.parts[place];
-        isBroken = isBroken || m_types.isBroken(part.target, part.link);
-        if (!Link::has(part.link, Link::WALKED) || !m_types.isLinked(part.target))
-            continue;
-        unsigned int asked = 0;
-        if (m_types.states[part.target].hasCounts) {
-            m_steps.add(sum, m_types, part.target, part.link);
-            if (m_types.states[part.target].role != Role::CLASS)
-                asked = m_types.counts[part.target].open;
-        }
-        if (asked != 0 || type.dimensions != 0)
+        const unsigned int asked = askedBy(part);
+        const bool isArray = type.dimensions != 0 && Link::has(part.link, Link::WALKED) &&
+                             m_types.isLinked(part.target);
+        if (asked != 0 || isArray)
             open += openRanges(typeId, type, place, asked);
     }
-    m_types.counts[typeId].open =
-        static_cast<unsigned int>(std::min<unsigned long long>(open, MOST_RANGES));
-    if (isBroken)
-        addBrokenParts(typeId, type);
-    return sum;
+    return static_cast<unsigned int>(std::min<unsigned long long>(open, MOST_RANGES));
 }
 
 void PartVerifier::addBrokenParts(unsigned int typeId, const PartsOfType& type) {

@@ -33,9 +33,21 @@ public:
     void verifyDeferred(unsigned int typeId);
 
 private:
-    void finish(unsigned int typeId, const PartsOfType& type);
+    /// What the parts of a type come to, as far as they are known.
+    struct PartSum {
+        unsigned long long steps; ///< Of the walk, with the dimensions of the type itself.
+        unsigned int asked;       ///< Not 0 if any asks ranges of the levels around it.
+        bool isFinished;          ///< All of them are.
+        bool isBroken;            ///< Some lead to no object, or to none that they should.
+    };
+
+    PartSum sumOf(const PartsOfType& type) const;
+    bool hasWrongBase(const PartsOfType& type) const;
+    unsigned int askedBy(const Part& part) const;
+    void finish(unsigned int typeId, const PartsOfType& type, const PartSum& sum);
     void defer(unsigned int typeId, const PartsOfType& type);
-    WalkSum check(unsigned int typeId, const PartsOfType& type);
+    void check(unsigned int typeId, const PartsOfType& type, const PartSum& sum);
+    unsigned int openRanges(unsigned int typeId, const PartsOfType& type);
     void addBrokenParts(unsigned int typeId, const PartsOfType& type);
     unsigned int openRanges(unsigned int typeId, const PartsOfType& type, std::size_t place,
                             unsigned int askedBelow);

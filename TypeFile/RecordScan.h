@@ -10,17 +10,18 @@
 
 namespace TypeFile {
 
-/// The zero byte that ends a name, or any place from `end` on. Looks at StorageWindow's
-/// READABLE_BEHIND bytes: names are searched in steps of so many.
+/// The zero byte that ends a name, or any place from `end` on that has one byte more. Looks at
+/// StorageWindow's READABLE_BEHIND bytes: names are searched in steps of so many.
 [[gnu::always_inline]] inline const char* endOfName(const char* at, const char* end) {
     namespace simd = std::experimental;
     using Bytes = simd::fixed_size_simd<signed char, StorageWindow::READABLE_BEHIND>;
-    for (; at < end; at += Bytes::size()) {
+    do {
         const Bytes bytes(reinterpret_cast<const signed char*>(at), simd::element_aligned);
         if (const auto isZero = bytes == 0; simd::any_of(isZero))
             return at + simd::find_first_set(isZero);
-    }
-    return at;
+        at += Bytes::size();
+    } while (at < end);
+    return end;
 }
 
 /// Reads a record that is in memory along its layouts, which the compiler unrolls, and hands its
@@ -44,7 +45,10 @@ public:
     const Sink& sink() const { return m_sink; }
 
 private:
-    std::size_t left() const { return static_cast<std::size_t>(m_end - m_at); }
+    /// Whether so many bytes are left. Behind a name without an end there are not even none.
+    bool has(unsigned long long count) const {
+        return m_end - m_at >= static_cast<long long>(count);
+    }
 
     /// Where the fields of fixed width that begin at FIRST end.
     template <const auto& LAYOUT, std::size_t FIRST>
@@ -71,13 +75,18 @@ private:
         } else if constexpr (constexpr std::size_t NEXT = endOfRun<LAYOUT, FIRST>(LAST);
                              NEXT != FIRST) {
             constexpr std::size_t WIDTH = widthBetween<LAYOUT>(FIRST, NEXT);
-            if (left() < WIDTH || !run<LAYOUT, FIRST>(std::make_index_sequence<NEXT - FIRST>()))
+            if (!has(WIDTH) || !run<LAYOUT, FIRST>(std::make_index_sequence<NEXT - FIRST>()))
                 return false;
             m_at += WIDTH;
             return fields<LAYOUT, NEXT, LAST>();
         } else if constexpr (LAYOUT[FIRST].form == FieldForm::LIST) {
             constexpr std::size_t END = endOfList(LAYOUT, FIRST);
             return list<LAYOUT, FIRST + 1, END>() && fields<LAYOUT, END + 1, LAST>();
+        } else if constexpr (LAYOUT[FIRST].form == FieldForm::NAME) {
+            m_at = endOfName(m_at, m_end) + 1;
+            if constexpr (FIRST + 1 == LAST)
+                return has(0);
+            return fields<LAYOUT, FIRST + 1, LAST>(); // Whatever follows looks at the bounds.
         } else {
             return variable<LAYOUT[FIRST].form>() && fields<LAYOUT, FIRST + 1, LAST>();
         }
@@ -117,7 +126,7 @@ private:
             std::integral_constant<std::size_t,
                                    leastOf(std::span(LAYOUT).subspan(FIRST, LAST - FIRST))>;
         const unsigned int count = m_count;
-        if (count > left() / Least::value)
+        if (!has(static_cast<unsigned long long>(count) * Least::value))
             return false;
         for (unsigned int i = 0; i < count; ++i)
             if (!fields<LAYOUT, FIRST, LAST>())
@@ -126,14 +135,8 @@ private:
     }
 
     template <FieldForm FORM> [[gnu::always_inline]] bool variable() {
-        if constexpr (FORM == FieldForm::NAME) {
-            const char* const end = endOfName(m_at, m_end);
-            if (end >= m_end)
-                return false;
-            m_at = end + 1;
-            return true;
-        } else if constexpr (FORM == FieldForm::VALUE) {
-            if (left() < m_valueSize)
+        if constexpr (FORM == FieldForm::VALUE) {
+            if (!has(m_valueSize))
                 return false;
             m_at += m_valueSize;
             return true;
@@ -145,11 +148,11 @@ private:
 
     [[gnu::always_inline]] bool ranges() {
         constexpr std::size_t COUNT_SIZE = widthOf(FieldForm::COUNT);
-        if (left() < COUNT_SIZE)
+        if (!has(COUNT_SIZE))
             return false;
         const auto count = RTTI::littleEndianAt<unsigned int>(m_at);
         m_at += COUNT_SIZE;
-        if (count > left() / RTTI::TypeFileFormat::CONSTRAINT_SIZE)
+        if (!has(static_cast<unsigned long long>(count) * RTTI::TypeFileFormat::CONSTRAINT_SIZE))
             return false;
         m_sink.ranges(m_at, count);
         m_at += count * RTTI::TypeFileFormat::CONSTRAINT_SIZE;

@@ -44,8 +44,12 @@ public:
             return;
         }
         part.rangeCount = static_cast<unsigned char>(count);
-        for (unsigned int i = 0; i < count; ++i)
-            part.setBounded(i, !isOpenRange(first + i * CONSTRAINT_SIZE));
+        // Few lists are longer. Bytes behind one that is shorter are looked at in vain.
+        static_assert(2 * CONSTRAINT_SIZE <= StorageWindow::READABLE_BEHIND);
+        unsigned int bounded = boundedBit(first, 0) | boundedBit(first, 1);
+        for (unsigned int i = 2; i < count; ++i)
+            bounded |= boundedBit(first, i);
+        part.bounded = static_cast<unsigned char>(bounded & ((1U << count) - 1));
     }
 
     void finish() const {
@@ -54,6 +58,10 @@ public:
     }
 
 private:
+    [[gnu::always_inline]] static unsigned int boundedBit(const char* first, unsigned int range) {
+        return (isOpenRange(first + range * CONSTRAINT_SIZE) ? 0U : 1U) << range;
+    }
+
     const char* m_begin;
     unsigned long long m_address;
     unsigned int m_typeCount;
@@ -107,7 +115,7 @@ std::string valueText(const NamedValues& names, unsigned int value) {
 struct BodyScan {
     const RecordScan<PartSink>& head;
 
-    template <const auto& LAYOUT> bool operator()() const {
+    template <const auto& LAYOUT> [[gnu::always_inline]] bool operator()() const {
         RecordScan<PartSink> scan = head;
         if (!scan.template read<LAYOUT>() || !scan.isAtEnd())
             return false;
@@ -130,7 +138,6 @@ void RecordVerifier::add(FindingCode code, const ReadField& field, Words words) 
 
 void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int kind,
                             RecordParts& record) {
-    record.clear();
     if (scan(typeId, size, kind, record))
         return;
     record.clear();

@@ -31,7 +31,7 @@ public:
     std::size_t blockSize() const { return m_blockSize; }
 
     /// Bytes behind those that were asked for.
-    static constexpr std::size_t READABLE_BEHIND = 16;
+    static constexpr std::size_t READABLE_BEHIND = 32;
 
 private:
     void move(unsigned long long offset);

@@ -238,7 +238,7 @@ void Verification::readRecord(unsigned int typeId, unsigned long long end) {
         if (!overlaps(typeId, end) && role != Role::NO_TYPE)
             m_records.verify(typeId, m_recordSize, m_kind, m_record);
     }
-    m_types.states[typeId].role = role;
+    m_types.states[typeId].setRole(role);
     m_parts.verify(typeId, m_record.all());
 }
 
@@ -287,10 +287,11 @@ void Verification::addWrongKind(unsigned int typeId) {
 /// Lets them be found by id. Records are not always read in the order of the ids.
 void Verification::placeDeferred() {
     std::vector<DeferredType>& deferred = m_types.deferred;
-    std::sort(deferred.begin(), deferred.end(),
-              [](const DeferredType& left, const DeferredType& right) {
-                  return left.typeId < right.typeId;
-              });
+    const auto byId = [](const DeferredType& left, const DeferredType& right) {
+        return left.typeId < right.typeId;
+    };
+    if (!std::is_sorted(deferred.begin(), deferred.end(), byId))
+        std::sort(deferred.begin(), deferred.end(), byId);
     m_types.places.resize(m_types.size());
     for (unsigned int place = 0; place < deferred.size(); ++place)
         m_types.places[deferred[place].typeId] = place;
@@ -300,7 +301,7 @@ void Verification::placeDeferred() {
 /// would also take too long to look at the parts once a type.
 void Verification::share(unsigned int typeId, unsigned int other) {
     m_recordBytes += m_recordSize;
-    m_types.states[typeId].role = m_types.states[other].role;
+    m_types.states[typeId].setRole(m_types.states[other].role);
     if (m_recordBytes > m_limits.maxRecordBytes)
         m_record.clear();
     if (m_record.isEmpty() || m_types.states[other].isFinished) {

@@ -3,6 +3,8 @@
 #include "TypeFile/RecordLayout.h"
 #include "TypeFile/RecordParts.h"
 
+#include <array>
+#include <bit>
 #include <span>
 #include <vector>
 
@@ -12,29 +14,61 @@ namespace TypeFile {
 /// its own, and is no fault of others.
 enum class Role : unsigned char { UNREADABLE, NO_TYPE, PLAIN, RECORD, CLASS };
 
+/// The roles of types by the kinds of their records, from the first kind on.
+inline constexpr auto ROLES = [] {
+    using namespace RTTI::ClassId;
+    std::array<Role, WILDCARD - SEQ_ENUM + 1> roles{};
+    for (unsigned int kind = SEQ_ENUM; kind <= WILDCARD; ++kind)
+        roles[kind - SEQ_ENUM] = buildsType(kind) ? Role::PLAIN : Role::NO_TYPE;
+    roles[RECORD - SEQ_ENUM] = Role::RECORD;
+    roles[CLASS - SEQ_ENUM] = Role::CLASS;
+    return roles;
+}();
+
 /// The role of a type with a record of this kind.
 constexpr Role roleOf(unsigned int kind) {
-    if (!buildsType(kind))
-        return Role::NO_TYPE;
-    return kind == RTTI::ClassId::RECORD  ? Role::RECORD
-           : kind == RTTI::ClassId::CLASS ? Role::CLASS
-                                          : Role::PLAIN;
+    return isKind(kind) ? ROLES[kind - RTTI::ClassId::SEQ_ENUM] : Role::NO_TYPE;
 }
 
 /// What is looked up of types in any order: one byte each.
 struct TypeState {
     Role role : 3 = Role::UNREADABLE;
+    bool isNoType : 1 = false;   ///< Its role is NO_TYPE.
     bool isFinished : 1 = false; ///< It and all below it are checked; none leads back to it.
-    bool hasCounts : 1 = false;  ///< Its counts are not all 0.
     bool isBound : 1 = false;    ///< Its `steps` may be more than its walk takes.
     bool isUnsound : 1 = false;  ///< It contains itself by value, or cannot be read before itself.
+
+    void setRole(Role ofType) {
+        role = ofType;
+        isNoType = ofType == Role::NO_TYPE;
+    }
 };
 static_assert(sizeof(TypeState) == 1);
+
+/// The states of several types at once, bit by bit.
+class TypeStates {
+public:
+    void add(TypeState state) {
+        const auto bits = std::bit_cast<unsigned char>(state);
+        m_all &= bits;
+        m_any |= bits;
+    }
+
+    // States without a role.
+    TypeState all() const { return std::bit_cast<TypeState>(m_all); }
+    TypeState any() const { return std::bit_cast<TypeState>(m_any); }
+
+private:
+    unsigned char m_all = 0xFF;
+    unsigned char m_any = 0;
+};
 
 /// What a type asks of others.
 struct TypeCounts {
     unsigned int open = 0;  ///< Ranges that it asks of the levels around it.
     unsigned int steps = 0; ///< Of its constraint walk; at most one above the limit.
+
+    bool any() const { return (open | steps) != 0; }
 };
 
 /// A type that refers to one that was not finished when its record was read.

@@ -31,22 +31,15 @@ bool WalkCounter::count(bool withBounds) {
                m_types.states[part.target].role != Role::NO_TYPE &&
                !m_types.states[part.target].isUnsound;
     };
-    m_groups.find(follows, [this](Group group) {
+    m_groups.find(follows, [this](Group group, bool isCycle) {
         if (m_types.states[group.front()].isUnsound)
             return;
-        if (group.size() > 1 || leadsToItself(group.front()))
+        if (isCycle)
             countGroup(group);
         else
             countAlone(group.front());
     });
     return !m_needsExact;
-}
-
-bool WalkCounter::leadsToItself(unsigned int typeId) const {
-    const std::span<const Part> parts = m_types.partsOf(typeId).parts;
-    return std::any_of(parts.begin(), parts.end(), [&](const Part& part) {
-        return part.target == typeId && Link::has(part.link, Link::WALKED);
-    });
 }
 
 void WalkCounter::countAlone(unsigned int typeId) {
@@ -58,11 +51,8 @@ void WalkCounter::countAlone(unsigned int typeId) {
 }
 
 void WalkCounter::set(unsigned int typeId, unsigned int steps, bool isBound) {
-    TypeCounts& counts = m_types.counts[typeId];
-    TypeState& state = m_types.states[typeId];
-    counts.steps = steps;
-    state.isBound = isBound;
-    state.hasCounts = counts.open != 0 || steps != 0;
+    m_types.counts[typeId].steps = steps;
+    m_types.states[typeId].isBound = isBound;
     m_needsExact = m_needsExact || (isBound && m_steps.isTooMany(steps));
 }
 

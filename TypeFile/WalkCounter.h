@@ -28,7 +28,7 @@ public:
     void verify();
 
 private:
-    using Group = std::span<const unsigned int>;
+    using Group = GroupFinder::Group;
 
     /// From one type of a group to another, so many times.
     struct Edge {
@@ -68,7 +68,6 @@ private:
     void countAlone(unsigned int typeId);
     void layOut(Group group);
     void addEdges(unsigned int typeId, Place& place);
-    bool leadsToItself(unsigned int typeId) const;
     bool takeBounds(Group group);
     void sumValues();
     void countEach(Group group);

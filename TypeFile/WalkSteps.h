@@ -21,11 +21,11 @@ public:
 
     /// Adds those of a part, if the walk goes through it.
     void add(WalkSum& sum, const TypeNodes& types, unsigned int target, unsigned char link) const {
-        if (!Link::has(link, Link::WALKED) || target >= types.size() ||
-            !types.states[target].hasCounts)
+        if (!Link::has(link, Link::WALKED) || target >= types.size())
             return;
-        sum.steps += types.counts[target].steps;
-        sum.isBound = sum.isBound || types.states[target].isBound;
+        const TypeCounts& counts = types.counts[target];
+        sum.steps += counts.steps;
+        sum.isBound = sum.isBound || (types.states[target].isBound && counts.any());
     }
 
     /// The sum, with the visit itself where the type is a struct or class: at most `tooMany()`.
