@@ -132,6 +132,14 @@ TEST(InvalidRecord, MemberNameWithoutEnd) {
                 40 + BODY + 8 + 10);
 }
 
+TEST(InvalidRecord, MembersEndBeforeTheirSecond) {
+    TypeFileBuilder file; // The first name has taken the room of the second member.
+    file.record(ClassId::RECORD, "s").u32(VLOG_UNPACKED_STRUCT).i32(2);
+    file.str("sixteen letters.").u32(1).u32(0).string("z");
+    expectError(findingsOf(file), FindingCode::NAME_NOT_TERMINATED, 0, "members[1].name",
+                40 + BODY + 8 + 17 + 8);
+}
+
 TEST(InvalidRecord, FlagsMissing) {
     TypeFileBuilder file;
     file.string("z").cut(BODY - 1);

@@ -100,11 +100,36 @@ void expectSoundImport(const std::string& path) {
     EXPECT_EQ(contentOf(file), contentOf(imported(path, "again")));
 }
 
+/// A path as a name of a case.
+std::string nameOf(std::string path) {
+    for (char& letter : path)
+        letter = std::isalnum(letter) != 0 ? letter : '_';
+    return path;
+}
+
 class RttiImportSample : public testing::TestWithParam<const char*> {};
 
 TEST_P(RttiImportSample, PassesTheVerifierAndIsTheSameOnEveryRun) {
     expectSoundImport(dump(GetParam()));
 }
+
+class RttiImportDesign : public testing::TestWithParam<const char*> {};
+
+/// The expected types and notes have been read against the designs, `kinds` and `more`.
+TEST_P(RttiImportDesign, GivesTheTypesAndNotesThatItsDeclarationsAskFor) {
+    const std::string sample = dump(GetParam());
+    const std::string file = scratch("typ");
+    std::string notes = rtti("import " + sample + " -o '" + file + "'").err;
+    for (std::size_t at; (at = notes.find(IMPORT_DATA_DIR "/")) != std::string::npos;)
+        notes.erase(at, sizeof IMPORT_DATA_DIR);
+    EXPECT_EQ(notes + rtti("dump " + file).out,
+              contentOf(dump("expected/" + fs::path(sample).filename().string() + ".txt")));
+}
+
+INSTANTIATE_TEST_SUITE_P(, RttiImportDesign,
+                         testing::Values("verilator/kinds-5.048.tree", "verilator/more-5.048.tree",
+                                         "ghdl/kinds-2.0.ghw", "ghdl/kinds-2.0.rti"),
+                         [](const auto& sample) { return nameOf(sample.param); });
 
 TEST(RttiImport, TakesTheExamples) {
     EXPECT_GE(examples().size(), 14u);
@@ -118,12 +143,7 @@ INSTANTIATE_TEST_SUITE_P(, RttiImportSample,
                                          "ghdl/kinds-2.0.ghw", "ghdl/kinds-5.0.ghw",
                                          "ghdl/kinds-6.0.ghw", "ghdl/kinds-2.0.rti",
                                          "ghdl/kinds-5.0.rti", "ghdl/kinds-6.0.rti"),
-                         [](const auto& sample) {
-                             std::string name = sample.param;
-                             for (char& letter : name)
-                                 letter = std::isalnum(letter) != 0 ? letter : '_';
-                             return name;
-                         });
+                         [](const auto& sample) { return nameOf(sample.param); });
 
 TEST(RttiImport, FindsTheSameTypesInTheTreesOf5032And5048) {
     const Result result =
