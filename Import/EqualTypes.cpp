@@ -77,7 +77,7 @@ Numbers contentBlocks(const Types& types) {
 } // namespace
 
 std::vector<unsigned int> firstEqualTypes(const Types& types, const References& references) {
-    const Numbers blocks = contentBlocks(types);
+    Numbers blocks = contentBlocks(types);
     if (!types.empty() && *std::max_element(blocks.begin(), blocks.end()) + 1 == types.size())
         return blocks; // Each is the next one: there are no two of the same content.
     std::vector<TypeFile::LabelledEdge> edges;

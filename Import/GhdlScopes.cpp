@@ -80,19 +80,25 @@ std::vector<std::size_t> GhdlScopes::find(const std::string& name, std::size_t f
     };
     for (const bool isInFront : {true, false}) {
         const Fits& isMeant = isInFront ? fits : fitsBehind;
-        std::size_t scope = m_listing.types[from].scope;
-        while (true) {
+        std::vector<std::size_t> found;
+        const auto add = [&](std::size_t type) {
+            if (std::find(found.begin(), found.end(), type) == found.end())
+                found.push_back(type);
+        };
+        const auto addOf = [&](std::size_t scope) {
             const std::vector<std::size_t>* const places = placesOf(m_names.ofScopes[scope], name);
-            const std::size_t found =
+            const std::size_t type =
                 places == nullptr ? from : nearest(*places, from, isInFront, isMeant);
-            if (found != from)
-                return {found};
-            if (scope == 0)
-                break;
-            scope = m_listing.scopes[scope].parent;
-        }
-        std::vector<std::size_t> found =
-            findInPackages(m_names.ofPackages, name, from, isInFront, isMeant);
+            if (type != from)
+                add(type);
+        };
+        std::size_t scope = m_listing.types[from].scope;
+        for (; scope != 0; scope = m_listing.scopes[scope].parent)
+            addOf(scope);
+        addOf(scope);
+        for (const std::size_t type :
+             findInPackages(m_names.ofPackages, name, from, isInFront, isMeant))
+            add(type);
         if (!found.empty())
             return found;
     }

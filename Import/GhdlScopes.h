@@ -18,9 +18,10 @@ public:
 
     explicit GhdlScopes(const GhdlListing& listing);
 
-    /// The declarations that a name can mean in the declaration `from`: the nearest of its own
-    /// scope or of those around it; else those of packages, the nearest first. Those behind `from`
-    /// count only where there are none in front. The answers are numbers of types of the listing.
+    /// The declarations that a name can mean in the declaration `from`, the nearest first: those of
+    /// its own scope and of those around it, then those of packages, which the source can mean by
+    /// names that begin with the package. Those behind `from` count only where there are none in
+    /// front. The answers are numbers of types of the listing.
     std::vector<std::size_t> find(const std::string& name, std::size_t from,
                                   const Fits& fits) const;
 

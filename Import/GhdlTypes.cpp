@@ -159,8 +159,9 @@ private:
             m_physicalName = type.name;
         if (type.form != Form::SCALAR_SUBTYPE || !isOfReals(type.use.range))
             return;
-        for (const std::size_t base : findNumberType(type.use.name, i))
-            m_isReal[base] = true;
+        const std::vector<std::size_t> bases = findNumberType(type.use.name, i);
+        if (!bases.empty())
+            m_isReal[bases[0]] = true;
     }
 
     std::vector<std::size_t> findNumberType(const std::string& name, std::size_t from) const {
@@ -340,10 +341,11 @@ private:
                                              }),
                                listed.name);
         const Made base = madeOf(use.type);
-        if (base.open == 0 && !base.isUntold)
+        const bool isTold = numberOf(use.type) && !base.isUntold;
+        if (isTold && base.open == 0)
             return use;
         const auto positions = positionsOf(listed.ranges, from, use.type);
-        if (base.isUntold || !positions || positions->size() != base.open)
+        if (!positions || (isTold && positions->size() != base.open))
             return {unknownUse(""), {}, {}};
         use.ranges = *positions;
         return use;
@@ -527,14 +529,15 @@ private:
             const auto openNested = std::count_if(nested, use.ranges.end(), isOpen);
             made.open += static_cast<std::size_t>(open + openNested);
             made.levels += (open > 0 ? 1 : 0) + (openNested > 0 ? madeOf(use.type).levels : 0);
-            const VhdlType& used = m_types[use.type];
             made.isUntold = made.isUntold || madeOf(use.type).isUntold ||
-                            (used.kind == VhdlKind::UNKNOWN && used.name.empty());
+                            m_types[use.type].kind == VhdlKind::UNKNOWN;
         };
         if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
             add(type.of, type.indexes.size());
-        for (const VhdlPart& part : type.parts)
-            add(part.use, 0);
+        if (type.kind != VhdlKind::RECORD)
+            return;
+        for (const VhdlPart& member : type.parts)
+            add(member.use, 0);
     }
 
     /// There is more than one physical type.

@@ -97,7 +97,9 @@ private:
 
     /// Whether the waves have the open half alone of an array that was declared in one piece.
     bool saysLess(std::uint32_t wave, const VhdlType& listed) const {
-        return listed.kind == VhdlKind::ARRAY && m_waves[wave].of.ranges != listed.of.ranges;
+        return listed.kind == VhdlKind::ARRAY &&
+               !std::equal(listed.of.ranges.begin(), listed.of.ranges.end(),
+                           m_waves[wave].of.ranges.begin());
     }
 
     /// An open half gets the ranges of one declaration.
@@ -137,7 +139,7 @@ private:
             return std::equal(listed.parts.begin(), listed.parts.end(), wave.parts.begin(),
                               wave.parts.end(), [&](const VhdlPart& a, const VhdlPart& b) {
                                   return a.name == b.name &&
-                                         (isUntold(a.use) || (a.use.ranges == b.use.ranges &&
+                                         (isUntold(a.use) || (haveSameRanges(a.use, b.use.ranges) &&
                                                               canMeanUse(a.use, b.use.type)));
                               });
         case VhdlKind::SUBTYPE:
@@ -163,17 +165,31 @@ private:
                            [&](std::uint32_t type) { return canMean(type, wave); });
     }
 
+    /// Whether the listing has no more than a name, if that, of what is used.
+    bool isNameAlone(const VhdlUse& listed) const {
+        return m_listings[listed.type].kind == VhdlKind::UNKNOWN;
+    }
+
+    /// The ranges from `own` on. Those that a type leaves open are not in a listing that has its
+    /// name alone.
+    bool haveSameRanges(const VhdlUse& listed, const std::vector<VhdlRange>& wave,
+                        std::size_t own = 0) const {
+        const auto first = wave.begin() + static_cast<std::ptrdiff_t>(own);
+        if (isNameAlone(listed) && listed.ranges.size() == own)
+            return isUntold(listed) || std::all_of(first, wave.end(), [](const VhdlRange& range) {
+                       return range.isOpen;
+                   });
+        return std::equal(listed.ranges.begin() + static_cast<std::ptrdiff_t>(own),
+                          listed.ranges.end(), first, wave.end());
+    }
+
     bool compareArrays(const VhdlType& listed, const VhdlType& wave) {
-        const std::vector<VhdlRange>& ranges = listed.of.ranges;
-        const std::vector<VhdlRange>& others = wave.of.ranges;
-        if (listed.indexes.size() != wave.indexes.size() || ranges.size() != others.size())
+        const std::size_t own = listed.indexes.size();
+        if (own != wave.indexes.size() || !haveSameRanges(listed.of, wave.of.ranges, own))
             return false;
-        for (std::size_t i = 0; i < ranges.size(); ++i) {
-            const bool isOpenHalf = i < listed.indexes.size() && others[i].isOpen;
-            if (ranges[i] != others[i] && !isOpenHalf)
+        for (std::size_t i = 0; i < own; ++i) {
+            if (listed.of.ranges[i] != wave.of.ranges[i] && !wave.of.ranges[i].isOpen)
                 return false;
-        }
-        for (std::size_t i = 0; i < listed.indexes.size(); ++i) {
             if (listed.indexes[i] != NONE && !canMean(listed.indexes[i], wave.indexes[i]))
                 return false;
         }
@@ -182,7 +198,7 @@ private:
 
     /// A subtype of an array in one piece has no ranges in a listing, and the array's in waves.
     bool haveSameRanges(const VhdlType& listed, const VhdlType& wave) const {
-        if (listed.of.ranges == wave.of.ranges)
+        if (haveSameRanges(listed.of, wave.of.ranges))
             return true;
         return listed.of.ranges.empty() && m_listings[listed.of.type].of.ranges == wave.of.ranges;
     }
@@ -205,7 +221,19 @@ private:
         return use;
     }
 
+    /// Adds the ranges that a type leaves open of which the listing has the name alone. `own` are
+    /// there in front of them.
+    void addOpenRanges(VhdlUse& listed, std::size_t own = 0) const {
+        const std::uint32_t type = m_joined[listed.type];
+        if (isNameAlone(listed) && type < m_offset && listed.ranges.size() == own)
+            listed.ranges.resize(own + static_cast<std::size_t>(openRanges(m_waves[type])));
+    }
+
     VhdlType joinedType(VhdlType type) const {
+        if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
+            addOpenRanges(type.of, type.indexes.size());
+        for (VhdlPart& part : type.parts)
+            addOpenRanges(part.use);
         type.of = joinedUse(std::move(type.of));
         // A listing may not tell how many ranges its members leave open.
         if (type.mayBePart && type.of.type < m_offset)
@@ -224,7 +252,7 @@ private:
         if (!wave.realRange.isKnown)
             wave.realRange = listed.realRange;
         if (listed.kind == VhdlKind::ARRAY)
-            wave.of.ranges = listed.of.ranges;
+            std::copy(listed.of.ranges.begin(), listed.of.ranges.end(), wave.of.ranges.begin());
         if (listed.kind == VhdlKind::SUBTYPE && !isUntold(listed.of) &&
             listed.of.ranges != wave.of.ranges)
             wave.of = joinedUse(listed.of);

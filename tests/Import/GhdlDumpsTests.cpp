@@ -353,6 +353,19 @@ TEST(Listings, ANameOfTwoPackagesIsNoted) {
                                     "are 2, the nearest is taken"}));
 }
 
+// The source may say p.e.
+TEST(Listings, ANameThatHidesAnotherOneIsNoted) {
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (outer)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_e8: e is (inner)\n"
+                  " ghdl_rtik_type_access: t is access e\n");
+    EXPECT_EQ(types.lines(), (Lines{"e: enum outer", "e: enum inner", "t: access 1"}));
+    EXPECT_EQ(types.notes(), (Lines{"l:6: type t: the input does not say which e it uses; there "
+                                    "are 2, the nearest is taken"}));
+}
+
 TEST(Listings, ATypeThatIsNotToldLeavesOutThoseThatNeedIt) {
     ImportedTypes types;
     types.package(" ghdl_rtik_subtype_scalar, D=0: rb is rb\n"
@@ -496,6 +509,59 @@ TEST(JoinedDumps, WavesHaveTheRangesThatTheListingDoesNotTell) {
                   " ghdl_rtik_subtype_array: mem is mem (a to b) of e\n");
     EXPECT_EQ(types.wave(file.file()).lines(),
               (Lines{"e: enum a b c", "f: enum d b a", "mem: array [0] of 0 (0 to 1)"}));
+}
+
+TEST(JoinedDumps, WavesTellAHiddenTypeFromTheOneThatHidesIt) {
+    GhwBuilder file;
+    file.names({"e", "inner", "m", "outer", "r"}).type(22, {1, 1, 4});
+    file.type(RECORD, {5, 1, 3, 1});
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_e8: e is (outer)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_e8: e is (inner)\n"
+                  " ghdl_rtik_type_record: r is record\n"
+                  "  ghdl_rtik_element: m: e\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"e: enum outer", "e: enum inner", "r: record m:0"}));
+    EXPECT_EQ(types.notes(), Lines());
+}
+
+// Listings have no declarations of packages that are instances.
+TEST(JoinedDumps, WavesDeclareTypesThatTheListingOnlyUses) {
+    GhwBuilder file;
+    file.names({"arr", "f", "fx", "i", "r"}).type(INTEGER, {4}).type(ARRAY, {3, 1, 1, 1});
+    file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER | DOWNTO, 3, -4);
+    file.type(RECORD, {5, 1, 2, 3}).type(ARRAY, {1, 3, 1, 1});
+    file.type(ARRAY_SUBTYPE, {1, 5}).range(INTEGER, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_record: r is record\n"
+                  "  ghdl_rtik_element: f: fx (3 downto -4)\n"
+                  " ghdl_rtik_subtype_array: arr is arr (0 to 1) of fx (3 downto -4)\n"
+                  " ghdl_rtik_type_array: open is array (i range <>) of fx\n"
+                  " ghdl_rtik_subtype_array: sub is open (1 to 2) (5 to 6)\n"
+                  " ghdl_rtik_type_record: unused is record\n"
+                  "  ghdl_rtik_element: f: fx (1 to 9)\n"
+                  "  ghdl_rtik_element: g: fx\n");
+    EXPECT_EQ(types.wave(file.file()).lines({"p"}),
+              (Lines{"i: integer (-2147483648 to 2147483647)", "fx: array [0] of 0 (open)",
+                     "r: record f:1 (3 downto -4)", "arr: array [0] of 1 (0 to 1, 3 downto -4)",
+                     "open: array [0] of 1 (open, open)", "sub: subtype of 4 (1 to 2, 5 to 6)",
+                     "unused: record f:1 (1 to 9) g:1 (open)"}));
+}
+
+TEST(JoinedDumps, WavesTellAnElementThatTheListingDoesNot) {
+    GhwBuilder file;
+    file.names({"arr", "integer", "m", "u", "v"}).type(INTEGER, {2}).type(ARRAY, {5, 1, 1, 1});
+    file.type(OPEN_ARRAY_SUBTYPE, {5, 2}).type(RECORD, {4, 1, 3, 3});
+    file.type(RECORD_SUBTYPE, {0, 4}).range(INTEGER, 0, 7);
+    file.type(ARRAY, {1, 5, 1, 1}).type(ARRAY_SUBTYPE, {1, 6}).range(INTEGER, 0, 1);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_array: arr is arr (0 to 1) of ghdl_rtik_subtype_record \n");
+    EXPECT_EQ(types.wave(file.file()).lines({"p"}),
+              (Lines{"integer: integer (-2147483648 to 2147483647)", "v: array [0] of 0 (open)",
+                     "u: record m:1 (open)", "arr: array [0] of 2 (0 to 1, 0 to 7)"}));
+    EXPECT_EQ(types.notes(), Lines());
 }
 
 TEST(JoinedDumps, TypesOfOneNameWithOtherRangesStayApart) {
