@@ -317,6 +317,8 @@ class RecordView {
         this.hex = this.hexOf();
         last.replaceWith(this.hex);
         this.mark(this.focused);
+        if (this.focused !== null)
+            this.reveal(this.focused);
     }
 
     shownFields() {
