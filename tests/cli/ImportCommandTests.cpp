@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(, RttiImportDesign,
                          [](const auto& sample) { return nameOf(sample.param); });
 
 TEST(RttiImport, TakesTheExamples) {
-    EXPECT_GE(examples().size(), 14u);
+    EXPECT_GE(examples().size(), 22u);
     for (const std::string& path : examples())
         expectSoundImport(path);
 }
