@@ -23,15 +23,9 @@ const LongList& longListOf(const PartsOfType& type, std::size_t place) {
 
 } // namespace
 
-void PartVerifier::verify(unsigned int typeId, const PartsOfType& type) {
-    const PartSum sum = sumOf(type);
-    if (!sum.isFinished)
-        return defer(typeId, type);
-    finish(typeId, type, sum);
-}
-
 /// Looks at all parts before it decides anything: no processor foresees what they are.
-PartVerifier::PartSum PartVerifier::sumOf(const PartsOfType& type) const {
+[[gnu::always_inline]] inline PartVerifier::PartSum
+PartVerifier::sumOf(const PartsOfType& type) const {
     const std::span states(m_types.states);
     const TypeCounts* const counts = m_types.counts.data();
     unsigned long long steps = type.dimensions;
@@ -53,6 +47,13 @@ PartVerifier::PartSum PartVerifier::sumOf(const PartsOfType& type) const {
     }
     isBroken |= below.any().isNoType || (Link::has(links, Link::BASE_CLASS) && hasWrongBase(type));
     return {steps, asked, below.all().isFinished, isBroken};
+}
+
+void PartVerifier::verify(unsigned int typeId, const PartsOfType& type) {
+    const PartSum sum = sumOf(type);
+    if (!sum.isFinished)
+        return defer(typeId, type);
+    finish(typeId, type, sum);
 }
 
 bool PartVerifier::hasWrongBase(const PartsOfType& type) const {
@@ -147,18 +148,23 @@ unsigned int PartVerifier::openRanges(unsigned int typeId, const PartsOfType& ty
     const LongList* const list = part.rangeCount == Part::MANY ? &longListOf(type, place) : nullptr;
     const unsigned int rangeCount = list != nullptr ? list->rangeCount : part.rangeCount;
     const bool isShort = rangeCount < dimensions || (rangeCount > dimensions && rangeCount < asked);
-    if (isShort && m_findings.hasRoom(FindingCode::CONSTRAINT_LIST_TOO_SHORT))
-        m_records.addAtRanges(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId, place,
-                              "Found " + OVAT::counted(rangeCount, "constraint") + " for " +
-                                  OVAT::counted(asked, "dimension") + ".");
-    else if (isShort)
-        m_findings.leaveOut(FindingCode::CONSTRAINT_LIST_TOO_SHORT);
+    if (isShort)
+        addShort(typeId, place, rangeCount, asked);
     if (list != nullptr)
         return asked - rangesWithBounds(*list, asked);
     unsigned int withBounds = 0;
     for (unsigned int i = 0; i < std::min<unsigned int>(asked, part.rangeCount); ++i)
         withBounds += part.bounded >> i & 1;
     return asked - withBounds;
+}
+
+void PartVerifier::addShort(unsigned int typeId, std::size_t place, unsigned int found,
+                            unsigned int asked) {
+    if (!m_findings.hasRoom(FindingCode::CONSTRAINT_LIST_TOO_SHORT))
+        return m_findings.leaveOut(FindingCode::CONSTRAINT_LIST_TOO_SHORT);
+    m_records.addAtRanges(FindingCode::CONSTRAINT_LIST_TOO_SHORT, typeId, place,
+                          "Found " + OVAT::counted(found, "constraint") + " for " +
+                              OVAT::counted(asked, "dimension") + ".");
 }
 
 /// How many of the first `count` ranges of a list have bounds of their own.

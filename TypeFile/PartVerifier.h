@@ -51,6 +51,8 @@ private:
     void addBrokenParts(unsigned int typeId, const PartsOfType& type);
     unsigned int openRanges(unsigned int typeId, const PartsOfType& type, std::size_t place,
                             unsigned int askedBelow);
+    [[gnu::cold]] void addShort(unsigned int typeId, std::size_t place, unsigned int found,
+                                unsigned int asked);
     unsigned int rangesWithBounds(const LongList& list, unsigned int count);
 
     StorageWindow& m_jumps;

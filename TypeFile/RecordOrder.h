@@ -47,8 +47,10 @@ public:
 
     /// The place behind all types that share the record at `place`.
     std::size_t placeBehind(std::size_t place) const {
+        const unsigned long long address = addressAt(place);
+        const std::size_t end = size();
         std::size_t next = place + 1;
-        while (next < size() && addressAt(next) == addressAt(place))
+        while (next < end && addressAt(next) == address)
             ++next;
         return next;
     }

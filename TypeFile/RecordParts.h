@@ -33,9 +33,9 @@ struct LongList {
 /// The parts of one type, in the order of its record.
 struct PartsOfType {
     std::span<const Part> parts;
-    std::span<const LongList> longLists; ///< In the order of their places, maybe those of others.
-    std::size_t firstPlace;              ///< That of the first part.
-    unsigned int dimensions;             ///< Of an array; 0 for other kinds.
+    const std::vector<LongList>& longLists; ///< In the order of their places, maybe with others.
+    std::size_t firstPlace;                 ///< That of the first part.
+    unsigned int dimensions;                ///< Of an array; 0 for other kinds.
 };
 
 /// The parts of the record that was read last. Its memory is used again for the next one.

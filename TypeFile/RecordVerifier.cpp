@@ -52,7 +52,7 @@ public:
         part.bounded = static_cast<unsigned char>(bounded & ((1U << count) - 1));
     }
 
-    void finish() const {
+    [[gnu::always_inline]] void finish() const {
         m_record->setEnd(m_next);
         m_record->setDimensions(m_dimensions);
     }
@@ -136,6 +136,16 @@ void RecordVerifier::add(FindingCode code, const ReadField& field, Words words) 
         m_findings.leaveOut(code);
 }
 
+[[gnu::always_inline]] inline bool RecordVerifier::scan(unsigned int typeId, unsigned int size,
+                                                        unsigned int kind, RecordParts& record) {
+    if (size > m_sweep.blockSize())
+        return false;
+    const unsigned long long address = m_types.addresses[typeId];
+    const char* const begin = m_sweep.at(address, size);
+    RecordScan scan(begin, begin + size, PartSink(begin, size, address, m_types.size(), record));
+    return scan.read<Layout::HEAD>() && withLayout(kind, BodyScan{scan});
+}
+
 void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int kind,
                             RecordParts& record) {
     if (scan(typeId, size, kind, record))
@@ -145,16 +155,6 @@ void RecordVerifier::verify(unsigned int typeId, unsigned int size, unsigned int
     readFields(size, kind, record);
     if (!m_isBelieved)
         record.clear();
-}
-
-bool RecordVerifier::scan(unsigned int typeId, unsigned int size, unsigned int kind,
-                          RecordParts& record) {
-    if (size > m_sweep.blockSize())
-        return false;
-    const unsigned long long address = m_types.addresses[typeId];
-    const char* const begin = m_sweep.at(address, size);
-    RecordScan scan(begin, begin + size, PartSink(begin, size, address, m_types.size(), record));
-    return scan.read<Layout::HEAD>() && withLayout(kind, BodyScan{scan});
 }
 
 void RecordVerifier::readFields(unsigned int size, unsigned int kind, RecordParts& record) {

@@ -57,13 +57,14 @@ private:
     void verifyDeferred();
     bool isTooLarge() const { return m_recordBytes > m_limits.maxRecordBytes; }
     void addTooLarge();
-    void readRecord(unsigned int typeId, unsigned long long end);
+    [[gnu::always_inline]] inline void readRecord(unsigned int typeId, unsigned long long end);
     [[gnu::always_inline]] inline bool readFrame(unsigned int typeId);
     void addOutside(unsigned int typeId);
     void addWrongSize(unsigned int typeId, int found);
     void addCut(unsigned int typeId, unsigned int size);
     [[gnu::always_inline]] inline bool overlaps(unsigned int typeId, unsigned long long end);
-    void addWrongKind(unsigned int typeId);
+    [[gnu::cold]] void addOverlap(unsigned int typeId, const char* other);
+    [[gnu::cold]] void addWrongKind(unsigned int typeId);
     void share(unsigned int typeId, unsigned int other);
     void placeDeferred();
     void addForFile(FindingCode code, const char* field, unsigned long long offset,
@@ -217,13 +218,16 @@ bool Verification::overlaps(unsigned int typeId, unsigned long long end) {
     const bool meetsTable = meets(m_frame.tableOffset(), m_tableEnd);
     if (!meetsHeader && !meetsTable && begin + m_recordSize <= end)
         return false;
-    m_findings.add(FindingCode::RECORD_OVERLAP, typeId, Field::RECORD_SIZE, begin,
-                   "The record of " + std::to_string(m_recordSize) + " bytes shares some with " +
-                       (meetsHeader  ? "the header"
-                        : meetsTable ? "the address table"
-                                     : "the record that follows") +
-                       ".");
+    addOverlap(typeId, meetsHeader  ? "the header"
+                       : meetsTable ? "the address table"
+                                    : "the record that follows");
     return true;
+}
+
+void Verification::addOverlap(unsigned int typeId, const char* other) {
+    m_findings.add(
+        FindingCode::RECORD_OVERLAP, typeId, Field::RECORD_SIZE, m_types.addresses[typeId],
+        "The record of " + std::to_string(m_recordSize) + " bytes shares some with " + other + ".");
 }
 
 void Verification::readRecord(unsigned int typeId, unsigned long long end) {

@@ -43,14 +43,18 @@ public:
 
     /// Reports a type whose walk takes more steps than the limit.
     void report(unsigned int typeId, const TypeNodes& types, FindingList& findings) const {
-        if (!isTooMany(types.counts[typeId].steps))
-            return;
+        if (isTooMany(types.counts[typeId].steps))
+            addTooMany(typeId, types, findings);
+    }
+
+private:
+    [[gnu::cold]] void addTooMany(unsigned int typeId, const TypeNodes& types,
+                                  FindingList& findings) const {
         findings.add(FindingCode::WALK_TOO_LARGE, typeId, "record", types.addresses[typeId],
                      "To flatten the constraints of this type takes more than " +
                          std::to_string(m_limit) + " steps.");
     }
 
-private:
     unsigned int m_limit;
 };
 

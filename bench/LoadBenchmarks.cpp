@@ -21,9 +21,11 @@ TypeStorage& storageOf(const benchmark::State& state) {
     return TypeStorage::of(static_cast<unsigned int>(state.range(0)));
 }
 
-void Load(benchmark::State& state) {
+void loadEach(benchmark::State& state, bool isAfresh) {
     TypeStorage& types = storageOf(state);
     for ([[maybe_unused]] auto _ : state) {
+        if (isAfresh)
+            Bench::startAfresh(state);
         std::optional<RTTI::RTTypeManager> manager(std::in_place);
         manager->setupDeserializer(types.storage, 0);
         benchmark::DoNotOptimize(manager->readAllRTTypes());
@@ -32,6 +34,9 @@ void Load(benchmark::State& state) {
         state.ResumeTiming();
     }
 }
+
+void Load(benchmark::State& state) { loadEach(state, false); }
+void OpeningLoad(benchmark::State& state) { loadEach(state, true); }
 
 void LoadFloorTime(benchmark::State& state) {
     TypeStorage& types = storageOf(state);
@@ -117,6 +122,7 @@ void LazyFirstTypeFloor(benchmark::State& state) {
 const int REGISTERED[] = {
     Bench::measureEveryCount("Load", Load),
     Bench::measureEveryCount("Load/floor", LoadFloorTime),
+    Bench::measureEveryCount("Opening/load", OpeningLoad),
     Bench::measureEveryCount("Teardown", Teardown),
     Bench::measureEveryCount("Teardown/floor", TeardownFloor),
     Bench::measureEveryCount("LazyFirstType", LazyFirstType),
