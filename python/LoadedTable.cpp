@@ -14,7 +14,7 @@ std::string placeOfType(unsigned int id) { return "type " + std::to_string(id); 
 } // namespace
 
 TypeFile::TypeFileFrame usableFrame(const Source& source, unsigned long long offset) {
-    const TypeFile::TypeFileFrame frame(*source.storage, source.size, offset);
+    TypeFile::TypeFileFrame frame(*source.storage, source.size, offset);
     const std::string reason = frame.reasonUnusable();
     if (!reason.empty())
         throw Refused(source.name, "offset " + std::to_string(offset), reason);
