@@ -109,7 +109,7 @@ public:
                 isWhole = m_input.endedLine();
         }
         if (!m_hasHeader)
-            throw ImportError(m_input.place(), "no type listing of GHDL (--dump-rti)");
+            throw ImportError(m_input.place(), "not a type listing of GHDL (--dump-rti)");
         if (!isWhole || !m_hasDesign)
             failInTheMiddle();
         return std::move(m_listing);
@@ -160,7 +160,7 @@ private:
     /// A line of the design's own output in the midst of the listing can have hidden one.
     void noteForeignLine() {
         if (m_foreignLine != 0)
-            m_notes.add(m_input.linePlace(m_foreignLine), "no line of a type listing, passed over");
+            m_notes.add(m_input.linePlace(m_foreignLine), "not a line of a type listing; skipped");
         m_foreignLine = 0;
     }
 

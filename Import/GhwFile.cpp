@@ -159,10 +159,10 @@ private:
         if (first == static_cast<std::uint8_t>(DIRECTORY[0]))
             m_bytes.fail("the file has no types: GHDL was told not to run the design (--no-run)");
         if (first != static_cast<std::uint8_t>(MAGIC[0]))
-            m_bytes.fail("no GHW file");
+            m_bytes.fail("not a GHW file");
         m_bytes.expect(MAGIC.substr(1), "the first line of a GHW file");
         if (m_bytes.byte() != 16 || m_bytes.byte() != 0 || m_bytes.byte() > 1)
-            m_bytes.fail("a version of GHW that is not known");
+            m_bytes.fail("an unknown version of GHW");
         const std::uint8_t order = m_bytes.byte();
         if (order != 1 && order != 2)
             m_bytes.fail("the byte order is neither 1 (little) nor 2 (big endian)");
@@ -193,7 +193,7 @@ private:
             m_bytes.fail("the names are damaged: there are more of them than the file says");
         m_bytes.expect({"EOS\0", 4}, "the end of the names");
         if (total != length)
-            m_bytes.fail("the names are damaged: they have not the length that the file says");
+            m_bytes.fail("the names are damaged: they do not have the length that the file says");
     }
 
     /// Cuts the name to what the next one shares with it, and appends what that has more. The
@@ -367,7 +367,7 @@ private:
         if (tail.size() < TAIL_SIZE || tail.substr(0, TAIL.size()) != TAIL)
             m_bytes.fail(
                 "the file has no end: GHDL was stopped, or is still writing it (--stop-time=0ns "
-                "ends a run whose types alone are wanted)");
+                "ends a run of which only the types are wanted)");
     }
 
     GhwBytes m_bytes;

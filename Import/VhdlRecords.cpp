@@ -141,7 +141,7 @@ private:
         if (!use.alternatives.empty())
             note(type, "the input does not say which " + m_types[use.type].name +
                            " it uses; there are " + std::to_string(use.alternatives.size() + 1) +
-                           ", the nearest is taken");
+                           "; the nearest is taken");
     }
 
     static std::unique_ptr<RTBaseType> enumeration(const VhdlType& type) {
@@ -177,10 +177,10 @@ private:
         if (range.isOpen) {
             range = {false, false, LEAST, MOST};
             if (!isPredefined(type))
-                note(type, "its range is not in the input, that of 32 bits is taken");
+                note(type, "its range is not in the input; 32 bits are assumed");
         } else if (type.mayBeReal) {
-            note(type, "the input does not tell whether its range " + textOf(range) +
-                           " is one of whole numbers or of reals; whole numbers are taken");
+            note(type, "the input does not say whether its range " + textOf(range) +
+                           " is one of whole numbers or of reals; whole numbers are assumed");
         }
         result->m_constraint = keptRange(type, range);
         return result;
@@ -198,11 +198,11 @@ private:
             result->m_right = std::numeric_limits<double>::max();
             result->m_direction = TypeFileFormat::TO_DIRECTION;
         } else if (!range.isKnown) {
-            note(type, "its range is not in the input, that of all reals is taken");
+            note(type, "its range is not in the input; all reals are assumed");
             result->m_left = std::numeric_limits<double>::lowest();
             result->m_right = std::numeric_limits<double>::max();
         } else if (!range.isExact) {
-            note(type, "the input has six digits of the bounds of its range");
+            note(type, "the input gives the bounds of its range to six digits only");
         }
         return result;
     }

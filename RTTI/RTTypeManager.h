@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-/// Run-time type information of a design: loading its types, and asking them questions.
+/// Run-time type information of a design: loading its types and querying them.
 namespace RTTI {
 
 class TypeDeserializer;

@@ -47,7 +47,7 @@ inline constexpr char TYPE[] = "type";
 inline constexpr char FLAG[] = "flag";
 /// @}
 
-/// A field of a record that follows from others, so that a type has none of that name.
+/// A field of a record that is derived from others. Types have no such field.
 /// @{
 inline constexpr char RECORD_SIZE[] = "recordSize";
 inline constexpr char LITERAL_COUNT[] = "literalCount";
@@ -72,9 +72,9 @@ inline constexpr char RESERVED[] = "reserved";
 
 } // namespace Field
 
-/// A name, or a way to a field, in the words that text for people has for it: "element type" for
-/// "elementType", "members[2].type" for itself. Abbreviations are written out, so that "svTypeId"
-/// is "SV type id", "refType" is "referenced type" and "si" is "start index".
+/// The words for a field name, or for a path to a field, in text for people: "element type" for
+/// "elementType"; "members[2].type" stays as it is. Abbreviations are written out: "svTypeId" is
+/// "SV type id", "refType" is "referenced type" and "si" is "start index".
 std::string fieldWords(std::string_view field);
 
 } // namespace TypeFile

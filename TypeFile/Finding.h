@@ -51,8 +51,8 @@ enum class FindingCode {
 /// The text of a code, such as "record-outside-storage". It never changes.
 std::string_view codeText(FindingCode code);
 
-/// The severity of all findings with this code. Only for MORE_FINDINGS it depends on the findings
-/// counted.
+/// The severity of all findings with this code, except MORE_FINDINGS, whose severity depends on the
+/// findings that it counts.
 Severity severityOf(FindingCode code);
 
 /// "error" or "warning".

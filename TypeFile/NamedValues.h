@@ -14,7 +14,7 @@ struct NamedValues {
     std::size_t count;        ///< How many there are.
     unsigned int first;       ///< The number that the first name stands for.
 
-    /// The name of a number, or null where it has none.
+    /// The name of a number, or null if it has none.
     constexpr const char* nameOf(unsigned int value) const {
         const unsigned int index = value - first; // Wraps for what is below the first.
         return index < count ? names[index] : nullptr;

@@ -138,7 +138,7 @@ template <typename Entry, typename Item> const Entry& RecordEncoder::entryOf(con
         const auto* const entry = dynamic_cast<const Entry*>(item);
         m_place.field = Field::FLAG;
         if (entry == nullptr)
-            refuse("a class's member is an RTClassType::t_ClassMember, and this one is none");
+            refuse("a member of a class must be an RTClassType::t_ClassMember");
         return *entry;
     }
 }

@@ -29,7 +29,7 @@ struct RecordFrame {
             std::max(claimedSize, static_cast<int>(RTTI::TypeFileFormat::RECORD_HEADER_SIZE)));
     }
 
-    /// Those of them that the storage has.
+    /// How many of these bytes lie within the storage.
     unsigned long long size() const { return std::min(room, claimedBytes()); }
 };
 

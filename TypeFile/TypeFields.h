@@ -23,8 +23,8 @@ enum class LinkRole {
     MEMBER        ///< The type of a member of a record, struct, union or class.
 };
 
-/// What the value of a field stands for. Whoever takes fields gets the form as an argument, and
-/// tells forms apart by overloads.
+/// What the value of a field stands for. Code that takes fields gets the form as an argument, and
+/// distinguishes forms by overloading.
 namespace Form {
 
 /// Text without a zero byte: a `char*` that its object owns (array new) and that may be null, or a
@@ -40,7 +40,7 @@ struct Flags {};
 /// One of the library's enumerations. A value need not have a name.
 struct Named {};
 
-/// A whole number up to a limit; a loader takes 0 for what is above.
+/// A whole number up to a limit; a loader reads larger numbers as 0.
 struct Flavour {
     int last; ///< The limit.
 };
@@ -104,8 +104,8 @@ constexpr auto referenceField(const char* name, LinkRole role, Id id, Link link,
 }
 
 /// The fields of a class in the order of its record, as a tuple of TypeField. Those of RTBaseType
-/// come before those of every other type class, which does not list them again. Links and what a
-/// class keeps in reserve are no fields.
+/// come before those of every other type class, which does not list them again. Links and reserved
+/// members are not fields.
 template <typename Class> inline constexpr auto FIELDS = nullptr;
 
 /// The fields of one class.
@@ -262,7 +262,7 @@ template <typename Object, typename Use> void forEachField(Object& object, Use&&
 }
 
 /// The same for an entry of a list. Returns false, without a call, if it is a null pointer. An
-/// object that is no `Entry` has the fields of the class that the list is of.
+/// object that is not an `Entry` has the fields of the list's own class.
 template <typename Entry, typename List, typename Use>
 bool forEachField(Form::Entries<Entry>, List& list, std::size_t index, Use&& use) {
     using Item = typename List::value_type;

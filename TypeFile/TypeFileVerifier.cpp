@@ -185,7 +185,7 @@ void Verification::verifyDeferred() {
 void Verification::addTooLarge() {
     addForFile(FindingCode::LOAD_TOO_LARGE, Field::ADDRESS_TABLE, m_frame.tableOffset(),
                "The records take " + counted(m_recordBytes, "byte") +
-                   ", each counted once a type, and the limit is " +
+                   ", each counted once for each type, and the limit is " +
                    std::to_string(m_limits.maxRecordBytes) + ".");
 }
 

@@ -26,7 +26,7 @@ std::vector<Finding> verify(OVAT::IBlockManager& storage, unsigned long long sto
 
 class Verification;
 
-/// Checks some types of a file, each with all that it leads to, for whoever loads no others.
+/// Checks some types of a file and everything that they lead to, for programs that load no others.
 ///
 /// If there are no errors, these types load, and every query on them ends and is safe. What is
 /// wrong with records elsewhere is not found. The constructor reads the address table; a call of
@@ -42,9 +42,9 @@ public:
     TypeVerifier& operator=(const TypeVerifier&) = delete;
     ~TypeVerifier();
 
-    /// What no earlier call has found in the header, in the address table, in the types with these
-    /// ids, and in those below them. An id outside of the table has no findings. The order is that
-    /// of `TypeFile::verify`, and so are the exceptions.
+    /// The findings that no earlier call has returned: those about the header, the address table,
+    /// the types with these ids, and the types below them. An id outside the table has no findings.
+    /// The order and the exceptions are those of `TypeFile::verify`.
     std::vector<Finding> verify(const std::vector<unsigned int>& typeIds);
 
 private:

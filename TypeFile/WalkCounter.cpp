@@ -16,10 +16,10 @@ void WalkCounter::verify() {
     if (m_isExhausted)
         m_findings.add(FindingCode::WALKS_NOT_COUNTED, RTTI::TypeFileFormat::NO_TYPE_ID,
                        Field::ADDRESS_TABLE, m_tableOffset,
-                       "To count the constraint walks of all types takes more than " +
+                       "Counting the constraint walks of all types takes more than " +
                            std::to_string(m_limits.maxCountingSteps) +
-                           " steps, so that larger ones than " +
-                           std::to_string(m_limits.maxWalkSteps) + " may not be reported.");
+                           " steps, so walks of more than " +
+                           std::to_string(m_limits.maxWalkSteps) + " may go unreported.");
 }
 
 /// Whether every type that passes the limit does so for certain.

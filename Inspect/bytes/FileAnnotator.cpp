@@ -306,7 +306,7 @@ void FileAnnotator::writeOverlapping(unsigned long long address, unsigned long l
     });
     if (end < next)
         writeField({FieldState::UNREAD, FieldForm::END_OF_LIST, "body", end, next - end, "",
-                    "the record goes on in what follows: see it alone", NO_TYPE_ID});
+                    "the record overlaps what follows; annotate its type by itself", NO_TYPE_ID});
 }
 
 bool FileAnnotator::writeField(const RecordField& field) {

@@ -56,7 +56,7 @@ std::string realText(double value) { return fmt::format("{}", value); }
 std::string directionMeaning(double direction) {
     const std::optional<int> truncated = truncatedDirection(direction);
     if (!truncated)
-        return fmt::format("does not fit into 32 bits: {} stands instead",
+        return fmt::format("does not fit into 32 bits: read as {}",
                            std::numeric_limits<int>::min());
     if (truncated == TO_DIRECTION)
         return "to";
@@ -243,7 +243,7 @@ void FieldTexts::fillWord(const ReadField& field, RecordField& result) {
     }
     case FieldForm::FLAVOUR:
         if (number > field.layout->last)
-            result.meaning = fmt::format("above {}: 0 stands instead", field.layout->last);
+            result.meaning = fmt::format("above {}: read as 0", field.layout->last);
         return;
     case FieldForm::TYPE_ID:
         result.value = std::to_string(word);

@@ -13,9 +13,9 @@ namespace Inspect {
 /// them.
 ///
 /// A type called `p::t` belongs to the package `p`, unless a class has the name `p`. As packages
-/// cannot need one another, a type that needs one of a later package is declared there. A type
-/// without a package goes with the first package that needs it, if it needs none or only earlier
-/// ones; all others are in the last package, which has a name of its own. The needs of
+/// cannot need one another, a type that needs one of a later package is declared in that one. A
+/// type without a package goes with the first package that needs it, if it needs none or only
+/// earlier ones; all others are in the last package, which has a name of its own. The needs of
 /// specialisations of classes, `p::c#(...)`, make no difference for the order of packages.
 class DeclaredPackages {
 public:
@@ -30,15 +30,15 @@ public:
     /// At least 1.
     std::size_t count() const { return m_names.size(); }
 
-    /// The name of a package. That of the last one is no other's.
+    /// The name of a package. No other package has the name of the last one.
     const std::string& nameOf(std::size_t package) const { return m_names[package]; }
 
-    /// The place among the packages of the one that declares the type.
+    /// The index of the package that declares the type.
     std::size_t packageOf(unsigned int id) const {
         return id < m_places.size() ? m_places[id] : m_names.size() - 1;
     }
 
-    /// Whether that is another package than the one in the type's name.
+    /// Whether that package differs from the one in the type's name.
     bool isAway(unsigned int id) const { return id < m_away.size() && m_away[id]; }
 
     /// The name of a type within the package that declares it: without that package's name.

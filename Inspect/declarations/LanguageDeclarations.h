@@ -65,10 +65,10 @@ protected:
                          const DeclaredNames& names)
         : m_language(language), m_types(types), m_names(names) {}
 
-    /// What `obstacleOf` tells beyond types that are missing or of another language.
+    /// The reasons of `obstacleOf` other than a missing type or one of another language.
     virtual std::string ownObstacleOf(unsigned int id) const = 0;
 
-    /// Null for the id that says "no type", and where there is none.
+    /// Null for NO_TYPE_ID, and if there is no type with this id.
     const RTTI::RTBaseType* typeOf(unsigned int id) const {
         return id != RTTI::TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     }
@@ -76,7 +76,7 @@ protected:
     /// What a declaration calls a type.
     std::string nameHere(unsigned int id) const { return m_names.typeName(id, m_package); }
 
-    /// Whether the type has no name that somebody gave.
+    /// Whether the type has no name from the design.
     bool isUnnamed(unsigned int id) const;
 
     /// The ranges from the index `first` on.
@@ -88,7 +88,7 @@ protected:
     SourceLanguage m_language;    ///< The language that is written.
     const TypeTable& m_types;     ///< Not owned.
     const DeclaredNames& m_names; ///< Not owned.
-    std::size_t m_package = 0;    ///< Where declarations stand.
+    std::size_t m_package = 0;    ///< The package that declarations are in.
 };
 
 } // namespace Inspect

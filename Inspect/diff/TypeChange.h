@@ -7,21 +7,21 @@ namespace Inspect {
 
 /// One difference between a type of A and what became of it in B.
 struct TypeChange {
-    unsigned int idA; ///< Of the type that the change lies in, in A.
-    unsigned int idB; ///< Of what it became, in B.
+    unsigned int idA; ///< The id in A of the type that changed.
+    unsigned int idB; ///< The id in B of the type that it became.
 
-    /// From the name of the type, or of the one around it that has a name, to what differs:
-    /// "pkt_t.hdr.len", "mem_t[]" for the elements, "mem_t[index]", "list_t.all" for what an
-    /// access type designates, "color_t.RED" for a literal. Names that are no plain identifiers
+    /// The path from the name of the type, or of the nearest named type around it, to the change:
+    /// "pkt_t.hdr.len", "mem_t[]" for the elements, "mem_t[index]", "list_t.all" for the type that
+    /// an access type designates, "color_t.RED" for a literal. Names that are not plain identifiers
     /// are in quotes. Printable ASCII.
     std::string path;
 
     /// The field, by the name that it has in the JSON form: "constraints", "type", "members",
-    /// "indexTypes[1]"; "position" for an entry that stands elsewhere in its list.
+    /// "indexTypes[1]"; "position" for an entry that has moved within its list.
     std::string field;
 
-    std::optional<std::string> before; ///< None for what was added. Printable ASCII.
-    std::optional<std::string> after;  ///< None for what was removed. Printable ASCII.
+    std::optional<std::string> before; ///< None if it was added. Printable ASCII.
+    std::optional<std::string> after;  ///< None if it was removed. Printable ASCII.
 };
 
 } // namespace Inspect

@@ -67,7 +67,7 @@ public:
     const std::vector<unsigned int>& added() const { return m_added; }
 
     /// Passes each change to `take`, in the order of the ids in A, and returns the counts. `lists`
-    /// says how the changes have long lists of ranges.
+    /// says how long lists of ranges are written in the changes.
     Counts eachChange(const std::function<void(const TypeChange&)>& take,
                       RangeLists lists = RangeLists::SHORT) const;
 

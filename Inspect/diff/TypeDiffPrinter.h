@@ -10,7 +10,7 @@ namespace Inspect {
 
 /// Writes one line for each type that was removed, each change of a type and each type that was
 /// added, then the verdict with its rule, and the number of types of each sort. `lists` says how
-/// changes have long lists of ranges.
+/// long lists of ranges are written in the changes.
 void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& style,
                    RangeLists lists = RangeLists::SHORT);
 

@@ -18,7 +18,7 @@ struct HtmlSource {
     unsigned long long storageSize = 0;   ///< The size of the storage in bytes.
     unsigned long long baseOffset = 0;    ///< Storage offset of the header.
     TypeTable types;                      ///< The types, all of them loaded.
-    RangeLists lists = RangeLists::SHORT; ///< How much the page has of long lists of ranges.
+    RangeLists lists = RangeLists::SHORT; ///< How long lists of ranges are shown.
 };
 
 /// Writes a self-contained HTML page: a list of the types that can be searched and filtered and,

@@ -517,7 +517,7 @@ class Field {
             this.meaning = entry.names[word - entry.first] || "unknown";
             return;
         case "flavour":
-            this.meaning = number > entry.last ? `above ${entry.last}: 0 stands instead` : "";
+            this.meaning = number > entry.last ? `above ${entry.last}: read as 0` : "";
             return;
         case "typeId":
             this.value = String(word);

@@ -58,7 +58,7 @@ function realText(value) {
 function directionMeaning(directions, direction) {
     const truncated = Math.trunc(direction);
     if (!(truncated >= -2147483648 && truncated <= 2147483647))
-        return "does not fit into 32 bits: -2147483648 stands instead";
+        return "does not fit into 32 bits: read as -2147483648";
     if (truncated === directions.to)
         return "to";
     if (truncated === directions.downto)

@@ -81,7 +81,7 @@ std::string pointerOf(std::string_view field) {
     return pointer;
 }
 
-/// Follows a parse: where it is, and whether a key comes twice in an object.
+/// Follows a parse: where it is, and whether a key occurs twice in an object.
 class PathTracker {
 public:
     using Event = Json::parse_event_t;
@@ -130,7 +130,7 @@ private:
 
     void enter(int depth, bool isArray) {
         if (depth > DEEPEST)
-            throw JsonError(text(), "nothing lies so deep in a table of types");
+            throw JsonError(text(), "nested deeper than anything in a table of types");
         m_levels.push_back({isArray, 0, {}, {}});
     }
 
@@ -138,7 +138,7 @@ private:
         m_levels.back().key = key;
         std::set<std::string>& keys = m_levels.back().keys;
         if (!keys.insert(key).second)
-            throw JsonError(text(), "the key comes twice");
+            throw JsonError(text(), "the key occurs twice");
         if (keys.size() > MOST_KEYS)
             throw JsonError(text(), "no object has so many keys");
     }
@@ -176,8 +176,8 @@ private:
         if (!value.is_boolean())
             throw JsonError(place, "must be true or false");
         if (value.get<bool>())
-            throw JsonError(place,
-                            "this is a part of a file's types, and a type file takes them all");
+            throw JsonError(
+                place, "these are only some of a file's types, and a type file needs all of them");
     }
 
     void takeVersion(const Json& value, const std::string& place) const {

@@ -16,9 +16,9 @@ class JsonLines;
 /// written at once, so memory use does not grow with their number.
 class TypeJsonWriter {
 public:
-    /// Begins the text; `version` is the file's version text. `out` stays the caller's, outlives
-    /// the writer and keeps its own record of failures.
-    /// With `isPart` it says that not all types of the file follow.
+    /// Begins the text; `version` is the file's version text. `out` must outlive the writer, and
+    /// the caller checks it for failures. `isPart` marks the text as one that has only some of the
+    /// types of a file.
     TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version, bool isPart = false);
     TypeJsonWriter(const TypeJsonWriter&) = delete;
     TypeJsonWriter& operator=(const TypeJsonWriter&) = delete;

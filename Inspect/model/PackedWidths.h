@@ -15,12 +15,12 @@ std::optional<std::uint64_t> lengthOf(const RTTI::FullConstraints& dimension);
 
 /// The widths of packed types in bits.
 ///
-/// Packed are SystemVerilog's `bit` and `logic`, its packed arrays, structs and unions of packed
-/// types, enumerations over such a type, and typedefs of them. A struct is as wide as its members
-/// together, an array as its elements together, a union as its widest member; a tagged one has in
-/// addition as many bits as number its members. Every other type has no width, and neither has a
-/// type that leads to one of another sort, to an open dimension or back to itself, nor one of more
-/// bits than 64 bits can count.
+/// The packed types are SystemVerilog's `bit` and `logic`, its packed arrays, structs and unions of
+/// packed types, enumerations over such a type, and typedefs of them. A struct is as wide as its
+/// members together, an array as its elements together, a union as its widest member; a tagged
+/// union also has enough bits to number its members. All other types have no width. Nor does a type
+/// that leads to one of them, to an open dimension or back to itself, or whose number of bits does
+/// not fit into 64 bits.
 ///
 /// An object of this class remembers its results: asking for all types of a table takes time and
 /// memory proportional to the table, whatever the depth. The types must stay alive, and each thread

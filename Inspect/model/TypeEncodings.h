@@ -16,7 +16,7 @@ namespace Inspect {
 /// stay alive, and each thread needs an object of its own.
 class TypeEncodings {
 public:
-    /// Never asks a type for more than `getValueEncoding` of one that leads to no class.
+    /// The encoding of a type. Calls `getValueEncoding` only on types that lead to no class.
     RTTI::ValueEncoding of(const RTTI::RTBaseType& type);
 
 private:

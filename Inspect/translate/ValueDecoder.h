@@ -33,10 +33,10 @@ public:
     /// `field=value` for every value in it, with spaces between them: `st=RUN inner.count=0x3`,
     /// `lanes[1].on=1`; the value alone if the type is neither a struct nor a union nor an array of
     /// these or of enumerations. An enumeration gives the literal. Other values are hexadecimal, or
-    /// binary where X and Z do not fill a digit. All members of a union come.
+    /// binary if X and Z do not fill a digit. All members of a union are given.
     ///
-    /// `line` is binary or hexadecimal, which the number of its digits tells; 0x and 0b may stand
-    /// in front of it, and leading zeros may then be missing. Any other line is returned as it is.
+    /// The number of digits shows whether `line` is binary or hexadecimal; after 0x or 0b, leading
+    /// zeros may be left out. Any other line is returned unchanged.
     std::string decode(std::string_view line) const;
 
 private:

@@ -9,23 +9,23 @@
 
 namespace Inspect {
 
-/// Takes one of the files that a translation consists of: its name, without a directory, and its
-/// text. Names differ, also where upper and lower case are the same.
+/// Receives one of the files of a translation: its name, without a directory, and its text. Names
+/// differ even if case is ignored.
 using FileSink = std::function<void(const std::string& name, const std::string& text)>;
 
 // The enumerations of a file for waveform viewers: SystemVerilog's with the bits of each literal,
 // VHDL's with positions, except bit and std_logic. Loads all types.
 
 /// A translate filter file for GTKWave for each enumeration: a line `VALUE NAME` for each literal
-/// in binary and in hexadecimal. The two have different numbers of digits, except at one bit, where
-/// they are the same. A literal with X is there in binary alone: GTKWave has one hexadecimal digit
-/// for all that is unknown in four bits.
+/// in binary and in hexadecimal. The two have different numbers of digits, except for a single bit,
+/// where they are the same. A literal with X is written only in binary: GTKWave has one hexadecimal
+/// digit for anything unknown in four bits.
 void writeGtkwaveFilters(const TypeTable& types, const FileSink& sink);
 
 /// A type whose values a filter process takes apart.
 struct FilterType {
     std::string name;     ///< As the files call it, without control characters.
-    std::string argument; ///< What leads to it in the table: its name, or else its id.
+    std::string argument; ///< How to find it in the table: by its name, or else by its id.
     std::string file;     ///< A name for a file, without a suffix.
 };
 

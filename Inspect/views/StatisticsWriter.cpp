@@ -70,7 +70,7 @@ public:
 
     void unused(const std::vector<unsigned int>& ids) {
         heading(fmt::format("{} that no other type refers to", counted(ids.size(), "type")));
-        m_out << "(signals, variables and parameters may still be of them)\n";
+        m_out << "(signals, variables and parameters may still use them)\n";
         for (std::size_t i = 0; i < std::min<std::size_t>(ids.size(), m_top); ++i)
             m_out << "  " << label(ids[i]) << '\n';
         rest(ids.size());

@@ -17,9 +17,9 @@ namespace Inspect {
 // "dynamic", "queue" or "associative". Inherited members are listed with those of the class.
 //
 // The ranges are those that `populateTypeConstraints` gives; below a dynamic array, a queue or an
-// associative array, those of the element type by itself. The encoding is that of the whole leaf,
-// within the innermost array of that sort. Each leaf is written as soon as it is found, so memory
-// use grows only with the depth.
+// associative array, those that the element type has on its own. The encoding is that of the whole
+// leaf, within the innermost array of that sort. Each leaf is written as soon as it is found, so
+// memory use grows only with the depth.
 
 /// Which leaves are listed.
 struct LeavesRequest {
@@ -33,7 +33,7 @@ struct LeavesRequest {
 };
 
 /// Writes one line for each leaf: path, type, encoding, bits and ranges, with "-" for anything that
-/// does not apply. At least two spaces separate the columns. A list that goes on behind the limit
+/// does not apply. At least two spaces separate the columns. A list that goes on beyond the limit
 /// ends with a line that says so; the result is then false.
 bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                  const TextStyle& style);

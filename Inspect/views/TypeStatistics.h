@@ -14,8 +14,8 @@ namespace Inspect {
 /// Facts from the header and the address table of a type file. Offsets are storage offsets.
 struct FileFacts {
     std::string version;                ///< The version text.
-    unsigned long long offset = 0;      ///< Of the header.
-    unsigned long long tableOffset = 0; ///< Of the address table.
+    unsigned long long offset = 0;      ///< The offset of the header.
+    unsigned long long tableOffset = 0; ///< The offset of the address table.
 };
 
 /// Returns the size of a type's record in bytes.
@@ -28,8 +28,8 @@ struct TypeStatistics {
         unsigned int kindCode = 0;    ///< The class id; 0 for ids without a type.
         unsigned int detail = 0;      ///< See `kindDetailOf`.
         std::string_view kind;        ///< In words; "builds no type" for ids without a type.
-        unsigned int types = 0;       ///< Of the kind.
-        unsigned long long bytes = 0; ///< Of their records.
+        unsigned int types = 0;       ///< The number of types of the kind.
+        unsigned long long bytes = 0; ///< The bytes of their records.
     };
 
     /// A type and the amount by which it is ranked.
@@ -39,10 +39,10 @@ struct TypeStatistics {
     };
 
     std::vector<KindCount> kinds;        ///< Those with the most types first.
-    unsigned int types = 0;              ///< Ids of the table.
-    unsigned long long bytes = 0;        ///< Of all records.
-    unsigned int vhdlTypes = 0;          ///< By their kinds.
-    unsigned int systemVerilogTypes = 0; ///< The others that have a type.
+    unsigned int types = 0;              ///< The number of ids in the table.
+    unsigned long long bytes = 0;        ///< The bytes of all records.
+    unsigned int vhdlTypes = 0;          ///< The number of types that belong to VHDL.
+    unsigned int systemVerilogTypes = 0; ///< The number of all other types.
     std::vector<unsigned int> nesting;   ///< See `deepestNesting`.
     std::vector<Ranked> largest;         ///< By bytes of the record.
     std::vector<Ranked> longest;         ///< By the number of members, literals or units.

@@ -1,4 +1,4 @@
-"""Types of HDL designs: loading, asking, comparing, importing and building type files.
+"""Types of HDL designs: loading, querying, comparing, importing and building type files.
 
 >>> import rtti
 >>> table = rtti.load("examples/typefiles/ibex_slang.typ")

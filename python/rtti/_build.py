@@ -11,7 +11,7 @@ from ._core import FIELDS, Table, Type, build_from_json
 
 
 class Draft:
-    """A type that is still to be built.
+    """A type that is yet to be built.
 
     It has the fields of its kind, under the names of the JSON form; links are other drafts, or types
     of any table. Fields that are not set are left out.
@@ -93,7 +93,7 @@ class _Numbering:
 
 
 def _text(text: str) -> Any:
-    """A name; as bytes where they are no UTF-8."""
+    """A name; as bytes if these are not UTF-8."""
     try:
         text.encode()
         return text
@@ -102,7 +102,7 @@ def _text(text: str) -> Any:
 
 
 def _real(number: float) -> Any:
-    """A number that JSON may have no form for."""
+    """A number that JSON may be unable to express."""
     if number != number:
         return struct.pack(">d", number).hex()
     return str(number).replace("inf", "Infinity") if number in (_INFINITY, -_INFINITY) else number
@@ -115,12 +115,12 @@ def build(
     types: str | bytes | Mapping[str, Any] | Iterable[AnyType] | Iterable[Mapping[str, Any]],
     offset: int = 0,
 ) -> bytes:
-    """The bytes of a type file, for the place `offset` of a storage.
+    """The bytes of a type file that begins at `offset` of its storage.
 
-    The types are a document of the JSON form (as text or as the object that it stands for), a list of
-    objects of that form, or types of tables and drafts. Of the last, everything that they refer to
-    is built as well; ids are given in the order in which types come, so that those of a table keep
-    theirs. Raises Error with the place for what a type file cannot hold.
+    The types are a document in the JSON form (as text or as an object), a list of objects in that
+    form, or types of tables and drafts. Everything that types of tables and drafts refer to is built
+    as well; ids are given in the order in which types come, so the types of a table keep theirs.
+    Raises Error, with the place, for anything that a type file cannot hold.
     """
     if isinstance(types, bytes):
         return build_from_json(types, offset)

@@ -117,7 +117,7 @@ class Type:
 
     @property
     def name(self) -> str:
-        """Empty where there is none. Bytes that are no UTF-8 are surrogates, as in file names."""
+        """Empty if there is none. Bytes that are not UTF-8 are surrogates, as in file names."""
     @property
     def flags(self) -> int: ...
     @property
@@ -138,7 +138,7 @@ class Type:
         """How a value is encoded, whatever was asked before."""
     @property
     def size(self) -> int | None:
-        """The bytes of a value; None where the file does not say."""
+        """The size of a value in bytes; None if the file does not give it."""
     @property
     def dimensions(self) -> tuple[Range | str, ...]:
         """Those of an array, outermost first: ranges, "dynamic", "queue" or "associative"."""
@@ -200,7 +200,7 @@ class Real(Type):
 
 @final
 class Typedef(Type):
-    """Another name of a type, which it can narrow."""
+    """An alias of another type, which it can narrow."""
 
     @property
     def dataType(self) -> Type | None: ...
@@ -315,7 +315,7 @@ class String(Type):
 
 @final
 class Wildcard(Type):
-    """The index of an associative array that takes any."""
+    """The index type of an associative array that takes any index."""
 
 @final
 class LeafIterator:
@@ -334,15 +334,15 @@ class Table:
     def __len__(self) -> int:
         """The number of ids."""
     def __getitem__(self, key: SupportsIndex | str) -> Type:
-        """IndexError for an id outside the table, KeyError for a name of no type or of several."""
+        """IndexError for an id outside the table, KeyError if no type or several have the name."""
     def __iter__(self) -> Iterator[Type]:
         """The types by id, without ids whose record builds no type."""
     def __contains__(self, key: object) -> bool: ...
     def named(self, name: str) -> list[Type]:
-        """The types of a name; not those that a typedef of the same name stands for."""
+        """The types with a name, except those that have a typedef of the same name."""
     @property
     def file(self) -> str | None:
-        """The path, or None for what was not in a file."""
+        """The path, or None for types that did not come from a file."""
     @property
     def version(self) -> str: ...
     @property
@@ -350,8 +350,8 @@ class Table:
         """What an import could not keep."""
 
 def load(source: _Source, offset: int = 0, *, verify: bool = True) -> Table:
-    """Loads all types. A file with errors is refused. `verify=False` is faster and for files that
-    you trust: others can take any memory and time."""
+    """Loads all types. A file with errors is refused. `verify=False` is faster, but only for files
+    that you trust: others can take any amount of memory and time."""
 
 def verify(source: _Source, offset: int = 0) -> tuple[Finding, ...]:
     """What is wrong with a type file."""
@@ -365,6 +365,6 @@ def import_(
     keep_anonymous: bool = False,
     format: str | None = None,
 ) -> Table:
-    """The types in what front ends write; the format is told by content."""
+    """The types in the output of front ends, whose format is recognised by its content."""
 
 def build_from_json(text: bytes, offset: int = 0) -> bytes: ...

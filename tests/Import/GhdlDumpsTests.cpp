@@ -350,7 +350,7 @@ TEST(Listings, ANameOfTwoPackagesIsNoted) {
                   " ghdl_rtik_type_access: t is access e\n");
     EXPECT_EQ(types.lines()[2], "t: access 1");
     EXPECT_EQ(types.notes(), (Lines{"l:7: type t: the input does not say which e it uses; there "
-                                    "are 2, the nearest is taken"}));
+                                    "are 2; the nearest is taken"}));
 }
 
 // The source may say p.e.
@@ -363,7 +363,7 @@ TEST(Listings, ANameThatHidesAnotherOneIsNoted) {
                   " ghdl_rtik_type_access: t is access e\n");
     EXPECT_EQ(types.lines(), (Lines{"e: enum outer", "e: enum inner", "t: access 1"}));
     EXPECT_EQ(types.notes(), (Lines{"l:6: type t: the input does not say which e it uses; there "
-                                    "are 2, the nearest is taken"}));
+                                    "are 2; the nearest is taken"}));
 }
 
 TEST(Listings, ATypeThatIsNotToldLeavesOutThoseThatNeedIt) {
@@ -409,7 +409,7 @@ TEST(ListingRefusals, invalid_beginning_and_end) {
     const std::string package =
         "ghdl_rtik_package, D=1, sloc=1:1: p\n ghdl_rtik_type_e8: e is (a)\n";
     const std::string design = "ghdl_rtik_architecture, D=1, sloc=1:1: a\n";
-    EXPECT_EQ(refusalOfListing(package + design), "l: no type listing of GHDL (--dump-rti)");
+    EXPECT_EQ(refusalOfListing(package + design), "l: not a type listing of GHDL (--dump-rti)");
     const std::string cut = "the listing ends in the middle: GHDL failed, was stopped, or is still "
                             "writing it";
     EXPECT_EQ(refusalOfListing(header + package), "l:3: " + cut);

@@ -156,7 +156,7 @@ TEST(GhwRefusals, invalid_waves_without_an_end) {
     bytes.pop_back();
     EXPECT_EQ(refusalOf(bytes),
               "w.ghw: offset 300061: the file has no end: GHDL was stopped, or is still writing it "
-              "(--stop-time=0ns ends a run whose types alone are wanted)");
+              "(--stop-time=0ns ends a run of which only the types are wanted)");
 }
 
 TEST(GhwRefusals, AnEmptyFileMeansThatElaborationFailed) {
@@ -202,8 +202,8 @@ TEST(GhwRefusals, invalid_length_of_the_names) {
     std::string bytes = GhwBuilder().names({"a"}).file();
     bytes[28] = 2; // The sum of the lengths.
     EXPECT_EQ(refusalOf(bytes),
-              "w.ghw: offset 38: the names are damaged: they have not the length that the file "
-              "says");
+              "w.ghw: offset 38: the names are damaged: they do not have the length that the "
+              "file says");
 }
 
 } // namespace

@@ -53,7 +53,7 @@ TEST(RttiBuild, RefusesAPartOfAFile) {
         const Result build =
             rtti("build " + fileNamed("json", part.out) + " -o " + scratch("part.typ"));
         EXPECT_EQ(build.status, 1);
-        EXPECT_THAT(build.err, HasSubstr("/isPart: this is a part of a file's types"));
+        EXPECT_THAT(build.err, HasSubstr("/isPart: these are only some of a file's types"));
     }
     EXPECT_THAT(rtti("dump --json " + example("ieee_rti")).out, Not(HasSubstr("isPart")));
 }

@@ -177,7 +177,7 @@ TEST(Help, OfEverySubcommandHasAnExampleAndTheExitStatuses) {
     const std::string table =
         "\nExit status:\n"
         "  0  done\n"
-        "  1  the file has faults, the files differ, or not all could be kept\n"
+        "  1  the file has faults, the files differ, or something was not kept\n"
         "  2  the call is wrong, or a file cannot be read or written\n";
     std::vector<std::string> calls = subcommands();
     EXPECT_GE(calls.size(), 12u);
@@ -293,7 +293,7 @@ TEST(TypeName, OfSeveralTypesListsThemWithTheirIds) {
     const Result result = rtti("show " + scratch("two.typ") + " s");
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err, "rtti: TYPE s: 2 types have this name, give an id: 0 (string), "
+    EXPECT_EQ(result.err, "rtti: TYPE s: 2 types have this name; give an id: 0 (string), "
                           "2 (chandle) (see rtti show --help)\n");
 }
 

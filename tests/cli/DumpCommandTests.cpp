@@ -181,7 +181,7 @@ TEST(RttiDump, RefusesAFileWithErrorsAndNamesTheFirst) {
               "rtti: " + file +
                   ": error record-outside-storage type 0 field \"address\" at 0x38: The record "
                   "begins at 0x3e, and the storage ends at 0x40. (see `rtti verify " +
-                  file + "`; --force loads it all the same)\n");
+                  file + "`; --force loads it anyway)\n");
 }
 
 TEST(RttiDump, RefusesAText) {

@@ -214,7 +214,7 @@ TEST(RttiImport, TellsTheFormatByTheContentAndNotByTheName) {
 TEST(RttiImport, TakesTheFormatThatFromNames) {
     EXPECT_EQ(contentOf(imported("--from verilator-tree " + tree("5.006"), "a")),
               contentOf(imported(tree("5.006"), "b")));
-    expectRefusal("--from ghw " + tree("5.006"), "offset 1: no GHW file");
+    expectRefusal("--from ghw " + tree("5.006"), "offset 1: not a GHW file");
     expectRefusal("--from xml " + tree("5.006"), "--from");
 }
 
@@ -298,7 +298,7 @@ TEST(RttiImport, SaysWhatACallLacks) {
     expectOneLine(noOutput.err);
     EXPECT_THAT(noOutput.err, HasSubstr("--output"));
     expectRefusal("", "FILE");
-    expectRefusal("--run verilator --from ghw x", "--from is of no use with --run");
+    expectRefusal("--run verilator --from ghw x", "--from cannot be combined with --run");
     expectRefusal("--run modelmaker x", "--run");
 }
 
@@ -437,8 +437,7 @@ TEST_F(RttiImportRun, NamesThePackageOfAFrontEndThatIsMissing) {
     const Result result =
         rttiWith("PATH=/nowhere", "import --run verilator -o '" + m_output + "' -- t.sv");
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err,
-              "rtti: verilator: the program is not there: install the package verilator\n");
+    EXPECT_EQ(result.err, "rtti: verilator: not found; install the package verilator\n");
     EXPECT_FALSE(fs::exists(m_output));
 }
 
@@ -446,7 +445,7 @@ TEST_F(RttiImportRun, NamesThePackageOfGhdlIfItIsMissing) {
     const Result result =
         rttiWith("PATH=/nowhere", "import --run ghdl -o '" + m_output + "' -- --std=08 tb");
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "rtti: ghdl: the program is not there: install the package ghdl-mcode\n");
+    EXPECT_EQ(result.err, "rtti: ghdl: not found; install the package ghdl-mcode\n");
 }
 
 TEST_F(RttiImportRun, SaysThatTheAnalysisOfGhdlFailed) {
@@ -473,7 +472,7 @@ TEST_F(RttiImportRun, SaysThatGhdlFailedInItsListing) {
                                    "import --run ghdl -o '" + m_output + "' -- --std=08 tb");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.err, HasSubstr("rtti: ghdl ended with exit status 1 before the type listing "
-                                      "was whole, and yet it wrote what is imported here\n"));
+                                      "was complete, but what it had written was imported\n"));
     EXPECT_EQ(contentOf(m_output), contentOf(imported(wave, "b")));
 }
 

@@ -49,7 +49,7 @@ CLI::Option* addNumber(CLI::App& subcommand, const std::string& name, unsigned i
 
 void addPartLimit(CLI::App& subcommand, unsigned int& limit) {
     addNumber(subcommand, "--limit", limit,
-              "Parts to look at before the output ends (" + std::to_string(limit) + ")");
+              "Parts to look at before the output is cut (" + std::to_string(limit) + ")");
 }
 
 void reportPartLimit(bool isWhole, unsigned int limit) {
@@ -75,7 +75,8 @@ CLI::Option* addChoice(CLI::App& subcommand, const std::string& name, std::strin
 
 void addStorageArguments(CLI::App& subcommand, StorageArguments& arguments) {
     subcommand.add_option("FILE", arguments.file, "Storage file; - for standard input")->required();
-    addNumber(subcommand, "--offset", arguments.offset, "Where in FILE the type file begins (0)");
+    addNumber(subcommand, "--offset", arguments.offset,
+              "Offset of the type file in FILE, in bytes (0)");
 }
 
 void addFileArguments(CLI::App& subcommand, FileArguments& arguments) {

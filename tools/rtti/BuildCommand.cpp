@@ -88,7 +88,8 @@ Subcommand addBuild(CLI::App& program) {
     build
         ->add_option("-o,--output", options->output, "Storage file to write; - for standard output")
         ->required();
-    addNumber(*build, "--offset", options->offset, "Where in it the type file begins (0)");
+    addNumber(*build, "--offset", options->offset,
+              "Offset of the type file in the output, in bytes (0)");
     build
         ->add_option("--image", options->image,
                      "Storage file to take the bytes around the type file from")

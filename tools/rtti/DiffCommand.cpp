@@ -42,8 +42,8 @@ Subcommand addDiff(CLI::App& program) {
     CLI::App* diff = program.add_subcommand("diff", "Compare the types of two type files");
     diff->add_option("A", options->a.file, "Storage file with the types before")->required();
     diff->add_option("B", options->b.file, "Storage file with the types after")->required();
-    addNumber(*diff, "--offset-a", options->a.offset, "Where in A the type file begins (0)");
-    addNumber(*diff, "--offset-b", options->b.offset, "Where in B the type file begins (0)");
+    addNumber(*diff, "--offset-a", options->a.offset, "Offset of the type file in A, in bytes (0)");
+    addNumber(*diff, "--offset-b", options->b.offset, "Offset of the type file in B, in bytes (0)");
     diff->add_flag_callback(
         "--force", [options] { options->a.force = options->b.force = true; },
         "Load files even if they have errors");

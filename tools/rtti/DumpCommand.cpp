@@ -171,7 +171,8 @@ private:
 int runDump(const DumpOptions& options) {
     checkKind(options.kind);
     if (options.trace && !(options.kind.empty() && options.name.empty()))
-        throw CLI::ValidationError("--trace shows whole loads: use it with --id or alone");
+        throw CLI::ValidationError(
+            "--trace shows a whole load; types can be chosen only with --id");
     if (options.json + options.ndjson + options.trace + !options.format.empty() > 1)
         throw CLI::ValidationError("--format, --json, --ndjson and --trace exclude one another");
     if (options.ids && options.format.empty())

@@ -8,6 +8,6 @@ struct ExitStatus {
     static constexpr const char* TABLE =
         "Exit status:\n"
         "  0  done\n"
-        "  1  the file has faults, the files differ, or not all could be kept\n"
+        "  1  the file has faults, the files differ, or something was not kept\n"
         "  2  the call is wrong, or a file cannot be read or written";
 };

@@ -145,7 +145,7 @@ ProgramEnd runProgram(const std::vector<std::string>& words, const std::string& 
     const int error = posix_spawnp(&program, arguments[0], streams.actions(), group.attributes(),
                                    arguments.data(), environ);
     if (error == ENOENT)
-        throw UnusableFile(words[0], "the program is not there: install the package " + package,
+        throw UnusableFile(words[0], "not found; install the package " + package,
                            ExitStatus::UNUSABLE);
     if (error != 0)
         throw std::system_error(error, std::generic_category(), words[0]);

@@ -44,8 +44,8 @@ GhdlCall parse(const Words& arguments) {
             call.unit = word;
     }
     if (call.unit.empty())
-        throw UnusableFile("ghdl", "the call names no unit on top of the design: -- --std=08 tb",
-                           2);
+        throw UnusableFile(
+            "ghdl", "the arguments name no top-level unit, such as tb in: -- --std=08 tb", 2);
     return call;
 }
 
@@ -125,6 +125,6 @@ FrontEndRun runGhdl(const Words& arguments, const std::string& folder) {
     if (!waveEnd.isSuccess() || !listingEnd.isSuccess())
         result.complaint = "ghdl " + (waveEnd.isSuccess() ? listingEnd : waveEnd).text();
     if (result.files.back() != listing)
-        result.complaint += " before the type listing was whole";
+        result.complaint += " before the type listing was complete";
     return result;
 }

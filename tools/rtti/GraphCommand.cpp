@@ -33,10 +33,10 @@ struct GraphOptions : FileArguments {
     std::string output = STANDARD_STREAM;
 };
 
-/// So many types Graphviz lays out within some seconds. Its time grows faster than their number.
+/// Graphviz lays out this many types within some seconds. Its time grows faster than their number.
 constexpr unsigned int QUICK_TYPES = 2000;
 
-/// So many edges Mermaid draws unless its option maxEdges allows for more.
+/// Mermaid draws this many edges unless its option maxEdges allows for more.
 constexpr unsigned long long MERMAID_EDGES = 500;
 
 void warn(const GraphOptions& options, const std::string& text) {
@@ -49,7 +49,7 @@ void writeSvg(std::ostream& out, const GraphOptions& options, const Inspect::Typ
     std::ostringstream dot;
     const Inspect::GraphSize size = Inspect::writeGraph(dot, types, request, GraphForm::DOT);
     if (size.types > QUICK_TYPES)
-        warn(options, std::to_string(size.types) + " types: dot may need minutes for the picture");
+        warn(options, std::to_string(size.types) + " types: dot may take minutes to draw them");
     out << svgOf(dot.str());
 }
 
@@ -63,8 +63,8 @@ void write(std::ostream& out, const GraphOptions& options, const Inspect::TypeTa
     }
     const auto size = Inspect::writeGraph(out, types, request, GraphForm::MERMAID);
     if (size.edges > MERMAID_EDGES)
-        warn(options, std::to_string(size.edges) + " edges: Mermaid draws " +
-                          std::to_string(MERMAID_EDGES) + " unless its maxEdges allows for more");
+        warn(options, std::to_string(size.edges) + " edges: Mermaid draws at most " +
+                          std::to_string(MERMAID_EDGES) + " unless maxEdges is raised");
 }
 
 /// Writes the types of a file as a graph. The exit status is 0. Throws for a wrong call, an

@@ -130,7 +130,7 @@ int runImport(const ImportCall& call) {
     const Types types = importTypes(call, run, notes);
     CaughtSignals::check();
     if (!run.complaint.empty())
-        notes.add(Import::Place(), run.complaint + ", and yet it wrote what is imported here");
+        notes.add(Import::Place(), run.complaint + ", but what it had written was imported");
     writeTypes(types, call);
     for (const std::string& line : noteLines)
         std::cerr << line << '\n';
@@ -145,7 +145,7 @@ void checkCall(const ImportCall& call) {
     if (call.files.empty() && call.run.empty())
         throw CLI::RequiredError("FILE");
     if (!call.run.empty() && !call.from.empty())
-        throw CLI::ValidationError("--from is of no use with --run");
+        throw CLI::ValidationError("--from cannot be combined with --run");
 }
 
 } // namespace

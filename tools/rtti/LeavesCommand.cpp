@@ -46,8 +46,8 @@ Subcommand addLeaves(CLI::App& program) {
                    "of structs is part of the path, with its ranges: pkt_t.lanes[0 to 3].data. "
                    "The ranges are those of rtti tree. The bits are those in the "
                    "outermost packed value around the leaf, for example 13:12; in a packed array "
-                   "of structs those in the element with the right bound, with the distance of "
-                   "the others: 13:12 (4 every 20).\n"
+                   "of structs those in the element at the right bound, followed by the number of "
+                   "elements and the distance between them: 13:12 (4 every 20).\n"
                    "\n"
                    "Example:\n  rtti leaves examples/typefiles/svkinds_slang.typ 33");
     return {leaves, [options] { return runLeaves(*options); }};

@@ -107,7 +107,7 @@ void OpenedFile::refuseErrors(const std::vector<TypeFile::Finding>& findings) co
         m_arguments.offset == 0 ? "" : " --offset " + std::to_string(m_arguments.offset);
     throw UnusableFile(m_storage.path(), TypeFile::lineOf(*error) + " (see `rtti verify " +
                                              m_arguments.file + place +
-                                             "`; --force loads it all the same)");
+                                             "`; --force loads it anyway)");
 }
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) const { return recordOf(typeId).kind; }

@@ -29,7 +29,7 @@ void check(const TranslateOptions& options) {
         if (options.type.empty())
             throw CLI::ValidationError("--filter needs a TYPE");
         if (!options.to.empty() || !options.output.empty())
-            throw CLI::ValidationError("--filter goes without --to and --output");
+            throw CLI::ValidationError("--filter cannot be combined with --to or --output");
         return;
     }
     if (options.to.empty() || options.output.empty())
@@ -70,7 +70,7 @@ int writeViewerFiles(OpenedFile& file, const TranslateOptions& options) {
         Inspect::writeGtkwaveFilters(types, sink);
         filtered = Inspect::filterTypes(types);
         if (options.file == "-")
-            std::cerr << "rtti: -: there are no filter processes: they would read standard input\n";
+            std::cerr << "rtti: -: no filter processes are written: they need a file to read\n";
         else
             writeFilterScripts(folder, options, filtered);
     } else {
@@ -101,8 +101,8 @@ int runTranslate(const TranslateOptions& options) {
 
 Subcommand addTranslate(CLI::App& program) {
     const auto options = std::make_shared<TranslateOptions>();
-    CLI::App* translate = program.add_subcommand(
-        "translate", "Write what waveform viewers and test benches read of the types");
+    CLI::App* translate =
+        program.add_subcommand("translate", "Write types for waveform viewers and test benches");
     addFileArguments(*translate, *options);
     addTypeArgument(*translate, options->type);
     addChoice(*translate, "--to", options->to, {"gtkwave", "surfer", "python"}, "PROGRAM",
@@ -110,14 +110,14 @@ Subcommand addTranslate(CLI::App& program) {
               "Python module");
     translate
         ->add_option("-o,--output", options->output,
-                     "Directory of the filter or mapping files, made if it is missing; Python "
-                     "module to write, - for standard output")
+                     "Directory for the filter or mapping files, made if it is missing, or Python "
+                     "module to write; - for standard output")
         ->type_name("FILE");
     translate->add_flag("--filter", options->filter,
-                        "Read values of TYPE, binary or hexadecimal, one a line, and print their "
-                        "fields: GTKWave's filter process");
+                        "Read values of TYPE, binary or hexadecimal, one on each line, and print "
+                        "their fields, as a filter process of GTKWave does");
     translate->footer(
-        "A filter or mapping file has the literals of one enumeration, a filter process takes the "
+        "A filter or mapping file has the literals of one enumeration; a filter process takes the "
         "values of one type apart. The Python module has an IntEnum for each enumeration, and a "
         "class for each packed struct and union.\n\n"
         "Example:\n"

@@ -45,9 +45,9 @@ Subcommand addTree(CLI::App& program) {
     tree->footer(
         "Each array is shown with the ranges that apply to it here, including those of enclosing "
         "members and typedefs. A dimension without any range is shown as 0 downto 0. Below a "
-        "dynamic array, a queue or an associative array the ranges are those of the element type "
-        "by itself. \"(seen above)\" marks a class or struct that contains itself, where it "
-        "recurs; its parts are not drawn again.\n"
+        "dynamic array, a queue or an associative array the ranges are those that the element "
+        "type has on its own. \"(seen above)\" marks a class or struct that contains itself, where "
+        "it recurs; its parts are not drawn again.\n"
         "\n"
         "Example:\n  rtti tree --depth 2 examples/typefiles/svkinds_slang.typ 33");
     return {tree, [options] { return runTree(*options); }};

@@ -52,6 +52,6 @@ unsigned int typeIdOf(const std::string& what, const std::string& type,
         throw CLI::ValidationError(what + ' ' + type + ": no type has this name");
     if (ids.size() > 1)
         throw CLI::ValidationError(what + ' ' + type + ": " + std::to_string(ids.size()) +
-                                   " types have this name, give an id: " + listOf(ids, types));
+                                   " types have this name; give an id: " + listOf(ids, types));
     return ids.front();
 }

@@ -315,7 +315,7 @@ TEST(FileAnnotator, GivesTheSameAsJson) {
     EXPECT_EQ(field["size"], 4);
     EXPECT_EQ(field["field"], "flavour");
     EXPECT_EQ(field["value"], "2");
-    EXPECT_EQ(field["meaning"], "above 1: 0 stands instead");
+    EXPECT_EQ(field["meaning"], "above 1: read as 0");
     EXPECT_EQ(field["state"], "whole");
     EXPECT_EQ(field["bytes"], "02000000");
     EXPECT_EQ(field["findings"][0]["code"], "flavour-unknown");

@@ -85,12 +85,11 @@ TEST(RecordFields, OfAReal) {
 
 TEST(RecordFields, OfARealSayWhatTheLoaderMakesOfFlavourAndDirection) {
     const Lines lines = fieldsOf(typeFile(ClassId::FLOAT).u32(4).f64(0).f64(0).f64(1.75));
-    EXPECT_EQ(lines[4], "14+4 flavour = 4 (above 3: 0 stands instead)");
+    EXPECT_EQ(lines[4], "14+4 flavour = 4 (above 3: read as 0)");
     EXPECT_EQ(lines[7], "34+8 direction = 1.75 (to)");
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const Lines none = fieldsOf(typeFile(ClassId::FLOAT).u32(0).f64(0).f64(0).f64(nan));
-    EXPECT_EQ(none[7],
-              "34+8 direction = nan (does not fit into 32 bits: -2147483648 stands instead)");
+    EXPECT_EQ(none[7], "34+8 direction = nan (does not fit into 32 bits: read as -2147483648)");
 }
 
 TEST(RecordFields, OfASequentialEnumeration) {

@@ -183,7 +183,8 @@ TEST(TypeJsonReader, CountsLinesAndColumnsBehindManyTypes) {
 }
 
 TEST(TypeJsonReader, RefusesAPartOfAFile) {
-    EXPECT_THAT(faultOf(R"({"isPart":true,"types":[]})"), StartsWith("/isPart: this is a part"));
+    EXPECT_THAT(faultOf(R"({"isPart":true,"types":[]})"),
+                StartsWith("/isPart: these are only some"));
     EXPECT_EQ(faultOf(R"({"isPart":false,"types":[]})"), "");
 }
 
@@ -327,7 +328,7 @@ INSTANTIATE_TEST_SUITE_P(
                   R"("kind":"record","name":"","recordKind":1,"members":[)"
                   R"({"name":"m","type":9}])",
                   "/members/0/type", "refers to the id 9"},
-        WrongType{"Deep", R"("kind":[[[[[[[[[[]]]]]]]]]])", "/kind/0/0/0/0/0/0", "so deep"}),
+        WrongType{"Deep", R"("kind":[[[[[[[[[[]]]]]]]]]])", "/kind/0/0/0/0/0/0", "deeper than"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 } // namespace

@@ -279,7 +279,7 @@ TEST(TypeStatistics, AreWrittenAsText) {
                          "           1  1 unpacked struct \"r\\x1B\"\n"
                          "\n"
                          "3 types that no other type refers to\n"
-                         "(signals, variables and parameters may still be of them)\n"
+                         "(signals, variables and parameters may still use them)\n"
                          "  2 typedef \"t\"\n"
                          "  3 queue string [$]\n"
                          "  ... and 1 more\n"
