@@ -49,6 +49,24 @@ TEST(Waves, AnIntegerAndItsFirstSubtypeAreOneType) {
     EXPECT_EQ(ImportedTypes().wave(file.file()).lines(), (Lines{"my_int: integer (-5 to 10)"}));
 }
 
+TEST(Waves, BitsHaveTheNameAndTheLiterals) {
+    GhwBuilder file;
+    file.names({"'0'", "'1'", "'2'", "flag", "bit"});
+    file.type(ENUM, {4, 2, 1, 2}).type(ENUM, {5, 3, 1, 2, 3});
+    std::istringstream stream(file.file());
+    Input input(stream, "w");
+    GhdlDumps dumps;
+    dumps.readWave(input);
+    TypeTable table;
+    Notes notes;
+    dumps.addTo(table, notes);
+    const auto types = table.finish({}, notes);
+    ASSERT_EQ(types.size(), 2u);
+    for (const auto& type : types)
+        EXPECT_EQ(dynamic_cast<const RTTI::RTSeqEnumType&>(*type).m_enumKind,
+                  RTTI::VHDL_OTHER_ENUM);
+}
+
 TEST(Waves, ASubtypeOfRealsIsARealTypeWithItsRange) {
     GhwBuilder file;
     file.names({"prob", "real"})
@@ -285,6 +303,45 @@ TEST(Listings, AnAccessTypeOfASubtypeWithoutANameHasOne) {
     EXPECT_EQ(types.lines()[2], ": subtype of 1 (0 to 1)");
 }
 
+TEST(Listings, ARangeOfRealsWithoutANameIsARealType) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_record: r is record\n"
+                  "  ghdl_rtik_element: m: ghdl_rtik_#29 range -1.5 to 2.5\n");
+    EXPECT_EQ(types.lines(), (Lines{": real -1.5 to 2.5", "r: record m:0"}));
+}
+
+TEST(Listings, ARangeOfAPhysicalTypeWithoutANameIsOfTheOnlyOne) {
+    const std::string distance = " ghdl_rtik_subtype_scalar, D=0: d is 0 to 1000000\n"
+                                 "  ghdl_rtik_unit64: um = 1\n";
+    const std::string record = " ghdl_rtik_type_record: r is record\n"
+                               "  ghdl_rtik_element: m: ghdl_rtik_type_p64 range 0 to 5\n";
+    const std::string mass = " ghdl_rtik_subtype_scalar, D=0: m is 0 to 1000000\n"
+                             "  ghdl_rtik_unit64: g = 1\n";
+    EXPECT_EQ(ImportedTypes().package(distance + record).lines(),
+              (Lines{"d: physical um=1", ": subtype of 0", "r: record m:1"}));
+    EXPECT_EQ(ImportedTypes().package(distance + record + mass).lines(),
+              (Lines{"d: physical um=1", "m: physical g=1"}));
+}
+
+TEST(Listings, RangesOfRealsMayDifferInTheirDirection) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_record: r is record\n"
+                  "  ghdl_rtik_element: a: ghdl_rtik_#29 range 0.5 to 0.5\n"
+                  "  ghdl_rtik_element: b: ghdl_rtik_#29 range 0.5 downto 0.5\n");
+    EXPECT_EQ(types.lines(),
+              (Lines{": real 0.5 to 0.5", ": real 0.5 downto 0.5", "r: record a:0 b:1"}));
+}
+
+TEST(Listings, RangesWithoutANameMayDifferInTheirDirection) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: n is -9 to 9999999\n"
+                  " ghdl_rtik_type_record: r is record\n"
+                  "  ghdl_rtik_element: a: n range 4 to 4\n"
+                  "  ghdl_rtik_element: b: n range 4 downto 4\n");
+    EXPECT_EQ(types.lines(), (Lines{"n: integer (-9 to 9999999)", ": subtype of 0 (4 to 4)",
+                                    ": subtype of 0 (4 downto 4)", "r: record a:1 b:2"}));
+}
+
 TEST(Listings, AliasesAreWhatOtherReleasesPrintForThem) {
     ImportedTypes types;
     types.package(" ghdl_rtik_subtype_scalar, D=0: n is -9 to 9999999\n"
@@ -330,6 +387,15 @@ TEST(Listings, WhatFollowsInAnotherPackageIsNotMeant) {
                   " ghdl_rtik_type_e8: e is (b)\n");
     EXPECT_EQ(types.lines(), (Lines{"e: enum a", "f: file 0", "e: enum b"}));
     EXPECT_EQ(types.notes(), Lines());
+}
+
+TEST(Listings, LiteralsAreThoseOfTheIndexType) {
+    ImportedTypes types;
+    types.package(" ghdl_rtik_type_e8: e is (a, b, c)\n"
+                  " ghdl_rtik_type_e8: f is (d, b, a)\n"
+                  " ghdl_rtik_type_array: v is array (f range <>) of e\n"
+                  " ghdl_rtik_subtype_array: s is v (b to a)\n");
+    EXPECT_EQ(types.lines()[3], "s: subtype of 2 (1 to 2)");
 }
 
 TEST(Listings, LiteralsOfAWholeTypeAreTakenForThatType) {
@@ -415,6 +481,9 @@ TEST(ListingRefusals, invalid_beginning_and_end) {
     EXPECT_EQ(refusalOfListing(header + package), "l:3: " + cut);
     EXPECT_EQ(refusalOfListing(header + package + design + " ghdl_rtik_type_e8: f is (b)"),
               "l:5: " + cut);
+    EXPECT_EQ(refusalOfListing(header + package + design +
+                               " ghdl_rtik_constant, D=0, sloc=1:1; c: t := 1"),
+              "l:5: " + cut);
     EXPECT_EQ(refusalOfListing("start\n" + header + package + design + "the design's own"),
               "no refusal");
 }
@@ -435,6 +504,13 @@ TEST(ListingRefusals, invalid_line) {
                                "ghdl_rtik_architecture, D=1, sloc=1:1: a\n"
                                " ghdl_rtik_type_e8: e is (a; b)\n"),
               "l:3: \")\" expected, \"; b)\" found");
+}
+
+TEST(ListingRefusals, TheBeginningOfALongRestOfALineIsTold) {
+    EXPECT_EQ(refusalOfListing("DISP_RTI.Disp_All: ghdl_rtik_top\n"
+                               "ghdl_rtik_architecture, D=1, sloc=1:1: a\n"
+                               " ghdl_rtik_type_e8: e is (a; 0123456789012345678901234567890)\n"),
+              "l:3: \")\" expected, \"; 0123456789012345678901234567\" found");
 }
 
 TEST(JoinedDumps, WavesHaveTheDigitsAndTheListingThePackage) {
@@ -575,6 +651,42 @@ TEST(JoinedDumps, TypesOfOneNameWithOtherRangesStayApart) {
     EXPECT_EQ(types.wave(file.file()).lines(),
               (Lines{"integer: integer (-2147483648 to 2147483647)", "mem: array [0] of 0 (0 to 5)",
                      "mem: array [-] of 0 (0 to 3)"}));
+}
+
+TEST(JoinedDumps, PhysicalTypesOfOneNameWithOtherUnitsStayApart) {
+    GhwBuilder file;
+    file.names({"um", "mm", "d"}).type(PHYSICAL, {3, 2, 1}).value(1).then({2}).value(100);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: d is 0 to 1000000\n"
+                  "  ghdl_rtik_unit64: um = 1\n"
+                  "  ghdl_rtik_unitptr: mm = 1000\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"d: physical um=1 mm=1000", "d: physical um=1 mm=100"}));
+}
+
+TEST(JoinedDumps, TypesOfOneNameAndOtherKindsStayApart) {
+    GhwBuilder file;
+    file.names({"a", "t"}).type(ENUM, {2, 1, 1});
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: t is -9 to 9999999\n");
+    EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"t: integer (-9 to 9999999)", "t: enum a"}));
+}
+
+TEST(JoinedDumps, WavesNeedNotHaveTheRangeOfReals) {
+    GhwBuilder file;
+    file.names({"r"}).type(REAL, {1});
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: r is -1.5 to 2.5\n");
+    EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"r: real -1.5 to 2.5"}));
+}
+
+TEST(JoinedDumps, ANameThatTwoTypesHaveDoesNotTellWhichIsMeant) {
+    GhwBuilder file;
+    file.names({"a", "b", "t"}).type(ENUM, {3, 1, 1}).type(ENUM, {3, 1, 2});
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: t is t\n");
+    EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"t: enum a", "t: enum b"}));
+    EXPECT_EQ(types.notes(), Lines{"l:3: type t: the listing does not say what it is"});
 }
 
 } // namespace

@@ -198,6 +198,26 @@ TEST(GhwRefusals, invalid_byte_order) {
               "w.ghw: offset 13: the byte order is neither 1 (little) nor 2 (big endian)");
 }
 
+TEST(GhwRefusals, invalid_end_within_a_type) {
+    const std::string bytes = GhwBuilder().names({"a"}).type(INTEGER, {1}).file();
+    EXPECT_EQ(refusalOf(bytes.substr(0, 51)), // The kind is the last byte.
+              "w.ghw: offset 51: the file ends in the middle: GHDL was stopped, or is still "
+              "writing it");
+}
+
+TEST(GhwRefusals, invalid_name_that_shares_more_than_there_is) {
+    std::string bytes = GhwBuilder().names({"a", "ab"}).file();
+    bytes[33] = 5; // How much the second shares with the first.
+    EXPECT_EQ(refusalOf(bytes), "w.ghw: offset 34: a name is damaged: it shares more with the one "
+                                "before than that has");
+}
+
+TEST(GhwRefusals, invalid_length_that_a_name_shares) {
+    std::string bytes = GhwBuilder().names({"a", "ab"}).file();
+    bytes[33] = static_cast<char>(0x81); // More of the length follows, but there is a 'b'.
+    EXPECT_EQ(refusalOf(bytes), "w.ghw: offset 35: a name is damaged");
+}
+
 TEST(GhwRefusals, invalid_length_of_the_names) {
     std::string bytes = GhwBuilder().names({"a"}).file();
     bytes[28] = 2; // The sum of the lengths.

@@ -75,6 +75,17 @@ TEST(Inputs, PlacesSayLineOrOffset) {
     EXPECT_EQ(Place().text(), "");
 }
 
+TEST(Inputs, BytesThatMoveToTheFrontOfTheBufferStayWhatTheyAre) {
+    std::string text;
+    while (text.size() < 800'000)
+        text += std::to_string(text.size()) + ' ';
+    std::istringstream stream(text);
+    Input input(stream, "bytes");
+    char first[10];
+    input.read(first, sizeof first);
+    EXPECT_TRUE(input.peek(500'000) == text.substr(sizeof first, 500'000));
+}
+
 TEST(Inputs, ProgressReachesTheWholeInput) {
     std::istringstream stream(std::string(1'000'000, 'x'));
     unsigned long long last = 0;

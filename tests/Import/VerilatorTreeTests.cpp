@@ -111,6 +111,13 @@ TEST_F(VerilatorTreeTest, LogicHasFourStatesAndBitTwo) {
     EXPECT_EQ(at<RTSeqEnumType>(1).m_valueEncoding, ENCODING_2_STATE);
 }
 
+TEST_F(VerilatorTreeTest, RegHasFourStates) {
+    importTree(
+        typedefTree("    3:1: BASICDTYPE 0xa {c2ad} @dt=this@(w8)  reg kwd=reg range=[7:0]\n"));
+    const auto& vector = named<RTArrayType>();
+    EXPECT_EQ(at<RTSeqEnumType>(vector.m_elementTypeId).m_valueEncoding, ENCODING_4_STATE);
+}
+
 TEST_F(VerilatorTreeTest, PredefinedTypesHaveTheirNamesAndWidths) {
     std::string variables = "    1: MODULE 0x6 {c1ai}  top  L2 [1ps]\n";
     std::string table;
@@ -242,6 +249,14 @@ TEST_F(VerilatorTreeTest, TheBoundOfAQueueIsNoted) {
     EXPECT_THAT(notesTaken, ElementsAre("x.tree:7: the bound of this queue is not kept"));
 }
 
+TEST_F(VerilatorTreeTest, AConstantWithinTheElementOfAQueueIsNotItsBound) {
+    importTree(typedefTree("    3:1: QUEUEDTYPE 0xa {c2} @dt=this@(w0)[queue] refdt=0xb(w1)\n"
+                           "    3:1:2: RANGE 0x20 {c2}\n"
+                           "    3:1:2:2: CONST 0xc {c2} @dt=0x3@(G/swu32/4)  ?32?shf\n"
+                           "    3:1: BASICDTYPE 0xb {c2} @dt=this@(w1)  bit kwd=bit\n"));
+    EXPECT_THAT(notesTaken, IsEmpty());
+}
+
 const char* const CLASSES =
     "    1: PACKAGE 0x6 {c1aj}  p  L3 [LIB] [1ps]\n"
     "    1:2: CLASS 0x30 {c2ad}  derived  L4 [1ps] [EXT]\n"
@@ -360,6 +375,24 @@ TEST_F(VerilatorTreeTest, NamesThatTheFrontEndCutAreNoted) {
                             "--comp-limit-syms N)",
                             "x.tree:8: the front end has cut the name b__VhshY (Verilator: "
                             "--comp-limit-syms N)"));
+}
+
+TEST_F(VerilatorTreeTest, LiteralsAndMembersOfClassesWhoseNamesWereCutAreNoted) {
+    const auto cut = [](const std::string& place, const std::string& name) {
+        return place + ": the front end has cut the name " + name +
+               " (Verilator: --comp-limit-syms N)";
+    };
+    importTree(typedefTree("    3:1: BASICDTYPE 0xb {c2ad} @dt=this@(w1)  bit kwd=bit\n"
+                           "    3:1: ENUMDTYPE 0xa {c2al} @dt=this@(w1)enum  p::t refdt=0xb(w1)\n"
+                           "    3:1:2: ENUMITEM 0xc {c2bd} @dt=0xa@(w1)enum  A__VhshX\n"
+                           "    3:1:2:2: CONST 0xd {c2bd} @dt=0xa@(w1)enum  1'h1\n"));
+    EXPECT_THAT(notesTaken, ElementsAre(cut("x.tree:9", "A__VhshX")));
+    notesTaken.clear();
+    importTree(tree("    1: PACKAGE 0x6 {c1aj}  p  L3 [LIB] [1ps]\n"
+                    "    1:2: CLASS 0x30 {c2ad}  c  L4 [1ps]\n"
+                    "    1:2:2: VAR 0x31 {c3an} @dt=0x41@(w1)  m__VhshX [VAUTOM]  MEMBER\n",
+                    "    3:1: BASICDTYPE 0x41 {c2} @dt=this@(w1)  bit kwd=bit\n"));
+    EXPECT_THAT(notesTaken, ElementsAre(cut("x.tree:5", "m__VhshX")));
 }
 
 TEST_F(VerilatorTreeTest, ThePackageStdIsNotTheDesigns) {

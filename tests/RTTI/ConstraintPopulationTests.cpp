@@ -275,6 +275,18 @@ TEST_F(ConstraintPopulation, BoundedWalkOfALadderEndsWithTheFirstRanges) {
     EXPECT_EQ(numbersOf({some.ranges.back()}), numbersOf({{1, 0, 0}}));
 }
 
+TEST_F(ConstraintPopulation, BoundedWalkPassesBy65536PartsAnd16MoreForEachStep) {
+    auto& type = types.classType();
+    for (int i = 0; i < 65536 + 2 * 16; ++i)
+        addMember(type, &type); // It is on the path.
+    addMember(type, numbered(1));
+    EXPECT_TRUE(populateTypeConstraints(type, 2).isComplete);
+    addMember(type, &type);
+    EXPECT_FALSE(populateTypeConstraints(type, 2).isComplete);
+    EXPECT_TRUE(populateTypeConstraints(type, 3).isComplete);
+    EXPECT_TRUE(populateTypeConstraints(type, std::size_t{1} << 60).isComplete);
+}
+
 TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {
     auto& throwing = types.add<ThrowingType>();
     auto& base = types.classType();

@@ -327,6 +327,14 @@ TEST(TypeFileWriter, RefusesAZeroByteInAName) {
                                "where a record's names end");
 }
 
+TEST(TypeFileWriter, NamesTheTypeThatItRefuses) {
+    TypeFileWriter writer;
+    CTPhysicalType time;
+    named(time, "time");
+    time.m_units.push_back({std::string("p\0s", 3), 1000});
+    EXPECT_EQ(refusal([&] { writer.add(7, time); }).typeId(), 7U);
+}
+
 TEST(TypeBuilding, RefusesAZeroByteInANameAndLeavesTheTypeAsItWas) {
     CTRecordType type;
     named(type, "\x1Bpoint");
@@ -367,7 +375,9 @@ TEST(TypeFileWriter, RefusesAReferenceToAnIdWithoutAType) {
     const WriteError error = refusalOf(type);
     EXPECT_EQ(error.typeId(), 0U);
     EXPECT_EQ(error.field(), "members[1].type");
-    EXPECT_THAT(error.what(), HasSubstr("refers to the id 1, and the last type has the id 0"));
+    EXPECT_STREQ(error.what(),
+                 "type 0 \"pkt\", members[1].type: refers to the id 1, and the last "
+                 "type has the id 0");
 }
 
 TEST(TypeFileWriter, RefusesATypedefOfNoType) {
@@ -471,9 +481,22 @@ TEST(TypeFileWriter, SetsTheVersionText) {
     writer.setVersion("0123456789012345678901234567890");
     EXPECT_EQ(bytesOf(writer).substr(0, 32), std::string("0123456789012345678901234567890\0", 32));
     TypeFileWriter other;
-    EXPECT_THROW(other.setVersion("01234567890123456789012345678901"), WriteError);
+    EXPECT_EQ(refusal([&] { other.setVersion("01234567890123456789012345678901"); }).reason(),
+              "the text has 32 bytes, and there is room for 31");
     EXPECT_THROW(other.setVersion(std::string("a\0b", 3)), WriteError);
     EXPECT_THROW(other.setVersion("Brakel Ovat TYPE FILE 000"), WriteError);
+}
+
+TEST(TypeFileWriter, ReadsAFileOfSeveralBlocksAgain) {
+    const auto write = [](auto finish) {
+        TypeFileWriter writer;
+        for (int i = 0; i < 200; ++i)
+            writer.add(RTCHandle(std::string(1000, 'a').c_str()));
+        return finish(writer);
+    };
+    const ScratchFile file;
+    write([&](TypeFileWriter& writer) { writer.finishFile(file.path); });
+    EXPECT_TRUE(file.content() == write([](TypeFileWriter& writer) { return bytesOf(writer); }));
 }
 
 TEST(TypeFileWriter, FinishesOnce) {

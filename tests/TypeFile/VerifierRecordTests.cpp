@@ -213,7 +213,9 @@ TEST(SuspiciousRecord, NegativeCount) {
 TEST(InvalidRecord, NegativeEnumeratorSize) {
     TypeFileBuilder file;
     file.record(ClassId::SEQ_ENUM, "e").i32(1).i32(1).i32(0).i32(-1);
-    expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 0, "valueSize", 40 + BODY + 12);
+    EXPECT_EQ(
+        expectError(findingsOf(file), FindingCode::SIZE_NEGATIVE, 0, "valueSize", 40 + BODY + 12),
+        "Found -1, expected a number of bytes.");
 }
 
 TEST(SuspiciousRecord, SizeOfZeroBesideAnotherFaultIsNone) {

@@ -75,9 +75,11 @@ TEST(InvalidReference, ClassMemberWithoutAType) {
 TEST(SuspiciousReference, IndexTypeOutsideTheTable) {
     TypeFileBuilder file;
     file.integer("i").record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0);
-    file.u32(2).u32(NO_BASE).u32(2).u32(2).range(0, 1, 1).range(0, 1, 1).i32(-99);
-    expectWarning(findingsOf(file), FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, 1, "indexTypes[1]",
-                  file.address(1) + BODY + 16);
+    file.u32(2).u32(NO_BASE).u32(0xFFFFFFFE).u32(2).range(0, 1, 1).range(0, 1, 1).i32(-99);
+    const std::string text =
+        expectWarning(findingsOf(file), FindingCode::INDEX_TYPE_ID_OUTSIDE_TABLE, 1,
+                      "indexTypes[1]", file.address(1) + BODY + 16);
+    EXPECT_EQ(text, "Found 4294967294, expected the id of a type of this file.");
 }
 
 TEST(InvalidReference, ToAKindThatBuildsNoType) {

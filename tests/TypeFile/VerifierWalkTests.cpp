@@ -41,6 +41,45 @@ TEST(SuspiciousConstraints, FewerThanTheOpenDimensionsBelowAMember) {
                   "members[0].constraintCount", file.address(3) + BODY + 8 + 6);
 }
 
+/// Appends a typedef of an array, of whose ranges the first ones stand open.
+void addTypedef(TypeFileBuilder& file, unsigned int array, unsigned int open,
+                unsigned int bounded) {
+    file.record(ClassId::TYPEDEF, "t").u32(array).u32(open + bounded);
+    for (unsigned int i = 0; i < open + bounded; ++i)
+        file.range(0, 7, i < open ? OPEN : 1);
+}
+
+void addArrayOfTenOpenDimensions(TypeFileBuilder& file) {
+    file.record(ClassId::ARRAY, "a").u32(VHDL_ARRAY).u32(0).u32(10);
+    for (int i = 0; i < 10; ++i)
+        file.u32(0);
+    file.u32(10);
+    for (int i = 0; i < 10; ++i)
+        file.range(0, 0, OPEN);
+    file.i32(-99);
+}
+
+TEST(SuspiciousConstraints, FewerThanAListOfManyRangesLeavesOpen) {
+    for (const bool isArrayLast : {false, true}) {
+        TypeFileBuilder file;
+        file.integer("i");
+        if (!isArrayLast)
+            addArrayOfTenOpenDimensions(file);
+        const unsigned int array = isArrayLast ? 5 : 1;
+        const unsigned int twoOpen = isArrayLast ? 1 : 2;
+        addTypedef(file, array, 2, 8);
+        addTypedef(file, twoOpen, 0, 2);
+        addTypedef(file, twoOpen, 0, 1); // One too few.
+        addTypedef(file, array, 0, 10);
+        if (isArrayLast)
+            addArrayOfTenOpenDimensions(file);
+        else
+            addTypedef(file, twoOpen + 3, 0, 1); // Nothing is left open.
+        expectWarning(findingsOf(file), FindingCode::CONSTRAINT_LIST_TOO_SHORT, twoOpen + 2,
+                      "constraintCount", file.address(twoOpen + 2) + BODY + 4);
+    }
+}
+
 TEST(Verifier, FindsNothingWhereATypedefFillsTheOpenDimensions) {
     TypeFileBuilder file;
     file.integer("i");
