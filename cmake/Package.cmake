@@ -24,21 +24,21 @@ set(runtime libqd-wavedata-rtti-rttype${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
-    "The shared library that a simulator loads to read and ask the types of a design.")
+    "The shared library with which a simulator loads and queries the types of a design.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libqd-wavedata-rtti-rttype-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION}), libfmt-dev, zlib1g-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
-    "Headers, the storages, writer and printers as static libraries, the CMake package RTTI and the
- pkg-config modules qd_wavedata_RTTI_*.")
+    "Headers, static libraries (storages, writer and verifier, importers, printers), the CMake package
+ RTTI, and the pkg-config modules qd_wavedata_RTTI_*.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME qd-wavedata-rtti-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS graphviz)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
-    "The program rtti shows what is in a type file and makes one from JSON.")
+    "The program rtti shows, makes, verifies and compares type files.")
 
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-rtti)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
@@ -51,7 +51,7 @@ if(RTTI_BUILD_PYTHON)
 endif()
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-matplotlib)
 set(CPACK_COMPONENT_PYTHON_DESCRIPTION
-    "The Python package rtti loads, asks, compares, imports and builds types.")
+    "The Python package rtti loads, queries, compares, imports and builds types.")
 
 # A package carries its copyright under its own name. A plain installation has LICENSE in their place.
 foreach(component RUNTIME DEVELOPMENT TOOLS PYTHON)
