@@ -326,13 +326,17 @@ protected:
         fs::remove_all(m_temporary);
     }
 
+    std::string environment(const std::string& treeFile, const std::string& last,
+                            const std::string& release) const {
+        return "PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "' TREE='" + treeFile +
+               "' LAST='" + last + "' RELEASE=" + release;
+    }
+
     /// Imports with the program at the front of PATH; `last` is what it does last.
     Result run(const std::string& treeFile, const std::string& last = "",
                const std::string& release = "5.006", const std::string& before = "") {
-        const Result result = rttiWith(
-            before + "PATH='" + m_programs + "':$PATH TMPDIR='" + m_temporary + "' TREE='" +
-                treeFile + "' LAST='" + last + "' RELEASE=" + release,
-            "import --run verilator -o '" + m_output + "' -- -f 'a list.f' --top-module t");
+        const Result result =
+            rttiWith(before + environment(treeFile, last, release), m_importArguments);
         EXPECT_TRUE(fs::is_empty(m_temporary));
         EXPECT_EQ(result.out, "");
         return result;
@@ -342,6 +346,8 @@ protected:
     const std::string m_temporary = scratch("temporary");
     const std::string m_arguments = scratch("arguments");
     const std::string m_output = scratch("typ");
+    const std::string m_importArguments =
+        "import --run verilator -o '" + m_output + "' -- -f 'a list.f' --top-module t";
 };
 
 TEST_F(RttiImportRun, ImportsWhatTheFrontEndWrites) {
@@ -397,6 +403,15 @@ TEST_F(RttiImportRun, RemovesItsFolderIfASignalComesWhileItReadsTheTree) {
                     "; kill $PPID; yes; } >\"$folder/Vt_011_width.tree\" &");
     EXPECT_TRUE(result.status == -1 || result.status > 128) << result.status;
     EXPECT_FALSE(fs::exists(m_output));
+}
+
+TEST_F(RttiImportRun, LetsTheFrontEndWriteToATerminalThatStopsTheBackground) {
+    const Result result = rttiOnTerminal(
+        OnTerminal::ERROR,
+        "stty tostop; " + environment(fileNamed("a.tree", byteTree("a")), "", "5.006"),
+        m_importArguments);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.err, HasSubstr("said on standard error"));
 }
 
 TEST_F(RttiImportRun, KeepsToIgnoredSignals) {

@@ -90,6 +90,7 @@ private:
 CaughtSignals::CaughtSignals() {
     caughtSignal = 0;
     prctl(PR_SET_CHILD_SUBREAPER, 1); // For endGroup to wait for what others have started.
+    signal(SIGTTOU, SIG_IGN); // Else a front end in the background may not write to a terminal.
     struct sigaction action {};
     action.sa_handler = catchSignal;
     action.sa_flags = SA_RESTART;
