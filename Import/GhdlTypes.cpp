@@ -374,7 +374,7 @@ private:
     const ListedType* indexOf(std::uint32_t array, std::size_t dimension) const {
         if (dimension >= m_types[array].indexes.size())
             return nullptr;
-        std::uint32_t index = m_types[array].indexes[dimension];
+        std::uint32_t index = m_types[array].indexes[dimension].type;
         if (index == NONE)
             return nullptr;
         if (m_types[index].kind == VhdlKind::SUBTYPE)
@@ -424,8 +424,7 @@ private:
         result.of.ranges.insert(result.of.ranges.begin(), type.indexes.size(), VhdlRange());
         for (const std::string& index : type.indexes)
             result.indexes.push_back(
-                useOfAny(m_scopes.find(index, i, [](const ListedType&) { return true; }), index)
-                    .type);
+                useOfAny(m_scopes.find(index, i, [](const ListedType&) { return true; }), index));
         return result;
     }
 
@@ -443,7 +442,7 @@ private:
         std::vector<VhdlRange> ranges;
         for (const Positions& dimension : *positions) {
             if (ranges.size() < own)
-                result.indexes.push_back(dimension.type);
+                result.indexes.push_back({dimension.type, {}, {}});
             if (ranges.size() < own || result.of.ranges.empty())
                 ranges.push_back(dimension.range);
         }

@@ -172,7 +172,7 @@ private:
             const GhwKind kind = m_file.types[index].kind;
             if (kind != GhwKind::SCALAR_SUBTYPE && !isNumber(kind) && !isEnumeration(kind))
                 fail(type, "an index of an array is not of a scalar type");
-            result.indexes.push_back(m_made[index].type);
+            result.indexes.push_back({m_made[index].type, {}, {}});
         }
         Made made;
         made.open = type.indexes.count + element.open;

@@ -190,7 +190,8 @@ private:
         for (std::size_t i = 0; i < own; ++i) {
             if (listed.of.ranges[i] != wave.of.ranges[i] && !wave.of.ranges[i].isOpen)
                 return false;
-            if (listed.indexes[i] != NONE && !canMean(listed.indexes[i], wave.indexes[i]))
+            const VhdlUse& index = listed.indexes[i];
+            if (index.type != NONE && !canMeanUse(index, wave.indexes[i].type))
                 return false;
         }
         return canMeanUse(listed.of, wave.of.type);
@@ -238,8 +239,10 @@ private:
         // A listing may not tell how many ranges its members leave open.
         if (type.mayBePart && type.of.type < m_offset)
             type.of.ranges.assign(openRanges(m_waves[type.of.type]), VhdlRange());
-        for (std::uint32_t& index : type.indexes)
-            index = index == NONE ? NONE : m_joined[index];
+        for (VhdlUse& index : type.indexes) {
+            if (index.type != NONE)
+                index = joinedUse(std::move(index));
+        }
         for (VhdlPart& part : type.parts)
             part.use = joinedUse(std::move(part.use));
         return type;

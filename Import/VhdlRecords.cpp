@@ -119,9 +119,7 @@ private:
 
     /// Null for a type of which there is no record.
     std::unique_ptr<RTBaseType> recordOf(const VhdlType& type) {
-        noteAlternatives(type, type.of);
-        for (const VhdlPart& part : type.parts)
-            noteAlternatives(type, part.use);
+        noteAlternatives(type);
         switch (type.kind) {
         case VhdlKind::UNKNOWN: break;
         case VhdlKind::ENUMERATION: return enumeration(type);
@@ -137,11 +135,20 @@ private:
         return nullptr;
     }
 
-    void noteAlternatives(const VhdlType& type, const VhdlUse& use) {
-        if (!use.alternatives.empty())
-            note(type, "the input does not say which " + m_types[use.type].name +
-                           " it uses; there are " + std::to_string(use.alternatives.size() + 1) +
-                           "; the nearest is taken");
+    void noteAlternatives(const VhdlType& type) {
+        std::set<std::uint32_t> noted;
+        const auto check = [&](const VhdlUse& use) {
+            if (!use.alternatives.empty() && noted.insert(use.type).second)
+                note(type, "the input does not say which " + m_types[use.type].name +
+                               " it uses; there are " +
+                               std::to_string(use.alternatives.size() + 1) +
+                               "; the nearest is taken");
+        };
+        check(type.of);
+        for (const VhdlUse& index : type.indexes)
+            check(index);
+        for (const VhdlPart& part : type.parts)
+            check(part.use);
     }
 
     static std::unique_ptr<RTBaseType> enumeration(const VhdlType& type) {
@@ -226,9 +233,9 @@ private:
         auto result = std::make_unique<RTArrayType>();
         result->m_arrayKind = VHDL_ARRAY;
         result->m_elementTypeId = idOf(type.of.type);
-        for (const std::uint32_t index : type.indexes)
-            result->m_indexTypeIds.push_back(index == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID
-                                                                     : idOf(index));
+        for (const VhdlUse& index : type.indexes)
+            result->m_indexTypeIds.push_back(
+                index.type == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID : idOf(index.type));
         result->m_constraints = keptRanges(type, type.of.ranges);
         return result;
     }

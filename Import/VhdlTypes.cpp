@@ -18,8 +18,8 @@ public:
         text(type.name);
         use(type.of);
         number(type.indexes.size());
-        for (const std::uint32_t index : type.indexes)
-            number(index);
+        for (const VhdlUse& index : type.indexes)
+            use(index);
         number(type.parts.size());
         for (const VhdlPart& part : type.parts) {
             text(part.name);

@@ -76,7 +76,7 @@ struct VhdlType {
     /// a subtype; what an access or file type is of.
     VhdlUse of;
 
-    std::vector<std::uint32_t> indexes; ///< Of an array; NONE where the input does not say.
+    std::vector<VhdlUse> indexes; ///< Of an array; types are NONE where the input does not say.
     std::vector<VhdlPart> parts;
     VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
     VhdlRealRange realRange;

@@ -603,6 +603,25 @@ TEST(JoinedDumps, WavesTellAHiddenTypeFromTheOneThatHidesIt) {
     EXPECT_EQ(types.notes(), Lines());
 }
 
+TEST(JoinedDumps, WavesTellAHiddenIndexTypeFromTheOneThatHidesIt) {
+    GhwBuilder file;
+    file.names({"bit", "e", "inner", "outer", "v"}).type(22, {1, 1, 4}).type(22, {2, 1, 4});
+    file.type(ARRAY, {5, 1, 1, 2});
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n"
+                  " ghdl_rtik_type_b1: bit is (outer)\n"
+                  " ghdl_rtik_type_e8: e is (outer)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n"
+                  " ghdl_rtik_type_e8: e is (inner)\n"
+                  " ghdl_rtik_type_array: v is array (e range <>) of bit\n"
+                  " ghdl_rtik_type_array: unused is array (e range <>, e range <>) of bit\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"bit: enum outer", "e: enum outer", "e: enum inner",
+                     "v: array [1] of 0 (open)", "unused: array [2]2] of 0 (open, open)"}));
+    EXPECT_EQ(types.notes(), (Lines{"l:8: type unused: the input does not say which e it uses; "
+                                    "there are 2; the nearest is taken"}));
+}
+
 // Listings have no declarations of packages that are instances.
 TEST(JoinedDumps, WavesDeclareTypesThatTheListingOnlyUses) {
     GhwBuilder file;
