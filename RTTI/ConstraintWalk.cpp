@@ -3,13 +3,13 @@
 #include "RTTI/AggregateClasses.h"
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
+#include "RTTI/ExactClasses.h"
 #include "RTTI/RTType.h"
 
 #include <algorithm>
 #include <limits>
 #include <set>
 #include <typeindex>
-#include <typeinfo>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -26,23 +26,6 @@ using Ranges = std::vector<FullConstraints>;
 std::set<const RTClassType*>& classesOnPath() {
     thread_local std::set<const RTClassType*> visitedRTClassTypeSet;
     return visitedRTClassTypeSet;
-}
-
-/// In place of a class id: nothing is below the type.
-constexpr unsigned int SCALAR = 0;
-
-/// What GetClassId answers, and SCALAR for the types at which most ways end. Walks meet few other
-/// classes than those that are told without a call; classes derived from them are asked.
-inline unsigned int classIdOf(const RTBaseType& type) {
-    const std::type_info* const exact = &typeid(type);
-    if (exact == &typeid(RTArrayType))
-        return ClassId::ARRAY;
-    if (exact == &typeid(RTTypedefType))
-        return ClassId::TYPEDEF;
-    if (exact == &typeid(RTSeqEnumType) || exact == &typeid(RTIntType) ||
-        exact == &typeid(RTFloatType))
-        return SCALAR;
-    return type.GetClassId();
 }
 
 /// A type that a walk goes through: what it adds to the stack, and what is below it.

@@ -1,5 +1,6 @@
 // Every getValueEncoding. Structs, unions and classes are "2-State" only if all of their parts are.
 
+#include "RTTI/ExactClasses.h"
 #include "RTTI/RTType.h"
 
 #include <algorithm>
@@ -58,7 +59,7 @@ Encoded encodedAs(const RTRecordType& record) {
 
 /// Typedefs and enumerations answer for the type that they name, and by their flags without one.
 Encoded encodedAs(const RTBaseType& type) {
-    switch (type.GetClassId()) {
+    switch (classIdOf(type)) {
     case ClassId::TYPEDEF:
         return {static_cast<const RTTypedefType&>(type).m_dataType, nullptr,
                 type.RTBaseType::getValueEncoding()};
@@ -70,6 +71,19 @@ Encoded encodedAs(const RTBaseType& type) {
     case ClassId::CLASS: return partsOf(static_cast<const RTClassType&>(type));
     default: return answer(type.getValueEncoding());
     }
+}
+
+/// Whether a part of an aggregate is its base class: part 0 of a class, which need not have one.
+bool isBase(bool isClass, std::size_t part) { return isClass && part == 0; }
+
+std::size_t partCount(const RTAggregateType& aggregate, bool isClass) {
+    return aggregate.m_memberTypes.size() + (isClass ? 1 : 0);
+}
+
+/// The type of a part, or null.
+const RTBaseType* partOf(const RTAggregateType& aggregate, bool isClass, std::size_t part) {
+    return isBase(isClass, part) ? static_cast<const RTClassType&>(aggregate).m_baseClass
+                                 : aggregate.m_memberTypes[part - (isClass ? 1 : 0)];
 }
 
 /// Follows types that answer for others to the ends of their chains. Stations along a long chain
@@ -141,10 +155,6 @@ private:
         std::size_t nextPart;
     };
 
-    /// Part 0 of a class is its base class.
-    static std::size_t partCount(const Step& step) {
-        return step.aggregate->m_memberTypes.size() + (step.structure == nullptr ? 1 : 0);
-    }
     static void passPart(const Step& step);
     bool followPart();
     bool meet(const RTAggregateType& aggregate);
@@ -166,7 +176,7 @@ bool EncodingQuery::isTwoState(const RTAggregateType& outermost) {
         Step& step = m_path.back();
         if (step.structure != nullptr)
             step.nextPart = std::max(step.nextPart, step.structure->cursor);
-        if (step.nextPart == partCount(step) ||
+        if (step.nextPart == partCount(*step.aggregate, step.structure == nullptr) ||
             (step.structure != nullptr && step.structure->isDone())) {
             leave();
         } else if (!followPart()) {
@@ -181,19 +191,11 @@ bool EncodingQuery::isTwoState(const RTAggregateType& outermost) {
 bool EncodingQuery::followPart() {
     Step& step = m_path.back();
     const std::size_t place = m_path.size() - 1;
+    const bool isClass = step.structure == nullptr;
     const std::size_t part = step.nextPart++;
-    const RTBaseType* type = nullptr;
-    if (step.structure != nullptr) {
-        type = step.aggregate->m_memberTypes[part];
-    } else if (part != 0) {
-        type = step.aggregate->m_memberTypes[part - 1];
-    } else {
-        type = static_cast<const RTClassType*>(step.aggregate)->m_baseClass;
-        if (type == nullptr)
-            return true;
-    }
+    const RTBaseType* const type = partOf(*step.aggregate, isClass, part);
     if (type == nullptr)
-        return false;
+        return isBase(isClass, part);
     const Encoded end = m_chains.endOf(*type);
     if (end.aggregate == nullptr && end.encoding != ENCODING_2_STATE)
         return false;
@@ -254,7 +256,7 @@ void EncodingQuery::leave() {
 /// The classes on the path that had come to their base class keep their mark.
 void EncodingQuery::markDerivedClasses() const {
     for (const Step& step : m_path) {
-        if (step.structure == nullptr && step.nextPart == 1)
+        if (isBase(step.structure == nullptr, step.nextPart - 1))
             KeptMark::putOn(static_cast<const RTClassType&>(*step.aggregate));
     }
 }
@@ -268,24 +270,76 @@ Encoded shortEndOf(const RTBaseType& first) {
     return end;
 }
 
-/// What most aggregates answer without a query, for they hold no other one before the first part
-/// that decides. Nothing where they do.
-std::optional<bool> isTwoStateAtOnce(const RTAggregateType& type) {
-    if (type.GetClassId() == ClassId::CLASS) {
-        const auto& classType = static_cast<const RTClassType&>(type);
-        if (classType.m_baseClass != nullptr || KeptMark::isOn(classType))
-            return std::nullopt;
+/// Answers as EncodingQuery does, without its tables, where few aggregates are below. Of one that
+/// leads back to itself there are too many: every round is like the first.
+class SmallEncodingQuery {
+public:
+    /// Nothing where there are too many.
+    std::optional<bool> isTwoState(const RTAggregateType& outermost) {
+        enter(outermost);
+        while (m_depth != 0 && !m_isTooLarge) {
+            Step& step = m_path[m_depth - 1];
+            if (step.nextPart == partCount(*step.aggregate, step.isClass)) {
+                --m_depth;
+            } else if (!followPart(step)) {
+                markDerivedClasses();
+                return false;
+            }
+        }
+        return m_isTooLarge ? std::nullopt : std::optional(true);
     }
-    for (const RTBaseType* part : type.m_memberTypes) {
-        if (part == nullptr)
-            return false;
-        const Encoded end = shortEndOf(*part);
-        if (end.next != nullptr || end.aggregate != nullptr)
-            return std::nullopt;
-        if (end.encoding != ENCODING_2_STATE)
-            return false;
-    }
+
+private:
+    /// An aggregate on the path.
+    struct Step {
+        const RTAggregateType* aggregate;
+        bool isClass;
+        std::size_t nextPart;
+    };
+
+    void enter(const RTAggregateType& aggregate);
+    bool followPart(Step& step);
+    void markDerivedClasses() const;
+
+    static constexpr std::size_t DEEPEST = 8;
+    static constexpr std::size_t MOST = 64;
+
+    Step m_path[DEEPEST]; // Not initialised, for most queries need but one.
+    std::size_t m_depth = 0;
+    std::size_t m_entered = 0;
+    bool m_isTooLarge = false;
+};
+
+void SmallEncodingQuery::enter(const RTAggregateType& aggregate) {
+    const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
+    if (isClass && KeptMark::isOn(static_cast<const RTClassType&>(aggregate)))
+        return;
+    m_isTooLarge = m_depth == DEEPEST || ++m_entered > MOST;
+    if (!m_isTooLarge)
+        m_path[m_depth++] = {&aggregate, isClass, 0};
+}
+
+/// False where the part is not "2-State".
+bool SmallEncodingQuery::followPart(Step& step) {
+    const std::size_t part = step.nextPart++;
+    const RTBaseType* const type = partOf(*step.aggregate, step.isClass, part);
+    if (type == nullptr)
+        return isBase(step.isClass, part);
+    const Encoded end = shortEndOf(*type);
+    if (end.aggregate != nullptr)
+        enter(*end.aggregate);
+    else if (end.next != nullptr)
+        m_isTooLarge = true;
+    else
+        return end.encoding == ENCODING_2_STATE;
     return true;
+}
+
+void SmallEncodingQuery::markDerivedClasses() const {
+    for (const Step* step = m_path; step != m_path + m_depth; ++step) {
+        if (isBase(step->isClass, step->nextPart - 1))
+            KeptMark::putOn(static_cast<const RTClassType&>(*step->aggregate));
+    }
 }
 
 ValueEncoding encodingOf(const RTBaseType& type) {
@@ -294,7 +348,7 @@ ValueEncoding encodingOf(const RTBaseType& type) {
         end = ChainEnds().endOf(*end.next);
     if (end.aggregate == nullptr)
         return end.encoding;
-    std::optional<bool> isTwoState = isTwoStateAtOnce(*end.aggregate);
+    std::optional<bool> isTwoState = SmallEncodingQuery().isTwoState(*end.aggregate);
     if (!isTwoState)
         isTwoState = EncodingQuery().isTwoState(*end.aggregate);
     return *isTwoState ? ENCODING_2_STATE : ENCODING_4_STATE;

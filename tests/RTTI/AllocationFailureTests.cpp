@@ -159,4 +159,15 @@ TEST(AllocationFailures, AtAnyPlaceOfAWalkTakeItsFramesAndMarksBack) {
     EXPECT_EQ(numbersOf(out), numbersOf(expected));
 }
 
+TEST(AllocationFailures, AreNoneInTheEncodingOfAFewNestedStructsAndClasses) {
+    RTTITest::TypeGraph types;
+    const RTBaseType& text = types.add<RTStringType>();
+    const RTBaseType& inner = types.structure({&text, &text});
+    const RTBaseType& base = types.classType({&inner});
+    const RTBaseType& outer = types.structure({&inner, &types.classType({&inner, &text}, &base)});
+    const std::size_t failures = failEachAllocation(
+        [&] { EXPECT_EQ(outer.getValueEncoding(), ENCODING_2_STATE); }, [](std::size_t) {});
+    EXPECT_EQ(failures, 0U);
+}
+
 } // namespace
