@@ -1,5 +1,6 @@
 #include "Inspect/bytes/AnnotationWriter.h"
 
+#include "Inspect/json/JsonValues.h"
 #include "Inspect/json/PartJson.h"
 #include "Inspect/words/Counted.h"
 #include "TypeFile/FieldNames.h"
@@ -150,78 +151,110 @@ private:
 class JsonWriter : public AnnotationWriter {
 public:
     explicit JsonWriter(std::ostream& out) : m_out(out) {
-        m_out << openedText(jsonHead("HDL simulator type file bytes")) << ",\"parts\":[";
+        openDocument(m_text, "HDL simulator type file bytes");
+        m_text.key("parts");
+        m_text.openList();
     }
 
     void beginPart(const AnnotatedPart& part) override {
-        Json json{{"part", wordOf(part.kind)}, {"offset", part.offset}, {"size", part.size}};
+        m_text.newLine();
+        m_text.openObject();
+        m_text.member("part", wordOf(part.kind));
+        m_text.member("offset", part.offset);
+        m_text.member("size", part.size);
         if (part.kind == AnnotatedPart::Kind::RECORD)
-            json["ids"] = part.typeIds;
+            m_text.member("ids", part.typeIds);
         if (part.head.isThere)
-            json.update(kindToJson(part.head.kindCode, part.head.detail));
-        m_out << (m_hasPart ? ",\n" : "\n") << openedText(json) << ",\"fields\":[";
-        m_hasPart = true;
-        m_hasField = false;
+            kindMembers(m_text, part.head.kindCode, part.head.detail);
+        m_text.key("fields");
+        m_text.openList();
     }
 
     void field(const RecordField& field, StorageWindow& storage) override {
         closeField();
-        Json json{{"offset", field.offset},
-                  {"size", field.size},
-                  {"field", field.state == FieldState::UNREAD ? Json() : Json(field.name)},
-                  {"value", field.value},
-                  {"meaning", field.meaning},
-                  {"state", wordOf(field.state)}};
+        openField(field.offset);
+        m_text.member("size", field.size);
+        m_text.key("field");
+        if (field.state == FieldState::UNREAD)
+            m_text.value(nullptr);
+        else
+            m_text.value(field.name);
+        m_text.member("value", field.value);
+        m_text.member("meaning", field.meaning);
+        m_text.member("state", wordOf(field.state));
         if (field.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
-            json["type"] = field.typeId;
-        openField(json);
-        m_out << ",\"bytes\":\"";
-        const unsigned long long size = shownSize(field);
-        for (unsigned long long at = 0; at < size; at += PIECE_SIZE) {
-            const auto count =
-                static_cast<std::size_t>(std::min<unsigned long long>(PIECE_SIZE, size - at));
-            m_out << hexOf({storage.at(field.offset + at, count), count});
-        }
-        m_out << '"';
+            m_text.member("type", field.typeId);
+        m_text.key("bytes");
+        writeBytes(field, storage);
     }
 
     void finding(const Finding& finding) override {
         if (!m_isFieldOpen)
-            openField(Json{{"offset", finding.offset}});
-        m_out << (m_hasFinding ? "," : ",\"findings\":[")
-              << lineText({{"severity", severityText(finding.severity)},
-                           {"code", codeText(finding.code)},
-                           {"field", finding.field},
-                           {"offset", finding.offset},
-                           {"text", finding.text}});
+            openField(finding.offset);
+        if (!m_hasFinding) {
+            m_text.key("findings");
+            m_text.openList();
+        }
         m_hasFinding = true;
+        m_text.openObject();
+        m_text.member("severity", severityText(finding.severity));
+        m_text.member("code", codeText(finding.code));
+        m_text.member("field", finding.field);
+        m_text.member("offset", finding.offset);
+        m_text.member("text", finding.text);
+        m_text.closeObject();
     }
 
     void endPart() override {
         closeField();
-        m_out << "]}";
+        m_text.closeList();
+        m_text.closeObject();
+        m_text.writeTo(m_out);
     }
 
     void end(std::size_t errors, std::size_t warnings) override {
-        m_out << "\n]," << lineText({{"errors", errors}, {"warnings", warnings}}).substr(1) << '\n';
+        m_text.endOfLines();
+        m_text.closeList();
+        m_text.member("errors", errors);
+        m_text.member("warnings", warnings);
+        m_text.closeObject();
+        m_text.endOfLines();
+        m_text.writeTo(m_out);
     }
 
 private:
-    void openField(const Json& json) {
-        m_out << (m_hasField ? ",\n" : "\n") << openedText(json);
-        m_hasField = m_isFieldOpen = true;
+    void openField(unsigned long long offset) {
+        m_text.newLine();
+        m_text.openObject();
+        m_text.member("offset", offset);
+        m_isFieldOpen = true;
         m_hasFinding = false;
     }
 
+    void writeBytes(const RecordField& field, StorageWindow& storage) {
+        m_text.openString();
+        const unsigned long long size = shownSize(field);
+        for (unsigned long long at = 0; at < size; at += PIECE_SIZE) {
+            const auto count =
+                static_cast<std::size_t>(std::min<unsigned long long>(PIECE_SIZE, size - at));
+            m_text.string(hexOf({storage.at(field.offset + at, count), count}));
+            m_text.writeTo(m_out);
+        }
+        m_text.closeString();
+    }
+
     void closeField() {
-        if (m_isFieldOpen)
-            m_out << (m_hasFinding ? "]}" : "}");
+        if (!m_isFieldOpen)
+            return;
+        if (m_hasFinding)
+            m_text.closeList();
+        m_text.closeObject();
+        m_text.writeTo(m_out);
         m_isFieldOpen = false;
     }
 
     std::ostream& m_out;
-    bool m_hasPart = false;
-    bool m_hasField = false;
+    JsonText m_text;
     bool m_isFieldOpen = false;
     bool m_hasFinding = false;
 };

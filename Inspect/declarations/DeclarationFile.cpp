@@ -106,15 +106,19 @@ void DeclarationFile::writeDeclaration(unsigned int id) {
         return;
     if (m_names.packages().isAway(id))
         remark("Declared here and not in its own package, as it needs types of this one:");
-    IndentedLines lines(m_out, INDENTATION);
-    std::ostream out(&lines);
-    m_language->declare(out, id);
+    declareBehind(INDENTATION, id);
 }
 
 void DeclarationFile::writeOmission(unsigned int id) {
     remark(fmt::format("{} has no declaration: {}", heading(id), m_obstacles[id]));
-    IndentedLines lines(m_out, fmt::format("{}{} ", INDENTATION, m_language->comment()));
+    declareBehind(fmt::format("{}{} ", INDENTATION, m_language->comment()), id);
+}
+
+/// Each line behind the prefix.
+void DeclarationFile::declareBehind(const std::string& prefix, unsigned int id) {
+    IndentedLines lines(m_out, prefix);
     std::ostream out(&lines);
+    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
     m_language->declare(out, id);
 }
 

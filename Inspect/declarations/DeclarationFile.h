@@ -50,6 +50,7 @@ private:
     void write(const Entry& entry);
     void writeDeclaration(unsigned int id);
     void writeOmission(unsigned int id);
+    void declareBehind(const std::string& prefix, unsigned int id);
     std::string heading(unsigned int id) const;
 
     /// The comment for a type of another language, or for an id without a type.

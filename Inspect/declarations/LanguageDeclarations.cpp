@@ -23,6 +23,7 @@ bool LanguageDeclarations::isUnnamed(unsigned int id) const {
 std::string LanguageDeclarations::shapeOf(unsigned int id) const {
     constexpr std::size_t MOST_PARTS = 8;
     std::ostringstream out;
+    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
     const std::string behind = define(out, id, MOST_PARTS);
     std::string line;
     for (const char c : out.str() + behind) {

@@ -29,6 +29,7 @@ void TypeDeclarations::declare(std::ostream& out, unsigned int id) const {
 
 std::string TypeDeclarations::declarationOf(unsigned int id) const {
     std::ostringstream out;
+    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
     declare(out, id);
     return out.str();
 }

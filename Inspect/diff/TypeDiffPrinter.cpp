@@ -82,45 +82,93 @@ private:
     const TextStyle& m_style;
 };
 
-/// Writes the entries of a list, one a line.
-class JsonList {
+/// A document whose lists have an entry a line.
+class JsonPrinter {
 public:
-    JsonList(std::ostream& out, std::string_view key) : m_out(out) {
-        m_out << ",\n\"" << key << "\":[";
-    }
-    JsonList(const JsonList&) = delete;
-    JsonList& operator=(const JsonList&) = delete;
-    ~JsonList() { m_out << (m_isEmpty ? "]" : "\n]"); }
+    JsonPrinter(std::ostream& out, const TypeDiff& diff) : m_out(out), m_diff(diff) {}
 
-    void add(const Json& entry) {
-        m_out << (m_isEmpty ? "\n" : ",\n") << lineText(entry);
-        m_isEmpty = false;
+    void print() {
+        openDocument(m_text, "HDL simulator type differences");
+        m_text.member("verdict", verdictText(m_diff.verdict()));
+        m_text.member("rule", ruleText(m_diff.verdict()));
+        types("removed", m_diff.a(), m_diff.removed());
+        openList("changed");
+        const TypeDiff::Counts counts =
+            m_diff.eachChange([&](const TypeChange& one) { change(one); }, RangeLists::WHOLE);
+        closeList();
+        types("added", m_diff.b(), m_diff.added());
+        summary(counts);
+        m_text.closeObject();
+        m_text.endOfLines();
+        m_text.writeTo(m_out);
     }
 
 private:
+    void openList(std::string_view key) {
+        m_text.newLine();
+        m_text.key(key);
+        m_text.openList();
+        m_isEmpty = true;
+    }
+
+    void beginEntry() {
+        m_text.newLine();
+        m_text.openObject();
+        m_isEmpty = false;
+    }
+
+    void endEntry() {
+        m_text.closeObject();
+        m_text.writeTo(m_out);
+    }
+
+    void closeList() {
+        if (!m_isEmpty)
+            m_text.endOfLines();
+        m_text.closeList();
+    }
+
+    void types(std::string_view key, const TypeTable& table, const std::vector<unsigned int>& ids) {
+        openList(key);
+        for (const unsigned int id : ids) {
+            beginEntry();
+            typeMembers(m_text, id, table.typeOf(id));
+            endEntry();
+        }
+        closeList();
+    }
+
+    void change(const TypeChange& change) {
+        beginEntry();
+        m_text.member("idA", change.idA);
+        m_text.member("idB", change.idB);
+        kindAndName(m_text, m_diff.a().typeOf(change.idA));
+        m_text.member("path", change.path);
+        m_text.member("field", change.field);
+        m_text.member("old", change.before);
+        m_text.member("new", change.after);
+        endEntry();
+    }
+
+    void summary(const TypeDiff::Counts& counts) {
+        m_text.newLine();
+        m_text.key("counts");
+        m_text.openObject();
+        m_text.member("typesOfA", counts.typesOfA);
+        m_text.member("typesOfB", counts.typesOfB);
+        m_text.member("equal", counts.equal);
+        m_text.member("removed", counts.removed);
+        m_text.member("changed", counts.changed);
+        m_text.member("containing", counts.containing);
+        m_text.member("added", counts.added);
+        m_text.closeObject();
+    }
+
     std::ostream& m_out;
-    bool m_isEmpty = true;
+    const TypeDiff& m_diff;
+    JsonText m_text;
+    bool m_isEmpty = true; ///< The list that is open.
 };
-
-void printTypes(std::ostream& out, std::string_view key, const TypeTable& table,
-                const std::vector<unsigned int>& ids) {
-    JsonList list(out, key);
-    for (const unsigned int id : ids)
-        list.add(typeToJson(id, table.typeOf(id)));
-}
-
-Json jsonOf(const TypeChange& change, const TypeTable& a) {
-    Json json{{"idA", change.idA}, {"idB", change.idB}};
-    json.update(typeToJson(change.idA, a.typeOf(change.idA)));
-    json.erase("id");
-    json.update(
-        {{"path", change.path}, {"field", change.field}, {"old", nullptr}, {"new", nullptr}});
-    if (change.before)
-        json["old"] = *change.before;
-    if (change.after)
-        json["new"] = *change.after;
-    return json;
-}
 
 } // namespace
 
@@ -129,24 +177,6 @@ void printDiffText(std::ostream& out, const TypeDiff& diff, const TextStyle& sty
     TextPrinter(out, diff, style).print(lists);
 }
 
-void printDiffJson(std::ostream& out, const TypeDiff& diff) {
-    out << openedText(
-        jsonHead("HDL simulator type differences",
-                 {{"verdict", verdictText(diff.verdict())}, {"rule", ruleText(diff.verdict())}}));
-    printTypes(out, "removed", diff.a(), diff.removed());
-    TypeDiff::Counts counts;
-    {
-        JsonList list(out, "changed");
-        counts =
-            diff.eachChange([&](const TypeChange& change) { list.add(jsonOf(change, diff.a())); },
-                            RangeLists::WHOLE);
-    }
-    printTypes(out, "added", diff.b(), diff.added());
-    const Json json{{"typesOfA", counts.typesOfA}, {"typesOfB", counts.typesOfB},
-                    {"equal", counts.equal},       {"removed", counts.removed},
-                    {"changed", counts.changed},   {"containing", counts.containing},
-                    {"added", counts.added}};
-    out << ",\n\"counts\":" << json.dump() << "}\n";
-}
+void printDiffJson(std::ostream& out, const TypeDiff& diff) { JsonPrinter(out, diff).print(); }
 
 } // namespace Inspect

@@ -9,13 +9,16 @@ namespace {
 class JsonDrawing : public GraphDrawing {
 public:
     explicit JsonDrawing(std::ostream& out) : m_out(out) {
-        m_out << openedText(jsonHead("HDL simulator type graph")) << ",\"nodes\":[";
+        openDocument(m_text, "HDL simulator type graph");
+        m_text.key("nodes");
+        m_text.openList();
     }
 
     void node(const GraphNode& node) override {
-        Json json = typeToJson(node.id, node.type);
-        json["isCut"] = node.isCut;
-        item(json);
+        beginItem();
+        typeMembers(m_text, node.id, node.type);
+        m_text.member("isCut", node.isCut);
+        endItem();
     }
 
     void beginClasses() override {}
@@ -24,37 +27,58 @@ public:
 
     void edge(const GraphEdge& edge) override {
         endNodes();
-        Json json;
-        json["from"] = edge.from;
-        json["to"] = edge.to;
-        json["field"] = fieldOf(edge.role, edge.fromClass);
-        for (const std::string_view member : edge.members)
-            json["members"].push_back(nameToJson(member));
-        for (const unsigned int dimension : edge.dimensions)
-            json["dimensions"].push_back(dimension);
-        item(json);
+        beginItem();
+        m_text.member("from", edge.from);
+        m_text.member("to", edge.to);
+        m_text.member("field", fieldOf(edge.role, edge.fromClass));
+        if (!edge.members.empty())
+            names(edge.members);
+        if (!edge.dimensions.empty())
+            m_text.member("dimensions", edge.dimensions);
+        endItem();
     }
 
     void end() override {
         endNodes();
-        m_out << "\n]}\n";
+        m_text.endOfLines();
+        m_text.closeList();
+        m_text.closeObject();
+        m_text.endOfLines();
+        m_text.writeTo(m_out);
     }
 
 private:
-    void item(const Json& json) {
-        m_out << (m_isFirst ? "\n" : ",\n") << lineText(json);
-        m_isFirst = false;
+    void beginItem() {
+        m_text.newLine();
+        m_text.openObject();
+    }
+
+    void endItem() {
+        m_text.closeObject();
+        m_text.writeTo(m_out);
+    }
+
+    void names(const std::vector<std::string_view>& members) {
+        m_text.key("members");
+        m_text.openList();
+        for (const std::string_view member : members)
+            m_text.name(member);
+        m_text.closeList();
     }
 
     void endNodes() {
         if (m_areNodesWritten)
             return;
-        m_out << "\n],\n\"edges\":[";
-        m_areNodesWritten = m_isFirst = true;
+        m_areNodesWritten = true;
+        m_text.endOfLines();
+        m_text.closeList();
+        m_text.newLine();
+        m_text.key("edges");
+        m_text.openList();
     }
 
     std::ostream& m_out;
-    bool m_isFirst = true;
+    JsonText m_text;
     bool m_areNodesWritten = false;
 };
 

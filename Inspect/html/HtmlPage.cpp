@@ -5,6 +5,7 @@
 #include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/html/PackedForm.h"
 #include "Inspect/html/PageText.h"
+#include "Inspect/json/JsonText.h"
 #include "Inspect/json/JsonValues.h"
 #include "Inspect/translate/ValueDecoder.h"
 #include "Inspect/words/TypeKind.h"
@@ -71,10 +72,10 @@ std::string compressed(const std::string& text) {
     return bytes;
 }
 
-/// ASCII that ends no script element and begins none, wherever names have brackets.
-std::string scriptSafe(const Json& json) {
+/// JSON that ends no script element and begins none, wherever names have brackets.
+std::string scriptSafe(const JsonText& json) {
     std::string text;
-    for (const char c : json.dump(-1, ' ', true))
+    for (const char c : json.view())
         text += c == '<' ? "\\u003c" : std::string(1, c);
     return text;
 }
@@ -91,74 +92,103 @@ std::string htmlText(std::string_view text) {
     return result;
 }
 
-Json jsonOf(std::span<const TypeFile::FieldLayout> layout);
-
-Json jsonOf(const TypeFile::FieldLayout& field) {
-    Json json{{"name", TypeFile::fieldWords(field.name)},
-              {"form", wordOf(field.form)},
-              {"width", TypeFile::widthOf(field.form)},
-              {"missing", field.missing},
-              {"last", field.last}};
-    if (field.names != nullptr) {
-        json["first"] = field.names->first;
-        json["names"] =
-            std::vector<std::string>(field.names->names, field.names->names + field.names->count);
-    }
-    if (field.form == FieldForm::RANGE)
-        json["parts"] = jsonOf(TypeFile::Layout::RANGE_PARTS);
-    if (field.form == FieldForm::RANGES) {
-        json["count"] = jsonOf(TypeFile::Layout::RANGE_COUNT);
-        json["item"] = jsonOf(TypeFile::Layout::RANGE_IN_LIST);
-    }
-    return json;
+std::vector<std::string_view> textsOf(const TypeFile::NamedValues& values) {
+    return {values.names, values.names + values.count};
 }
 
-Json jsonOf(std::span<const TypeFile::FieldLayout> layout) {
-    Json list = Json::array();
+void write(JsonText& text, std::span<const TypeFile::FieldLayout> layout);
+
+void write(JsonText& text, const TypeFile::FieldLayout& field) {
+    text.openObject();
+    text.member("name", TypeFile::fieldWords(field.name));
+    text.member("form", wordOf(field.form));
+    text.member("width", TypeFile::widthOf(field.form));
+    text.member("missing", field.missing);
+    text.member("last", field.last);
+    if (field.names != nullptr) {
+        text.member("first", field.names->first);
+        text.member("names", textsOf(*field.names));
+    }
+    if (field.form == FieldForm::RANGE) {
+        text.key("parts");
+        write(text, TypeFile::Layout::RANGE_PARTS);
+    }
+    if (field.form == FieldForm::RANGES) {
+        text.key("count");
+        write(text, TypeFile::Layout::RANGE_COUNT);
+        text.key("item");
+        write(text, TypeFile::Layout::RANGE_IN_LIST);
+    }
+    text.closeObject();
+}
+
+void write(JsonText& text, std::span<const TypeFile::FieldLayout> layout) {
+    text.openList();
     for (const TypeFile::FieldLayout& field : layout)
-        list.push_back(jsonOf(field));
-    return list;
+        write(text, field);
+    text.closeList();
 }
 
 /// The SystemVerilog type ids that mean something, with what they mean.
-Json svTypeIdsJson() {
-    Json ids = Json::object();
+void writeSVTypeIds(JsonText& text) {
+    text.key("svTypeIds");
+    text.openObject();
     for (const int id : {NO_SV_TYPE_ID, STRING_SV_TYPE_ID, EVENT_SV_TYPE_ID})
-        ids[std::to_string(id)] = svTypeIdMeaning(id);
-    return ids;
+        text.member(std::to_string(id), svTypeIdMeaning(id));
+    text.closeObject();
+}
+
+/// What each kind code has, by the code; `write` gets the code.
+void writeByKind(JsonText& text, const char* key, const std::function<void(unsigned int)>& write) {
+    text.key(key);
+    text.openObject();
+    for (unsigned int code = ClassId::SEQ_ENUM; code <= ClassId::WILDCARD; ++code)
+        write(code);
+    text.closeObject();
+}
+
+void writeDetailedKinds(JsonText& text, unsigned int code, const TypeFile::NamedValues& details) {
+    text.key(std::to_string(code));
+    text.openObject();
+    text.member("first", details.first);
+    text.key("kinds");
+    text.openList();
+    for (std::size_t i = 0; i < details.count; ++i)
+        text.value(kindOf(code, details.first + static_cast<unsigned int>(i)));
+    text.closeList();
+    text.closeObject();
 }
 
 /// What the page has to know to read records: layouts by kind code, words for kinds, and markers.
-Json formatJson() {
-    Json bodies = Json::object();
-    Json words = Json::object();
-    Json kinds = Json::object();
-    for (unsigned int code = ClassId::SEQ_ENUM; code <= ClassId::WILDCARD; ++code) {
-        const std::string key = std::to_string(code);
-        words[key] = kindOf(code);
-        kinds[key] = kindOf(code, 0);
-        if (kindOf(code) != BUILDS_NO_TYPE)
-            bodies[key] = jsonOf(TypeFile::bodyLayout(code));
-    }
-    const auto detailed = [](unsigned int code, const TypeFile::NamedValues& details) {
-        Json list = Json::array();
-        for (std::size_t i = 0; i < details.count; ++i)
-            list.push_back(kindOf(code, details.first + static_cast<unsigned int>(i)));
-        return Json{{"first", details.first}, {"kinds", std::move(list)}};
-    };
-    return {
-        {"head", jsonOf(TypeFile::Layout::HEAD)},
-        {"bodies", std::move(bodies)},
-        {"words", std::move(words)},
-        {"kinds", std::move(kinds)},
-        {"noTypeId", NO_TYPE_ID},
-        {"unpaddedByteFlag", UNPADDED_BYTE_FLAG},
-        {"svTypeIds", svTypeIdsJson()},
-        {"directions",
-         {{"to", TO_DIRECTION}, {"downto", DOWNTO_DIRECTION}, {"open", UNCONSTRAINED_DIRECTION}}},
-        {"details",
-         {{std::to_string(ClassId::ARRAY), detailed(ClassId::ARRAY, TypeFile::arrayKinds)},
-          {std::to_string(ClassId::RECORD), detailed(ClassId::RECORD, TypeFile::recordKinds)}}}};
+void writeFormat(JsonText& text) {
+    text.openObject();
+    text.key("head");
+    write(text, TypeFile::Layout::HEAD);
+    writeByKind(text, "bodies", [&](unsigned int code) {
+        if (kindOf(code) == BUILDS_NO_TYPE)
+            return;
+        text.key(std::to_string(code));
+        write(text, TypeFile::bodyLayout(code));
+    });
+    writeByKind(text, "words",
+                [&](unsigned int code) { text.member(std::to_string(code), kindOf(code)); });
+    writeByKind(text, "kinds",
+                [&](unsigned int code) { text.member(std::to_string(code), kindOf(code, 0)); });
+    text.member("noTypeId", NO_TYPE_ID);
+    text.member("unpaddedByteFlag", UNPADDED_BYTE_FLAG);
+    writeSVTypeIds(text);
+    text.key("directions");
+    text.openObject();
+    text.member("to", TO_DIRECTION);
+    text.member("downto", DOWNTO_DIRECTION);
+    text.member("open", UNCONSTRAINED_DIRECTION);
+    text.closeObject();
+    text.key("details");
+    text.openObject();
+    writeDetailedKinds(text, ClassId::ARRAY, TypeFile::arrayKinds);
+    writeDetailedKinds(text, ClassId::RECORD, TypeFile::recordKinds);
+    text.closeObject();
+    text.closeObject();
 }
 
 /// One page, written once.
@@ -176,15 +206,15 @@ private:
     void writeChunks(const std::function<void(unsigned int first, unsigned int end)>& writeChunk);
     void writeRecords(unsigned int first, unsigned int end);
     void writeDetails(unsigned int first, unsigned int end);
-    Json shapesOf(unsigned int first, unsigned int end) const;
-    Json packedOf(unsigned int first, unsigned int end) const;
-    Json detailsOf(unsigned int id) const;
+    void writeShapes(JsonText& text, unsigned int first, unsigned int end) const;
+    void writePacked(JsonText& text, unsigned int first, unsigned int end) const;
+    void writeDetails(JsonText& text, const RTBaseType& type, unsigned int id) const;
     unsigned long long addressOf(unsigned int id) const;
     void writeBlock(std::string_view mediaType, std::string_view name, std::string_view text) {
         m_out << fmt::format("<script type=\"{}\" class=\"{}\">{}</script>\n", mediaType, name,
                              text);
     }
-    void writeBlock(std::string_view name, const Json& json) {
+    void writeBlock(std::string_view name, const JsonText& json) {
         writeBlock("application/json", name, scriptSafe(json));
     }
 
@@ -236,18 +266,20 @@ void HtmlPage::write(const std::function<void(unsigned int)>& progress) {
 }
 
 void HtmlPage::writeFile() {
-    std::vector<std::string> encodings(TypeFile::valueEncodings.names,
-                                       TypeFile::valueEncodings.names +
-                                           TypeFile::valueEncodings.count);
-    writeBlock("file", {{"title", escaped(m_source.title)},
-                        {"version", escaped(m_source.version)},
-                        {"count", m_source.types.count},
-                        {"storageSize", m_source.storageSize},
-                        {"chunk", TYPES_IN_CHUNK},
-                        {"mostRecordBytes", MOST_RECORD_BYTES},
-                        {"mostFields", ValueDecoder::MOST_FIELDS},
-                        {"encodings", std::move(encodings)},
-                        {"format", formatJson()}});
+    JsonText text;
+    text.openObject();
+    text.member("title", escaped(m_source.title));
+    text.member("version", escaped(m_source.version));
+    text.member("count", m_source.types.count);
+    text.member("storageSize", m_source.storageSize);
+    text.member("chunk", TYPES_IN_CHUNK);
+    text.member("mostRecordBytes", MOST_RECORD_BYTES);
+    text.member("mostFields", ValueDecoder::MOST_FIELDS);
+    text.member("encodings", textsOf(TypeFile::valueEncodings));
+    text.key("format");
+    writeFormat(text);
+    text.closeObject();
+    writeBlock("file", text);
 }
 
 void HtmlPage::writeChunks(const std::function<void(unsigned int, unsigned int)>& writeChunk) {
@@ -265,8 +297,8 @@ unsigned long long HtmlPage::addressOf(unsigned int id) const {
 
 /// Addresses as text: not every one is a number in JavaScript.
 void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
-    Json sizes = Json::array();
-    Json addresses = Json::array();
+    std::vector<unsigned long long> sizes;
+    std::vector<std::string> addresses;
     std::string bytes;
     for (unsigned int id = first; id < end; ++id) {
         const unsigned long long address = addressOf(id);
@@ -282,62 +314,82 @@ void HtmlPage::writeRecords(unsigned int first, unsigned int end) {
             at += count;
         }
     }
-    writeBlock("records", {{"first", first},
-                           {"sizes", std::move(sizes)},
-                           {"addresses", std::move(addresses)},
-                           {"shapes", shapesOf(first, end)},
-                           {"packed", packedOf(first, end)},
-                           {"bytes", base64Of(bytes)}});
-}
-
-void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
-    Json list = Json::array();
-    for (unsigned int id = first; id < end; ++id)
-        list.push_back(detailsOf(id));
-    writeBlock("text/plain", "details", base64Of(compressed(list.dump())));
-}
-
-/// What types without names are, by id: alone, and behind their kind.
-Json HtmlPage::shapesOf(unsigned int first, unsigned int end) const {
-    Json shapes = Json::object();
-    for (unsigned int id = first; id < end; ++id) {
-        const RTBaseType* type = m_source.types.typeOf(id);
-        if (type != nullptr && !isGivenName(type->m_name))
-            shapes[std::to_string(id)] = {shapeOf(m_source.types, id, *type),
-                                          shapeBehindKind(m_source.types, id, type)};
-    }
-    return shapes;
-}
-
-/// What packed values consist of, by id; only of types whose whole record the page has.
-Json HtmlPage::packedOf(unsigned int first, unsigned int end) const {
-    Json forms = Json::object();
-    for (unsigned int id = first; id < end; ++id) {
-        const RTBaseType* type = m_source.types.typeOf(id);
-        if (type == nullptr || m_frame.recordAt(addressOf(id)).size() > MOST_RECORD_BYTES)
-            continue;
-        Json form = packedForm(m_source.types, id, *type);
-        if (!form.is_null())
-            forms[std::to_string(id)] = std::move(form);
-    }
-    return forms;
+    JsonText text;
+    text.openObject();
+    text.member("first", first);
+    text.member("sizes", sizes);
+    text.member("addresses", addresses);
+    writeShapes(text, first, end);
+    writePacked(text, first, end);
+    text.member("bytes", base64Of(bytes));
+    text.closeObject();
+    writeBlock("records", text);
 }
 
 /// Null where there is no type.
-Json HtmlPage::detailsOf(unsigned int id) const {
-    const RTBaseType* type = m_source.types.typeOf(id);
-    if (type == nullptr)
-        return {};
+void HtmlPage::writeDetails(unsigned int first, unsigned int end) {
+    JsonText text;
+    text.openList();
+    for (unsigned int id = first; id < end; ++id) {
+        if (const RTBaseType* type = m_source.types.typeOf(id))
+            writeDetails(text, *type, id);
+        else
+            text.value(nullptr);
+    }
+    text.closeList();
+    writeBlock("text/plain", "details", base64Of(compressed(std::string(text.view()))));
+}
+
+/// What types without names are, by id: alone, and behind their kind.
+void HtmlPage::writeShapes(JsonText& text, unsigned int first, unsigned int end) const {
+    text.key("shapes");
+    text.openObject();
+    for (unsigned int id = first; id < end; ++id) {
+        const RTBaseType* type = m_source.types.typeOf(id);
+        if (type != nullptr && !isGivenName(type->m_name))
+            text.member(std::to_string(id), std::vector{shapeOf(m_source.types, id, *type),
+                                                        shapeBehindKind(m_source.types, id, type)});
+    }
+    text.closeObject();
+}
+
+/// What packed values consist of, by id; only of types whose whole record the page has.
+void HtmlPage::writePacked(JsonText& text, unsigned int first, unsigned int end) const {
+    text.key("packed");
+    text.openObject();
+    for (unsigned int id = first; id < end; ++id) {
+        const RTBaseType* type = m_source.types.typeOf(id);
+        if (type == nullptr || m_frame.recordAt(addressOf(id)).size() > MOST_RECORD_BYTES ||
+            !hasPackedForm(m_source.types, *type))
+            continue;
+        text.key(std::to_string(id));
+        writePackedForm(text, m_source.types, id, *type);
+    }
+    text.closeObject();
+}
+
+void HtmlPage::writeDetails(JsonText& text, const RTBaseType& type, unsigned int id) const {
     const PopulatedConstraints flattened =
-        populateTypeConstraints(*type, mostWalkSteps(m_source.lists));
+        populateTypeConstraints(type, mostWalkSteps(m_source.lists));
     const std::size_t most =
         m_source.lists == RangeLists::WHOLE ? flattened.ranges.size() : MOST_RUNS;
-    Json runs = Json::array();
-    for (const auto& run : runsOf(flattened.ranges, most))
-        runs.push_back(Json::array({run.count, run.entry.si, run.entry.ei, run.entry.dir}));
-    return Json::array({static_cast<int>(m_source.types.encodings->of(*type)), type->getValueSize(),
-                        m_declarations.declarationOf(id), flattened.ranges.size(),
-                        flattened.isComplete, std::move(runs)});
+    text.openList();
+    text.value(static_cast<int>(m_source.types.encodings->of(type)));
+    text.value(type.getValueSize());
+    text.value(m_declarations.declarationOf(id));
+    text.value(flattened.ranges.size());
+    text.value(flattened.isComplete);
+    text.openList();
+    for (const auto& run : runsOf(flattened.ranges, most)) {
+        text.openList();
+        text.value(run.count);
+        text.value(run.entry.si);
+        text.value(run.entry.ei);
+        text.value(run.entry.dir);
+        text.closeList();
+    }
+    text.closeList();
+    text.closeList();
 }
 
 } // namespace

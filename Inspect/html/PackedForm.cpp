@@ -24,43 +24,54 @@ std::string shortText(const std::string& bits) {
     return (isBinary ? '%' : '$') + all.substr(first);
 }
 
-Json valuesOf(const EnumTable& table) {
-    Json values = Json::array();
+void writeValues(JsonText& text, const EnumTable& table) {
+    std::vector<std::string> values;
     bool arePositions = true;
     for (const EnumEntry& entry : table.entries) {
+        arePositions = arePositions && shortText(entry.bits) == fmt::format("${:x}", values.size());
         values.push_back(shortText(entry.bits));
-        arePositions = arePositions && values.back() == fmt::format("${:x}", values.size() - 1);
     }
-    return arePositions ? Json() : values;
+    text.key("values");
+    if (arePositions)
+        text.value(nullptr);
+    else
+        text.value(values);
 }
 
-Json offsetsOf(const TypeTable& types, const RTRecordType& record) {
-    Json offsets = Json::array();
+void writeOffsets(JsonText& text, const TypeTable& types, const RTRecordType& record) {
+    text.key("offsets");
+    text.openList();
+    std::size_t count = 0;
     for (const PackedMember& member : packedMembersOf(types, record)) {
-        while (offsets.size() < member.index)
-            offsets.push_back(nullptr);
-        offsets.push_back(member.offset);
+        for (; count < member.index; ++count)
+            text.value(nullptr);
+        text.value(member.offset);
+        ++count;
     }
-    return offsets;
+    text.closeList();
 }
 
-Json elementsOf(const PackedElement& element) {
-    Json ranges = Json::array();
-    for (const FullConstraints& range : element.dimensions)
-        ranges.push_back(Json::array({range.si, range.ei}));
-    return {{"of", element.typeId}, {"ranges", std::move(ranges)}};
+void writeElements(JsonText& text, unsigned int typeId,
+                   const std::vector<FullConstraints>& dimensions) {
+    text.member("of", typeId);
+    text.key("ranges");
+    text.openList();
+    for (const FullConstraints& range : dimensions)
+        text.value(std::vector{range.si, range.ei});
+    text.closeList();
 }
 
 /// Of a struct, union, enumeration, vector, or an array of these.
-Json packedForm(const TypeTable& types, const PackedElement& element) {
-    if (!element.dimensions.empty())
-        return elementsOf(element);
-    Json form{{"width", element.width}};
+void writeElement(JsonText& text, const TypeTable& types, const PackedElement& element) {
+    if (!element.dimensions.empty()) {
+        writeElements(text, element.typeId, element.dimensions);
+        return;
+    }
+    text.member("width", element.width);
     if (element.kind == PackedElement::Kind::ENUMERATION)
-        form["values"] = valuesOf(*enumTableOf(types, *element.type));
+        writeValues(text, *enumTableOf(types, *element.type));
     else if (element.kind != PackedElement::Kind::VECTOR)
-        form["offsets"] = offsetsOf(types, static_cast<const RTRecordType&>(*element.type));
-    return form;
+        writeOffsets(text, types, static_cast<const RTRecordType&>(*element.type));
 }
 
 /// Whether the values are those of a VHDL enumeration.
@@ -72,17 +83,24 @@ bool hasPositions(const TypeTable& types, const RTBaseType& type) {
 
 } // namespace
 
-Json packedForm(const TypeTable& types, unsigned int id, const RTBaseType& type) {
+bool hasPackedForm(const TypeTable& types, const RTBaseType& type) {
     const auto width = types.widths->of(&type);
-    if (width ? *width > ValueDecoder::MOST_BITS : !hasPositions(types, type))
-        return {};
-    if (type.GetClassId() == ClassId::TYPEDEF)
-        return {{"of", static_cast<const RTTypedefType&>(type).m_dataTypeId},
-                {"ranges", Json::array()}};
-    if (width)
-        return packedForm(types, packedElementOf(types, id, type));
-    const EnumTable table = *enumTableOf(types, type);
-    return {{"width", table.width}, {"values", valuesOf(table)}};
+    return width ? *width <= ValueDecoder::MOST_BITS : hasPositions(types, type);
+}
+
+void writePackedForm(JsonText& text, const TypeTable& types, unsigned int id,
+                     const RTBaseType& type) {
+    text.openObject();
+    if (type.GetClassId() == ClassId::TYPEDEF) {
+        writeElements(text, static_cast<const RTTypedefType&>(type).m_dataTypeId, {});
+    } else if (types.widths->of(&type)) {
+        writeElement(text, types, packedElementOf(types, id, type));
+    } else {
+        const EnumTable table = *enumTableOf(types, type);
+        text.member("width", table.width);
+        writeValues(text, table);
+    }
+    text.closeObject();
 }
 
 } // namespace Inspect

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "Inspect/json/JsonValues.h"
+#include "Inspect/json/JsonText.h"
 #include "Inspect/model/TypeTable.h"
 
 namespace Inspect {
 
-/// What a page has to know of a type to take its values apart, beside the type's record: null if
-/// no ValueDecoder takes values of the type, else an object.
+/// Whether a ValueDecoder takes values of the type.
+bool hasPackedForm(const TypeTable& types, const RTTI::RTBaseType& type);
+
+/// Writes what a page has to know of such a type to take its values apart, beside the type's
+/// record, as an object.
 /// - Of a typedef, and of an array of packed structs, unions or enumerations, `of` is the id of
 /// what
 ///   it consists of, and `ranges` has pairs of bounds, outermost first.
@@ -14,6 +17,7 @@ namespace Inspect {
 /// - Of a struct or union, `offsets` has one for each member, null for a member without a value.
 /// - Of an enumeration, `values` has those of its literals as texts that `bitsOf` reads; it is null
 ///   if each one is the literal's position.
-Json packedForm(const TypeTable& types, unsigned int id, const RTTI::RTBaseType& type);
+void writePackedForm(JsonText& text, const TypeTable& types, unsigned int id,
+                     const RTTI::RTBaseType& type);
 
 } // namespace Inspect

@@ -1,6 +1,6 @@
 #include "Inspect/json/JsonCursor.h"
 
-#include "Inspect/json/JsonValues.h"
+#include "Inspect/json/JsonText.h"
 
 namespace Inspect {
 

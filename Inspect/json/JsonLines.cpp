@@ -1,31 +1,44 @@
 #include "Inspect/json/JsonLines.h"
 
+#include "Inspect/json/PartJson.h"
+
 namespace Inspect {
 
-JsonLines::JsonLines(std::ostream& out, JsonForm form, const Json& properties,
-                     const std::string& list)
+JsonLines::JsonLines(std::ostream& out, JsonForm form, std::string_view format,
+                     std::string_view list, const std::function<void(JsonText&)>& properties)
     : m_out(out), m_form(form) {
-    if (m_form == JsonForm::DOCUMENT)
-        m_out << openedText(properties) << ",\"" << list << "\":[";
-    else
-        m_out << lineText(properties);
-}
-
-void JsonLines::add(const Json& object) {
-    begin().value(object);
-    put();
+    openDocument(m_text, format);
+    properties(m_text);
+    if (m_form == JsonForm::DOCUMENT) {
+        m_text.key(list);
+        m_text.openList();
+    } else {
+        m_text.closeObject();
+    }
+    m_text.writeTo(m_out);
 }
 
 JsonText& JsonLines::begin() {
-    m_text.clear();
+    if (m_form == JsonForm::LINES)
+        m_text.clear();
+    m_text.newLine();
+    m_text.openObject();
     return m_text;
 }
 
 void JsonLines::put() {
-    m_out << (m_form == JsonForm::DOCUMENT && !m_isFirst ? ",\n" : "\n") << m_text.view();
-    m_isFirst = false;
+    m_text.closeObject();
+    m_text.writeTo(m_out);
 }
 
-void JsonLines::end() { m_out << (m_form == JsonForm::DOCUMENT ? "\n]}\n" : "\n"); }
+void JsonLines::end() {
+    m_text.endOfLines();
+    if (m_form == JsonForm::DOCUMENT) {
+        m_text.closeList();
+        m_text.closeObject();
+        m_text.endOfLines();
+    }
+    m_text.writeTo(m_out);
+}
 
 } // namespace Inspect

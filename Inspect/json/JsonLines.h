@@ -2,10 +2,10 @@
 
 #include "Inspect/json/JsonForm.h"
 #include "Inspect/json/JsonText.h"
-#include "Inspect/json/JsonValues.h"
 
+#include <functional>
 #include <ostream>
-#include <string>
+#include <string_view>
 
 namespace Inspect {
 
@@ -13,14 +13,15 @@ namespace Inspect {
 /// document, whose last key holds the list, or as an object a line. The text is ASCII.
 class JsonLines {
 public:
-    /// `properties` is an object; `list` is the key of the list in a document.
-    JsonLines(std::ostream& out, JsonForm form, const Json& properties, const std::string& list);
+    /// `format` is a few words, `properties` writes members behind those that say the format;
+    /// `list` is the key of the list in a document.
+    JsonLines(std::ostream& out, JsonForm form, std::string_view format, std::string_view list,
+              const std::function<void(JsonText&)>& properties);
 
-    void add(const Json& object);
-
-    /// The same for an object that is put together as text: `begin` gives an empty one, `put`
-    /// writes what has been made of it.
+    /// Begins an object, whose members follow.
     JsonText& begin();
+
+    /// Closes the object and writes it.
     void put();
 
     /// Closes the document. Called once, last.
@@ -30,7 +31,6 @@ private:
     std::ostream& m_out;
     JsonForm m_form;
     JsonText m_text;
-    bool m_isFirst = true;
 };
 
 } // namespace Inspect

@@ -1,61 +1,138 @@
 #pragma once
 
-#include "Inspect/json/JsonValues.h"
+#include "RTTI/RTBaseType.h"
+#include "TypeFile/NamedValues.h"
 
 #include <charconv>
 #include <concepts>
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <optional>
+#include <ostream>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace Inspect {
 
-/// A line of JSON that is put together value by value, without a tree of them: the same text as
-/// `lineText` gives. Commas are set where one value follows another. The room of a line is kept for
-/// the next.
+/// Whether a character stands for itself in the ASCII text of a string.
+inline bool isPlainInString(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
+
+/// JSON that is put together value by value, without a tree of them. The text is ASCII. Commas are
+/// set where one value follows another. The room of a text is kept for the next.
 class JsonText {
 public:
-    std::string_view view() const { return {m_bytes.data(), m_size}; }
-    void clear() { m_size = 0; }
+    enum class Layout {
+        LINES,   ///< Without blanks, and with the line breaks of `newLine` alone.
+        INDENTED ///< Each value on a line of its own, two spaces further in than what it is part
+                 ///< of.
+    };
 
-    void openObject() { word("{"); }
-    void closeObject() { append("}"); }
-    void openList() { word("["); }
-    void closeList() { append("]"); }
+    explicit JsonText(Layout layout = Layout::LINES) : m_isIndented(layout == Layout::INDENTED) {}
+
+    std::string_view view() const { return {m_bytes.data(), m_size}; }
+
+    /// Begins another text.
+    void clear() {
+        m_size = 0;
+        m_written = NOTHING;
+    }
+
+    /// Writes what there is so far; the text goes on.
+    void writeTo(std::ostream& out);
+
+    void openObject() { open("{"); }
+    void closeObject() { close("}"); }
+    void openList() { open("["); }
+    void closeList() { close("]"); }
+
+    /// What comes next, the end of a list included, begins a line.
+    void newLine() {
+        separate();
+        append("\n");
+    }
+    void endOfLines() { append("\n"); }
 
     /// The key of the value that comes next; it has nothing to escape.
     void key(std::string_view name) {
         separate();
-        char* const begin = room(name.size() + 3);
+        char* const begin = room(name.size() + 4);
         begin[0] = '"';
         std::memcpy(begin + 1, name.data(), name.size());
         begin[name.size() + 1] = '"';
         begin[name.size() + 2] = ':';
         m_size += name.size() + 3;
+        if (m_isIndented)
+            append(" ");
     }
 
-    template <std::integral Number> void number(Number value) {
+    template <typename Value> void member(std::string_view key, const Value& value) {
+        this->key(key);
+        this->value(value);
+    }
+
+    template <std::integral Number> void value(Number value) {
         separate();
         constexpr std::size_t MOST_DIGITS = std::numeric_limits<Number>::digits10 + 2;
         char* const begin = room(MOST_DIGITS);
         m_size += std::to_chars(begin, begin + MOST_DIGITS, value).ptr - begin;
     }
 
-    void boolean(bool value) { word(value ? "true" : "false"); }
-    void null() { word("null"); }
+    void value(bool value) { word(value ? "true" : "false"); }
+    void value(std::nullptr_t) { word("null"); }
 
-    /// As `nameToJson` has it.
+    /// A string. Bytes that are not UTF-8 become the replacement character.
+    void value(std::string_view text);
+    void value(const char* text) { value(std::string_view(text)); }
+
+    /// A string in pieces of whole characters.
+    void openString() { word("\""); }
+    void string(std::string_view piece);
+    void closeString() { append("\""); }
+
+    /// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
+    /// hexadecimal digits of a NaN.
+    void value(double value);
+
+    /// An object with the range's fields.
+    void value(const RTTI::FullConstraints& range);
+
+    /// The value, or null.
+    template <typename Value> void value(const std::optional<Value>& value) {
+        if (value)
+            this->value(*value);
+        else
+            this->value(nullptr);
+    }
+
+    /// A list.
+    template <typename Value> void value(const std::vector<Value>& list) {
+        openList();
+        for (const Value& item : list)
+            value(item);
+        closeList();
+    }
+
+    /// A name: a string, or {"hex": "..."} where the bytes are not UTF-8. A null name counts as
+    /// empty.
     void name(std::string_view name);
     void name(const char* name) {
         this->name(name != nullptr ? std::string_view(name) : std::string_view());
     }
 
-    /// Any value; slow beside the others.
-    void value(const Json& json);
+    /// A value's name, or the value itself where it has none.
+    template <typename Enum> void named(Enum value) {
+        const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
+        if (name != nullptr)
+            this->value(name);
+        else
+            this->value(static_cast<std::underlying_type_t<Enum>>(value));
+    }
 
 private:
+    static constexpr char NOTHING = '\n'; ///< No comma follows it.
+
     /// Space for `size` more bytes, at the end.
     char* room(std::size_t size) {
         if (m_bytes.size() - m_size < size)
@@ -68,11 +145,15 @@ private:
         m_size += text.size();
     }
 
+    char last() const { return m_size == 0 ? m_written : m_bytes[m_size - 1]; }
+
     /// A comma, unless what comes is the first of its object or list, or the value of a key.
     void separate() {
-        const char last = m_size == 0 ? '[' : m_bytes[m_size - 1];
-        if (last != '{' && last != '[' && last != ':')
+        const char last = this->last();
+        if (last != '{' && last != '[' && last != ':' && last != '\n' && last != ' ')
             append(",");
+        if (m_isIndented && last != ' ' && m_depth != 0)
+            breakLine();
     }
 
     void word(std::string_view text) {
@@ -80,8 +161,28 @@ private:
         append(text);
     }
 
+    void open(std::string_view bracket) {
+        word(bracket);
+        ++m_depth;
+    }
+
+    void close(std::string_view bracket) {
+        --m_depth;
+        if (m_isIndented && last() != '{' && last() != '[')
+            breakLine();
+        append(bracket);
+    }
+
+    void breakLine();
+    void value(std::string_view text, std::size_t plainSize);
+    void string(std::string_view text, std::size_t plainSize);
+    std::size_t escape(std::string_view text);
+
     std::vector<char> m_bytes;
-    std::size_t m_size = 0; ///< Of the line; what follows in `m_bytes` is room.
+    std::size_t m_size = 0;   ///< Of the text; what follows in `m_bytes` is room.
+    char m_written = NOTHING; ///< The last character in front of `m_bytes`.
+    bool m_isIndented;
+    unsigned int m_depth = 0;
 };
 
 } // namespace Inspect

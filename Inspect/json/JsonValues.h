@@ -1,57 +1,29 @@
 #pragma once
 
-#include "RTTI/RTBaseType.h"
-#include "TypeFile/NamedValues.h"
-
-#include <nlohmann/json.hpp>
+#include "Inspect/json/JsonValue.h"
 
 #include <string>
 #include <string_view>
-#include <type_traits>
-#include <vector>
 
 namespace Inspect {
 
-/// Members keep the order in which they were set.
-using Json = nlohmann::ordered_json;
+// Values that JSON has no form for get one: names that are not UTF-8 and raw bytes are hexadecimal
+// text, bounds without a decimal form are text.
 
-// The values of the JSON form, each way. What JSON has no form for gets one: names that are not
-// UTF-8 and raw bytes are hexadecimal text, bounds without a decimal form are text.
-
-/// A name: text, or {"hex": "..."} where the bytes are not UTF-8.
-Json nameToJson(std::string_view name);
-
-/// The same; a null name counts as empty.
-Json nameToJson(const char* name);
-
-/// {"si": ..., "ei": ..., "dir": ...}, and a list of these.
-Json rangeToJson(const RTTI::FullConstraints& range);
-Json rangesToJson(const std::vector<RTTI::FullConstraints>& ranges);
-
-/// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
-/// hexadecimal digits of a NaN.
-Json realToJson(double value);
-
-/// A value's name, or the value itself where it has none.
-template <typename Enum> Json namedToJson(Enum value) {
-    const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
-    return name != nullptr ? Json(name) : Json(static_cast<std::underlying_type_t<Enum>>(value));
-}
-
-/// Whether a character stands for itself in the ASCII text of a string.
-inline bool isPlainInString(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
-
-/// An object as one line of ASCII; the second without its last brace, for members that follow.
-std::string lineText(const Json& json);
-std::string openedText(const Json& json);
+inline constexpr char HEX_DIGITS[] = "0123456789abcdef";
 
 /// Two digits a byte.
 std::string hexOf(std::string_view bytes);
 
+/// "Infinity", "-Infinity", or the 16 hexadecimal digits of a NaN.
+std::string notFiniteText(double value);
+
 // The ways back say false for what the form does not have.
-bool nameFromJson(const Json& json, std::string& name);
+bool nameFromJson(const JsonValue& json, std::string& name);
 inline constexpr char NAME_FORMS[] = R"(must be text, or {"hex": "..."} with two digits a byte)";
-bool realFromJson(const Json& json, double& value);
+bool realFromJson(const JsonValue& json, double& value);
+bool realFromText(std::string_view text, double& value);
+bool realFromDigits(std::string_view digits, double& value);
 bool bytesOfHex(std::string_view digits, std::string& bytes);
 
 /// The word for a type's class in the form, such as "discreteEnum"; null for a class that builds no

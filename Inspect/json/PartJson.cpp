@@ -1,5 +1,6 @@
 #include "Inspect/json/PartJson.h"
 
+#include "Inspect/json/JsonValues.h"
 #include "TypeFile/FieldNames.h"
 
 namespace Inspect {
@@ -7,10 +8,10 @@ namespace Inspect {
 using namespace RTTI;
 namespace Field = TypeFile::Field;
 
-Json jsonHead(const char* format, const Json& rest) {
-    Json head{{JsonKey::FORMAT, format}, {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION}};
-    head.update(rest);
-    return head;
+void openDocument(JsonText& text, std::string_view format) {
+    text.openObject();
+    text.member(JsonKey::FORMAT, format);
+    text.member(JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION);
 }
 
 unsigned int kindDetailOf(const RTBaseType& type) {
@@ -21,22 +22,37 @@ unsigned int kindDetailOf(const RTBaseType& type) {
     }
 }
 
-Json kindToJson(unsigned int kindCode, std::optional<unsigned int> detail) {
+void kindMembers(JsonText& text, unsigned int kindCode, std::optional<unsigned int> detail) {
     const char* kind = jsonKindOf(kindCode);
-    Json json{{Field::KIND, kind != nullptr ? kind : JSON_NO_TYPE}};
-    if (kindCode == ClassId::ARRAY && detail)
-        json[Field::ARRAY_KIND] = namedToJson(static_cast<ArrayKind>(*detail));
-    if (kindCode == ClassId::RECORD && detail)
-        json[Field::RECORD_KIND] = namedToJson(static_cast<RecordKind>(*detail));
-    return json;
+    text.member(Field::KIND, kind != nullptr ? kind : JSON_NO_TYPE);
+    if (kindCode == ClassId::ARRAY && detail) {
+        text.key(Field::ARRAY_KIND);
+        text.named(static_cast<ArrayKind>(*detail));
+    }
+    if (kindCode == ClassId::RECORD && detail) {
+        text.key(Field::RECORD_KIND);
+        text.named(static_cast<RecordKind>(*detail));
+    }
 }
 
-Json typeToJson(unsigned int id, const RTBaseType* type) {
-    Json json{{Field::ID, id != TypeFileFormat::NO_TYPE_ID ? Json(id) : Json()}};
-    json.update(type != nullptr ? kindToJson(type->GetClassId(), kindDetailOf(*type))
-                                : kindToJson(0, std::nullopt));
-    json[Field::NAME] = type != nullptr ? nameToJson(type->m_name) : Json();
-    return json;
+void kindAndName(JsonText& text, const RTBaseType* type) {
+    if (type == nullptr) {
+        kindMembers(text, 0, std::nullopt);
+        text.member(Field::NAME, nullptr);
+        return;
+    }
+    kindMembers(text, type->GetClassId(), kindDetailOf(*type));
+    text.key(Field::NAME);
+    text.name(type->m_name);
+}
+
+void typeMembers(JsonText& text, unsigned int id, const RTBaseType* type) {
+    text.key(Field::ID);
+    if (id != TypeFileFormat::NO_TYPE_ID)
+        text.value(id);
+    else
+        text.value(nullptr);
+    kindAndName(text, type);
 }
 
 } // namespace Inspect

@@ -16,6 +16,6 @@ struct DescribedType {
 
 /// Makes the type that an object of the JSON form describes. Every key has to be one that the kind
 /// has; "flags", "constraints", "svTypeId" and "flag" may be left out. Throws JsonError.
-DescribedType typeFromJson(const Json& json, const JsonPlace& place);
+DescribedType typeFromJson(const JsonValue& json, const JsonPlace& place);
 
 } // namespace Inspect

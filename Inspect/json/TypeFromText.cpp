@@ -77,8 +77,8 @@ private:
     bool take(double& value, Form::Real) const {
         std::string_view text;
         if (m_text.next('"'))
-            return m_text.take(text) && realFromJson(Json(text), value);
-        return m_text.takeNumber(text) && realFromJson(Json::parse(text, nullptr, false), value);
+            return m_text.take(text) && realFromText(text, value);
+        return m_text.takeNumber(text) && realFromDigits(text, value);
     }
 
     bool take(bool& value, Form::Boolean) const {

@@ -1,15 +1,13 @@
 #include "Inspect/json/TypeJsonReader.h"
 
 #include "Inspect/json/JsonCursor.h"
+#include "Inspect/json/JsonParse.h"
 #include "Inspect/json/JsonWindow.h"
 #include "Inspect/json/TypeFromText.h"
 #include "TypeFile/FieldNames.h"
 #include "TypeFile/WriteError.h"
 
 #include <algorithm>
-#include <charconv>
-#include <functional>
-#include <set>
 #include <utility>
 
 namespace Inspect {
@@ -18,56 +16,25 @@ namespace Field = TypeFile::Field;
 
 namespace {
 
-/// No object of the form has more keys.
-constexpr std::size_t MOST_KEYS = 32;
-
-/// No value of the form lies deeper: types, type, members, member, constraints, constraint.
-constexpr int DEEPEST = 8;
-
-/// `text` without what the parser puts in front of its messages.
-std::string messageOf(const nlohmann::json::exception& error) {
-    const std::string text = error.what();
-    const std::size_t end = text.find("] ");
-    return end != std::string::npos ? text.substr(end + 2) : text;
-}
-
 bool isBlank(std::string_view line) {
     return line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
-/// The number behind `word` in `text`.
-std::size_t numberBehind(std::string_view word, std::string_view text) {
-    std::size_t number = 0;
-    const std::size_t begin = text.find(word) + word.size();
-    std::from_chars(text.data() + begin, text.data() + text.size(), number);
-    return number;
+/// The next line without its end, as soon as it is there; false at the end of the text. Unlike
+/// `std::getline` it lets what the text throws pass.
+bool nextLine(std::streambuf& text, std::string& line) {
+    using Traits = std::streambuf::traits_type;
+    line.clear();
+    for (int c = text.sbumpc(); !Traits::eq_int_type(c, Traits::eof()); c = text.sbumpc()) {
+        if (c == '\n')
+            return true;
+        line += Traits::to_char_type(c);
+    }
+    return !line.empty();
 }
 
-/// Splits "parse error at line 3, column 5: reason" into place and reason; `placeOf` corrects the
-/// line and the column.
-[[noreturn]] void refuseSyntax(const nlohmann::json::exception& error,
-                               const std::function<TextPlace(TextPlace)>& placeOf,
-                               const std::string& otherwise) {
-    constexpr std::string_view LINE = "parse error at line ";
-    constexpr std::string_view COLUMN = ", column ";
-    const std::string text = messageOf(error);
-    const std::size_t colon = text.find(": ", text.find(COLUMN));
-    if (text.find(COLUMN) == std::string::npos || colon == std::string::npos ||
-        text.compare(0, LINE.size(), LINE) != 0)
-        throw JsonError(otherwise, text);
-    const TextPlace place = placeOf({numberBehind(LINE, text), numberBehind(COLUMN, text)});
-    throw JsonError("line " + std::to_string(place.line) + ", column " +
-                        std::to_string(place.column),
-                    text.substr(colon + 2));
-}
-
-/// A step of a JSON pointer, its two special characters escaped.
-std::string escapedStep(std::string_view key) {
-    std::string step;
-    for (const char c : key)
-        step += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
-    return step;
-}
+/// The place of what a line has.
+std::string placeOfLine(std::size_t number) { return "line " + std::to_string(number) + ", type"; }
 
 /// The pointer from a type to a field of it, such as "/members/2/name" for "members[2].name".
 std::string pointerOf(std::string_view field) {
@@ -81,83 +48,17 @@ std::string pointerOf(std::string_view field) {
     return pointer;
 }
 
-/// Follows a parse: where it is, and whether a key occurs twice in an object.
-class PathTracker {
-public:
-    using Event = Json::parse_event_t;
-
-    explicit PathTracker(std::string prefix) : m_prefix(std::move(prefix)) {}
-
-    /// Before anything else is done about an event.
-    void begin(int depth, Event event, const Json& parsed) {
-        if (event == Event::key)
-            enterKey(parsed.get_ref<const std::string&>());
-        else if (event == Event::object_start || event == Event::array_start)
-            enter(depth, event == Event::array_start);
-        else if (event == Event::object_end || event == Event::array_end)
-            m_levels.pop_back();
-    }
-
-    /// After everything else, once a value has ended.
-    void end(Event event) {
-        const bool isEnd =
-            event == Event::value || event == Event::object_end || event == Event::array_end;
-        if (isEnd && !m_levels.empty())
-            passItem();
-    }
-
-    /// An item of the innermost list has been read by someone else.
-    void passItem() { ++m_levels.back().index; }
-
-    /// The place of the value that comes or has just ended.
-    std::string text() const {
-        std::string place = m_prefix;
-        for (const Level& level : m_levels)
-            place += '/' + (level.isArray ? std::to_string(level.index) : escapedStep(level.key));
-        return place;
-    }
-
-    /// The key in the outermost object.
-    const std::string& outermostKey() const { return m_levels.front().key; }
-
-private:
-    struct Level {
-        bool isArray;
-        std::size_t index = 0;
-        std::string key;
-        std::set<std::string> keys;
-    };
-
-    void enter(int depth, bool isArray) {
-        if (depth > DEEPEST)
-            throw JsonError(text(), "nested deeper than anything in a table of types");
-        m_levels.push_back({isArray, 0, {}, {}});
-    }
-
-    void enterKey(const std::string& key) {
-        m_levels.back().key = key;
-        std::set<std::string>& keys = m_levels.back().keys;
-        if (!keys.insert(key).second)
-            throw JsonError(text(), "the key occurs twice");
-        if (keys.size() > MOST_KEYS)
-            throw JsonError(text(), "no object has so many keys");
-    }
-
-    std::string m_prefix;
-    std::vector<Level> m_levels;
-};
-
 /// What a text says of itself before its types: which form it has, and the file's version text.
 class Head {
 public:
     explicit Head(const TypeJsonReader::TakeVersion& takeVersion) : m_takeVersion(takeVersion) {}
 
     /// Throws JsonError for what is none of its keys, or has another value than it can have.
-    void take(const std::string& key, const Json& value, const std::string& place) const {
+    void take(const std::string& key, const JsonValue& value, const std::string& place) const {
         if (key == JsonKey::FORMAT)
-            require(value == JSON_FORMAT, place, JSON_FORMAT);
+            takeFormat(value, place);
         else if (key == JsonKey::FORMAT_VERSION)
-            require(value == JSON_FORMAT_VERSION, place, std::to_string(JSON_FORMAT_VERSION));
+            takeFormatVersion(value, place);
         else if (key == Field::VERSION)
             takeVersion(value, place);
         else if (key == JsonKey::IS_PART)
@@ -167,20 +68,28 @@ public:
     }
 
 private:
-    static void require(bool isRight, const std::string& place, const std::string& expected) {
-        if (!isRight)
-            throw JsonError(place, "must be " + expected);
+    static void takeFormat(const JsonValue& value, const std::string& place) {
+        const auto* format = value.get<std::string>();
+        if (format == nullptr || *format != JSON_FORMAT)
+            throw JsonError(place, std::string("must be ") + JSON_FORMAT);
     }
 
-    static void refusePart(const Json& value, const std::string& place) {
-        if (!value.is_boolean())
+    static void takeFormatVersion(const JsonValue& value, const std::string& place) {
+        double version = 0;
+        if (!realFromJson(value, version) || version != JSON_FORMAT_VERSION)
+            throw JsonError(place, "must be " + std::to_string(JSON_FORMAT_VERSION));
+    }
+
+    static void refusePart(const JsonValue& value, const std::string& place) {
+        const auto* isPart = value.get<bool>();
+        if (isPart == nullptr)
             throw JsonError(place, "must be true or false");
-        if (value.get<bool>())
+        if (*isPart)
             throw JsonError(
                 place, "these are only some of a file's types, and a type file needs all of them");
     }
 
-    void takeVersion(const Json& value, const std::string& place) const {
+    void takeVersion(const JsonValue& value, const std::string& place) const {
         std::string version;
         if (!nameFromJson(value, version))
             throw JsonError(place, NAME_FORMS);
@@ -199,93 +108,69 @@ private:
 /// One text, read to its end.
 class TypeJsonReader::Scan {
 public:
-    Scan(TypeJsonReader& reader, std::string prefix)
-        : m_reader(reader), m_head(reader.m_takeVersion), m_path(std::move(prefix)) {}
+    explicit Scan(TypeJsonReader& reader) : m_reader(reader), m_head(reader.m_takeVersion) {}
 
     /// A whole document. Types are taken as they end, and dropped at once.
     void readDocument(std::istream& in) {
+        constexpr char WHOLE[] = "the document";
         JsonWindow window(in);
-        const auto onEvent = [&](int depth, Event event, Json& parsed) {
-            m_path.begin(depth, event, parsed);
-            const bool keeps = takeValue(depth, event, parsed);
-            m_path.end(event);
-            if (!keeps)
-                takeTypes(window);
-            return keeps;
-        };
-        try {
-            std::istream text(&window);
-            const Json head = Json::parse(text, onEvent);
-            m_isWhole = head.is_object();
-        } catch (const nlohmann::json::exception& error) {
-            refuseSyntax(
-                error, [&](TextPlace place) { return window.placeOf(place); }, m_path.text());
-        }
-        if (!m_isWhole || !m_hasTypes)
+        JsonParse parse(
+            "", WHOLE,
+            [&](std::size_t depth, const JsonValue& value) {
+                return takeValue(parse, depth, value, window);
+            },
+            [&](TextPlace place) { return window.placeOf(place); });
+        std::istream text(&window);
+        parse.parse(text);
+        if (!m_hasTypes)
             throw JsonError(WHOLE, "there is no \"types\"");
     }
 
     /// A line of a text of lines: the head, or a type.
     void readLine(const std::string& line, std::size_t number) {
+        const auto place = [&] { return placeOfLine(number); };
         DescribedType described;
         const std::size_t size = typeFromText(line, described);
         if (size != 0 && isBlank(std::string_view(line).substr(size))) {
-            takeType(described);
+            takeType(described, place);
             return;
         }
-        const auto onEvent = [this](int depth, Event event, Json& parsed) {
-            m_path.begin(depth, event, parsed);
-            m_path.end(event);
-            return true;
-        };
-        Json json;
-        try {
-            json = Json::parse(line, onEvent);
-        } catch (const nlohmann::json::exception& error) {
-            refuseSyntax(
-                error,
-                [&](TextPlace place) {
-                    return TextPlace{number, place.column};
-                },
-                m_path.text());
-        }
-        if (!json.is_object() || !json.contains(JsonKey::FORMAT)) {
-            takeType(typeFromJson(json, JsonPlace(m_path.text())));
+        JsonParse parse(
+            place(), place(), [](std::size_t, const JsonValue&) { return true; },
+            [&](TextPlace inLine) {
+                return TextPlace{number, inLine.column};
+            });
+        const JsonValue& whole = parse.parse(line);
+        const auto& object = *whole.get<JsonObject>();
+        if (memberOf(object, JsonKey::FORMAT) == nullptr) {
+            takeType(typeFromJson(whole, JsonPlace(place())), place);
             return;
         }
-        for (const auto& [key, value] : json.items())
-            m_head.take(key, value, m_path.text() + '/' + escapedStep(key));
+        for (const auto& [key, value] : object)
+            m_head.take(key, value, place() + '/' + escapedStep(key));
     }
 
 private:
-    using Event = Json::parse_event_t;
-    static constexpr char WHOLE[] = "the document";
-
-    /// Whether the value is kept: types are not.
-    bool takeValue(int depth, Event event, const Json& parsed) {
-        if (depth == 0 && (event == Event::array_start || event == Event::value))
-            throw JsonError(WHOLE, "must be an object");
-        const bool isEnd =
-            event == Event::value || event == Event::object_end || event == Event::array_end;
-        if (!isEnd || depth == 0)
-            return true;
-        const bool isTypes = m_path.outermostKey() == JsonKey::TYPES;
+    /// Whether the value is kept as a part of what is around it.
+    bool takeValue(JsonParse& parse, std::size_t depth, const JsonValue& value,
+                   JsonWindow& window) {
+        const bool isTypes = parse.outermostKey() == JsonKey::TYPES;
         if (depth == 1 && isTypes) {
             m_hasTypes = true;
-            if (event != Event::array_end)
-                throw JsonError(m_path.text(), "must be a list");
+            if (value.get<JsonList>() == nullptr)
+                throw JsonError(parse.place(), "must be a list");
         } else if (depth == 1) {
-            m_head.take(m_path.outermostKey(), parsed, m_path.text());
+            m_head.take(parse.outermostKey(), value, parse.place());
         } else if (depth == 2 && isTypes) {
-            takeType(typeFromJson(parsed, JsonPlace(m_path.text())));
-            return false;
+            takeType(typeFromJson(value, JsonPlace(parse.place())), [&] { return parse.place(); });
+            takeTypes(parse, window);
         }
-        return true;
+        return depth > 2 || !isTypes;
     }
 
     /// Takes what follows a type in the list as far as it is a comma and a type in the usual form.
     /// The parser finds only what is left.
-    void takeTypes(JsonWindow& window) {
+    void takeTypes(JsonParse& parse, JsonWindow& window) {
         for (;;) {
             const std::string_view text = window.ahead();
             JsonCursor cursor(text);
@@ -296,40 +181,39 @@ private:
             const std::size_t size = typeFromText(text.substr(comma), described);
             if (size == 0)
                 return;
-            takeType(described);
-            m_path.passItem();
+            parse.passItem();
+            takeType(described, [&] { return parse.place(); });
             window.pass(comma + size);
         }
     }
 
-    void takeType(const DescribedType& described) {
+    template <typename PlaceOfType>
+    void takeType(const DescribedType& described, PlaceOfType place) {
         try {
             m_reader.m_takeType(described.id, *described.type);
         } catch (const TypeFile::WriteError& error) {
-            throw JsonError(m_path.text() + pointerOf(error.field()), error.reason());
+            throw JsonError(place() + pointerOf(error.field()), error.reason());
         }
         m_reader.m_typeIds.push_back(described.id);
     }
 
     TypeJsonReader& m_reader;
     Head m_head;
-    PathTracker m_path;
-    bool m_isWhole = false;
     bool m_hasTypes = false;
 };
 
 TypeJsonReader::TypeJsonReader(TakeType takeType, TakeVersion takeVersion)
     : m_takeType(std::move(takeType)), m_takeVersion(std::move(takeVersion)) {}
 
-void TypeJsonReader::readDocument(std::istream& in) { Scan(*this, std::string()).readDocument(in); }
+void TypeJsonReader::readDocument(std::istream& in) { Scan(*this).readDocument(in); }
 
 void TypeJsonReader::readLines(std::istream& in) {
     std::string line;
-    for (std::size_t number = 1; std::getline(in, line); ++number) {
+    for (std::size_t number = 1; nextLine(*in.rdbuf(), line); ++number) {
         if (isBlank(line))
             continue;
         const std::size_t typesBefore = m_typeIds.size();
-        Scan(*this, "line " + std::to_string(number) + ", type").readLine(line, number);
+        Scan(*this).readLine(line, number);
         if (m_typeIds.size() != typesBefore)
             m_lines.push_back(number);
     }
@@ -342,7 +226,7 @@ std::string TypeJsonReader::placeOf(unsigned int typeId, const std::string& fiel
     const auto index = static_cast<std::size_t>(m_typeIds.rend() - last) - 1;
     const std::string type = m_lines.empty()
                                  ? std::string("/") + JsonKey::TYPES + '/' + std::to_string(index)
-                                 : "line " + std::to_string(m_lines[index]) + ", type";
+                                 : placeOfLine(m_lines[index]);
     return type + pointerOf(field);
 }
 

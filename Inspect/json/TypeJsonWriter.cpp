@@ -2,6 +2,7 @@
 
 #include "Inspect/json/JsonLines.h"
 #include "Inspect/json/JsonText.h"
+#include "Inspect/json/JsonValues.h"
 #include "TypeFile/TypeFields.h"
 
 #include <concepts>
@@ -30,8 +31,7 @@ public:
     }
 
     void operator()(const char* name, unsigned int size, Form::ValueSize) {
-        m_text.key(name);
-        m_text.number(size);
+        m_text.member(name, size);
         m_valueSize = size;
     }
 
@@ -39,32 +39,23 @@ private:
     /// The whole numbers, whatever they stand for.
     template <std::integral Number, typename FieldForm>
     void write(Number value, const FieldForm&) const {
-        m_text.number(value);
+        m_text.value(value);
     }
     template <typename Text> void write(const Text& name, Form::Name) const { m_text.name(name); }
-    template <typename Enum> void write(Enum value, Form::Named) const {
-        const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
-        if (name != nullptr)
-            m_text.name(name);
-        else
-            m_text.number(static_cast<std::underlying_type_t<Enum>>(value));
-    }
-    void write(double value, Form::Real) const { m_text.value(realToJson(value)); }
-    void write(bool value, Form::Boolean) const { m_text.boolean(value); }
-    void write(const FullConstraints& range, Form::Range) const { object(range); }
+    template <typename Enum> void write(Enum value, Form::Named) const { m_text.named(value); }
+    void write(double value, Form::Real) const { m_text.value(value); }
+    void write(bool value, Form::Boolean) const { m_text.value(value); }
+    void write(const FullConstraints& range, Form::Range) const { m_text.value(range); }
     void write(const std::vector<FullConstraints>& ranges, Form::Ranges) const {
-        m_text.openList();
-        for (const FullConstraints& range : ranges)
-            object(range);
-        m_text.closeList();
+        m_text.value(ranges);
     }
-    void write(const char* bytes, Form::Value) const { m_text.name(hexOf({bytes, m_valueSize})); }
+    void write(const char* bytes, Form::Value) const { m_text.value(hexOf({bytes, m_valueSize})); }
 
     template <typename Link> void write(unsigned int id, const Form::TypeId<Link>& form) const {
         if (form.mayBeNone && id == TypeFileFormat::NO_TYPE_ID)
-            m_text.null();
+            m_text.value(nullptr);
         else
-            m_text.number(id);
+            m_text.value(id);
     }
 
     template <typename List, typename Item>
@@ -86,12 +77,6 @@ private:
         m_text.closeList();
     }
 
-    template <typename Object> void object(const Object& object) const {
-        m_text.openObject();
-        forEachField(object, FieldText(m_text));
-        m_text.closeObject();
-    }
-
     JsonText& m_text;
     std::size_t m_valueSize; ///< Of the type's literals.
 };
@@ -99,37 +84,38 @@ private:
 } // namespace
 
 TypeJsonWriter::TypeJsonWriter(std::ostream& out, JsonForm form, std::string_view version,
-                               bool isPart) {
-    Json head{{JsonKey::FORMAT, JSON_FORMAT},
-              {JsonKey::FORMAT_VERSION, JSON_FORMAT_VERSION},
-              {Field::VERSION, nameToJson(version)}};
-    if (isPart)
-        head[JsonKey::IS_PART] = true;
-    m_lines = std::make_unique<JsonLines>(out, form, head, JsonKey::TYPES);
-}
+                               bool isPart)
+    : m_lines(
+          std::make_unique<JsonLines>(out, form, JSON_FORMAT, JsonKey::TYPES, [&](JsonText& head) {
+              head.key(Field::VERSION);
+              head.name(version);
+              if (isPart)
+                  head.member(JsonKey::IS_PART, true);
+          })) {}
 
 TypeJsonWriter::~TypeJsonWriter() = default;
 
 void TypeJsonWriter::type(unsigned int id, const RTBaseType& type) {
     JsonText& text = m_lines->begin();
-    text.openObject();
-    text.key(Field::ID);
-    text.number(id);
+    text.member(Field::ID, id);
     text.key(Field::KIND);
     const char* kind = jsonKindOf(type.GetClassId());
     if (kind != nullptr)
-        text.name(kind);
+        text.value(kind);
     else
-        text.null();
+        text.value(nullptr);
     FieldText fields(text);
     forEachField(type, fields);
     TypeFile::asItsClass(type, [&](const auto& object) { forEachField(object, fields); });
-    text.closeObject();
     m_lines->put();
 }
 
 void TypeJsonWriter::noType(unsigned int id, unsigned int kindCode) {
-    m_lines->add({{Field::ID, id}, {Field::KIND, JSON_NO_TYPE}, {JsonKey::KIND_CODE, kindCode}});
+    JsonText& text = m_lines->begin();
+    text.member(Field::ID, id);
+    text.member(Field::KIND, JSON_NO_TYPE);
+    text.member(JsonKey::KIND_CODE, kindCode);
+    m_lines->put();
 }
 
 void TypeJsonWriter::end() { m_lines->end(); }

@@ -105,24 +105,50 @@ private:
     unsigned int m_top;
 };
 
-Json rankingToJson(const TypeTable& types, const std::vector<Ranked>& ranked, const char* amount) {
-    Json list = Json::array();
+void rankingMember(JsonText& text, const char* key, const TypeTable& types,
+                   const std::vector<Ranked>& ranked, const char* amount) {
+    text.key(key);
+    text.openList();
     for (const Ranked& type : ranked) {
-        Json json = typeToJson(type.id, types.typeOf(type.id));
-        json[amount] = type.amount;
-        list.push_back(std::move(json));
+        text.openObject();
+        typeMembers(text, type.id, types.typeOf(type.id));
+        text.member(amount, type.amount);
+        text.closeObject();
     }
-    return list;
+    text.closeList();
 }
 
-Json kindsToJson(const TypeStatistics& statistics) {
-    Json list = Json::array();
+void kindsMember(JsonText& text, const TypeStatistics& statistics) {
+    text.key("kinds");
+    text.openList();
     for (const auto& kind : statistics.kinds) {
-        Json json = kindToJson(kind.kindCode, kind.detail);
-        json.update({{"types", kind.types}, {"bytes", kind.bytes}});
-        list.push_back(std::move(json));
+        text.openObject();
+        kindMembers(text, kind.kindCode, kind.detail);
+        text.member("types", kind.types);
+        text.member("bytes", kind.bytes);
+        text.closeObject();
     }
-    return list;
+    text.closeList();
+}
+
+void fileMembers(JsonText& text, const TypeTable& types, const FileFacts& facts,
+                 const TypeStatistics& statistics) {
+    text.key("version");
+    text.name(facts.version);
+    text.member("offset", facts.offset);
+    text.member("types", statistics.types);
+    text.member("recordBytes", statistics.bytes);
+    text.member("tableOffset", facts.tableOffset);
+    text.member("tableBytes", tableBytes(statistics));
+    kindsMember(text, statistics);
+    text.key("languages");
+    text.openObject();
+    text.member("VHDL", statistics.vhdlTypes);
+    text.member("SystemVerilog", statistics.systemVerilogTypes);
+    text.closeObject();
+    text.member("nesting", statistics.nesting);
+    rankingMember(text, "largest", types, statistics.largest, "bytes");
+    rankingMember(text, "longest", types, statistics.longest, "parts");
 }
 
 } // namespace
@@ -140,24 +166,12 @@ void writeStatistics(std::ostream& out, const TypeTable& types, const FileFacts&
 
 void writeStatisticsJson(std::ostream& out, const TypeTable& types, const FileFacts& facts,
                          const TypeStatistics& statistics) {
-    const Json languages{{"VHDL", statistics.vhdlTypes},
-                         {"SystemVerilog", statistics.systemVerilogTypes}};
-    JsonLines lines(out, JsonForm::DOCUMENT,
-                    jsonHead("HDL simulator type statistics",
-                             {{"version", nameToJson(facts.version)},
-                              {"offset", facts.offset},
-                              {"types", statistics.types},
-                              {"recordBytes", statistics.bytes},
-                              {"tableOffset", facts.tableOffset},
-                              {"tableBytes", tableBytes(statistics)},
-                              {"kinds", kindsToJson(statistics)},
-                              {"languages", languages},
-                              {"nesting", statistics.nesting},
-                              {"largest", rankingToJson(types, statistics.largest, "bytes")},
-                              {"longest", rankingToJson(types, statistics.longest, "parts")}}),
-                    "unused");
-    for (const unsigned int id : statistics.unused)
-        lines.add(typeToJson(id, types.typeOf(id)));
+    JsonLines lines(out, JsonForm::DOCUMENT, "HDL simulator type statistics", "unused",
+                    [&](JsonText& head) { fileMembers(head, types, facts, statistics); });
+    for (const unsigned int id : statistics.unused) {
+        typeMembers(lines.begin(), id, types.typeOf(id));
+        lines.put();
+    }
     lines.end();
 }
 

@@ -224,11 +224,12 @@ class DeclarationField : public std::streambuf {
 public:
     explicit DeclarationField(std::ostream& out)
         : m_out(out), m_indented(out, "    "), m_lines(&m_indented) {
+        m_lines.exceptions(std::ios::badbit);
         m_out << "  declaration:";
     }
-    DeclarationField(const DeclarationField&) = delete;
-    DeclarationField& operator=(const DeclarationField&) = delete;
-    ~DeclarationField() override {
+
+    /// Called once, last.
+    void end() {
         if (!m_isLong)
             m_out << ' ' << m_firstLine;
     }
@@ -278,11 +279,11 @@ void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const 
         return other == id ? &type : types.typeOf(other);
     };
     const TypeDeclarations declarations({0, lookup, types.encodings, types.widths}, Naming::OWN);
-    {
-        DeclarationField field(out);
-        std::ostream lines(&field);
-        declarations.declare(lines, id);
-    }
+    DeclarationField field(out);
+    std::ostream lines(&field);
+    lines.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
+    declarations.declare(lines, id);
+    field.end();
     out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
     FieldWriter fields(out, types, style, lists);
     fields.writeFields(type);

@@ -61,34 +61,57 @@ std::string column(const TextStyle& style, Ink ink, std::string_view text, std::
     return style.paint(ink, text) + std::string(spaces + 2, ' ');
 }
 
-Json dimensionToJson(const Dimension& dimension) {
-    if (dimension.kind == Dimension::Kind::RANGE)
-        return rangeToJson(dimension.range);
-    return dimensionText(dimension);
+void writeDimensions(JsonText& text, const std::vector<Dimension>& dimensions) {
+    text.openList();
+    for (const Dimension& dimension : dimensions) {
+        if (dimension.kind == Dimension::Kind::RANGE)
+            text.value(dimension.range);
+        else
+            text.value(dimensionText(dimension));
+    }
+    text.closeList();
 }
 
-Json bitsToJson(const BitPlace& bits) {
-    Json strides = Json::array();
-    for (const BitStride& stride : bits.strides)
-        strides.push_back({{"count", stride.count}, {"bits", stride.bits}});
-    return {{"offset", bits.offset}, {"width", bits.width}, {"strides", std::move(strides)}};
+void writeBits(JsonText& text, const BitPlace& bits) {
+    text.openObject();
+    text.member("offset", bits.offset);
+    text.member("width", bits.width);
+    text.key("strides");
+    text.openList();
+    for (const BitStride& stride : bits.strides) {
+        text.openObject();
+        text.member("count", stride.count);
+        text.member("bits", stride.bits);
+        text.closeObject();
+    }
+    text.closeList();
+    text.closeObject();
 }
 
-Json leafToJson(const LeafWalk& leaf, const TypeTable& types) {
-    Json json{{"path", leaf.path()}};
-    json.update(typeToJson(leaf.typeId(), leaf.type()));
-    json["declaredType"] =
-        leaf.declaredTypeId() != TypeFileFormat::NO_TYPE_ID ? Json(leaf.declaredTypeId()) : Json();
-    json["encoding"] = leaf.encoded() != nullptr ? Json(encodingOf(leaf, types)) : Json();
-    Json& dimensions = json["dimensions"] = Json::array();
-    for (const Dimension& dimension : leaf.dimensions())
-        dimensions.push_back(dimensionToJson(dimension));
-    json["bits"] = leaf.bits() ? bitsToJson(*leaf.bits()) : Json();
+void leafMembers(JsonText& text, const LeafWalk& leaf, const TypeTable& types) {
+    text.member("path", leaf.path());
+    typeMembers(text, leaf.typeId(), leaf.type());
+    text.key("declaredType");
+    if (leaf.declaredTypeId() != TypeFileFormat::NO_TYPE_ID)
+        text.value(leaf.declaredTypeId());
+    else
+        text.value(nullptr);
+    text.key("encoding");
+    if (leaf.encoded() != nullptr)
+        text.value(encodingOf(leaf, types));
+    else
+        text.value(nullptr);
+    text.key("dimensions");
+    writeDimensions(text, leaf.dimensions());
+    text.key("bits");
+    if (leaf.bits())
+        writeBits(text, *leaf.bits());
+    else
+        text.value(nullptr);
     if (leaf.narrowing() != nullptr)
-        json["valueRange"] = rangeToJson(*leaf.narrowing());
+        text.member("valueRange", *leaf.narrowing());
     if (leaf.isSeenAbove())
-        json["seenAbove"] = true;
-    return json;
+        text.member("seenAbove", true);
 }
 
 } // namespace
@@ -111,10 +134,12 @@ bool writeLeaves(std::ostream& out, const TypeTable& types, const LeavesRequest&
 bool writeLeavesJson(std::ostream& out, const TypeTable& types, const LeavesRequest& request,
                      JsonForm form) {
     LeafWalk leaf(request.id, types.typeOf(request.id), *types.widths, request.limit);
-    JsonLines lines(out, form, jsonHead("HDL simulator type leaves", {{"id", request.id}}),
-                    "leaves");
-    while (out && leaf.next())
-        lines.add(leafToJson(leaf, types));
+    JsonLines lines(out, form, "HDL simulator type leaves", "leaves",
+                    [&](JsonText& head) { head.member("id", request.id); });
+    while (out && leaf.next()) {
+        leafMembers(lines.begin(), leaf, types);
+        lines.put();
+    }
     lines.end();
     return !leaf.isCut();
 }

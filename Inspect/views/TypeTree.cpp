@@ -76,19 +76,23 @@ std::string detailsOf(const Part& part, const TypeTable& types, RangeLists lists
     return text;
 }
 
-Json partToJson(const Part& part) {
-    Json json{{"depth", part.depth}};
-    json["field"] =
-        part.above != nullptr ? Json(fieldOf(part.role, part.above->GetClassId())) : Json();
-    if (part.member != nullptr)
-        json["member"] = nameToJson(part.member->m_memberName);
-    json.update(typeToJson(part.typeId, part.type));
-    json["ranges"] = rangesToJson(part.ranges);
+void partMembers(JsonText& text, const Part& part) {
+    text.member("depth", part.depth);
+    text.key("field");
+    if (part.above != nullptr)
+        text.value(fieldOf(part.role, part.above->GetClassId()));
+    else
+        text.value(nullptr);
+    if (part.member != nullptr) {
+        text.key("member");
+        text.name(part.member->m_memberName);
+    }
+    typeMembers(text, part.typeId, part.type);
+    text.member("ranges", part.ranges);
     if (part.type != nullptr && !part.hasParts && part.narrowing != nullptr)
-        json["valueRange"] = rangeToJson(*part.narrowing);
+        text.member("valueRange", *part.narrowing);
     if (part.isSeenAbove)
-        json["seenAbove"] = true;
-    return json;
+        text.member("seenAbove", true);
 }
 
 } // namespace
@@ -114,12 +118,14 @@ bool writeTree(std::ostream& out, const TypeTable& types, const TreeRequest& req
 bool writeTreeJson(std::ostream& out, const TypeTable& types, const TreeRequest& request,
                    JsonForm form) {
     PartWalk walk(request.id, types.typeOf(request.id), request.depth, request.limit);
-    JsonLines lines(out, form, jsonHead("HDL simulator type tree", {{"id", request.id}}), "parts");
+    JsonLines lines(out, form, "HDL simulator type tree", "parts",
+                    [&](JsonText& head) { head.member("id", request.id); });
     while (out && walk.next()) {
-        Json json = partToJson(walk.part());
+        JsonText& text = lines.begin();
+        partMembers(text, walk.part());
         if (walk.part().hasParts && walk.part().depth >= request.depth)
-            json["isCut"] = true;
-        lines.add(json);
+            text.member("isCut", true);
+        lines.put();
     }
     lines.end();
     return !walk.isCut();

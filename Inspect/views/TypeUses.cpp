@@ -28,15 +28,20 @@ void forEachUse(std::ostream& out, const TypeTable& types, unsigned int used, Ac
     });
 }
 
-Json useToJson(unsigned int id, const RTBaseType& type, const TypeLink& link) {
-    Json json = typeToJson(id, &type);
-    json["field"] = fieldOf(link.role, type.GetClassId());
-    if (link.role == LinkRole::MEMBER)
-        json["member"] = nameToJson(
-            static_cast<const RTAggregateType&>(type).m_members[link.position]->m_memberName);
+void useMembers(JsonText& text, unsigned int id, const RTBaseType& type, const TypeLink& link) {
+    typeMembers(text, id, &type);
+    text.member("field", fieldOf(link.role, type.GetClassId()));
+    if (link.role == LinkRole::MEMBER) {
+        text.key("member");
+        text.name(static_cast<const RTAggregateType&>(type).m_members[link.position]->m_memberName);
+    }
     if (link.role == LinkRole::INDEX && type.GetClassId() == ClassId::ARRAY)
-        json["dimension"] = link.position;
-    return json;
+        text.member("dimension", link.position);
+}
+
+JsonLines usesLines(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
+    return {out, form, "HDL simulator type uses", "uses",
+            [&](JsonText& head) { typeMembers(head, id, types.typeOf(id)); }};
 }
 
 void writeHeading(std::ostream& out, const TypeTable& types, unsigned int id, const char* text,
@@ -87,11 +92,11 @@ void writeUses(std::ostream& out, const TypeTable& types, unsigned int id, const
 }
 
 void writeUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
-    JsonLines lines(out, form,
-                    jsonHead("HDL simulator type uses", typeToJson(id, types.typeOf(id))), "uses");
+    JsonLines lines = usesLines(out, types, id, form);
     forEachUse(out, types, id,
                [&](unsigned int user, const RTBaseType& type, const TypeLink& link) {
-                   lines.add(useToJson(user, type, link));
+                   useMembers(lines.begin(), user, type, link);
+                   lines.put();
                });
     lines.end();
 }
@@ -111,15 +116,15 @@ void writeAllUses(std::ostream& out, const TypeTable& types, unsigned int id,
 }
 
 void writeAllUsesJson(std::ostream& out, const TypeTable& types, unsigned int id, JsonForm form) {
-    JsonLines lines(out, form,
-                    jsonHead("HDL simulator type uses", typeToJson(id, types.typeOf(id))), "uses");
+    JsonLines lines = usesLines(out, types, id, form);
     for (const Use& use : UseIndex(types).usesOf(id)) {
         if (!out)
             return;
-        Json json = useToJson(use.typeId, *types.typeOf(use.typeId), use.link);
-        json["distance"] = use.distance;
-        json["next"] = use.link.typeId;
-        lines.add(json);
+        JsonText& text = lines.begin();
+        useMembers(text, use.typeId, *types.typeOf(use.typeId), use.link);
+        text.member("distance", use.distance);
+        text.member("next", use.link.typeId);
+        lines.put();
     }
     lines.end();
 }

@@ -6,7 +6,8 @@ namespace Inspect {
 
 std::streambuf::int_type IndentedLines::overflow(int_type byte) {
     const char text = traits_type::to_char_type(byte);
-    return xsputn(&text, 1) == 1 ? traits_type::not_eof(byte) : traits_type::eof();
+    xsputn(&text, 1);
+    return traits_type::not_eof(byte);
 }
 
 std::streamsize IndentedLines::xsputn(const char* text, std::streamsize size) {
@@ -20,7 +21,7 @@ std::streamsize IndentedLines::xsputn(const char* text, std::streamsize size) {
         m_out << line;
         rest.remove_prefix(line.size());
     }
-    return m_out ? size : 0;
+    return size;
 }
 
 } // namespace Inspect

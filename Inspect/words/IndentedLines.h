@@ -8,7 +8,8 @@
 namespace Inspect {
 
 /// Where a stream writes to whose lines go to another one, each behind a prefix. The other stream
-/// must outlive it; nothing is held back.
+/// must outlive it, and alone keeps the record of failures; nothing is held back. What the other
+/// one throws passes through a stream that has `exceptions(badbit)`.
 class IndentedLines : public std::streambuf {
 public:
     IndentedLines(std::ostream& out, std::string prefix)

@@ -64,14 +64,14 @@ int runBuild(const BuildOptions& options) {
             reader.readLines(text.stream());
         else
             reader.readDocument(text.stream());
-        if (text.stream().bad())
-            throw std::system_error(EIO, std::generic_category(), options.file);
         write(writer, options);
     } catch (const TypeFile::WriteError& error) {
         throw UnusableFile(text.name(),
                            reader.placeOf(error.typeId(), error.field()) + ": " + error.reason());
     } catch (const Inspect::JsonError& error) {
         throw UnusableFile(text.name(), error.what());
+    } catch (const std::ios_base::failure&) {
+        throw std::system_error(EIO, std::generic_category(), options.file);
     }
     return ExitStatus::DONE;
 }

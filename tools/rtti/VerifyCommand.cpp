@@ -9,7 +9,6 @@
 #include "TypeFile/TypeFileVerifier.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <iostream>
@@ -60,30 +59,35 @@ void printText(const std::string& file, const std::vector<Finding>& findings,
 }
 
 /// "id" is null for what belongs to the file.
-nlohmann::ordered_json jsonOf(const Finding& finding) {
-    nlohmann::ordered_json object;
-    object["severity"] = TypeFile::severityText(finding.severity);
-    object["code"] = TypeFile::codeText(finding.code);
-    object["id"] = nullptr;
+void writeFinding(Inspect::JsonText& text, const Finding& finding) {
+    text.openObject();
+    text.member("severity", TypeFile::severityText(finding.severity));
+    text.member("code", TypeFile::codeText(finding.code));
+    text.key("id");
     if (finding.typeId != RTTI::TypeFileFormat::NO_TYPE_ID)
-        object["id"] = finding.typeId;
-    object["field"] = finding.field;
-    object["offset"] = finding.offset;
-    object["text"] = finding.text;
-    return object;
+        text.value(finding.typeId);
+    else
+        text.value(nullptr);
+    text.member("field", finding.field);
+    text.member("offset", finding.offset);
+    text.member("text", finding.text);
+    text.closeObject();
 }
 
 void printJson(const std::string& file, const std::vector<Finding>& findings) {
-    nlohmann::ordered_json report = Inspect::jsonHead("HDL simulator type file findings");
-    report["file"] = file;
-    report["errors"] = count(findings, Severity::ERROR);
-    report["warnings"] = count(findings, Severity::WARNING);
-    report["findings"] = nlohmann::ordered_json::array();
+    Inspect::JsonText text(Inspect::JsonText::Layout::INDENTED);
+    Inspect::openDocument(text, "HDL simulator type file findings");
+    text.member("file", file);
+    text.member("errors", count(findings, Severity::ERROR));
+    text.member("warnings", count(findings, Severity::WARNING));
+    text.key("findings");
+    text.openList();
     for (const Finding& finding : findings)
-        report["findings"].push_back(jsonOf(finding));
-    // A file name need not be UTF-8: what is not becomes the replacement character.
-    std::cout << report.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace)
-              << '\n';
+        writeFinding(text, finding);
+    text.closeList();
+    text.closeObject();
+    text.endOfLines();
+    text.writeTo(std::cout);
 }
 
 /// Prints the findings of a file to standard output and a summary after them. The exit status: 0,
