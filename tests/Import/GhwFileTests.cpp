@@ -198,6 +198,17 @@ TEST(GhwRefusals, invalid_byte_order) {
               "w.ghw: offset 13: the byte order is neither 1 (little) nor 2 (big endian)");
 }
 
+TEST(GhwRefusals, invalid_type_with_more_than_4096_open_ranges) {
+    const auto withDimensions = [](unsigned count) {
+        std::vector<unsigned> array(3 + count, 1);
+        array[2] = count;
+        return GhwBuilder().names({"a"}).type(INTEGER, {1}).type(ARRAY, array).file();
+    };
+    EXPECT_EQ(refusalOf(withDimensions(4096)), "no refusal");
+    EXPECT_EQ(refusalOf(withDimensions(4097)),
+              "w.ghw: offset 52: the type leaves more ranges open than any design does");
+}
+
 TEST(GhwRefusals, invalid_end_within_a_type) {
     const std::string bytes = GhwBuilder().names({"a"}).type(INTEGER, {1}).file();
     EXPECT_EQ(refusalOf(bytes.substr(0, 51)), // The kind is the last byte.

@@ -1,6 +1,7 @@
 #include "Import/Importer.h"
 
 #include "Import/ImportError.h"
+#include "Import/TreeLine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -157,6 +158,21 @@ TEST_F(VerilatorTreeTest, LiteralsWithXAndZHaveTwoPlanes) {
     EXPECT_STREQ(type.m_name, "p::t");
     EXPECT_EQ(bytesOf(type, 0), std::string("\xA5\x02\x00\x00", 4));
     EXPECT_EQ(bytesOf(type, 1), std::string("\x00\x03\x01\x01", 4));
+}
+
+TEST_F(VerilatorTreeTest, AConstantBelowTheValueOfALiteralIsNotItsValue) {
+    importTree(typedefTree("    3:1: BASICDTYPE 0xb {c2ad} @dt=this@(w8)  bit kwd=bit range=[7:0]\n"
+                           "    3:1: ENUMDTYPE 0xa {c2al} @dt=this@(w8)enum  p::t refdt=0xb(w8)\n"
+                           "    3:1:2: ENUMITEM 0xc {c2bd} @dt=0xa@(w8)enum  A\n"
+                           "    3:1:2:2: CONST 0xd {c2bd} @dt=0xa@(w8)enum  8'h2a\n"
+                           "    3:1:2:2:1: CONST 0xe {c2bd} @dt=0xa@(w8)enum  8'h7\n"));
+    EXPECT_EQ(bytesOf(named<RTDiscreteEnumType>(), 0), "\x2A");
+}
+
+TEST(TreeAddresses, ATextWithoutDigitsIsNone) {
+    EXPECT_EQ(treeAddress("0xaf"), 0xAFu);
+    EXPECT_EQ(treeAddress("0x"), 0u);
+    EXPECT_EQ(treeAddress("af"), 0u);
 }
 
 TEST_F(VerilatorTreeTest, LiteralsOfTwoStatesHaveOnePlane) {

@@ -255,6 +255,19 @@ TEST_F(ConstraintPopulation, StructIsWalkedAgainBehindAClass) {
     EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}, {2, 0, 0}, {1, 0, 0}}));
 }
 
+TEST_F(ConstraintPopulation, StructsThatShareAPartWhichEndedAreWalkedAgainBehindAClass) {
+    // The part leads back to the record and gives nothing there, through either struct. Behind the
+    // class, the second struct leads through it to the record, and that gives 1.
+    auto& record = types.structure({});
+    auto& part = types.structure({&record});
+    auto& second = types.structure({&part});
+    addMember(record, &types.structure({&part}));
+    addMember(record, &second);
+    addMember(record, &types.classType({&second}));
+    addMember(record, numbered(1));
+    EXPECT_EQ(rangesOf(record), numbersOf({{1, 0, 0}, {1, 0, 0}}));
+}
+
 TEST_F(ConstraintPopulation, BoundedWalkGivesAllRangesWithinItsSteps) {
     // Two ranges, and the visit of the struct that gave them.
     const RTBaseType& type = types.record(VHDL_RECORD, {numbered(1), numbered(2)});

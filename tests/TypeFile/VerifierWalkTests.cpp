@@ -209,6 +209,30 @@ TEST(LargeWalk, ThroughTwoClassesIsCountedExactly) {
     expectLargeWalks(clique(2), walkLimit(3), {2, 3});
 }
 
+TEST(LargeWalk, ThroughManyHandlesIsCountedExactly) {
+    // 100 visits of type 3, each of which gives the array, and the array and the visit of type 2.
+    TypeFileBuilder file;
+    file.integer("i");
+    file.packedArray(0);
+    std::vector<unsigned int> members(100, 3);
+    members.push_back(1);
+    file.classType(NO_BASE, members);
+    file.classType(NO_BASE, {1, 2});
+    expectLargeWalks(file, walkLimit(202), {});
+    expectLargeWalks(file, walkLimit(201), {2});
+}
+
+TEST(LargeWalk, IsCountedInAsManyStepsAsAreAllowed) {
+    // From either class: two edges of each of them, and the two ends.
+    VerifyLimits limits = walkLimit(3);
+    limits.maxCountingSteps = 12;
+    expectLargeWalks(clique(2), limits, {2, 3});
+    limits.maxCountingSteps = 11;
+    const TypeFileBuilder file = clique(2);
+    expectFinding(findingsOf(file, limits), 0, FindingCode::WALKS_NOT_COUNTED, Severity::WARNING,
+                  FILE_LEVEL, "addressTable", file.tableOffset());
+}
+
 /// Type 2 is a class of an array and two handles to type 3, a class of the array and a handle back;
 /// type 4 holds ten handles to type 2.
 TypeFileBuilder tenTimesTwoClasses() {
