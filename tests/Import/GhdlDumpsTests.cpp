@@ -691,6 +691,15 @@ TEST(JoinedDumps, TypesOfOneNameAndOtherKindsStayApart) {
     EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"t: integer (-9 to 9999999)", "t: enum a"}));
 }
 
+TEST(JoinedDumps, IntegersOfOneNameWithOtherRangesStayApart) {
+    GhwBuilder file;
+    file.names({"n"}).type(INTEGER, {1}).type(SCALAR_SUBTYPE, {1, 1}).range(INTEGER, -9, 5);
+    ImportedTypes types;
+    types.package(" ghdl_rtik_subtype_scalar, D=0: n is -9 to 9999999\n");
+    EXPECT_EQ(types.wave(file.file()).lines(),
+              (Lines{"n: integer (-9 to 9999999)", "n: integer (-9 to 5)"}));
+}
+
 TEST(JoinedDumps, WavesNeedNotHaveTheRangeOfReals) {
     GhwBuilder file;
     file.names({"r"}).type(REAL, {1});
