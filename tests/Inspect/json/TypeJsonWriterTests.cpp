@@ -80,6 +80,15 @@ TEST(TypeJsonWriter, WritesAsciiAlone) {
               "\"flags\":0}");
 }
 
+TEST(TypeJsonWriter, WritesCharactersBehindTheFirst65536AsTwoUnits) {
+    // U+1F600, and the first and last of them all.
+    const std::string line =
+        lineOf(Named<RTStringType>("\xF0\x9F\x98\x80\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
+    EXPECT_NE(line.find("\"name\":\"\\ud83d\\ude00\\ud800\\udc00\\udbff\\udfff\""),
+              std::string::npos)
+        << line;
+}
+
 TEST(TypeJsonWriter, EscapesTheCharactersThatJsonTextMustNotHave) {
     for (char c = 1; c > 0; c = static_cast<char>(c + 1)) {
         const bool isEscaped = c < ' ' || c == '"' || c == '\\' || c == '\x7F';
