@@ -28,14 +28,16 @@ std::string_view writtenOut(std::string_view word) {
 std::string fieldWords(std::string_view field) {
     std::string words;
     for (std::size_t at = 0; at < field.size();) {
-        std::string word;
-        if (isUpper(field[at])) {
-            words += ' ';
-            word = static_cast<char>(field[at++] - 'A' + 'a');
-        }
+        const bool isNext = isUpper(field[at]);
+        words += isNext ? " " : "";
+        const std::size_t begin = words.size();
+        if (isNext)
+            words += static_cast<char>(field[at++] - 'A' + 'a');
         while (at < field.size() && isLower(field[at]))
-            word += field[at++];
-        words += writtenOut(word);
+            words += field[at++];
+        const std::string_view word = std::string_view(words).substr(begin);
+        if (const std::string_view whole = writtenOut(word); whole.data() != word.data())
+            words.replace(begin, std::string::npos, whole);
         while (at < field.size() && !isUpper(field[at]) && !isLower(field[at]))
             words += field[at++];
     }

@@ -59,9 +59,21 @@ std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t mos
     }
 }
 
-std::size_t scopedHash(const std::string& identity, std::size_t package) {
-    constexpr std::size_t SPREAD = 0x9E3779B97F4A7C15;
-    return std::hash<std::string>()(identity) ^ (package * SPREAD);
+/// What the owners of identifiers are found by.
+std::uint64_t scopedHash(SourceLanguage language, std::string_view identifier,
+                         std::size_t package) {
+    constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15;
+    return identityHash(language, identifier) ^ (package * SPREAD);
+}
+
+/// Whether all have identities of their own. Only then true, though not always.
+bool areDistinct(SourceLanguage language, const std::vector<std::string>& identifiers) {
+    std::vector<std::uint64_t> hashes;
+    hashes.reserve(identifiers.size());
+    for (const std::string& identifier : identifiers)
+        hashes.push_back(identityHash(language, identifier));
+    std::sort(hashes.begin(), hashes.end());
+    return std::adjacent_find(hashes.begin(), hashes.end()) == hashes.end();
 }
 
 std::string spelled(SourceLanguage language, std::string_view name) {
@@ -186,16 +198,15 @@ DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
 bool DeclaredNames::claim(std::string_view identifier, Owner owner, std::size_t package) {
     if (ownerOf(identifier, package) != nullptr)
         return false;
-    m_owners.emplace(scopedHash(identityOf(m_language, identifier), package), owner);
+    m_owners.emplace(scopedHash(m_language, identifier, package), owner);
     return true;
 }
 
 const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier,
                                                    std::size_t package) const {
-    const std::string identity = identityOf(m_language, identifier);
-    auto found = m_owners.find(scopedHash(identity, package));
+    auto found = m_owners.find(scopedHash(m_language, identifier, package));
     if (found == m_owners.end())
-        found = m_owners.find(scopedHash(identity, EVERY_PACKAGE));
+        found = m_owners.find(scopedHash(m_language, identifier, EVERY_PACKAGE));
     return found != m_owners.end() ? &found->second : nullptr;
 }
 
@@ -324,20 +335,25 @@ std::vector<std::string> DeclaredNames::literalNames(unsigned int id, std::size_
     if (type == nullptr)
         return {};
     const std::vector<std::string_view> names = literalsOf(*type, most);
-    std::vector<std::string> result;
-    std::unordered_set<std::string> used;
     const Owner owner = literalOwner(id);
     const std::size_t package = m_packages.packageOf(id);
+    const bool isAnyFree = !isDistinct() || isPredefined(id);
+    std::vector<std::string> result;
+    result.reserve(names.size());
+    bool areKept = true;
+    for (const std::string_view name : names) {
+        result.push_back(spelled(m_language, name.empty() ? "literal" : name));
+        areKept = areKept && !name.empty() && (isAnyFree || isOwned(result.back(), owner, package));
+    }
+    if (areKept && areDistinct(m_language, result))
+        return result;
+    std::unordered_set<std::string> used;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string name(names[i].empty() ? "literal" : names[i]);
-        std::string identifier = spelled(m_language, name);
-        const bool isFree =
-            !isDistinct() || isPredefined(id) || isOwned(identifier, owner, package);
-        if (names[i].empty() || !isFree || used.count(identityOf(m_language, identifier)) != 0)
-            identifier =
-                freeLiteral(name, '_' + std::to_string(id) + '_' + std::to_string(i), package);
-        used.insert(identityOf(m_language, identifier));
-        result.push_back(std::move(identifier));
+        const bool isFree = isAnyFree || isOwned(result[i], owner, package);
+        if (names[i].empty() || !isFree || used.count(identityOf(m_language, result[i])) != 0)
+            result[i] = freeLiteral(std::string(names[i].empty() ? "literal" : names[i]),
+                                    '_' + std::to_string(id) + '_' + std::to_string(i), package);
+        used.insert(identityOf(m_language, result[i]));
     }
     return result;
 }
@@ -352,11 +368,17 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
             names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
     }
     std::vector<std::string> result;
-    std::vector<std::string> identities;
+    result.reserve(names.size());
+    bool areGiven = true;
     for (const std::string_view name : names) {
         result.push_back(identifierOf(m_language, name.empty() ? "member" : name));
-        identities.push_back(identityOf(m_language, result.back()));
+        areGiven = areGiven && !name.empty();
     }
+    if (areGiven && areDistinct(m_language, result))
+        return result;
+    std::vector<std::string> identities;
+    for (const std::string& identifier : result)
+        identities.push_back(identityOf(m_language, identifier));
     std::unordered_set<std::string_view> used(2 * names.size());
     std::vector<std::size_t> renamed;
     for (std::size_t i = 0; i < names.size(); ++i) {

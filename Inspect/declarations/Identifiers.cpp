@@ -5,13 +5,26 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 namespace Inspect {
 
 namespace {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Letters, digits and underlines.
+constexpr auto wordCharacters = [] {
+    std::array<bool, 256> isOne{};
+    for (int c = 'a'; c <= 'z'; ++c)
+        isOne[static_cast<std::size_t>(c)] = isOne[static_cast<std::size_t>(c - 'a' + 'A')] = true;
+    for (int c = '0'; c <= '9'; ++c)
+        isOne[static_cast<std::size_t>(c)] = true;
+    isOne['_'] = true;
+    return isOne;
+}();
+
+bool isInWord(char c) { return wordCharacters[static_cast<unsigned char>(c)]; }
 bool isGraphic(char c) { return c > ' ' && c <= '~'; }
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
@@ -25,12 +38,16 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    if (!isLetter(name.front()) || name.back() == '_' ||
-        name.find("__") != std::string_view::npos ||
-        !std::all_of(name.begin(), name.end(),
-                     [](char c) { return isLetter(c) || isDigit(c) || c == '_'; }))
+    if (!isLetter(name.front()) || name.back() == '_')
         return false;
-    return !isReservedWord(SourceLanguage::VHDL, lowerCase(name));
+    char last = ' ';
+    for (const char c : name) {
+        if (!isInWord(c) || (c == '_' && last == '_'))
+            return false;
+        last = c;
+    }
+    return name.size() > LONGEST_RESERVED_WORD ||
+           !isReservedWord(SourceLanguage::VHDL, lowerCase(name));
 }
 
 /// Backslashes around printable text in which each backslash is doubled.
@@ -49,9 +66,9 @@ bool isExtendedVhdl(std::string_view name) {
 
 bool isSimpleSystemVerilog(std::string_view name) {
     return (isLetter(name.front()) || name.front() == '_') &&
-           std::all_of(name.begin(), name.end(),
-                       [](char c) { return isLetter(c) || isDigit(c) || c == '_' || c == '$'; }) &&
-           !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name);
+           std::all_of(name.begin(), name.end(), [](char c) { return isInWord(c) || c == '$'; }) &&
+           (name.size() > LONGEST_RESERVED_WORD ||
+            !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name));
 }
 
 std::string vhdlIdentifier(std::string_view name) {
@@ -94,6 +111,20 @@ std::string identityOf(SourceLanguage language, std::string_view identifier) {
         return isEscaped || identifier.front() == '\'' ? std::string(identifier)
                                                        : lowerCase(identifier);
     return std::string(isEscaped ? identifier.substr(1, identifier.size() - 2) : identifier);
+}
+
+std::uint64_t identityHash(SourceLanguage language, std::string_view identifier) {
+    // FNV-1a, over the same characters as `identityOf` has.
+    constexpr std::uint64_t PRIME = 0x100000001B3;
+    std::uint64_t hash = 0xCBF29CE484222325;
+    const bool isEscaped = identifier.front() == '\\';
+    const bool isAnyCase =
+        language == SourceLanguage::VHDL && !isEscaped && identifier.front() != '\'';
+    if (isEscaped && language == SourceLanguage::SYSTEM_VERILOG)
+        identifier = identifier.substr(1, identifier.size() - 2);
+    for (const char c : identifier)
+        hash = (hash ^ static_cast<unsigned char>(isAnyCase ? lower(c) : c)) * PRIME;
+    return hash;
 }
 
 std::string suffixed(SourceLanguage language, std::string_view name, std::string_view suffix) {

@@ -2,6 +2,7 @@
 
 #include "Inspect/declarations/SourceLanguage.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,9 @@ std::string identifierOf(SourceLanguage language, std::string_view name);
 /// What a compiler tells identifiers apart by: without SystemVerilog's escape, and in lower case
 /// where VHDL makes no difference.
 std::string identityOf(SourceLanguage language, std::string_view identifier);
+
+/// A number that is the same for identifiers of the same identity, and hardly ever for others.
+std::uint64_t identityHash(SourceLanguage language, std::string_view identifier);
 
 /// A name with text added at its end, within the quotes of a VHDL extended identifier.
 std::string suffixed(SourceLanguage language, std::string_view name, std::string_view suffix);

@@ -393,6 +393,15 @@ constexpr auto systemVerilogBeginnings = beginnings(systemVerilogWords);
 static_assert(vhdlBeginnings.back() == std::size(vhdlWords));
 static_assert(systemVerilogBeginnings.back() == std::size(systemVerilogWords));
 
+template <std::size_t N> constexpr std::size_t longest(const std::string_view (&words)[N]) {
+    std::size_t length = 0;
+    for (const std::string_view word : words)
+        length = std::max(length, word.size());
+    return length;
+}
+
+static_assert(std::max(longest(vhdlWords), longest(systemVerilogWords)) == LONGEST_RESERVED_WORD);
+
 template <std::size_t N>
 bool contains(const std::string_view (&words)[N], const std::array<std::size_t, 27>& begins,
               std::string_view word) {
