@@ -148,17 +148,16 @@ bool isEmptyEnd(const RTBaseType& type) {
     return ends.count(typeid(type)) != 0;
 }
 
-/// The aggregate that a way down ends at, or null; sets `gives` where something on the way may give
-/// ranges.
-const RTAggregateType* endOfWay(const RTBaseType* type, bool& gives) {
-    while (type != nullptr) {
-        if (isAggregate(classIdOf(*type)))
-            return static_cast<const RTAggregateType*>(type);
+/// The aggregate that a way down ends at, or null. If `gives` is given, it is set where something
+/// on the way may give ranges.
+const RTAggregateType* endOfWay(const RTBaseType* type, bool* gives = nullptr) {
+    while (type != nullptr && !isAggregate(type->GetClassId())) {
         const Level level = levelOf(*type);
-        gives = gives || level.dimensions != 0 || (level.ranges == nullptr && !isEmptyEnd(*type));
+        if (gives != nullptr && !*gives)
+            *gives = level.dimensions != 0 || (level.ranges == nullptr && !isEmptyEnd(*type));
         type = level.below;
     }
-    return nullptr;
+    return static_cast<const RTAggregateType*>(type);
 }
 
 /// Calls `take` with each type that is a part of the aggregate, in any order.
@@ -178,7 +177,7 @@ AggregateSet fruitlessBelow(const RTAggregateType& outermost) {
     for (std::size_t i = 0; i < found.size(); ++i) {
         bool gives = false;
         forEachPart(*found[i], [&](const RTBaseType* part) {
-            const RTAggregateType* const below = endOfWay(part, gives);
+            const RTAggregateType* const below = endOfWay(part, &gives);
             if (below == nullptr)
                 return;
             holders[below].push_back(found[i]);
@@ -450,8 +449,7 @@ void ConstraintWalk::block(const Step& left) {
     if (!m_blocked.insert_or_assign(&aggregate, block).second)
         return; // Its parts know.
     forEachPart(aggregate, [&](const RTBaseType* part) {
-        bool gives = false;
-        if (const RTAggregateType* const below = endOfWay(part, gives))
+        if (const RTAggregateType* const below = endOfWay(part))
             m_unblockedWith[below].push_back(&aggregate);
     });
 }

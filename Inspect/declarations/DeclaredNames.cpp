@@ -377,6 +377,7 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
     if (areGiven && areDistinct(m_language, result))
         return result;
     std::vector<std::string> identities;
+    identities.reserve(result.size());
     for (const std::string& identifier : result)
         identities.push_back(identityOf(m_language, identifier));
     std::unordered_set<std::string_view> used(2 * names.size());

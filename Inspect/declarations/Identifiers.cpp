@@ -16,10 +16,10 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 /// Letters, digits and underlines.
 constexpr auto wordCharacters = [] {
     std::array<bool, 256> isOne{};
-    for (int c = 'a'; c <= 'z'; ++c)
-        isOne[static_cast<std::size_t>(c)] = isOne[static_cast<std::size_t>(c - 'a' + 'A')] = true;
-    for (int c = '0'; c <= '9'; ++c)
-        isOne[static_cast<std::size_t>(c)] = true;
+    for (std::size_t c = 'a'; c <= 'z'; ++c)
+        isOne[c] = isOne[c - 'a' + 'A'] = true;
+    for (std::size_t c = '0'; c <= '9'; ++c)
+        isOne[c] = true;
     isOne['_'] = true;
     return isOne;
 }();

@@ -130,6 +130,19 @@ TEST(RttiDump, RefusesAFileThatIsNotThere) {
     EXPECT_THAT(result.err, HasSubstr("/not/there.typ"));
 }
 
+TEST(RttiDump, BoundsTheMemoryThatItTakesByForce) {
+    if (RTTITest::HAS_SANITIZERS)
+        GTEST_SKIP() << "a sanitized program takes more address space than the bound";
+    // Types that claim 200 million index types each, 0.8 GB, where 1 GB is allowed.
+    TypeFileBuilder file;
+    for (int i = 0; i < 2; ++i)
+        file.record(0xA0000010, "a").u32(2).u32(0).i32(200000000).u32(0);
+    const Result result = rtti("dump --force " + fileOf(file.image()));
+    EXPECT_EQ(result.status, 2);
+    expectOneLine(result.err);
+    EXPECT_THAT(result.err, HasSubstr("there is not enough memory"));
+}
+
 TEST(RttiDump, SaysThatMemoryIsNotEnough) {
     if (RTTITest::HAS_SANITIZERS)
         GTEST_SKIP() << "a sanitized program takes more address space than the limit";

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <deque>
 
+#include <sys/resource.h>
+
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
 
@@ -27,6 +29,26 @@ RTTypeManager& newKeptManager() {
     return kept.emplace_back();
 }
 
+rlim_t addressSpaceLimit() {
+    rlimit limit{};
+    return getrlimit(RLIMIT_AS, &limit) == 0 ? limit.rlim_cur : RLIM_INFINITY;
+}
+
+/// Bounds the program's address space: lists in a damaged file of a few bytes may claim millions of
+/// entries, and the library makes room for all. A sanitizer reserves more than that.
+void boundMemory(unsigned long long fileSize) {
+    constexpr rlim_t FOR_THE_PROGRAM = rlim_t{1} << 30;
+    constexpr rlim_t FOR_EACH_BYTE = 1 << 10;
+    static const rlim_t before = addressSpaceLimit();
+    static rlim_t needed = FOR_THE_PROGRAM;
+    needed += FOR_EACH_BYTE * fileSize; // Of each file that is opened.
+    rlimit limit{};
+    if (IS_SANITIZED || getrlimit(RLIMIT_AS, &limit) != 0)
+        return;
+    limit.rlim_cur = std::min(before, needed);
+    setrlimit(RLIMIT_AS, &limit);
+}
+
 } // namespace
 
 OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
@@ -41,6 +63,8 @@ OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
             refuseErrors(findingsOf(m_storage, arguments.offset));
         else
             m_verifier.emplace(m_storage, m_storage.size(), arguments.offset);
+    } else {
+        boundMemory(m_storage.size());
     }
     m_manager.setupDeserializer(m_storage, arguments.offset);
 }
