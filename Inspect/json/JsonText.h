@@ -3,6 +3,7 @@
 #include "RTTI/RTBaseType.h"
 #include "TypeFile/NamedValues.h"
 
+#include <algorithm>
 #include <charconv>
 #include <concepts>
 #include <cstddef>
@@ -141,7 +142,7 @@ private:
     }
 
     void append(std::string_view text) {
-        std::memcpy(room(text.size()), text.data(), text.size());
+        std::copy(text.begin(), text.end(), room(text.size()));
         m_size += text.size();
     }
 
