@@ -268,6 +268,7 @@ private:
     struct Block {
         const RTAggregateType* outermost;
         std::size_t segment;
+        bool isLifted = false; ///< It is blocked no more; its parts still know it.
     };
 
     /// A walk of ranges given before it started counts them as well: only a fresh one has a limit.
@@ -300,7 +301,7 @@ private:
     std::size_t m_segment = 1;        ///< Of the path, from its last class on.
     std::unordered_map<const RTAggregateType*, std::size_t> m_structs; ///< Outer ones; segment.
     std::unordered_map<const RTAggregateType*, Block> m_blocked;
-    /// What is unblocked with a part.
+    /// What is unblocked with a part: all that hold it and have been blocked.
     std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_unblockedWith;
 };
 
@@ -330,7 +331,7 @@ bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate, bool isClass) 
         return true;
     }
     const auto blocked = m_blocked.find(&aggregate);
-    if (blocked == m_blocked.end())
+    if (blocked == m_blocked.end() || blocked->second.isLifted)
         return false;
     const Block& block = blocked->second;
     if (block.outermost == nullptr || isBlockedEverywhere(block.outermost))
@@ -348,7 +349,8 @@ bool ConstraintWalk::isOnSegment(const RTAggregateType& structure) const {
 
 bool ConstraintWalk::isBlockedEverywhere(const RTAggregateType* aggregate) const {
     const auto blocked = m_blocked.find(aggregate);
-    return blocked != m_blocked.end() && blocked->second.outermost == nullptr;
+    return blocked != m_blocked.end() && !blocked->second.isLifted &&
+           blocked->second.outermost == nullptr;
 }
 
 /// Before another aggregate takes the place of the innermost one.
@@ -457,19 +459,19 @@ void ConstraintWalk::block(const Step& left) {
 void ConstraintWalk::unblock(const RTAggregateType& changed) {
     if (m_blocked.empty())
         return;
-    std::vector<const RTAggregateType*> unblocked{&changed};
-    while (!unblocked.empty()) {
-        const RTAggregateType* const type = unblocked.back();
-        unblocked.pop_back();
-        m_blocked.erase(type);
-        const auto followers = m_unblockedWith.find(type);
+    const auto own = m_blocked.find(&changed);
+    if (own != m_blocked.end())
+        own->second.isLifted = true;
+    std::vector<const RTAggregateType*> lifted{&changed};
+    while (!lifted.empty()) {
+        const auto followers = m_unblockedWith.find(lifted.back());
+        lifted.pop_back();
         if (followers == m_unblockedWith.end())
             continue;
         for (const RTAggregateType* follower : followers->second) {
-            if (m_blocked.count(follower) != 0)
-                unblocked.push_back(follower);
+            if (!std::exchange(m_blocked.at(follower).isLifted, true))
+                lifted.push_back(follower);
         }
-        m_unblockedWith.erase(followers);
     }
 }
 

@@ -205,7 +205,7 @@ bool WalkCounter::enter(unsigned int place) {
     if (entered.isBarren || entered.isOnPath)
         return false;
     entered.isOnPath = entered.role == Role::CLASS;
-    m_touched.push_back(place);
+    touch(place);
     m_walk.push_back({place, entered.firstEdge, entered.outside.steps});
     return true;
 }
@@ -226,9 +226,17 @@ unsigned int WalkCounter::leave() {
     return steps;
 }
 
+void WalkCounter::touch(unsigned int place) {
+    if (!std::exchange(m_places[place].isTouched, true))
+        m_touched.push_back(place);
+}
+
+/// Once it is in the lists of its parts, a type stays there until the walk ends.
 void WalkCounter::waitForParts(unsigned int place) {
+    if (std::exchange(m_places[place].isWaiting, true))
+        return;
     for (const Edge& edge : edgesFrom(place)) {
-        m_touched.push_back(edge.to);
+        touch(edge.to);
         m_waiting.push_back(
             {place, std::exchange(m_places[edge.to].firstWaiting, m_waiting.size())});
         ++m_counted;
@@ -237,14 +245,13 @@ void WalkCounter::waitForParts(unsigned int place) {
 
 /// What was barren while a class was on the path may give something now that it has left.
 void WalkCounter::revive(unsigned int place) {
+    m_places[place].isBarren = false;
     m_revived.assign(1, place);
     while (!m_revived.empty()) {
-        Place& changed = m_places[m_revived.back()];
+        const Place& changed = m_places[m_revived.back()];
         m_revived.pop_back();
-        changed.isBarren = false;
-        for (std::size_t next = std::exchange(changed.firstWaiting, NONE); next != NONE;
-             next = m_waiting[next].next) {
-            if (m_places[m_waiting[next].place].isBarren)
+        for (std::size_t next = changed.firstWaiting; next != NONE; next = m_waiting[next].next) {
+            if (std::exchange(m_places[m_waiting[next].place].isBarren, false))
                 m_revived.push_back(m_waiting[next].place);
             ++m_counted;
         }
@@ -254,8 +261,9 @@ void WalkCounter::revive(unsigned int place) {
 /// Takes back what a walk left behind.
 void WalkCounter::forget() {
     for (const unsigned int place : m_touched) {
-        m_places[place].isBarren = m_places[place].isOnPath = false;
-        m_places[place].firstWaiting = NONE;
+        Place& touched = m_places[place];
+        touched.isBarren = touched.isOnPath = touched.isWaiting = touched.isTouched = false;
+        touched.firstWaiting = NONE;
     }
     m_touched.clear();
     m_waiting.clear();

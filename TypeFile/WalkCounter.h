@@ -46,6 +46,8 @@ private:
         std::size_t firstWaiting = NONE;
         bool isOnPath = false;
         bool isBarren = false;
+        bool isWaiting = false; ///< For its parts, on this walk.
+        bool isTouched = false; ///< By this walk.
     };
 
     /// A type that waits for another one of its group to give ranges.
@@ -74,6 +76,7 @@ private:
     unsigned int countFrom(unsigned int start);
     bool enter(unsigned int place);
     unsigned int leave();
+    void touch(unsigned int place);
     void waitForParts(unsigned int place);
     void revive(unsigned int place);
     void forget();
