@@ -4,9 +4,9 @@
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/ConstraintStack.h"
 #include "tests/support/FailingAllocations.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/TypeDescription.h"
 #include "tests/support/TypeFileBuilder.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -126,20 +126,20 @@ TEST(AllocationFailures, WhileAManagerIsSetUpLeaveItAsItWas) {
 
 /// Structs and classes below each other, barren ones and ones that come back among them, and more
 /// levels with ranges than the stack has room for.
-const RTBaseType& wideAndDeep(RTTITest::TypeGraph& types) {
-    const RTBaseType* open = &types.array(&types.add<RTIntType>(), {RTTITest::OPEN, {1, 4, 1}});
+const RTBaseType& wideAndDeep(RTTITest::LinkedTypes& types) {
+    unsigned int open = types.vhdlArray(types.integer(), {RTTITest::OPEN, {1, 4, 1}});
     for (int level = 0; level < 30; ++level)
-        open = &types.alias(open, {RTTITest::OPEN});
-    auto& barren = types.structure({&types.structure({&types.add<RTIntType>()})});
-    auto& outer = types.structure({&barren});
-    auto& holder = types.classType({&outer, &barren}, &types.classType({&barren, open}));
-    RTTITest::addMember(outer, &types.structure({&outer, &holder}));
-    RTTITest::addMember(outer, open, {{0, 9, 1}, {1, 4, 1}});
-    return outer;
+        open = types.alias(open, {RTTITest::OPEN});
+    const auto barren = types.structure({types.structure({types.integer()})});
+    const auto outer = types.structure({barren});
+    const auto holder = types.classType({outer, barren}, types.classType({barren, open}));
+    types.addMember(outer, types.structure({outer, holder}));
+    types.addMember(outer, open, {{0, 9, 1}, {1, 4, 1}});
+    return types[outer];
 }
 
 TEST(AllocationFailures, AtAnyPlaceOfAWalkTakeItsFramesAndMarksBack) {
-    RTTITest::TypeGraph types;
+    RTTITest::LinkedTypes types;
     const RTBaseType& type = wideAndDeep(types);
     RTTITest::Ranges expected;
     Brakel_tolv::ConstraintStack<FullConstraints> empty;
@@ -160,11 +160,11 @@ TEST(AllocationFailures, AtAnyPlaceOfAWalkTakeItsFramesAndMarksBack) {
 }
 
 TEST(AllocationFailures, AreNoneInTheEncodingOfAFewNestedStructsAndClasses) {
-    RTTITest::TypeGraph types;
-    const RTBaseType& text = types.add<RTStringType>();
-    const RTBaseType& inner = types.structure({&text, &text});
-    const RTBaseType& base = types.classType({&inner});
-    const RTBaseType& outer = types.structure({&inner, &types.classType({&inner, &text}, &base)});
+    RTTITest::LinkedTypes types;
+    const auto text = types.string();
+    const auto inner = types.structure({text, text});
+    const auto base = types.classType({inner});
+    const RTBaseType& outer = types[types.structure({inner, types.classType({inner, text}, base)})];
     const std::size_t failures = failEachAllocation(
         [&] { EXPECT_EQ(outer.getValueEncoding(), ENCODING_2_STATE); }, [](std::size_t) {});
     EXPECT_EQ(failures, 0U);

@@ -1,7 +1,7 @@
 // The stack of ranges: who answers, which entries are used up, and how a pushed frame is filled.
 
 #include "RTTI/ConstraintStack.h"
-#include "tests/support/TypeGraph.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,9 @@
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/ConstraintStack.h"
 #include "tests/support/BuildKind.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/RunOnStack.h"
 #include "tests/support/TypeFileBuilder.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,6 @@ namespace {
 
 using namespace RTTI;
 using namespace RTTITest;
-using TypeFileFormat::NO_TYPE_ID;
 
 constexpr unsigned int CLASS = 0xA0000017;
 constexpr unsigned int QUEUE = 0xA0000014;
@@ -457,35 +456,33 @@ TEST(HostileFiles, AChainThatLeadsBackFromEachOfItsClassesTakesSixteenReadingsOf
 
 class DeepQueries : public testing::Test {
 protected:
-    const RTBaseType& chain(const std::function<const RTBaseType*(const RTBaseType*)>& add,
-                            const RTBaseType& end) {
-        const RTBaseType* type = &end;
+    unsigned int chain(const std::function<unsigned int(unsigned int)>& add, unsigned int end) {
         for (unsigned int i = 0; i < CHAIN; ++i)
-            type = add(type);
-        return *type;
+            end = add(end);
+        return end;
     }
     void onSmallStack(const std::function<void()>& work) { runOnStack(smallStack(), work); }
 
-    TypeGraph m_types;
-    const RTSeqEnumType& m_bit = m_types.seqEnum(ENCODING_2_STATE);
-    const RTArrayType& m_array = m_types.array(VLOG_FIXED_PACKED_ARRAY, &m_bit, 1, {{0, 7, 1}});
+    LinkedTypes m_types;
+    unsigned int m_array = m_types.packed(m_types.seqEnum(ENCODING_2_STATE), {{0, 7, 1}});
 };
 
 TEST_F(DeepQueries, Typedefs) {
-    const auto& first =
-        chain([&](const RTBaseType* type) { return &m_types.alias(type, {OPEN}); }, m_array);
+    const RTBaseType& first =
+        m_types[chain([&](unsigned int type) { return m_types.alias(type, {OPEN}); }, m_array)];
+    const RTBaseType& array = m_types[m_array];
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(first.getSelf(false), &m_array);
+        EXPECT_EQ(first.getSelf(false), &array);
         EXPECT_EQ(first.getSVTypeId(), -99);
         EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
     });
 }
 
 TEST_F(DeepQueries, DiscreteEnums) {
-    const auto& first =
-        chain([&](const RTBaseType* type) { return &m_types.discreteEnum(type); }, m_array);
-    const auto& queue = m_types.container<RTQueueType>(&first);
+    const auto id = chain([&](unsigned int type) { return m_types.discreteEnum(type); }, m_array);
+    const auto& queue = m_types.as<RTQueueType>(m_types.queue(id));
+    const RTBaseType& first = m_types[id];
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
         EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
@@ -495,12 +492,13 @@ TEST_F(DeepQueries, DiscreteEnums) {
 }
 
 TEST_F(DeepQueries, Arrays) {
-    const auto& first = chain(
-        [&](const RTBaseType* type) {
-            return &m_types.array(VLOG_FIXED_PACKED_ARRAY, type, 1, {{0, 7, 1}});
+    const auto id = chain(
+        [&](unsigned int type) {
+            return m_types.packed(type, {{0, 7, 1}});
         },
         m_array);
-    const auto& queue = m_types.container<RTQueueType>(&first);
+    const auto& queue = m_types.as<RTQueueType>(m_types.queue(id));
+    const RTBaseType& first = m_types[id];
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
         EXPECT_EQ(rangesOf(first).size(), CHAIN + 1);
@@ -509,8 +507,8 @@ TEST_F(DeepQueries, Arrays) {
 }
 
 TEST_F(DeepQueries, Queues) {
-    const auto& first = chain(
-        [&](const RTBaseType* type) { return &m_types.container<RTQueueType>(type); }, m_array);
+    const RTBaseType& first =
+        m_types[chain([&](unsigned int type) { return m_types.queue(type); }, m_array)];
     onSmallStack([&] {
         const auto& queue = dynamic_cast<const RTQueueType&>(first);
         EXPECT_EQ(queue.getTotalNumDimensions(true), CHAIN + 1);
@@ -519,9 +517,9 @@ TEST_F(DeepQueries, Queues) {
 }
 
 TEST_F(DeepQueries, BaseClasses) {
-    const auto& last = m_types.classType({&m_array});
-    const auto& first =
-        chain([&](const RTBaseType* type) { return &m_types.classType({}, type); }, last);
+    const auto last = m_types.classType({m_array});
+    const RTBaseType& first =
+        m_types[chain([&](unsigned int type) { return m_types.classType({}, type); }, last)];
     onSmallStack([&] {
         EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
         EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));

@@ -3,8 +3,8 @@
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "tests/support/BuildKind.h"
+#include "tests/support/LinkedTypes.h"
 #include "tests/support/RunOnStack.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ constexpr std::size_t CHAIN = HAS_SANITIZERS ? 100000 : 1000000;
 /// A chain, and what its first type answers. At its end is a "2-State" array of range 0 to 7.
 struct Style {
     const char* name;
-    const RTBaseType* (*link)(TypeGraph& types, const RTBaseType* next, std::size_t index);
+    unsigned int (*link)(LinkedTypes& types, unsigned int next, std::size_t index);
     ValueEncoding encoding;
     std::size_t ranges;     ///< Of the links, and that of the array where it comes through.
     std::size_t dimensions; ///< Of a queue of the chain.
@@ -31,39 +31,37 @@ struct Style {
 
 void PrintTo(const Style& style, std::ostream* out) { *out << style.name; }
 
-const RTBaseType* addAlias(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.alias(next, {OPEN});
+unsigned int addAlias(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.alias(next, {OPEN});
 }
-const RTBaseType* addEnum(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.discreteEnum(next, {OPEN});
+unsigned int addEnum(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.discreteEnum(next, {OPEN});
 }
-const RTBaseType* addArray(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {{0, 3, 1}});
+unsigned int addArray(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {{0, 3, 1}});
 }
-const RTBaseType* addOpenArray(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {OPEN});
+unsigned int addOpenArray(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {OPEN});
 }
-const RTBaseType* addArrayWithoutRanges(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {});
+unsigned int addArrayWithoutRanges(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.array(VLOG_FIXED_UNPACKED_ARRAY, next, 1, {});
 }
-const RTBaseType* addQueue(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.container<RTQueueType>(next);
+unsigned int addQueue(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.container<RTQueueType>(next);
 }
-const RTBaseType* addAccess(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    auto& access = types.add<RTAccessType>();
-    access.m_refType = next;
-    return &access;
+unsigned int addAccess(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.access("", next);
 }
-const RTBaseType* addStruct(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.structure({next});
+unsigned int addStruct(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.structure({next});
 }
-const RTBaseType* addClass(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.classType({next});
+unsigned int addClass(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.classType({next});
 }
-const RTBaseType* addDerived(TypeGraph& types, const RTBaseType* next, std::size_t) {
-    return &types.classType({}, next);
+unsigned int addDerived(LinkedTypes& types, unsigned int next, std::size_t) {
+    return types.classType({}, next);
 }
-const RTBaseType* addMixed(TypeGraph& types, const RTBaseType* next, std::size_t index) {
+unsigned int addMixed(LinkedTypes& types, unsigned int next, std::size_t index) {
     static constexpr decltype(Style::link) links[] = {addAlias,  addEnum,  addArrayWithoutRanges,
                                                       addStruct, addClass, addDerived};
     return links[index % std::size(links)](types, next, index);
@@ -76,31 +74,31 @@ protected:
             m_first = GetParam().link(m_types, m_first, i);
     }
 
-    void checkRanges() const {
+    void checkRanges(const RTBaseType& first) const {
         Brakel_tolv::ConstraintStack<FullConstraints> stack;
         Ranges ranges;
-        m_first->populateTypeConstraints(stack, ranges);
+        first.populateTypeConstraints(stack, ranges);
         EXPECT_EQ(ranges.size(), GetParam().ranges);
         EXPECT_TRUE(ranges.empty() || ranges.back().ei == 7);
-        EXPECT_EQ(populateTypeConstraints(*m_first, 0).isComplete, ranges.empty());
+        EXPECT_EQ(populateTypeConstraints(first, 0).isComplete, ranges.empty());
     }
 
-    TypeGraph m_types;
-    const RTBaseType* m_first =
-        &m_types.array(VLOG_FIXED_PACKED_ARRAY, &m_types.seqEnum(ENCODING_2_STATE), 1, {{0, 7, 1}});
+    LinkedTypes m_types;
+    unsigned int m_first = m_types.packed(m_types.seqEnum(ENCODING_2_STATE), {{0, 7, 1}});
 };
 
 TEST_P(QueriesOfAMillion, AreAnsweredOnASmallStack) {
-    const auto& queue = m_types.container<RTQueueType>(m_first);
+    const auto& queue = m_types.as<RTQueueType>(m_types.queue(m_first));
+    const RTBaseType& first = m_types[m_first];
     runOnStack(smallStack(), [&] {
-        EXPECT_EQ(m_first->getValueEncoding(), GetParam().encoding);
-        const bool isAlias = m_first->GetClassId() == ClassId::TYPEDEF;
-        EXPECT_EQ(m_first->getSelf(true), m_first);
-        EXPECT_EQ(m_first->getSelf(false) == m_first, !isAlias);
-        EXPECT_EQ(m_first->getSVTypeId(), -99);
-        EXPECT_EQ(m_first->getValueSize(), 0U);
+        EXPECT_EQ(first.getValueEncoding(), GetParam().encoding);
+        const bool isAlias = first.GetClassId() == ClassId::TYPEDEF;
+        EXPECT_EQ(first.getSelf(true), &first);
+        EXPECT_EQ(first.getSelf(false) == &first, !isAlias);
+        EXPECT_EQ(first.getSVTypeId(), -99);
+        EXPECT_EQ(first.getValueSize(), 0U);
         EXPECT_EQ(queue.getTotalNumDimensions(false), GetParam().dimensions);
-        checkRanges();
+        checkRanges(first);
     });
 }
 

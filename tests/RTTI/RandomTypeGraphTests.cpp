@@ -4,8 +4,9 @@
 #include "RTTI/ConstraintPopulation.h"
 #include "RTTI/ConstraintStack.h"
 #include "tests/support/BuildKind.h"
+#include "tests/support/LinkedTypes.h"
+#include "tests/support/RandomTypes.h"
 #include "tests/support/StraightforwardModel.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -33,14 +34,14 @@ unsigned int graphs() {
     return count;
 }
 
-/// The indices of a graph's types, each one `rounds` times, in random order.
-std::vector<std::size_t> questions(const TypeGraph& types, int rounds, std::mt19937& random) {
-    std::vector<std::size_t> order;
+/// The ids of a graph's types, each one `rounds` times, in random order.
+LinkedTypes::Ids questions(const LinkedTypes& types, int rounds, std::mt19937& random) {
+    LinkedTypes::Ids order;
     for (int round = 0; round < rounds; ++round) {
-        std::vector<std::size_t> indices(types.size());
-        std::iota(indices.begin(), indices.end(), std::size_t{0});
-        std::shuffle(indices.begin(), indices.end(), random);
-        order.insert(order.end(), indices.begin(), indices.end());
+        LinkedTypes::Ids ids(types.size());
+        std::iota(ids.begin(), ids.end(), 0U);
+        std::shuffle(ids.begin(), ids.end(), random);
+        order.insert(order.end(), ids.begin(), ids.end());
     }
     return order;
 }
@@ -58,13 +59,13 @@ TEST(RandomTypeGraphs, EncodingsAgreeWithPlainRecursionKeptMarksIncluded) {
     std::size_t twoStateAggregates = 0;
     for (unsigned int seed = 0; compared < graphs(); ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = randomGraph(random);
-        const std::vector<std::size_t> order = questions(types, 3, random);
+        const LinkedTypes types = randomTypes(random);
+        const LinkedTypes::Ids order = questions(types, 3, random);
         EncodingModel model(stepLimit);
         std::vector<ValueEncoding> expected;
         try {
-            for (const std::size_t index : order)
-                expected.push_back(model.ask(types[index]));
+            for (const unsigned int id : order)
+                expected.push_back(model.ask(types[id]));
         } catch (const TooManySteps&) {
             continue;
         }
@@ -88,21 +89,21 @@ TEST(RandomTypeGraphs, ConstraintsAgreeWithPlainRecursion) {
     std::size_t entries = 0;
     for (unsigned int seed = 0; compared < graphs(); ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = randomGraph(random);
+        const LinkedTypes types = randomTypes(random);
         std::vector<Ranges> expected;
         try {
-            for (std::size_t i = 0; i < types.size(); ++i) {
+            for (unsigned int id = 0; id < types.size(); ++id) {
                 ConstraintModel model(stepLimit);
-                model.walk(&types[i]);
+                model.walk(&types[id]);
                 expected.push_back(model.output());
             }
         } catch (const TooManySteps&) {
             continue;
         }
-        for (const std::size_t i : questions(types, 2, random)) {
-            ASSERT_EQ(numbersOf(rangesOf(types[i])), numbersOf(expected[i]))
-                << "seed " << seed << ", type " << i;
-            entries += expected[i].size();
+        for (const unsigned int id : questions(types, 2, random)) {
+            ASSERT_EQ(numbersOf(rangesOf(types[id])), numbersOf(expected[id]))
+                << "seed " << seed << ", type " << id;
+            entries += expected[id].size();
         }
         ++compared;
         ASSERT_LT(seed, graphs() + graphs() / 10) << "too many graphs take too many steps";
@@ -114,8 +115,8 @@ TEST(RandomTypeGraphs, ConstraintsBelowOtherLevelsAgreeWithPlainRecursion) {
     unsigned int compared = 0;
     for (unsigned int seed = 0; compared < graphs(); ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = randomGraph(random);
-        const RTBaseType& type = types[random() % types.size()];
+        const LinkedTypes types = randomTypes(random);
+        const RTBaseType& type = types[randomId(types, random)];
         ConstraintModel model(stepLimit);
         Stack stack;
         for (int level = 0; level < 2; ++level) {
@@ -144,8 +145,8 @@ TEST(RandomTypeGraphs, BoundedWalksEndAtTheStepThatPlainRecursionCounts) {
     unsigned int cutOff = 0;
     for (unsigned int seed = 0; compared < graphs(); ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = randomGraph(random);
-        const RTBaseType& type = types[random() % types.size()];
+        const LinkedTypes types = randomTypes(random);
+        const RTBaseType& type = types[randomId(types, random)];
         ConstraintModel model(stepLimit);
         try {
             model.walk(&type);
@@ -185,119 +186,118 @@ private:
 };
 
 /// Each class has two members of the class before it; the first has one member of `bottom`.
-const RTClassType& classLadder(TypeGraph& types, int levels, const RTBaseType* bottom) {
-    const RTClassType* type = &types.classType({bottom});
+unsigned int classLadder(LinkedTypes& types, int levels, unsigned int bottom) {
+    unsigned int type = types.classType({bottom});
     for (int level = 1; level < levels; ++level)
-        type = &types.classType({type, type});
-    return *type;
+        type = types.classType({type, type});
+    return type;
 }
 
-const RTRecordType& structLadder(TypeGraph& types, int levels, const RTBaseType* bottom) {
-    const RTRecordType* type = &types.structure({bottom});
+unsigned int structLadder(LinkedTypes& types, int levels, unsigned int bottom) {
+    unsigned int type = types.structure({bottom});
     for (int level = 1; level < levels; ++level)
-        type = &types.structure({type, type});
-    return *type;
+        type = types.structure({type, type});
+    return type;
 }
 
 TEST(Ladders, EncodingOfFortyClassesEndsAtOnce) {
-    TypeGraph types;
+    LinkedTypes types;
     const EndsAtOnce clock;
-    const auto& bit = types.seqEnum(ENCODING_2_STATE);
-    EXPECT_EQ(classLadder(types, 40, &bit).getValueEncoding(), ENCODING_2_STATE);
+    const auto bit = types.seqEnum(ENCODING_2_STATE);
+    EXPECT_EQ(types[classLadder(types, 40, bit)].getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Ladders, EncodingOfFortyStructsEndsAtOnce) {
-    TypeGraph types;
+    LinkedTypes types;
     const EndsAtOnce clock;
-    const auto& bit = types.seqEnum(ENCODING_2_STATE);
-    EXPECT_EQ(structLadder(types, 40, &bit).getValueEncoding(), ENCODING_2_STATE);
+    const auto bit = types.seqEnum(ENCODING_2_STATE);
+    EXPECT_EQ(types[structLadder(types, 40, bit)].getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Ladders, ConstraintsOfFortyClassesWithoutArraysEndAtOnce) {
-    TypeGraph types;
+    LinkedTypes types;
     const EndsAtOnce clock;
-    EXPECT_TRUE(rangesOf(classLadder(types, 40, &types.add<RTIntType>())).empty());
+    EXPECT_TRUE(rangesOf(types[classLadder(types, 40, types.integer())]).empty());
 }
 
 TEST(Ladders, ConstraintsOfFortyStructsWithoutArraysEndAtOnce) {
-    TypeGraph types;
+    LinkedTypes types;
     const EndsAtOnce clock;
-    EXPECT_TRUE(rangesOf(structLadder(types, 40, &types.add<RTIntType>())).empty());
+    EXPECT_TRUE(rangesOf(types[structLadder(types, 40, types.integer())]).empty());
 }
 
 TEST(Ladders, ConstraintsOfThousandLevelsOfClassesWithStructsOfThemselvesEndAtOnce) {
     // Each class: a struct that holds itself, the next class, a class of such a struct, the next
     // class again. No way leads to an array.
-    TypeGraph types;
+    LinkedTypes types;
     const auto selfHolding = [&types] {
-        auto& structure = types.structure();
-        addMember(structure, &structure);
-        return &structure;
+        const auto structure = types.structure();
+        types.addMember(structure, structure);
+        return structure;
     };
-    const RTClassType* type = &types.classType();
+    unsigned int type = types.classType();
     for (int level = 0; level < 1000; ++level)
-        type = &types.classType({selfHolding(), type, &types.classType({selfHolding()}), type});
+        type = types.classType({selfHolding(), type, types.classType({selfHolding()}), type});
     const EndsAtOnce clock;
-    EXPECT_TRUE(rangesOf(*type).empty());
-    const PopulatedConstraints bounded = populateTypeConstraints(*type, 1);
+    EXPECT_TRUE(rangesOf(types[type]).empty());
+    const PopulatedConstraints bounded = populateTypeConstraints(types[type], 1);
     EXPECT_TRUE(bounded.isComplete);
 }
 
 TEST(Ladders, ConstraintsOfStructsAndClassesThatAllLeadBackEndAtOnce) {
     // Twenty structs and twenty classes, each with members of all of them: the paths without a
     // repetition are more than 20! many.
-    TypeGraph types;
-    std::vector<RTRecordType*> structures;
-    std::vector<RTClassType*> classes;
+    LinkedTypes types;
+    LinkedTypes::Ids structures, classes;
     for (int i = 0; i < 20; ++i) {
-        structures.push_back(&types.structure());
-        classes.push_back(&types.classType());
+        structures.push_back(types.structure());
+        classes.push_back(types.classType());
     }
     for (std::size_t i = 0; i < 20; ++i) {
         for (std::size_t j = 0; j < 20; ++j) {
-            addMember(*structures[i], structures[j]);
-            addMember(*structures[i], classes[j]);
-            addMember(*classes[i], structures[j]);
-            addMember(*classes[i], classes[j]);
+            types.addMember(structures[i], structures[j]);
+            types.addMember(structures[i], classes[j]);
+            types.addMember(classes[i], structures[j]);
+            types.addMember(classes[i], classes[j]);
         }
     }
     const EndsAtOnce clock;
-    EXPECT_TRUE(rangesOf(*structures[0]).empty());
-    EXPECT_TRUE(rangesOf(*classes[0]).empty());
-    EXPECT_EQ(structures[0]->getValueEncoding(), ENCODING_2_STATE);
+    EXPECT_TRUE(rangesOf(types[structures[0]]).empty());
+    EXPECT_TRUE(rangesOf(types[classes[0]]).empty());
+    EXPECT_EQ(types[structures[0]].getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Ladders, RangesBehindAClassWhoseStructHeldAnotherClassBeforeAreGivenBothTimes) {
     // outer {inner, holder, second}; inner {outer, leaf}; holder derives from an array of second;
     // second {inner}. Behind `second`, `inner` leads back to `outer` and from there to the array,
     // although the paths through it ended at `outer` before, and a class was entered since.
-    TypeGraph types;
-    auto& outer = types.structure();
-    auto& inner = types.structure({&outer, &types.classType()});
-    auto& second = types.classType({&inner});
-    const auto& array = types.array(&second, {{0, 7, 1}});
-    auto& holder = types.classType({&second}, &array);
-    addMember(outer, &inner);
-    addMember(outer, &holder);
-    addMember(outer, &second);
-    EXPECT_EQ(numbersOf(rangesOf(outer)), numbersOf({{0, 7, 1}, {0, 7, 1}}));
+    LinkedTypes types;
+    const auto outer = types.structure();
+    const auto inner = types.structure({outer, types.classType()});
+    const auto second = types.classType({inner});
+    const auto array = types.vhdlArray(second, {{0, 7, 1}});
+    const auto holder = types.classType({second}, array);
+    types.addMember(outer, inner);
+    types.addMember(outer, holder);
+    types.addMember(outer, second);
+    EXPECT_EQ(numbersOf(rangesOf(types[outer])), numbersOf({{0, 7, 1}, {0, 7, 1}}));
 }
 
 TEST(Ladders, ArrayBelowTwelveClassesIsGivenOnceForEachPath) {
-    TypeGraph types;
-    const auto& array = types.array(&types.add<RTIntType>(), {{0, 7, 1}});
+    LinkedTypes types;
+    const auto array = types.vhdlArray(types.integer(), {{0, 7, 1}});
     const Ranges expected(2048, {0, 7, 1}); // Eleven levels have two members of the next.
-    EXPECT_EQ(numbersOf(rangesOf(classLadder(types, 12, &array))), numbersOf(expected));
+    EXPECT_EQ(numbersOf(rangesOf(types[classLadder(types, 12, array)])), numbersOf(expected));
 }
 
 TEST(Ladders, ArraysOnEveryLevelComeInTheOrderOfTheMembers) {
     // Level n: one below, array n, one below. The array at place i is that of the level that is
     // the number of times that two divides i.
-    TypeGraph types;
-    const RTClassType* type = nullptr;
+    LinkedTypes types;
+    unsigned int type = NO_TYPE_ID;
     for (int level = 0; level < 12; ++level) {
-        const auto* array = &types.array(&types.add<RTIntType>(), {{level, 0, 0}});
-        type = level == 0 ? &types.classType({array}) : &types.classType({type, array, type});
+        const auto array = types.vhdlArray(types.integer(), {{level, 0, 0}});
+        type = level == 0 ? types.classType({array}) : types.classType({type, array, type});
     }
     Ranges expected;
     for (int place = 1; place < 4096; ++place) {
@@ -306,124 +306,126 @@ TEST(Ladders, ArraysOnEveryLevelComeInTheOrderOfTheMembers) {
             ++level;
         expected.push_back({level, 0, 0});
     }
-    EXPECT_EQ(numbersOf(rangesOf(*type)), numbersOf(expected));
+    EXPECT_EQ(numbersOf(rangesOf(types[type])), numbersOf(expected));
 }
 
 TEST(Wide, EncodingOfAStructToWhichAllItsClassesLeadBackEndsAtOnce) {
-    TypeGraph types;
-    auto& structure = types.structure();
-    addMember(structure, &types.seqEnum(ENCODING_2_STATE));
+    LinkedTypes types;
+    const auto structure = types.structure();
+    types.addMember(structure, types.seqEnum(ENCODING_2_STATE));
     for (int i = 0; i < 30000; ++i)
-        addMember(structure, &types.classType({&structure}));
+        types.addMember(structure, types.classType({structure}));
     const EndsAtOnce clock;
-    EXPECT_EQ(structure.getValueEncoding(), ENCODING_2_STATE);
-    addMember(structure, &types.seqEnum(ENCODING_4_STATE));
-    EXPECT_EQ(structure.getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(types[structure].getValueEncoding(), ENCODING_2_STATE);
+    types.addMember(structure, types.seqEnum(ENCODING_4_STATE));
+    EXPECT_EQ(types[structure].getValueEncoding(), ENCODING_4_STATE);
 }
 
 TEST(Wide, ConstraintsOfAStructToWhichAllItsClassesLeadBackEndAtOnce) {
-    TypeGraph types;
-    auto& structure = types.structure();
+    LinkedTypes types;
+    const auto structure = types.structure();
     for (int i = 0; i < 10000; ++i)
-        addMember(structure, &types.classType({&types.add<RTStringType>(), &structure}));
+        types.addMember(structure, types.classType({types.string(), structure}));
     const EndsAtOnce clock;
-    EXPECT_TRUE(rangesOf(structure).empty());
-    EXPECT_TRUE(populateTypeConstraints(structure, 1).isComplete);
-    EXPECT_TRUE(rangesOf(types.array(&structure, {{0, 1, 1}})).size() == 1);
+    EXPECT_TRUE(rangesOf(types[structure]).empty());
+    EXPECT_TRUE(populateTypeConstraints(types[structure], 1).isComplete);
+    EXPECT_TRUE(rangesOf(types[types.vhdlArray(structure, {{0, 1, 1}})]).size() == 1);
 }
 
 TEST(Wide, ConstraintsBehindManyFruitlessClassesAreGiven) {
     // The last class has an array; what is around it gives ranges then, and what is beside it none.
-    TypeGraph types;
-    auto& structure = types.structure();
+    LinkedTypes types;
+    const auto structure = types.structure();
     for (int i = 0; i < 3000; ++i)
-        addMember(structure, &types.classType({&types.structure()}));
-    addMember(structure, &types.classType({&types.array(&types.add<RTIntType>(), {{7, 0, 0}})}));
-    auto& outer = types.structure({&structure, &structure});
+        types.addMember(structure, types.classType({types.structure()}));
+    types.addMember(structure, types.classType({types.vhdlArray(types.integer(), {{7, 0, 0}})}));
+    const auto outer = types.structure({structure, structure});
     const EndsAtOnce clock;
-    EXPECT_EQ(numbersOf(rangesOf(outer)), numbersOf({{7, 0, 0}, {7, 0, 0}}));
+    EXPECT_EQ(numbersOf(rangesOf(types[outer])), numbersOf({{7, 0, 0}, {7, 0, 0}}));
 }
 
 TEST(Wide, BoundedConstraintsEndWhereTooManyPartsArePassedBy) {
     // No way through the struct leads anywhere but to the outermost class, which is on the path; so
     // each struct on it passes by all classes.
-    TypeGraph types;
-    auto& structure = types.structure();
-    auto& outer = types.classType({&structure});
-    addMember(outer, &types.array(&types.add<RTIntType>(), {{7, 0, 0}}));
+    LinkedTypes types;
+    const auto structure = types.structure();
+    const auto outer = types.classType({structure});
+    types.addMember(outer, types.vhdlArray(types.integer(), {{7, 0, 0}}));
     for (int i = 0; i < 1000; ++i)
-        addMember(structure, &types.classType({&structure, &outer}));
+        types.addMember(structure, types.classType({structure, outer}));
     const EndsAtOnce clock;
-    EXPECT_FALSE(populateTypeConstraints(outer, 10).isComplete);
-    const PopulatedConstraints whole = populateTypeConstraints(outer, 1000000);
+    EXPECT_FALSE(populateTypeConstraints(types[outer], 10).isComplete);
+    const PopulatedConstraints whole = populateTypeConstraints(types[outer], 1000000);
     EXPECT_TRUE(whole.isComplete);
     EXPECT_EQ(numbersOf(whole.ranges), numbersOf({{7, 0, 0}}));
 }
 
 constexpr int chainLength = 100000;
 
-const RTBaseType& classChain(TypeGraph& types, const RTBaseType* end) {
+unsigned int classChain(LinkedTypes& types, unsigned int end) {
     for (int i = 0; i < chainLength; ++i)
-        end = &types.classType({end});
-    return *end;
+        end = types.classType({end});
+    return end;
 }
 
-const RTTypedefType& typedefChain(TypeGraph& types, const RTBaseType* end, const Ranges& ranges) {
-    const RTTypedefType* type = &types.alias(end, ranges);
+unsigned int typedefChain(LinkedTypes& types, unsigned int end, const Ranges& ranges) {
+    unsigned int type = types.alias(end, ranges);
     for (int i = 1; i < chainLength; ++i)
-        type = &types.alias(type, ranges);
-    return *type;
+        type = types.alias(type, ranges);
+    return type;
 }
 
 TEST(Wide, EncodingOfAStructWhoseMembersShareOneTypedefChainEndsAtOnce) {
-    TypeGraph types;
-    const auto& head = typedefChain(types, &types.seqEnum(ENCODING_2_STATE), {}); // From type 1 on.
-    auto& structure = types.structure({&head});
-    for (std::size_t i = 1; i <= chainLength; ++i) // Each into the chain at another place.
-        addMember(structure, &types[i]);
+    LinkedTypes types;
+    const auto head = typedefChain(types, types.seqEnum(ENCODING_2_STATE), {}); // From type 1 on.
+    const auto structure = types.structure({head});
+    for (unsigned int id = 1; id <= chainLength; ++id) // Each into the chain at another place.
+        types.addMember(structure, id);
     const EndsAtOnce clock;
-    EXPECT_EQ(structure.getValueEncoding(), ENCODING_2_STATE);
+    EXPECT_EQ(types[structure].getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Chains, EncodingOfClassesDoesNotUseUpTheCallStack) {
-    TypeGraph types;
-    EXPECT_EQ(classChain(types, &types.seqEnum(ENCODING_2_STATE)).getValueEncoding(),
+    LinkedTypes types;
+    EXPECT_EQ(types[classChain(types, types.seqEnum(ENCODING_2_STATE))].getValueEncoding(),
               ENCODING_2_STATE);
-    EXPECT_EQ(classChain(types, &types.seqEnum(ENCODING_4_STATE)).getValueEncoding(),
+    EXPECT_EQ(types[classChain(types, types.seqEnum(ENCODING_4_STATE))].getValueEncoding(),
               ENCODING_4_STATE);
 }
 
 TEST(Chains, EncodingOfBaseClassesDoesNotUseUpTheCallStack) {
-    TypeGraph types;
-    const RTBaseType* type = &types.classType({&types.seqEnum(ENCODING_4_STATE)});
+    LinkedTypes types;
+    unsigned int type = types.classType({types.seqEnum(ENCODING_4_STATE)});
     for (int i = 0; i < chainLength; ++i)
-        type = &types.classType({}, type);
-    EXPECT_EQ(type->getValueEncoding(), ENCODING_4_STATE);
-    EXPECT_EQ(type->getValueEncoding(), ENCODING_2_STATE);
+        type = types.classType({}, type);
+    EXPECT_EQ(types[type].getValueEncoding(), ENCODING_4_STATE);
+    EXPECT_EQ(types[type].getValueEncoding(), ENCODING_2_STATE);
 }
 
 TEST(Chains, ConstraintsOfClassesDoNotUseUpTheCallStack) {
-    TypeGraph types;
-    const auto& array = types.array(&types.add<RTIntType>(), {{0, 7, 1}, OPEN});
-    EXPECT_EQ(numbersOf(rangesOf(classChain(types, &array))), numbersOf({{0, 7, 1}, {0, 0, 0}}));
+    LinkedTypes types;
+    const auto array = types.vhdlArray(types.integer(), {{0, 7, 1}, OPEN});
+    EXPECT_EQ(numbersOf(rangesOf(types[classChain(types, array)])),
+              numbersOf({{0, 7, 1}, {0, 0, 0}}));
 }
 
 TEST(Chains, ConstraintsOfTypedefsDoNotUseUpTheCallStack) {
-    TypeGraph types;
-    const auto& array = types.array(&types.add<RTIntType>(), {OPEN});
-    const auto& inner = typedefChain(types, &array, {OPEN});
-    EXPECT_EQ(numbersOf(rangesOf(types.alias(&inner, {{3, 0, 0}}))), numbersOf({{3, 0, 0}}));
+    LinkedTypes types;
+    const auto array = types.vhdlArray(types.integer(), {OPEN});
+    const auto inner = typedefChain(types, array, {OPEN});
+    EXPECT_EQ(numbersOf(rangesOf(types[types.alias(inner, {{3, 0, 0}})])), numbersOf({{3, 0, 0}}));
 }
 
 TEST(Chains, ArraysWithoutEntriesLeftAreNotAskedAgainForEachArrayBelow) {
     for (const Ranges& own : {Ranges{}, Ranges{OPEN}}) {
-        TypeGraph types;
-        const RTBaseType* type = &types.add<RTIntType>();
+        LinkedTypes types;
+        unsigned int type = types.integer();
         for (int i = 0; i < 1000000; ++i)
-            type = &types.array(VHDL_ARRAY, type, 1, own);
-        const auto& alias = types.alias(type, {{1, 2, 1}, {3, 4, 1}});
+            type = types.array(VHDL_ARRAY, type, 1, own);
+        const auto alias = types.alias(type, {{1, 2, 1}, {3, 4, 1}});
+        const RTBaseType& outermost = types[alias];
         const EndsAtOnce clock;
-        const Ranges ranges = rangesOf(alias);
+        const Ranges ranges = rangesOf(outermost);
         ASSERT_EQ(ranges.size(), 1000000U);
         EXPECT_EQ(numbersOf({ranges[0], ranges[1], ranges[2], ranges.back()}),
                   numbersOf({{1, 2, 1}, {3, 4, 1}, {0, 0, 0}, {0, 0, 0}}));
@@ -431,14 +433,14 @@ TEST(Chains, ArraysWithoutEntriesLeftAreNotAskedAgainForEachArrayBelow) {
 }
 
 TEST(Chains, TypedefsAnswerForTheTypeAtTheirEnd) {
-    TypeGraph types;
+    LinkedTypes types;
     auto& number = types.add<RTQueueType>();
     number.setSVTypeId(12);
     number.m_flags = 0x10;
-    const auto& type = typedefChain(types, &number, {});
-    EXPECT_EQ(type.getSelf(false), &number);
-    EXPECT_EQ(type.getSVTypeId(), 12);
-    EXPECT_EQ(type.getValueEncoding(), ENCODING_UNPADDED_BYTE);
+    const auto type = typedefChain(types, types.last(), {});
+    EXPECT_EQ(types[type].getSelf(false), &number);
+    EXPECT_EQ(types[type].getSVTypeId(), 12);
+    EXPECT_EQ(types[type].getValueEncoding(), ENCODING_UNPADDED_BYTE);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "RTTI/CTType.h"
 #include "RTTI/RTTypeVisitor.h"
-#include "tests/support/TypeGraph.h"
+#include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -126,24 +126,24 @@ TEST(Visitors, CompileTimeTypesAreVisitedAsTheirRunTimeClass) {
 }
 
 TEST(Visitors, AcceptReturnsWhatTheOverloadReturns) {
-    TypeGraph types;
+    LinkedTypes types;
     types.add<RTIntType>();
     types.add<RTWildCardType>();
     types.structure();
     types.classType();
-    types.add<CTQueueType>(nullptr, 1U);
+    types.add<CTQueueType>("", 1U);
     Recorder<RTTypeVisitor> visitor;
-    for (std::size_t i = 0; i < types.size(); ++i) {
+    for (unsigned int id = 0; id < types.size(); ++id) {
         for (const bool result : {true, false}) {
             visitor.m_result = result;
-            EXPECT_EQ(types[i].accept(visitor), result) << i;
+            EXPECT_EQ(types[id].accept(visitor), result) << id;
         }
     }
 }
 
 TEST(Visitors, TypedefIsVisitedAsATypedefNotAsWhatItNames) {
-    TypeGraph types;
-    EXPECT_EQ(overloadsCalled(types.alias(&types.add<RTIntType>())), "RTTypedefType ");
+    LinkedTypes types;
+    EXPECT_EQ(overloadsCalled(types[types.alias(types.integer())]), "RTTypedefType ");
 }
 
 /// Counts integers and says no to them; all other classes are as the default visitor has them.

@@ -1,6 +1,71 @@
 #include "tests/support/LinkedTypes.h"
 
+#include "TypeFile/TypeFields.h"
+
+namespace RTTITest {
+
 using namespace RTTI;
+namespace Form = TypeFile::Form;
+
+namespace {
+
+/// Sets the links of an object from its fields.
+template <typename Object> class FieldLinker {
+public:
+    FieldLinker(Object& object, const LinkedTypes& types) : m_object(object), m_types(types) {}
+
+    template <typename Link>
+    void operator()(const char*, unsigned int id, const Form::TypeId<Link>& form) {
+        m_object.*form.link = typeOf(id);
+    }
+    template <typename Member, typename Entry>
+    void operator()(const char*, const std::vector<Member*>& members, Form::Entries<Entry>) {
+        m_object.m_memberTypes.clear();
+        for (const Member* member : members)
+            m_object.m_memberTypes.push_back(member == nullptr ? nullptr
+                                                               : typeOf(member->m_typeId));
+    }
+    template <typename Value, typename FieldForm>
+    void operator()(const char*, const Value&, const FieldForm&) {}
+
+    /// Whether no type to come is referred to.
+    bool isWhole() const { return m_isWhole; }
+
+private:
+    const RTBaseType* typeOf(unsigned int id) {
+        m_isWhole = m_isWhole && (id < m_types.size() || id == NO_TYPE_ID);
+        return m_types.find(id);
+    }
+
+    Object& m_object;
+    const LinkedTypes& m_types;
+    bool m_isWhole = true;
+};
+
+void addMemberTo(RTAggregateType& aggregate, std::unique_ptr<RTAggregateType::t_Member> member,
+                 const LinkedTypes::Member& wanted) {
+    member->m_memberName = copyOfName(wanted.name);
+    member->m_typeId = wanted.typeId;
+    member->m_constraints = wanted.ranges;
+    aggregate.m_members.push_back(member.get());
+    static_cast<void>(member.release()); // The aggregate deletes it.
+}
+
+void appendMember(RTAggregateType& aggregate, const LinkedTypes::Member& member) {
+    if (dynamic_cast<RTClassType*>(&aggregate) != nullptr)
+        addMemberTo(aggregate, std::make_unique<RTClassType::t_ClassMember>(), member);
+    else
+        addMemberTo(aggregate, std::make_unique<RTAggregateType::t_Member>(), member);
+}
+
+std::vector<LinkedTypes::Member> withoutNames(const LinkedTypes::Ids& types) {
+    std::vector<LinkedTypes::Member> members;
+    for (const unsigned int type : types)
+        members.push_back({"", type});
+    return members;
+}
+
+} // namespace
 
 unsigned int LinkedTypes::integer(const std::string& name, int left, int right) {
     add<RTIntType>(name).m_constraint = {left, right, left <= right ? 1 : 0};
@@ -14,7 +79,19 @@ unsigned int LinkedTypes::enumeration(const std::string& name,
     type.m_valueEncoding = ENCODING_BYTE;
     type.m_valueSize = 1;
     for (const std::string& literal : literals)
-        TypeFile::addLiteral(type, literal);
+        type.m_enumeratorNames.push_back(copyOfName(literal));
+    return last();
+}
+
+unsigned int LinkedTypes::seqEnum(ValueEncoding encoding) {
+    add<RTSeqEnumType>().m_valueEncoding = encoding;
+    return last();
+}
+
+unsigned int LinkedTypes::discreteEnum(unsigned int base, Ranges ranges) {
+    auto& type = add<RTDiscreteEnumType>();
+    type.m_baseTypeId = base;
+    type.m_constraints = std::move(ranges);
     return last();
 }
 
@@ -31,12 +108,9 @@ unsigned int LinkedTypes::alias(const std::string& name, unsigned int data, Rang
 }
 
 unsigned int LinkedTypes::vhdlArray(const std::string& name, unsigned int element,
-                                    const std::vector<unsigned int>& indices, Ranges ranges) {
-    auto& type = add<RTArrayType>(name);
-    type.m_arrayKind = VHDL_ARRAY;
-    type.m_elementTypeId = element;
-    type.m_indexTypeIds = indices;
-    type.m_constraints = std::move(ranges);
+                                    const Ids& indices, Ranges ranges) {
+    array(VHDL_ARRAY, name, element, std::move(ranges));
+    static_cast<RTArrayType&>(*m_places.back().type).m_indexTypeIds = indices;
     return last();
 }
 
@@ -45,8 +119,16 @@ unsigned int LinkedTypes::array(ArrayKind kind, const std::string& name, unsigne
     auto& type = add<RTArrayType>(name);
     type.m_arrayKind = kind;
     type.m_elementTypeId = element;
-    type.m_indexTypeIds.assign(ranges.size(), TypeFileFormat::NO_TYPE_ID);
+    type.m_indexTypeIds.assign(ranges.size(), NO_TYPE_ID);
     type.m_constraints = std::move(ranges);
+    return last();
+}
+
+unsigned int LinkedTypes::array(ArrayKind kind, unsigned int element, std::size_t dimensions,
+                                Ranges ranges) {
+    array(kind, "", element, std::move(ranges));
+    auto& type = static_cast<RTArrayType&>(*m_places.back().type);
+    type.m_indexTypeIds.assign(dimensions, NO_TYPE_ID);
     return last();
 }
 
@@ -55,26 +137,17 @@ unsigned int LinkedTypes::access(const std::string& name, unsigned int designate
     return last();
 }
 
-unsigned int LinkedTypes::packed(const std::string& name, unsigned int element, Ranges ranges) {
-    return array(VLOG_FIXED_PACKED_ARRAY, name, element, std::move(ranges));
-}
-
-unsigned int LinkedTypes::packed(unsigned int element, Ranges ranges) {
-    return packed("", element, std::move(ranges));
-}
-
-unsigned int LinkedTypes::queue(unsigned int element) {
-    add<RTQueueType>("").m_elementTypeId = element;
-    return last();
-}
-
 unsigned int LinkedTypes::structure(const std::string& name, const std::vector<Member>& members,
                                     RecordKind kind) {
     auto& type = add<RTRecordType>(name);
     type.m_recordKind = kind;
     for (const Member& member : members)
-        TypeFile::addMember(type, member.name, member.typeId, member.ranges);
+        appendMember(type, member);
     return last();
+}
+
+unsigned int LinkedTypes::record(RecordKind kind, const Ids& members) {
+    return structure("", withoutNames(members), kind);
 }
 
 unsigned int LinkedTypes::classType(const std::string& name, const std::vector<Member>& members,
@@ -82,8 +155,17 @@ unsigned int LinkedTypes::classType(const std::string& name, const std::vector<M
     auto& type = add<RTClassType>(name);
     type.m_baseClassTypeId = base;
     for (const Member& member : members)
-        TypeFile::addMember(type, member.name, member.typeId, member.ranges);
+        appendMember(type, member);
     return last();
+}
+
+unsigned int LinkedTypes::classType(const Ids& members, unsigned int base) {
+    return classType("", withoutNames(members), base);
+}
+
+void LinkedTypes::addMember(unsigned int aggregate, const Member& member) {
+    appendMember(dynamic_cast<RTAggregateType&>(*m_places.at(aggregate).type), member);
+    markForLinking(aggregate);
 }
 
 unsigned int LinkedTypes::logic() {
@@ -101,42 +183,65 @@ unsigned int LinkedTypes::bit() {
 }
 
 unsigned int LinkedTypes::hole() {
-    m_types.push_back(nullptr);
+    append(nullptr);
     return last();
 }
 
-RTBaseType* LinkedTypes::at(unsigned int id) const {
-    return id < m_types.size() ? m_types[id].get() : nullptr;
+void LinkedTypes::append(std::unique_ptr<RTBaseType> type) {
+    m_places.push_back({std::move(type)});
+    markForLinking(last());
 }
 
-void LinkedTypes::link(RTBaseType& type) const {
-    if (auto* alias = dynamic_cast<RTTypedefType*>(&type))
-        alias->m_dataType = at(alias->m_dataTypeId);
-    else if (auto* discrete = dynamic_cast<RTDiscreteEnumType*>(&type))
-        discrete->m_baseType = at(discrete->m_baseTypeId);
-    else if (auto* access = dynamic_cast<RTAccessType*>(&type))
-        access->m_refType = at(access->m_refTypeId);
-    else if (auto* file = dynamic_cast<RTFileType*>(&type))
-        file->m_refType = at(file->m_refTypeId);
-    else if (auto* array = dynamic_cast<RTArrayType*>(&type))
-        array->m_elementType = at(array->m_elementTypeId);
-    else if (auto* container = dynamic_cast<RTAbstractArrayType*>(&type))
-        container->m_elementType = at(container->m_elementTypeId);
-    else if (auto* aggregate = dynamic_cast<RTAggregateType*>(&type)) {
-        aggregate->m_memberTypes.clear();
-        for (const RTAggregateType::t_Member* member : aggregate->m_members)
-            aggregate->m_memberTypes.push_back(member != nullptr ? at(member->m_typeId) : nullptr);
-    }
-    if (auto* derived = dynamic_cast<RTClassType*>(&type))
-        derived->m_baseClass = at(derived->m_baseClassTypeId);
-    if (auto* map = dynamic_cast<RTAssocArrayType*>(&type))
-        map->m_indexType = at(map->m_indexTypeId);
+const RTBaseType* LinkedTypes::find(unsigned int id) const {
+    return id < m_places.size() ? m_places[id].type.get() : nullptr;
 }
 
-Inspect::TypeTable LinkedTypes::table() const {
-    for (const auto& type : m_types) {
-        if (type != nullptr)
-            link(*type);
-    }
-    return {size(), [this](unsigned int id) { return at(id); }};
+RTBaseType& LinkedTypes::operator[](unsigned int id) {
+    linkMarked();
+    markForLinking(id);
+    return *m_places.at(id).type;
 }
+
+const RTBaseType& LinkedTypes::operator[](unsigned int id) const {
+    linkMarked();
+    return *m_places.at(id).type;
+}
+
+void LinkedTypes::markForLinking(unsigned int id) const {
+    if (!std::exchange(m_places.at(id).isMarked, true))
+        m_marked.push_back(id);
+}
+
+void LinkedTypes::linkMarked() const {
+    for (const unsigned int id : std::exchange(m_marked, {})) {
+        m_places[id].isMarked = false;
+        if (m_places[id].type != nullptr && !link(*m_places[id].type))
+            markForLinking(id);
+    }
+}
+
+void LinkedTypes::linkAll() const {
+    for (unsigned int id = 0; id < size(); ++id)
+        markForLinking(id);
+    linkMarked();
+}
+
+bool LinkedTypes::link(RTBaseType& type) const {
+    bool isWhole = true;
+    TypeFile::asItsClass(type, [&](auto& object) {
+        FieldLinker linker(object, *this);
+        TypeFile::forEachField(object, linker);
+        isWhole = linker.isWhole();
+    });
+    return isWhole;
+}
+
+std::vector<LinkedTypes::Member> lettered(const LinkedTypes::Ids& types) {
+    std::vector<LinkedTypes::Member> members = withoutNames(types);
+    char letter = 'a';
+    for (LinkedTypes::Member& member : members)
+        member.name = letter++;
+    return members;
+}
+
+} // namespace RTTITest

@@ -10,6 +10,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using testing::HasSubstr;
 
@@ -44,24 +45,6 @@ std::string orderOf(LinkedTypes& types, SourceLanguage language,
     return sink.steps;
 }
 
-RTRecordType& record(LinkedTypes& types, RecordKind kind,
-                     const std::vector<unsigned int>& members) {
-    auto& type = types.add<RTRecordType>("r");
-    type.m_recordKind = kind;
-    for (std::size_t i = 0; i < members.size(); ++i)
-        TypeFile::addMember(type, std::string(1, static_cast<char>('a' + i)), members[i]);
-    return type;
-}
-
-RTClassType& classType(LinkedTypes& types, const std::vector<unsigned int>& members,
-                       unsigned int base = TypeFileFormat::NO_TYPE_ID) {
-    auto& type = types.add<RTClassType>("c");
-    type.m_baseClassTypeId = base;
-    for (const unsigned int member : members)
-        TypeFile::addMember(type, "m", member);
-    return type;
-}
-
 TEST(DeclarationOrder, TypesFollowWhatTheyNeed) {
     LinkedTypes types;
     types.vhdlArray("a", 2, {3}, {{0, 0, -2}});
@@ -80,7 +63,7 @@ TEST(DeclarationOrder, WhatIsNotAskedForAndNotNeededStaysAway) {
 
 TEST(DeclarationOrder, AnAccessTypeInACircleAnnouncesItsRecord) {
     LinkedTypes types;
-    record(types, VHDL_RECORD, {1});
+    types.structure("r", lettered({1}), VHDL_RECORD);
     types.access("link", 0);
     EXPECT_EQ(orderOf(types, VHDL, {0}), "+0 1 0");
     EXPECT_EQ(orderOf(types, VHDL, {1}), "+0 1 0");
@@ -103,23 +86,23 @@ TEST(DeclarationOrder, AnAccessTypeDesignatesASubtypeThatIsDeclared) {
 
 TEST(DeclarationOrder, HandlesOfClassesNeedAnAnnouncementAlone) {
     LinkedTypes types;
-    classType(types, {0, 1});
-    classType(types, {0});
+    types.classType("c", lettered({0, 1}));
+    types.classType("c", lettered({0}));
     EXPECT_EQ(orderOf(types, SV, {0, 1}), "+1 0 1");
     EXPECT_EQ(orderOf(types, SV, {0}), "+1 0 1") << "what is announced is declared in the end";
 }
 
 TEST(DeclarationOrder, ABaseClassComesFirst) {
     LinkedTypes types;
-    classType(types, {}, 1);
-    classType(types, {0});
+    types.classType("c", {}, 1);
+    types.classType("c", lettered({0}));
     EXPECT_EQ(orderOf(types, SV, {0}), "+0 1 0");
 }
 
 TEST(DeclarationOrder, AStructInItselfIsOmittedWithAllThatNeedIt) {
     LinkedTypes types;
-    record(types, VLOG_UNPACKED_STRUCT, {1});
-    record(types, VLOG_UNPACKED_STRUCT, {0});
+    types.structure("r", lettered({1}), VLOG_UNPACKED_STRUCT);
+    types.structure("r", lettered({0}), VLOG_UNPACKED_STRUCT);
     types.alias("t", 0);
     EXPECT_EQ(orderOf(types, SV, {0, 1, 2}), "-1 -0 -2");
 }
@@ -137,7 +120,7 @@ TEST(DeclarationOrder, DepthTakesNoStack) {
     LinkedTypes types;
     constexpr unsigned int DEPTH = 100000;
     for (unsigned int i = 0; i < DEPTH; ++i)
-        record(types, VHDL_RECORD, {i + 1});
+        types.structure("r", lettered({i + 1}), VHDL_RECORD);
     types.integer("i", 0, 1);
     const std::string steps = orderOf(types, VHDL, {0});
     EXPECT_EQ(steps.substr(0, 19), "100000 99999 99998 ");
@@ -174,7 +157,7 @@ TEST(DeclarationFile, NamesTypesOfTheOtherLanguageInComments) {
 
 TEST(DeclarationFile, CommentsOutWhatHasNoDeclaration) {
     LinkedTypes types;
-    record(types, VHDL_RECORD, {0});
+    types.structure("r", lettered({0}), VHDL_RECORD);
     EXPECT_EQ(fileOf(types, VHDL, {0}),
               "package types is\n"
               "    -- type 0: record \"r\" has no declaration: it needs type 0, which needs it in "

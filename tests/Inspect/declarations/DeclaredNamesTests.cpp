@@ -1,5 +1,6 @@
 #include "Inspect/declarations/DeclaredNames.h"
 #include "Inspect/declarations/Identifiers.h"
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using testing::ElementsAre;
 

@@ -9,6 +9,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -25,29 +26,12 @@ std::string packagesOf(LinkedTypes& types) {
     return out.str().substr(out.str().find("\npackage ") + 1);
 }
 
-void structure(LinkedTypes& types, const std::string& name, unsigned int member) {
-    auto& type = types.add<RTRecordType>(name);
-    type.m_recordKind = VLOG_UNPACKED_STRUCT;
-    TypeFile::addMember(type, "m", member);
-}
-
-RTClassType& classType(LinkedTypes& types, const std::string& name,
-                       const std::vector<unsigned int>& members,
-                       unsigned int base = TypeFileFormat::NO_TYPE_ID) {
-    auto& type = types.add<RTClassType>(name);
-    type.m_baseClassTypeId = base;
-    for (const unsigned int member : members)
-        TypeFile::addMember(type, std::string(1, static_cast<char>('a' + type.m_members.size())),
-                            member);
-    return type;
-}
-
 TEST(DeclaredPackages, DeclareTheTypesThatHaveTheirNames) {
     LinkedTypes types;
     types.logic();
     types.alias("p::t", 0);
-    structure(types, "q::s", 1);
-    structure(types, "p::s", 1);
+    types.structure("q::s", {{"m", 1}});
+    types.structure("p::s", {{"m", 1}});
     types.alias("top.t", 2);
     EXPECT_EQ(packagesOf(types), "package p;\n"
                                  "    typedef logic t;\n"
@@ -69,7 +53,7 @@ TEST(DeclaredPackages, DeclareTheTypesThatHaveTheirNames) {
 
 TEST(DeclaredPackages, FollowThoseThatTheyNeed) {
     LinkedTypes types;
-    structure(types, "p::s", 2);
+    types.structure("p::s", {{"m", 2}});
     types.logic();
     types.alias("q::t", 1);
     EXPECT_EQ(packagesOf(types), "package q;\n"
@@ -87,9 +71,9 @@ TEST(DeclaredPackages, HaveNoTypesThatNeedALaterOne) {
     LinkedTypes types;
     types.logic();
     types.alias("p::t", 0);
-    structure(types, "q::s", 1);
-    classType(types, "p::c#(q::s)", {2, 1});
-    structure(types, "p::user", 3);
+    types.structure("q::s", {{"m", 1}});
+    types.classType("p::c#(q::s)", lettered({2, 1}));
+    types.structure("p::user", {{"m", 3}});
     types.alias("q::last", 4);
     EXPECT_THAT(packagesOf(types),
                 EndsWith("    } s;\n"
@@ -110,11 +94,11 @@ TEST(DeclaredPackages, HaveNoTypesThatNeedALaterOne) {
 
 TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
     LinkedTypes types;
-    classType(types, "q::e", {3, 1, 4});
-    classType(types, "q::f", {});
-    classType(types, "p::c", {2, 3});
-    classType(types, "p::d", {});
-    classType(types, "p::z", {});
+    types.classType("q::e", lettered({3, 1, 4}));
+    types.classType("q::f", {});
+    types.classType("p::c", lettered({2, 3}));
+    types.classType("p::d", {});
+    types.classType("p::z", {});
     EXPECT_EQ(packagesOf(types), "package p;\n"
                                  "    typedef class d;\n"
                                  "    class c;\n"
@@ -141,8 +125,8 @@ TEST(DeclaredPackages, AnnounceTheirOwnClassesOnly) {
 
 TEST(DeclaredPackages, ThatNeedOneAnotherHaveBothTypesInTheLater) {
     LinkedTypes types;
-    classType(types, "p::c", {1});
-    classType(types, "q::d", {0});
+    types.classType("p::c", lettered({1}));
+    types.classType("q::d", lettered({0}));
     const std::string text = packagesOf(types);
     EXPECT_THAT(text, testing::StartsWith("package p;\n"));
     EXPECT_THAT(text, Not(HasSubstr("package q;")));
@@ -153,11 +137,11 @@ TEST(DeclaredPackages, ThatNeedOneAnotherHaveBothTypesInTheLater) {
 TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatTheyNeedFirst) {
     LinkedTypes types;
     types.logic();
-    structure(types, "", 0);
-    structure(types, "q::s", 1);
-    structure(types, "p::s", 4);
+    types.structure("", {{"m", 0}});
+    types.structure("q::s", {{"m", 1}});
+    types.structure("p::s", {{"m", 4}});
     types.alias("word_t", 0);
-    structure(types, "q::t", 4);
+    types.structure("q::t", {{"m", 4}});
     types.alias("p::q_user", 2);
     const std::string text = packagesOf(types);
     EXPECT_THAT(text, HasSubstr("package q;\n"
@@ -176,7 +160,7 @@ TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatNeedEarlierOnes) {
     LinkedTypes types;
     types.logic();
     types.alias("p::t", 0);
-    structure(types, "top.s", 1);
+    types.structure("top.s", {{"m", 1}});
     types.alias("q::s", 2);
     EXPECT_EQ(packagesOf(types), "package p;\n"
                                  "    typedef logic t;\n"
@@ -192,9 +176,9 @@ TEST(DeclaredPackages, TakeTypesWithoutOneAlongThatNeedEarlierOnes) {
 
 TEST(DeclaredPackages, HaveNoTypeWithoutOneThatNeedsThePackageItself) {
     LinkedTypes types;
-    classType(types, "p::base", {});
-    classType(types, "top.item", {}, 0);
-    classType(types, "p::queue#(top.item)", {1});
+    types.classType("p::base", {});
+    types.classType("top.item", {}, 0);
+    types.classType("p::queue#(top.item)", lettered({1}));
     EXPECT_EQ(packagesOf(types),
               "package p;\n"
               "    class base;\n"
@@ -214,9 +198,9 @@ TEST(DeclaredPackages, HaveNoTypeWithoutOneThatNeedsThePackageItself) {
 
 TEST(DeclaredPackages, ImportBaseClassesOfOthers) {
     LinkedTypes types;
-    classType(types, "p::base", {});
-    classType(types, "q::derived", {}, 0);
-    classType(types, "r::base", {}, 0);
+    types.classType("p::base", {});
+    types.classType("q::derived", {}, 0);
+    types.classType("r::base", {}, 0);
     const std::string text = packagesOf(types);
     EXPECT_THAT(text, HasSubstr("    import p::base;\n"
                                 "    class derived extends base;\n"));
@@ -228,7 +212,7 @@ TEST(DeclaredPackages, ImportBaseClassesOfOthers) {
 TEST(DeclaredPackages, AreNotMadeOfClasses) {
     LinkedTypes types;
     types.logic();
-    classType(types, "c", {});
+    types.classType("c", {});
     types.alias("c::t", 0);
     types.alias("std::t", 0);
     types.alias("$unit::t", 0);
@@ -257,7 +241,7 @@ TEST(DeclaredPackages, HaveNoArraysThatUsersSpellOut) {
     LinkedTypes types;
     types.logic();
     types.array(VLOG_FIXED_PACKED_ARRAY, "", 0, {{7, 0, 0}});
-    structure(types, "p::s", 1);
+    types.structure("p::s", {{"m", 1}});
     types.array(VLOG_FIXED_UNPACKED_ARRAY, "", 2, {{0, 3, 1}});
     types.alias("p::s", 2);
     EXPECT_EQ(packagesOf(types), "package p;\n"

@@ -1,4 +1,5 @@
 #include "Inspect/declarations/SourceLanguage.h"
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +7,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 
 SourceLanguage languageIn(LinkedTypes& types, unsigned int id) {

@@ -1,5 +1,6 @@
 #include "Inspect/declarations/EnumValues.h"
 #include "Inspect/declarations/TypeDeclarations.h"
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using namespace std::string_literals;
 
@@ -15,18 +17,6 @@ std::string declared(LinkedTypes& types, unsigned int id) {
 }
 
 std::string declared(LinkedTypes& types) { return declared(types, types.last()); }
-
-RTRecordType& aggregate(LinkedTypes& types, RecordKind kind, const std::string& name) {
-    auto& type = types.add<RTRecordType>(name);
-    type.m_recordKind = kind;
-    return type;
-}
-
-template <typename Container>
-unsigned int container(LinkedTypes& types, const std::string& name, unsigned int element) {
-    types.add<Container>(name).m_elementTypeId = element;
-    return types.last();
-}
 
 TEST(SystemVerilogDeclarations, PackedDimensionsStandBeforeTheName) {
     LinkedTypes types;
@@ -69,12 +59,12 @@ TEST(SystemVerilogDeclarations, ArraysWithNamesAreNamed) {
 
 TEST(SystemVerilogDeclarations, ContainersHaveTheirBrackets) {
     LinkedTypes types;
-    const unsigned int text = (types.add<RTStringType>("string"), types.last());
-    const unsigned int inner = container<RTDynamicArrayType>(types, "", text);
-    EXPECT_EQ(declared(types, container<RTQueueType>(types, "q_t", inner)),
+    const unsigned int text = types.plain<RTStringType>("string");
+    const unsigned int inner = types.container<RTDynamicArrayType>("", text);
+    EXPECT_EQ(declared(types, types.container<RTQueueType>("q_t", inner)),
               "typedef string q_t [$][];\n");
-    const unsigned int any = (types.add<RTWildCardType>("*"), types.last());
-    const unsigned int map = container<RTAssocArrayType>(types, "map_t", text);
+    const unsigned int any = types.plain<RTWildCardType>("*");
+    const unsigned int map = types.container<RTAssocArrayType>("map_t", text);
     types.add<RTAssocArrayType>("any_t").m_elementTypeId = map;
     const_cast<RTAssocArrayType&>(dynamic_cast<const RTAssocArrayType&>(*types.table().typeOf(map)))
         .m_indexTypeId = text;
@@ -116,10 +106,7 @@ TEST(SystemVerilogDeclarations, AStructHasItsMembers) {
     const unsigned int logic = types.logic();
     const unsigned int byte = types.array(VLOG_FIXED_PACKED_ARRAY, "", logic, {{7, 0, 0}});
     const unsigned int pair = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", byte, {{0, 1, 1}});
-    auto& type = aggregate(types, VLOG_UNPACKED_STRUCT, "s_t");
-    TypeFile::addMember(type, "valid", logic);
-    TypeFile::addMember(type, "data", pair);
-    TypeFile::addMember(type, "end", byte);
+    types.structure("s_t", {{"valid", logic}, {"data", pair}, {"end", byte}});
     EXPECT_EQ(declared(types), "typedef struct {\n"
                                "    logic valid;\n"
                                "    logic [7:0] data [0:1];\n"
@@ -138,7 +125,7 @@ TEST(SystemVerilogDeclarations, EachKindOfAggregateHasItsWords) {
     for (const auto& [kind, expected] : words) {
         LinkedTypes types;
         const unsigned int logic = types.logic();
-        TypeFile::addMember(aggregate(types, kind, "t"), "a", logic);
+        types.structure("t", {{"a", logic}}, kind);
         EXPECT_EQ(declared(types), "typedef " + expected + " {\n    logic a;\n} t;\n");
     }
 }
@@ -161,7 +148,7 @@ TEST(SystemVerilogDeclarations, ATypedefOfAnArrayWithoutANameWritesItOut) {
     LinkedTypes types;
     const unsigned int logic = types.logic();
     const unsigned int byte = types.array(VLOG_FIXED_PACKED_ARRAY, "", logic, {{7, 0, 0}});
-    const unsigned int queue = container<RTQueueType>(types, "", byte);
+    const unsigned int queue = types.container<RTQueueType>("", byte);
     types.alias("q_t", queue);
     EXPECT_EQ(declared(types), "typedef logic [7:0] q_t [$];\n");
 }
@@ -169,7 +156,7 @@ TEST(SystemVerilogDeclarations, ATypedefOfAnArrayWithoutANameWritesItOut) {
 TEST(SystemVerilogDeclarations, ATypedefOfItsOwnNameIsOneDeclarationWithItsData) {
     LinkedTypes types;
     const unsigned int logic = types.logic();
-    TypeFile::addMember(aggregate(types, VLOG_PACKED_STRUCT, "s_t"), "a", logic);
+    types.structure("s_t", {{"a", logic}}, VLOG_PACKED_STRUCT);
     types.alias("s_t", 1);
     EXPECT_EQ(declared(types, 2), declared(types, 1));
 }

@@ -6,13 +6,14 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 
 TEST(TypeLabel, SaysNoWordOfTheKindTwice) {
     LinkedTypes types;
     const auto logic = types.logic();
     const auto record = types.structure("", {{"a", logic}});
-    types.add<RTDiscreteEnumType>("").m_baseTypeId = logic;
+    types.discreteEnum(logic);
     const auto enumeration = types.last();
     const auto array = types.array(VHDL_ARRAY, "", types.integer("i", 0, 3), {{0, 3, 1}});
     const TypeTable table = types.table();

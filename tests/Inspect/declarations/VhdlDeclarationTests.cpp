@@ -1,4 +1,5 @@
 #include "Inspect/declarations/TypeDeclarations.h"
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/LinkedTypes.h"
 
 #include <gtest/gtest.h>
@@ -8,10 +9,8 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
-
-constexpr FullConstraints OPEN = {0, 0, -2};
-constexpr unsigned int NONE = TypeFileFormat::NO_TYPE_ID;
 
 std::string declared(LinkedTypes& types, unsigned int id) {
     return TypeDeclarations(types.table(), Naming::OWN).declarationOf(id);
@@ -100,7 +99,7 @@ TEST(VhdlDeclarations, AnOpenArrayNamesItsIndexTypes) {
 TEST(VhdlDeclarations, AnOpenArrayWithoutAnIndexTypeHasIntegers) {
     LinkedTypes types;
     types.enumeration("color", {"red"});
-    types.vhdlArray("a", 0, {NONE}, {OPEN});
+    types.vhdlArray("a", 0, {NO_TYPE_ID}, {OPEN});
     EXPECT_EQ(declared(types), "type a is array (integer range <>) of color;\n");
 }
 
@@ -108,7 +107,7 @@ TEST(VhdlDeclarations, AConstrainedArrayHasRangesOfItsIndexTypes) {
     LinkedTypes types;
     types.integer("index", 0, 100);
     types.enumeration("color", {"red", "blue"});
-    types.vhdlArray("a", 1, {NONE, 0, 1}, {{3, 1, 0}, {1, 2, 1}, {0, 1, 1}});
+    types.vhdlArray("a", 1, {NO_TYPE_ID, 0, 1}, {{3, 1, 0}, {1, 2, 1}, {0, 1, 1}});
     EXPECT_EQ(declared(types), "type a is array (3 downto 1, index range 1 to 2, "
                                "color range red to blue) of color;\n");
 }
@@ -116,16 +115,16 @@ TEST(VhdlDeclarations, AConstrainedArrayHasRangesOfItsIndexTypes) {
 TEST(VhdlDeclarations, RangesBeyondTheDimensionsConstrainTheElement) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
-    types.vhdlArray("bytes", 1, {NONE}, {OPEN, {7, 0, 0}});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
+    types.vhdlArray("bytes", 1, {NO_TYPE_ID}, {OPEN, {7, 0, 0}});
     EXPECT_EQ(declared(types), "type bytes is array (integer range <>) of vector(7 downto 0);\n");
 }
 
 TEST(VhdlDeclarations, ASubtypeConstrainsAnArrayAndItsElements) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
-    types.vhdlArray("vectors", 1, {NONE}, {OPEN, OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
+    types.vhdlArray("vectors", 1, {NO_TYPE_ID}, {OPEN, OPEN});
     types.alias("v", 2, {{0, 1, 1}, {3, 0, 0}});
     EXPECT_EQ(declared(types), "subtype v is vectors(0 to 1)(3 downto 0);\n");
 }
@@ -133,8 +132,8 @@ TEST(VhdlDeclarations, ASubtypeConstrainsAnArrayAndItsElements) {
 TEST(VhdlDeclarations, ADimensionThatIsConstrainedAlreadyStandsOpen) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
-    types.vhdlArray("pair", 1, {NONE}, {{0, 1, 1}});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
+    types.vhdlArray("pair", 1, {NO_TYPE_ID}, {{0, 1, 1}});
     types.alias("v", 2, {{3, 0, 0}});
     EXPECT_EQ(declared(types), "subtype v is pair(open)(3 downto 0);\n");
 }
@@ -142,8 +141,8 @@ TEST(VhdlDeclarations, ADimensionThatIsConstrainedAlreadyStandsOpen) {
 TEST(VhdlDeclarations, RangesThatASubtypeRepeatsStandOpen) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
-    types.vhdlArray("vectors", 1, {NONE}, {OPEN, OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
+    types.vhdlArray("vectors", 1, {NO_TYPE_ID}, {OPEN, OPEN});
     types.alias("pair", 2, {{0, 1, 1}, OPEN});
     types.alias("v", 3, {{0, 1, 1}, {3, 0, 0}});
     EXPECT_EQ(declared(types), "subtype v is pair(open)(3 downto 0);\n");
@@ -152,8 +151,8 @@ TEST(VhdlDeclarations, RangesThatASubtypeRepeatsStandOpen) {
 TEST(VhdlDeclarations, RangesThatASubtypeRepeatsAtAnotherPlaceStandOpen) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
-    types.vhdlArray("vectors", 1, {NONE}, {OPEN, OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
+    types.vhdlArray("vectors", 1, {NO_TYPE_ID}, {OPEN, OPEN});
     types.alias("bytes", 2, {OPEN, {7, 0, 0}});
     types.alias("v", 3, {{0, 1, 1}, {7, 0, 0}, {5, 6, 1}});
     EXPECT_EQ(declared(types), "subtype v is bytes(0 to 1) /* no place for: (5 to 6) */;\n");
@@ -162,7 +161,7 @@ TEST(VhdlDeclarations, RangesThatASubtypeRepeatsAtAnotherPlaceStandOpen) {
 TEST(VhdlDeclarations, ASubtypeConstrainsTheOpenMembersOfARecord) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
     auto& record = types.add<RTRecordType>("r");
     record.m_recordKind = VHDL_RECORD;
     TypeFile::addMember(record, "k", 0);
@@ -180,7 +179,7 @@ TEST(VhdlDeclarations, ASubtypeConstrainsTheOpenMembersOfARecord) {
 TEST(VhdlDeclarations, RangesThatFindNoPlaceAreToldInAComment) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("pair", 0, {NONE}, {{0, 1, 1}});
+    types.vhdlArray("pair", 0, {NO_TYPE_ID}, {{0, 1, 1}});
     types.alias("v", 1, {{3, 0, 0}});
     EXPECT_EQ(declared(types), "subtype v is pair /* no place for: (3 downto 0) */;\n");
 }
@@ -188,7 +187,7 @@ TEST(VhdlDeclarations, RangesThatFindNoPlaceAreToldInAComment) {
 TEST(VhdlDeclarations, DimensionsWithoutNumberAreNotRepeatedByEachUser) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vast", 0, std::vector<unsigned int>(257, NONE),
+    types.vhdlArray("vast", 0, std::vector<unsigned int>(257, NO_TYPE_ID),
                     std::vector<FullConstraints>(257, OPEN));
     types.alias("v", 1, {{7, 0, 0}});
     EXPECT_EQ(declared(types), "subtype v is vast /* no place for: (7 downto 0) */;\n");
@@ -197,7 +196,7 @@ TEST(VhdlDeclarations, DimensionsWithoutNumberAreNotRepeatedByEachUser) {
 TEST(VhdlDeclarations, ANullRangeIsKept) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
     types.alias("empty", 1, {{0, 1, 0}});
     EXPECT_EQ(declared(types), "subtype empty is vector(0 downto 1);\n");
 }
@@ -205,9 +204,9 @@ TEST(VhdlDeclarations, ANullRangeIsKept) {
 TEST(VhdlDeclarations, ASubtypeWithoutANameIsWrittenOut) {
     LinkedTypes types;
     types.enumeration("bit_t", {"'0'", "'1'"});
-    types.vhdlArray("vector", 0, {NONE}, {OPEN});
+    types.vhdlArray("vector", 0, {NO_TYPE_ID}, {OPEN});
     types.alias("", 1, {{7, 0, 0}});
-    types.vhdlArray("bytes", 2, {NONE}, {OPEN});
+    types.vhdlArray("bytes", 2, {NO_TYPE_ID}, {OPEN});
     EXPECT_EQ(declared(types), "type bytes is array (integer range <>) of vector(7 downto 0);\n");
     EXPECT_EQ(declared(types, 2), "subtype type_2 is vector(7 downto 0);\n");
 }

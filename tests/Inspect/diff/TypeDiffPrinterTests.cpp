@@ -9,6 +9,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using Inspect::TextStyle;
 
 /// A removed, an added and two changed types, one of them twice, and one that contains a change.

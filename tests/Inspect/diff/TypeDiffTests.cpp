@@ -1,5 +1,6 @@
 #include "Inspect/diff/TypeDiff.h"
 
+#include "TypeFile/TypeBuilding.h"
 #include "tests/support/LinkedTypes.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +11,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using Inspect::DiffVerdict;
 using Inspect::TypeDiff;
 using testing::ElementsAre;
@@ -211,7 +213,7 @@ TEST(TypeDiffs, SharedTypeThatChangedHasOneLine) {
 
 /// What became of a typedef with ten distinct ranges whose first and last ones were others.
 LinkedTypes tenRanges(int first, int last) {
-    LinkedTypes::Ranges ranges;
+    Ranges ranges;
     for (int i = 0; i < 10; ++i)
         ranges.push_back({i == 0 ? first : i == 9 ? last : i, 0, 0});
     LinkedTypes types;

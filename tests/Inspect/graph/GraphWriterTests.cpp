@@ -15,6 +15,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -68,7 +69,7 @@ RTClassType& addClass(Types& types, const char* name,
 void addChain(Types& types, unsigned int length) {
     types.integer("end", 0, 255);
     for (unsigned int id = 0; id < length; ++id)
-        types.add<RTTypedefType>("link").m_dataTypeId = id;
+        types.alias("link", id);
 }
 
 std::string linesWith(const std::string& text, const std::string& part) {

@@ -13,6 +13,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 
 /// The values that have a bit: their paths, and the positions in the packed arrays on the way.
@@ -56,7 +57,7 @@ private:
         const unsigned int width = 1 + below(5);
         unsigned int id = types.packed(m_logic, {range(width)});
         if (below(3) == 0) {
-            types.add<RTDiscreteEnumType>("").m_baseTypeId = id;
+            types.discreteEnum(id);
             id = types.alias("e", types.last());
         }
         return {id, Layout(width, Owners{"@"})};

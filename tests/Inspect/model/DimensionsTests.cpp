@@ -7,6 +7,8 @@
 
 namespace {
 
+using RTTITest::LinkedTypes;
+
 /// The dimensions of a type, with a comma between them.
 std::string dimensionsOf(LinkedTypes& types, unsigned int id) {
     std::string text;

@@ -7,6 +7,7 @@
 namespace {
 
 using Inspect::NameIndex;
+using RTTITest::LinkedTypes;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -2,7 +2,8 @@
 
 #include "Inspect/model/LeafWalk.h"
 #include "Inspect/model/PartWalk.h"
-#include "tests/support/TypeGraph.h"
+#include "tests/support/LinkedTypes.h"
+#include "tests/support/RandomTypes.h"
 
 #include <gtest/gtest.h>
 
@@ -28,14 +29,15 @@ Ranges rangesOf(const RTBaseType& type) {
     return out;
 }
 
-/// A random graph whose queues lead to structs, classes and scalars.
-TypeGraph graphWithQueues(std::mt19937& random) {
-    TypeGraph types = randomGraph(random);
-    for (std::size_t i = 0; i < types.size(); ++i) {
-        auto* queue = dynamic_cast<RTQueueType*>(&types[i]);
-        const RTBaseType& target = types[random() % types.size()];
-        if (queue != nullptr && dynamic_cast<const RTAggregateType*>(&target) != nullptr)
-            queue->m_elementType = &target;
+/// Random types whose queues lead to structs, classes and scalars.
+LinkedTypes typesWithQueues(std::mt19937& random) {
+    LinkedTypes types = randomTypes(random);
+    for (unsigned int id = 0; id < types.size(); ++id) {
+        const unsigned int target = randomId(types, random);
+        const bool isAggregate = dynamic_cast<RTAggregateType*>(&types[target]) != nullptr;
+        auto* queue = dynamic_cast<RTQueueType*>(&types[id]);
+        if (queue != nullptr && isAggregate)
+            queue->m_elementTypeId = target;
     }
     return types;
 }
@@ -78,14 +80,14 @@ TEST(PartWalk, GivesTheRangesOfPopulateTypeConstraintsInItsOrder) {
     std::size_t belowQueues = 0;
     for (unsigned int seed = 0; seed < graphs; ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = graphWithQueues(random);
-        for (std::size_t i = 0; i < types.size(); ++i) {
-            const Parts parts = partsOf(types[i]);
+        const LinkedTypes types = typesWithQueues(random);
+        for (unsigned int id = 0; id < types.size(); ++id) {
+            const Parts parts = partsOf(types[id]);
             if (!parts.isWhole)
                 continue;
-            const Ranges expected = rangesOf(types[i]);
+            const Ranges expected = rangesOf(types[id]);
             ASSERT_EQ(numbersOf(rangesOutsideContainers(parts.all)), numbersOf(expected))
-                << "seed " << seed << ", type " << i;
+                << "seed " << seed << ", type " << id;
             ++compared;
             entries += expected.size();
             for (const Inspect::Part& part : parts.all)
@@ -101,8 +103,8 @@ TEST(PartWalk, OfLimitedDepthGivesTheSamePartsAsFarAsItGoes) {
     std::size_t cut = 0;
     for (unsigned int seed = 0; seed < graphs; ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = graphWithQueues(random);
-        const RTBaseType& type = types[random() % types.size()];
+        const LinkedTypes types = typesWithQueues(random);
+        const RTBaseType& type = types[randomId(types, random)];
         const auto depth = static_cast<unsigned int>(random() % 5);
         const Parts all = partsOf(type);
         if (!all.isWhole)
@@ -128,8 +130,8 @@ TEST(LeafWalk, GivesEveryPartThatHasNoParts) {
     std::size_t leaves = 0;
     for (unsigned int seed = 0; seed < graphs; ++seed) {
         std::mt19937 random(seed);
-        const TypeGraph types = graphWithQueues(random);
-        const RTBaseType& type = types[random() % types.size()];
+        const LinkedTypes types = typesWithQueues(random);
+        const RTBaseType& type = types[randomId(types, random)];
         const Parts parts = partsOf(type);
         if (!parts.isWhole)
             continue;

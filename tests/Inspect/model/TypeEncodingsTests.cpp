@@ -1,8 +1,9 @@
 // The encodings that printers show: what a type answers when it is asked first.
 
 #include "Inspect/model/TypeEncodings.h"
+#include "tests/support/LinkedTypes.h"
+#include "tests/support/RandomTypes.h"
 #include "tests/support/StraightforwardModel.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gtest/gtest.h>
 
@@ -24,57 +25,54 @@ TEST(TypeEncodings, AreThoseOfTypesThatAreAskedFirst) {
     for (unsigned int seed = 0; compared < GRAPHS; ++seed) {
         ASSERT_LT(seed, 2 * GRAPHS) << "too many graphs take too many steps";
         std::mt19937 random(seed);
-        const TypeGraph types = randomGraph(random);
+        const LinkedTypes types = randomTypes(random);
         std::vector<ValueEncoding> expected;
         try {
-            for (std::size_t i = 0; i < types.size(); ++i)
-                expected.push_back(EncodingModel(STEP_LIMIT).ask(types[i])); // No marks yet.
+            for (unsigned int id = 0; id < types.size(); ++id)
+                expected.push_back(EncodingModel(STEP_LIMIT).ask(types[id])); // No marks yet.
         } catch (const TooManySteps&) {
             continue;
         }
         TypeEncodings encodings;
-        for (std::size_t i = 0; i < types.size(); ++i)
-            changedByOrder += types[i].getValueEncoding() != expected[i] ? 1 : 0;
-        for (std::size_t i = 0; i < types.size(); ++i)
-            ASSERT_EQ(encodings.of(types[i]), expected[i]) << "seed " << seed << ", type " << i;
+        for (unsigned int id = 0; id < types.size(); ++id)
+            changedByOrder += types[id].getValueEncoding() != expected[id] ? 1 : 0;
+        for (unsigned int id = 0; id < types.size(); ++id)
+            ASSERT_EQ(encodings.of(types[id]), expected[id]) << "seed " << seed << ", type " << id;
         ++compared;
     }
     EXPECT_GT(changedByOrder, 100U);
 }
 
 TEST(TypeEncodings, LeaveNoMark) {
-    TypeGraph types;
-    const RTClassType& base = types.classType({&types.seqEnum(ENCODING_4_STATE)});
-    const RTClassType& derived = types.classType({}, &base);
+    LinkedTypes types;
+    const auto base = types.classType({types.seqEnum(ENCODING_4_STATE)});
+    const auto derived = types.classType({}, base);
     TypeEncodings encodings;
-    EXPECT_EQ(encodings.of(types.alias(&derived)), ENCODING_4_STATE);
-    EXPECT_EQ(encodings.of(derived), ENCODING_4_STATE);
-    EXPECT_EQ(derived.getValueEncoding(),
+    EXPECT_EQ(encodings.of(types[types.alias(derived)]), ENCODING_4_STATE);
+    EXPECT_EQ(encodings.of(types[derived]), ENCODING_4_STATE);
+    EXPECT_EQ(types[derived].getValueEncoding(),
               ENCODING_4_STATE); // The first question, which leaves one.
-    EXPECT_EQ(derived.getValueEncoding(), ENCODING_2_STATE);
-    EXPECT_EQ(encodings.of(derived), ENCODING_4_STATE);
+    EXPECT_EQ(types[derived].getValueEncoding(), ENCODING_2_STATE);
+    EXPECT_EQ(encodings.of(types[derived]), ENCODING_4_STATE);
 }
 
 TEST(TypeEncodings, TakeAMissingMemberForNotTwoState) {
-    TypeGraph types;
+    LinkedTypes types;
     TypeEncodings encodings;
-    EXPECT_EQ(encodings.of(types.structure({nullptr})), ENCODING_4_STATE);
-    EXPECT_EQ(encodings.of(types.structure()), ENCODING_2_STATE);
-    EXPECT_EQ(encodings.of(types.alias(nullptr)), ENCODING_BYTE);
+    EXPECT_EQ(encodings.of(types[types.structure({NO_TYPE_ID})]), ENCODING_4_STATE);
+    EXPECT_EQ(encodings.of(types[types.structure()]), ENCODING_2_STATE);
+    EXPECT_EQ(encodings.of(types[types.alias(NO_TYPE_ID)]), ENCODING_BYTE);
 }
 
 TEST(TypeEncodings, OfAWholeTableTakeTimeInProportionToIt) {
-    constexpr std::size_t CLASSES = 200000;
-    TypeGraph types;
-    std::vector<RTClassType*> ring;
-    for (std::size_t i = 0; i < CLASSES; ++i)
-        ring.push_back(&types.classType());
-    for (std::size_t i = 0; i < CLASSES; ++i)
-        ring[i]->m_memberTypes = {ring[(i + 1) % CLASSES], ring[0]};
+    constexpr unsigned int CLASSES = 200000;
+    LinkedTypes types;
+    for (unsigned int id = 0; id < CLASSES; ++id)
+        types.classType({(id + 1) % CLASSES, 0}); // A ring.
     TypeEncodings encodings;
     const std::clock_t begin = std::clock();
-    for (const RTClassType* type : ring)
-        ASSERT_EQ(encodings.of(*type), ENCODING_2_STATE);
+    for (unsigned int id = 0; id < CLASSES; ++id)
+        ASSERT_EQ(encodings.of(types[id]), ENCODING_2_STATE);
     EXPECT_LT(std::clock() - begin, 20 * CLOCKS_PER_SEC); // A search for each takes hours.
 }
 

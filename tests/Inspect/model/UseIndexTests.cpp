@@ -9,6 +9,7 @@ namespace {
 using Inspect::LinkRole;
 using Inspect::Use;
 using Inspect::UseIndex;
+using RTTITest::LinkedTypes;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -11,6 +11,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace std::string_literals;
 using testing::HasSubstr;
 using testing::Not;

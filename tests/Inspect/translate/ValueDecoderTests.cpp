@@ -8,15 +8,13 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using namespace std::string_literals;
 
 /// SystemVerilog types that tests decode values of.
 class PackedTypes : public LinkedTypes {
 public:
-    unsigned int packed(unsigned int element, std::vector<FullConstraints> ranges) {
-        return array(VLOG_FIXED_PACKED_ARRAY, "", element, std::move(ranges));
-    }
     unsigned int vector(int width) { return packed(m_logic, {{width - 1, 0, 0}}); }
 
     /// enum logic [1:0] {IDLE, RUN = 2, ODD = 2'b1x}
@@ -30,15 +28,10 @@ public:
         return last();
     }
 
-    unsigned int record(RecordKind kind,
-                        const std::vector<std::pair<std::string, unsigned int>>& members) {
-        auto& type = add<RTRecordType>("record_t");
-        type.m_recordKind = kind;
-        for (const auto& [name, id] : members)
-            TypeFile::addMember(type, name, id);
-        return last();
+    unsigned int record(RecordKind kind, const std::vector<Member>& members) {
+        return LinkedTypes::structure("record_t", members, kind);
     }
-    unsigned int structure(const std::vector<std::pair<std::string, unsigned int>>& members) {
+    unsigned int structure(const std::vector<Member>& members) {
         return record(VLOG_PACKED_STRUCT, members);
     }
 

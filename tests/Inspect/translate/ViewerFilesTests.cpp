@@ -10,6 +10,7 @@
 namespace {
 
 using namespace RTTI;
+using namespace RTTITest;
 using namespace Inspect;
 using namespace std::string_literals;
 

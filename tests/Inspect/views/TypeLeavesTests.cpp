@@ -1,7 +1,6 @@
 #include "Inspect/views/TypeLeaves.h"
 #include "RTTI/CTType.h"
 #include "tests/support/LinkedTypes.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -35,21 +34,16 @@ std::string jsonOf(LinkedTypes& types, unsigned int id) {
     return out.str();
 }
 
-/// A table of one type that was linked by hand.
-TypeTable tableOf(const RTBaseType& type) {
-    return {1, [only = &type](unsigned int) { return only; }};
-}
-
 TEST(TypeLeaves, EndBehindAsManyPartsAsTheWalkMayLookAt) {
-    TypeGraph types;
-    const RTBaseType* type = &types.add<RTStringType>();
+    LinkedTypes types;
+    unsigned int type = types.plain<RTStringType>();
     for (int i = 0; i < 60; ++i) // 2^60 leaves.
-        type = &types.structure({type, type});
+        type = types.structure({type, type});
     std::ostringstream out;
-    EXPECT_FALSE(writeLeaves(out, tableOf(*type), {0, 1000}, TextStyle::plain()));
+    EXPECT_FALSE(writeLeaves(out, types.table(), {type, 1000}, TextStyle::plain()));
     EXPECT_THAT(out.str(), EndsWith("\n... and more\n"));
     std::ostringstream json;
-    EXPECT_FALSE(writeLeavesJson(json, tableOf(*type), {0, 1000}, JsonForm::DOCUMENT));
+    EXPECT_FALSE(writeLeavesJson(json, types.table(), {type, 1000}, JsonForm::DOCUMENT));
     EXPECT_THAT(json.str(), EndsWith("]}\n"));
 }
 
@@ -146,7 +140,7 @@ TEST(TypeLeaves, VariableDimensionsOfScalarsAreWords) {
 TEST(TypeLeaves, EnumerationIsNamedForItself) {
     LinkedTypes types;
     const auto base = types.packed(types.logic(), {{1, 0, 0}});
-    types.add<RTDiscreteEnumType>("").m_baseTypeId = base;
+    types.discreteEnum(base);
     const auto list = types.packed(types.last(), {LANES});
     const auto record = types.structure("r", {{"s", list}});
     EXPECT_EQ(squeezed(leavesOf(types, record)),
@@ -180,14 +174,15 @@ TEST(TypeLeaves, ScalarsHaveTheirRange) {
 }
 
 TEST(TypeLeaves, RealsHaveTheirRangeUnlessItIsAny) {
-    RTFloatType real;
+    LinkedTypes types;
+    auto& real = types.add<RTFloatType>();
     real.m_left = 0.5;
     real.m_right = 1e9;
     real.m_direction = 1;
-    EXPECT_THAT(leavesOf(tableOf(real), 0), EndsWith("  range 0.5 to 1000000000\n"));
+    EXPECT_THAT(leavesOf(types, 0), EndsWith("  range 0.5 to 1000000000\n"));
     real.m_left = -1.79769e+308;
     real.m_right = 1.79769e+308;
-    EXPECT_THAT(leavesOf(tableOf(real), 0), EndsWith("  -\n"));
+    EXPECT_THAT(leavesOf(types, 0), EndsWith("  -\n"));
 }
 
 TEST(TypeLeaves, PathOfATypeWithoutANameBeginsWithItsId) {
@@ -199,19 +194,19 @@ TEST(TypeLeaves, PathOfATypeWithoutANameBeginsWithItsId) {
 }
 
 TEST(TypeLeaves, MissingTypesAreLeaves) {
-    TypeGraph types;
-    const auto& record = types.structure({nullptr, &types.alias(nullptr)});
-    EXPECT_EQ(squeezed(leavesOf(tableOf(record), 0)), "0.\"\" (no type) - - -\n"
-                                                      "0.\"\" (no type) - - -\n");
+    LinkedTypes types;
+    const auto record = types.structure({NO_TYPE_ID, types.alias(NO_TYPE_ID)});
+    EXPECT_EQ(squeezed(leavesOf(types, record)), "1.\"\" (no type) - - -\n"
+                                                 "1.\"\" (no type) - - -\n");
 }
 
 TEST(TypeLeaves, OfAChainOfAHundredThousandStructsIsOne) {
-    TypeGraph types;
-    const RTBaseType* type = &types.add<RTStringType>();
+    LinkedTypes types;
+    unsigned int type = types.plain<RTStringType>();
     for (int i = 0; i < 100000; ++i)
-        type = &types.structure({type});
-    const std::string leaves = leavesOf(tableOf(*type), 0);
-    EXPECT_THAT(leaves, StartsWith("0.\"\".\"\""));
+        type = types.structure({type});
+    const std::string leaves = leavesOf(types, type);
+    EXPECT_THAT(leaves, StartsWith("100000.\"\".\"\""));
     EXPECT_EQ(leaves.find('\n'), leaves.size() - 1);
 }
 

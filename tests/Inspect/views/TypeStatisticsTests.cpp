@@ -93,7 +93,7 @@ TEST(TypeNesting, GoesThroughEverythingThatIsHeldByValue) {
     LinkedTypes types;
     const auto logic = types.logic();
     const auto vector = types.packed(logic, {{1, 0, 0}});
-    types.add<RTDiscreteEnumType>("").m_baseTypeId = vector;
+    types.discreteEnum(vector);
     const auto states = types.last();
     const auto alias = types.alias("s", states);
     const auto record = types.structure("r", {{"s", alias}});

@@ -1,13 +1,13 @@
 #include "Inspect/model/PartWalk.h"
 #include "Inspect/views/TypeTree.h"
 #include "tests/support/LinkedTypes.h"
-#include "tests/support/TypeGraph.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -27,11 +27,6 @@ std::string treeOf(const TypeTable& types, TreeRequest request) {
 }
 
 std::string treeOf(LinkedTypes& types, unsigned int id) { return treeOf(types.table(), {id}); }
-
-/// A table of one type that was linked by hand.
-TypeTable tableOf(const RTBaseType& type) {
-    return {1, [only = &type](unsigned int) { return only; }};
-}
 
 TEST(TypeTree, DrawsMembersWithTheRangesOfTheirArrays) {
     LinkedTypes types;
@@ -69,12 +64,13 @@ TEST(TypeTree, FillsOpenDimensionsFromTheMemberAndTheTypedef) {
     const auto open = types.array(VHDL_ARRAY, "bits", types.logic(), {OPEN});
     const auto nibble = types.alias("nibble", open, {{3, 0, 0}});
     const auto record = types.structure("r", {{"a", open, {BYTE}}, {"b", nibble}});
-    EXPECT_EQ(treeOf(types, record), "3 unpacked struct \"r\"\n"
-                                     "|-- a: 1 VHDL array \"bits\" (7 downto 0)\n"
-                                     "|   `-- element type: 0 sequential enumeration \"logic\"\n"
-                                     "`-- b: 2 typedef \"nibble\"\n"
-                                     "    `-- data type: 1 VHDL array \"bits\" (3 downto 0)\n"
-                                     "        `-- element type: 0 sequential enumeration \"logic\"\n");
+    EXPECT_EQ(treeOf(types, record),
+              "3 unpacked struct \"r\"\n"
+              "|-- a: 1 VHDL array \"bits\" (7 downto 0)\n"
+              "|   `-- element type: 0 sequential enumeration \"logic\"\n"
+              "`-- b: 2 typedef \"nibble\"\n"
+              "    `-- data type: 1 VHDL array \"bits\" (3 downto 0)\n"
+              "        `-- element type: 0 sequential enumeration \"logic\"\n");
 }
 
 TEST(TypeTree, ShowsTheRangeOfAScalarAsTheOutermostLevelNarrowsIt) {
@@ -141,10 +137,11 @@ TEST(TypeTree, BelowAQueueGivesTheRangesThatTheElementHasByItself) {
     const auto open = types.array(VLOG_FIXED_UNPACKED_ARRAY, "", types.logic(), {OPEN});
     const auto queue = types.queue(open);
     const auto alias = types.alias("q_t", queue, {BYTE});
-    EXPECT_EQ(treeOf(types, alias), "3 typedef \"q_t\"\n"
-                                    "`-- data type: 2 queue logic [$][]\n"
-                                    "    `-- element type: 1 unpacked array logic [] (0 downto 0)\n"
-                                    "        `-- element type: 0 sequential enumeration \"logic\"\n");
+    EXPECT_EQ(treeOf(types, alias),
+              "3 typedef \"q_t\"\n"
+              "`-- data type: 2 queue logic [$][]\n"
+              "    `-- element type: 1 unpacked array logic [] (0 downto 0)\n"
+              "        `-- element type: 0 sequential enumeration \"logic\"\n");
 }
 
 TEST(TypeTree, NamesTheTypeThatAnAccessTypeDesignates) {
@@ -190,14 +187,12 @@ TEST(TypeTree, EscapesNames) {
 }
 
 TEST(TypeTree, ShowsMissingTypesAndMembers) {
-    TypeGraph types;
-    auto& record = types.structure({nullptr, nullptr});
-    delete record.m_members[0];
-    record.m_members[0] = nullptr;
-    record.m_members[1]->m_typeId = 9;
-    EXPECT_EQ(treeOf(tableOf(record), {0}), "0 unpacked struct { type_9 member_0; }\n"
-                                            "|-- (no member): 4294967295 (no type)\n"
-                                            "`-- \"\": 9 (no type)\n");
+    LinkedTypes types;
+    const auto record = types.structure({NO_TYPE_ID, 9});
+    delete std::exchange(types.as<RTRecordType>(record).m_members[0], nullptr);
+    EXPECT_EQ(treeOf(types, record), "0 unpacked struct { type_9 member_0; }\n"
+                                     "|-- (no member): 4294967295 (no type)\n"
+                                     "`-- \"\": 9 (no type)\n");
 }
 
 TEST(TypeTree, SaysThatAnIdHasNoType) {
@@ -206,11 +201,11 @@ TEST(TypeTree, SaysThatAnIdHasNoType) {
 }
 
 TEST(TypeTree, NumbersTheLevelsFromTheFortiethOn) {
-    TypeGraph types;
-    const RTBaseType* type = &types.add<RTStringType>();
+    LinkedTypes types;
+    unsigned int type = types.plain<RTStringType>();
     for (int i = 0; i < 42; ++i)
-        type = &types.structure({type});
-    const std::string tree = treeOf(tableOf(*type), {0});
+        type = types.structure({type});
+    const std::string tree = treeOf(types, type);
     const std::string last = std::string(40 * 4 - 4, ' ');
     EXPECT_THAT(tree, HasSubstr("\n" + last + "`-- \"\": "));
     EXPECT_THAT(tree, HasSubstr("\n" + last + "    [41] \"\": "));
@@ -218,11 +213,11 @@ TEST(TypeTree, NumbersTheLevelsFromTheFortiethOn) {
 }
 
 TEST(TypeTree, ChainOfAHundredThousandStructsDoesNotUseUpTheCallStack) {
-    TypeGraph types;
-    const RTBaseType* type = &types.add<RTStringType>();
+    LinkedTypes types;
+    unsigned int type = types.plain<RTStringType>();
     for (int i = 0; i < 100000; ++i)
-        type = &types.structure({type});
-    const std::string tree = treeOf(tableOf(*type), {0});
+        type = types.structure({type});
+    const std::string tree = treeOf(types, type);
     EXPECT_THAT(tree, EndsWith("[100000] \"\": 0 string\n"));
     EXPECT_LT(tree.size(), 100001u * 250);
 }
@@ -246,43 +241,45 @@ private:
 };
 
 TEST(TypeTree, OfStructsThatHoldTwoOfTheNextComesAsItIsRead) {
-    TypeGraph types;
-    const RTBaseType* type = &types.array(&types.add<RTStringType>(), {LANES});
+    LinkedTypes types;
+    unsigned int type = types.vhdlArray(types.string(), {LANES});
     for (int i = 0; i < 60; ++i)
-        type = &types.structure({type, type});
+        type = types.structure({type, type});
     FullAfter reader(100000);
     std::ostream out(&reader);
-    writeTree(out, tableOf(*type), {0}, TextStyle::plain());
+    writeTree(out, types.table(), {type}, TextStyle::plain());
     EXPECT_FALSE(out);
-    EXPECT_EQ(treeOf(tableOf(*type), {0, 1}),
-              "0 unpacked struct { type_0 member_0; type_0 member_1; }\n"
-              "|-- \"\": 0 unpacked struct { type_0 member_0; type_0 member_1; } ...\n"
-              "`-- \"\": 0 unpacked struct { type_0 member_0; type_0 member_1; } ...\n");
+    EXPECT_EQ(treeOf(types.table(), {type, 1}),
+              "61 unpacked struct { type_60 member_0; type_60 member_1; }\n"
+              "|-- \"\": 60 unpacked struct { type_59 member_0; type_59 member_1; } ...\n"
+              "`-- \"\": 60 unpacked struct { type_59 member_0; type_59 member_1; } ...\n");
 }
 
 TEST(TypeTree, EndsBehindAsManyPartsAsItMayLookAt) {
-    TypeGraph types;
-    const RTBaseType& string = types.add<RTStringType>();
-    const RTBaseType& type = types.structure({&string, &string});
+    LinkedTypes types;
+    const auto string = types.plain<RTStringType>();
+    const auto type = types.structure({string, string});
     std::ostringstream whole;
-    EXPECT_TRUE(writeTree(whole, tableOf(type), {0, PartWalk::ANY_DEPTH, 2}, TextStyle::plain()));
+    EXPECT_TRUE(
+        writeTree(whole, types.table(), {type, PartWalk::ANY_DEPTH, 2}, TextStyle::plain()));
     std::ostringstream cut;
-    EXPECT_FALSE(writeTree(cut, tableOf(type), {0, PartWalk::ANY_DEPTH, 1}, TextStyle::plain()));
+    EXPECT_FALSE(writeTree(cut, types.table(), {type, PartWalk::ANY_DEPTH, 1}, TextStyle::plain()));
     EXPECT_THAT(cut.str(), EndsWith("\n|-- \"\": 0 string\n... and more\n"));
     std::ostringstream json;
-    EXPECT_FALSE(writeTreeJson(json, tableOf(type), {0, PartWalk::ANY_DEPTH, 1}, JsonForm::LINES));
+    EXPECT_FALSE(
+        writeTreeJson(json, types.table(), {type, PartWalk::ANY_DEPTH, 1}, JsonForm::LINES));
     EXPECT_THAT(json.str(), HasSubstr("\"depth\":1"));
 }
 
 TEST(TypeTree, OfADepthEndsWhereTooManyPartsLieDeeper) {
-    TypeGraph types;
+    LinkedTypes types;
     // An array whose ranges come from above: what takes them has to be gone through.
-    const RTBaseType* type = &types.array(&types.add<RTStringType>(), {OPEN});
+    unsigned int type = types.vhdlArray(types.string(), {OPEN});
     for (int i = 0; i < 60; ++i)
-        type = &types.structure({type, type});
-    const RTBaseType& outer = types.alias(type, {LANES});
+        type = types.structure({type, type});
+    const auto outer = types.alias(type, {LANES});
     std::ostringstream out;
-    EXPECT_FALSE(writeTree(out, tableOf(outer), {0, 1, 1000}, TextStyle::plain()));
+    EXPECT_FALSE(writeTree(out, types.table(), {outer, 1, 1000}, TextStyle::plain()));
 }
 
 std::string jsonOf(const TypeTable& types, TreeRequest request, JsonForm form) {
