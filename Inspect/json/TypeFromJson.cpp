@@ -1,24 +1,19 @@
 #include "Inspect/json/TypeFromJson.h"
 
-#include "Inspect/json/EmptyFields.h"
+#include "Inspect/json/FieldTaker.h"
 #include "Inspect/json/JsonText.h"
 #include "Inspect/words/Counted.h"
-#include "TypeFile/NamedValues.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace Inspect {
 
-using namespace RTTI;
 namespace Field = TypeFile::Field;
-namespace Form = TypeFile::Form;
-using TypeFile::forEachField;
 
 namespace {
 
@@ -38,7 +33,7 @@ template <typename T> T integerFrom(const JsonValue& json, const JsonPlace& plac
 }
 
 /// A word as a text of JSON has it.
-std::string jsonOf(const std::string& word) {
+std::string jsonOf(std::string_view word) {
     JsonText text;
     text.value(word);
     return std::string(text.view());
@@ -78,6 +73,8 @@ public:
 
     JsonPlace placeOf(const char* key) const { return {m_place, key}; }
 
+    template <typename Take> bool take(const char* key, bool isOptional, Take take);
+
     void done() const {
         for (const auto& [key, value] : *m_object) {
             if (std::find(m_asked.begin(), m_asked.end(), key) == m_asked.end())
@@ -91,138 +88,78 @@ private:
     std::vector<std::string_view> m_asked;
 };
 
-/// Calls `take(item, place)` for each item of a list.
-template <typename Take>
-void forEachItem(const JsonValue& json, const JsonPlace& place, Take take) {
-    const auto* list = json.get<JsonList>();
-    if (list == nullptr)
-        refuse(place, "must be a list");
-    for (std::size_t i = 0; i < list->size(); ++i)
-        take((*list)[i], JsonPlace(place, i));
-}
-
-/// Takes the values of an object's fields from a JSON object, one after the other.
-class FieldTaker {
+/// A value and its place. What is refused is thrown: every answer is true.
+class PlacedValue {
 public:
-    explicit FieldTaker(ObjectFields& fields, std::size_t valueSize = 0)
-        : m_fields(fields), m_valueSize(valueSize) {}
+    PlacedValue(const JsonValue& json, const JsonPlace& place) : m_json(json), m_place(place) {}
 
-    template <typename Value, typename FieldForm>
-    void operator()(const char* name, Value& value, const FieldForm& form) {
-        const JsonValue* json = isOptional(form) ? m_fields.find(name) : &m_fields.at(name);
-        if (json != nullptr)
-            take(*json, m_fields.placeOf(name), value, form);
+    bool isText() const { return m_json.get<std::string>() != nullptr; }
+    bool takeText(std::string_view& text) const {
+        text = *m_json.get<std::string>();
+        return true;
     }
+    bool takeNull() const { return m_json.get<std::nullptr_t>() != nullptr; }
+
+    template <typename Number> bool takeNumber(Number& number) const {
+        number = integerFrom<Number>(m_json, m_place);
+        return true;
+    }
+
+    template <typename Use> bool takeName(Use use) const {
+        use(nameFrom(m_json, m_place));
+        return true;
+    }
+
+    bool takeReal(double& value) const {
+        return realFromJson(m_json, value) ||
+               refused("must be a number, \"Infinity\", \"-Infinity\" or the 16 hexadecimal "
+                       "digits of a number");
+    }
+
+    bool takeBoolean(bool& value) const {
+        const auto* given = m_json.get<bool>();
+        value = given != nullptr && *given;
+        return given != nullptr || refused("must be true or false");
+    }
+
+    bool takeBytes(std::string& bytes, std::size_t size) const {
+        if (!isText() || !bytesOfHex(*m_json.get<std::string>(), bytes))
+            refuse(m_place, "must be text with two hexadecimal digits a byte");
+        return bytes.size() == size ||
+               refused("the value has " + counted(bytes.size(), "byte") +
+                       ", and the type's \"valueSize\" is " + std::to_string(size));
+    }
+
+    template <typename Take> bool takeItems(Take take) const {
+        const auto* list = m_json.get<JsonList>();
+        if (list == nullptr)
+            refuse(m_place, "must be a list");
+        for (std::size_t i = 0; i < list->size(); ++i)
+            take(PlacedValue((*list)[i], JsonPlace(m_place, i)));
+        return true;
+    }
+
+    template <typename Take> bool takeMembers(Take take) const {
+        ObjectFields fields(m_json, m_place);
+        take(fields);
+        fields.done();
+        return true;
+    }
+
+    bool refuseWord(std::string_view word) const { return refused("there is no " + jsonOf(word)); }
+    bool refuseAbove(int last) const { return refused("must be at most " + std::to_string(last)); }
 
 private:
-    /// The whole numbers, whatever they stand for.
-    template <typename Number, typename FieldForm>
-    void take(const JsonValue& json, const JsonPlace& place, Number& value,
-              const FieldForm&) const {
-        value = integerFrom<Number>(json, place);
-    }
+    [[noreturn]] bool refused(const std::string& reason) const { refuse(m_place, reason); }
 
-    template <typename Text>
-    void take(const JsonValue& json, const JsonPlace& place, Text& name, Form::Name) const {
-        setText(name, nameFrom(json, place));
-    }
-
-    /// A number, by its name or as it is.
-    template <typename Enum>
-    void take(const JsonValue& json, const JsonPlace& place, Enum& value, Form::Named) const {
-        unsigned int number = 0;
-        const auto* name = json.get<std::string>();
-        if (name == nullptr)
-            value = static_cast<Enum>(integerFrom<std::underlying_type_t<Enum>>(json, place));
-        else if (TypeFile::namesOf(value).find(*name, number))
-            value = static_cast<Enum>(number);
-        else
-            refuse(place, "there is no " + jsonOf(*name));
-    }
-
-    /// A flavour above the largest would not come back from a file.
-    void take(const JsonValue& json, const JsonPlace& place, int& value,
-              const Form::Flavour& form) const {
-        value = integerFrom<int>(json, place);
-        if (value > form.last)
-            refuse(place, "must be at most " + std::to_string(form.last));
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, double& value, Form::Real) const {
-        if (!realFromJson(json, value))
-            refuse(place, "must be a number, \"Infinity\", \"-Infinity\" or the 16 hexadecimal "
-                          "digits of a number");
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, bool& value, Form::Boolean) const {
-        const auto* given = json.get<bool>();
-        if (given == nullptr)
-            refuse(place, "must be true or false");
-        value = *given;
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, FullConstraints& range,
-              Form::Range) const {
-        takeObject(json, place, range);
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, std::vector<FullConstraints>& ranges,
-              Form::Ranges) const {
-        forEachItem(json, place, [&](const JsonValue& item, const JsonPlace& itemPlace) {
-            takeObject(item, itemPlace, ranges.emplace_back());
-        });
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, unsigned int& size, Form::ValueSize) {
-        size = integerFrom<unsigned int>(json, place);
-        m_valueSize = size;
-    }
-
-    void take(const JsonValue& json, const JsonPlace& place, char*& value, Form::Value) const {
-        std::string bytes;
-        const auto* digits = json.get<std::string>();
-        if (digits == nullptr || !bytesOfHex(*digits, bytes))
-            refuse(place, "must be text with two hexadecimal digits a byte");
-        if (bytes.size() != m_valueSize)
-            refuse(place, "the value has " + counted(bytes.size(), "byte") +
-                              ", and the type's \"valueSize\" is " + std::to_string(m_valueSize));
-        value = new char[bytes.size()];
-        std::copy(bytes.begin(), bytes.end(), value);
-    }
-
-    template <typename Link>
-    void take(const JsonValue& json, const JsonPlace& place, unsigned int& id,
-              const Form::TypeId<Link>& form) const {
-        id = form.mayBeNone && json.get<std::nullptr_t>() ? TypeFileFormat::NO_TYPE_ID
-                                                          : integerFrom<unsigned int>(json, place);
-    }
-
-    template <typename List, typename Item>
-    void take(const JsonValue& json, const JsonPlace& place, List& list,
-              const Form::Items<Item>& form) const {
-        forEachItem(json, place, [&](const JsonValue& item, const JsonPlace& itemPlace) {
-            take(item, itemPlace, list.emplace_back(), form.item);
-        });
-    }
-
-    template <typename List, typename Entry>
-    void take(const JsonValue& json, const JsonPlace& place, List& list,
-              const Form::Entries<Entry>&) const {
-        forEachItem(json, place, [&](const JsonValue& item, const JsonPlace& itemPlace) {
-            takeObject(item, itemPlace, appendTo<Entry>(list));
-        });
-    }
-
-    template <typename Object>
-    void takeObject(const JsonValue& json, const JsonPlace& place, Object& object) const {
-        ObjectFields fields(json, place);
-        forEachField(object, FieldTaker(fields, m_valueSize));
-        fields.done();
-    }
-
-    ObjectFields& m_fields;
-    std::size_t m_valueSize; ///< Of the type's literals.
+    const JsonValue& m_json;
+    const JsonPlace& m_place;
 };
+
+template <typename Take> bool ObjectFields::take(const char* key, bool isOptional, Take take) {
+    const JsonValue* json = isOptional ? find(key) : &at(key);
+    return json == nullptr || take(PlacedValue(*json, placeOf(key)));
+}
 
 } // namespace
 
@@ -238,15 +175,9 @@ DescribedType typeFromJson(const JsonValue& json, const JsonPlace& place) {
     if (*word == JSON_NO_TYPE)
         refuse(kindPlace, "an id without a type cannot be written");
     const unsigned int classId = classIdOfJsonKind(*word);
-    const bool isKnown = TypeFile::withClass(classId, [&](auto tag) {
-        auto type = std::make_unique<typename decltype(tag)::Class>();
-        FieldTaker taker(fields);
-        forEachField<RTBaseType>(*type, taker);
-        forEachField(*type, taker);
-        described.type = std::move(type);
-    });
-    if (!isKnown)
+    if (classId == 0)
         refuse(kindPlace, "there is no kind " + jsonOf(*word));
+    described.type = typeFromMembers(classId, fields);
     fields.done();
     return described;
 }
