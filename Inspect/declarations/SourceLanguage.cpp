@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace Inspect {
 
@@ -10,80 +9,91 @@ using namespace RTTI;
 
 namespace {
 
-/// What kinds without a language are made of is followed through this many types. A loader does not
-/// follow longer chains of typedefs either.
-constexpr int CHAIN_LIMIT = 1000;
-
-bool hasSystemVerilogName(const RTBaseType& integer) {
+bool hasSystemVerilogName(std::string_view integer) {
     static constexpr std::string_view names[] = {"byte", "shortint", "int", "longint"};
-    return integer.m_name != nullptr &&
-           std::find(std::begin(names), std::end(names), integer.m_name) != std::end(names);
+    return std::find(std::begin(names), std::end(names), integer) != std::end(names);
 }
 
-/// A step on the way to a type whose kind tells the language: the answer, or the next type. With
-/// neither, the chain leads nowhere.
-struct Step {
-    bool isKnown = false;
-    SourceLanguage language = SourceLanguage::VHDL;
-    const RTBaseType* next = nullptr;
-};
-
-Step vhdlIf(bool isVhdl) {
-    return {true, isVhdl ? SourceLanguage::VHDL : SourceLanguage::SYSTEM_VERILOG, nullptr};
+SourceLanguage vhdlIf(bool isVhdl) {
+    return isVhdl ? SourceLanguage::VHDL : SourceLanguage::SYSTEM_VERILOG;
 }
 
-Step follow(const RTBaseType* next) { return {false, SourceLanguage::VHDL, next}; }
-
-Step arrayStep(const RTArrayType& array) {
-    switch (array.m_arrayKind) {
-    case VHDL_ARRAY: return vhdlIf(true);
+std::optional<SourceLanguage> languageOfArray(unsigned int arrayKind) {
+    switch (arrayKind) {
+    case VHDL_ARRAY: return SourceLanguage::VHDL;
     case VLOG_FIXED_UNPACKED_ARRAY:
     case VLOG_FIXED_PACKED_ARRAY:
     case VLOG_DYNAMIC_ARRAY:
     case VLOG_ASSOCIATIVE_ARRAY:
-    case VLOG_QUEUE: return vhdlIf(false);
-    default: return follow(array.m_elementType);
+    case VLOG_QUEUE: return SourceLanguage::SYSTEM_VERILOG;
+    default: return std::nullopt;
     }
 }
 
-Step recordStep(const RTRecordType& record) {
-    switch (record.m_recordKind) {
-    case VHDL_RECORD: return vhdlIf(true);
+std::optional<SourceLanguage> languageOfRecord(unsigned int recordKind) {
+    switch (recordKind) {
+    case VHDL_RECORD: return SourceLanguage::VHDL;
     case VLOG_UNPACKED_STRUCT:
     case VLOG_PACKED_STRUCT:
     case VLOG_PACKED_TAGGED_UNION:
     case VLOG_UNPACKED_TAGGED_UNION:
     case VLOG_PACKED_UNTAGGED_UNION:
-    case VLOG_UNPACKED_UNTAGGED_UNION: return vhdlIf(false);
-    default: return follow(record.m_memberTypes.empty() ? nullptr : record.m_memberTypes.front());
+    case VLOG_UNPACKED_UNTAGGED_UNION: return SourceLanguage::SYSTEM_VERILOG;
+    default: return std::nullopt;
     }
 }
 
-Step step(const RTBaseType& type) {
+/// Of which kind a type is among those of its kind.
+unsigned int detailOf(const RTBaseType& type) {
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:
-        return vhdlIf(static_cast<const RTSeqEnumType&>(type).m_enumKind != VLOG_BUILTIN_ENUM);
-    case ClassId::INT: return vhdlIf(!hasSystemVerilogName(type));
-    case ClassId::FLOAT: return vhdlIf(static_cast<const RTFloatType&>(type).m_floatKind == 0);
-    case ClassId::PHYSICAL:
-    case ClassId::ACCESS:
-    case ClassId::FILE_TYPE: return vhdlIf(true);
-    case ClassId::TYPEDEF: return follow(static_cast<const RTTypedefType&>(type).m_dataType);
-    case ClassId::ARRAY: return arrayStep(static_cast<const RTArrayType&>(type));
-    case ClassId::RECORD: return recordStep(static_cast<const RTRecordType&>(type));
-    default: return vhdlIf(false);
+        return static_cast<unsigned int>(static_cast<const RTSeqEnumType&>(type).m_enumKind);
+    case ClassId::FLOAT:
+        return static_cast<unsigned int>(static_cast<const RTFloatType&>(type).m_floatKind);
+    case ClassId::ARRAY: return static_cast<const RTArrayType&>(type).m_arrayKind;
+    case ClassId::RECORD: return static_cast<const RTRecordType&>(type).m_recordKind;
+    default: return 0;
+    }
+}
+
+/// What a type is made of first, where that may tell its language.
+const RTBaseType* firstPart(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::TYPEDEF: return static_cast<const RTTypedefType&>(type).m_dataType;
+    case ClassId::ARRAY: return static_cast<const RTArrayType&>(type).m_elementType;
+    case ClassId::RECORD: {
+        const auto& members = static_cast<const RTRecordType&>(type).m_memberTypes;
+        return members.empty() ? nullptr : members.front();
+    }
+    default: return nullptr;
     }
 }
 
 } // namespace
 
+std::optional<SourceLanguage> languageOfKind(unsigned int kindCode, unsigned int detail,
+                                             std::string_view name) {
+    switch (kindCode) {
+    case ClassId::SEQ_ENUM: return vhdlIf(detail != VLOG_BUILTIN_ENUM);
+    case ClassId::INT: return vhdlIf(!hasSystemVerilogName(name));
+    case ClassId::FLOAT: return vhdlIf(detail == 0);
+    case ClassId::PHYSICAL:
+    case ClassId::ACCESS:
+    case ClassId::FILE_TYPE: return SourceLanguage::VHDL;
+    case ClassId::TYPEDEF: return std::nullopt;
+    case ClassId::ARRAY: return languageOfArray(detail);
+    case ClassId::RECORD: return languageOfRecord(detail);
+    default: return SourceLanguage::SYSTEM_VERILOG;
+    }
+}
+
 SourceLanguage languageOf(const RTBaseType& type) {
     const RTBaseType* current = &type;
-    for (int i = 0; i < CHAIN_LIMIT && current != nullptr; ++i) {
-        const Step taken = step(*current);
-        if (taken.isKnown)
-            return taken.language;
-        current = taken.next;
+    for (int i = 0; i < LANGUAGE_CHAIN_LIMIT && current != nullptr; ++i) {
+        const char* const name = current->m_name != nullptr ? current->m_name : "";
+        if (const auto language = languageOfKind(current->GetClassId(), detailOf(*current), name))
+            return *language;
+        current = firstPart(*current);
     }
     return SourceLanguage::VHDL;
 }

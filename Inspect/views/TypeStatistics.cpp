@@ -1,9 +1,7 @@
 #include "Inspect/views/TypeStatistics.h"
 
-#include "Inspect/declarations/SourceLanguage.h"
-#include "Inspect/json/PartJson.h"
-#include "Inspect/model/TypeNesting.h"
-#include "Inspect/model/TypeReferences.h"
+#include "Inspect/views/TypeNesting.h"
+#include "Inspect/views/TypeOutlines.h"
 #include "Inspect/words/TypeKind.h"
 
 #include <algorithm>
@@ -14,18 +12,6 @@ namespace Inspect {
 using namespace RTTI;
 
 namespace {
-
-std::size_t partsOf(const RTBaseType& type) {
-    switch (type.GetClassId()) {
-    case ClassId::RECORD:
-    case ClassId::CLASS: return static_cast<const RTAggregateType&>(type).m_members.size();
-    case ClassId::SEQ_ENUM: return static_cast<const RTSeqEnumType&>(type).m_enumeratorNames.size();
-    case ClassId::DISCRETE_ENUM:
-        return static_cast<const RTDiscreteEnumType&>(type).m_enumerators.size();
-    case ClassId::PHYSICAL: return static_cast<const RTPhysicalType&>(type).m_units.size();
-    default: return 0;
-    }
-}
 
 /// Keeps the types that have most of something, most first; of equals the first that came.
 class Ranking {
@@ -50,42 +36,31 @@ private:
     std::vector<TypeStatistics::Ranked> m_ranked;
 };
 
-/// Those that are not referred to, in the order of the ids.
-class UnusedTypes {
-public:
-    explicit UnusedTypes(unsigned int count) : m_isUsed(count) {}
-
-    void meet(unsigned int id, const RTBaseType& type) {
-        linksOf(type, m_links);
-        for (const TypeLink& link : m_links) {
-            if (link.typeId < m_isUsed.size() && link.typeId != id)
-                m_isUsed[link.typeId] = true;
+/// The types that no other type refers to, in the order of their ids.
+std::vector<unsigned int> unusedOf(const TypeOutlines& types) {
+    std::vector<bool> isUsed(types.count());
+    for (unsigned int id = 0; id < types.count(); ++id) {
+        for (const TypeOutlines::Link& link : types.linksOf(id)) {
+            if (link.typeId < types.count() && link.typeId != id)
+                isUsed[link.typeId] = true;
         }
     }
-
-    std::vector<unsigned int> in(const TypeTable& types) const {
-        std::vector<unsigned int> unused;
-        for (unsigned int id = 0; id < types.count; ++id) {
-            if (!m_isUsed[id] && types.typeOf(id) != nullptr)
-                unused.push_back(id);
-        }
-        return unused;
+    std::vector<unsigned int> unused;
+    for (unsigned int id = 0; id < types.count(); ++id) {
+        if (!isUsed[id] && types.hasType(id))
+            unused.push_back(id);
     }
-
-private:
-    std::vector<bool> m_isUsed;
-    std::vector<TypeLink> m_links;
-};
+    return unused;
+}
 
 /// By class and detail.
 using KindCounts = std::map<std::pair<unsigned int, unsigned int>, TypeStatistics::KindCount>;
 
-TypeStatistics::KindCount& countOf(KindCounts& counts, const RTBaseType* type) {
-    const unsigned int kindCode = type != nullptr ? type->GetClassId() : 0;
-    const unsigned int detail = type != nullptr ? kindDetailOf(*type) : 0;
+TypeStatistics::KindCount& countOf(KindCounts& counts, unsigned int kindCode, unsigned int detail) {
     const auto [count, isNew] = counts.try_emplace({kindCode, detail});
     if (isNew)
-        count->second = {kindCode, detail, type != nullptr ? kindOf(*type) : BUILDS_NO_TYPE};
+        count->second = {kindCode, detail,
+                         kindCode != 0 ? kindOf(kindCode, detail) : BUILDS_NO_TYPE};
     return count->second;
 }
 
@@ -99,37 +74,43 @@ std::vector<TypeStatistics::KindCount> sortedKinds(const KindCounts& counts) {
     return kinds;
 }
 
-} // namespace
-
-TypeStatistics statisticsOf(const TypeTable& types, const RecordSizes& sizes, unsigned int top) {
+TypeStatistics statisticsOf(const TypeOutlines& types, unsigned int top) {
     TypeStatistics statistics;
-    statistics.types = types.count;
+    statistics.types = types.count();
     KindCounts kinds;
     Ranking largest(top);
     Ranking longest(top);
-    UnusedTypes unused(types.count);
-    for (unsigned int id = 0; id < types.count; ++id) {
-        const RTBaseType* type = types.typeOf(id);
-        const unsigned long long bytes = sizes(id);
-        TypeStatistics::KindCount& kind = countOf(kinds, type);
+    for (unsigned int id = 0; id < types.count(); ++id) {
+        const TypeOutlines::Outline& type = types[id];
+        TypeStatistics::KindCount& kind = countOf(kinds, type.kindCode, type.detail);
         ++kind.types;
-        kind.bytes += bytes;
-        statistics.bytes += bytes;
-        if (type == nullptr)
+        kind.bytes += type.bytes;
+        statistics.bytes += type.bytes;
+        if (!types.hasType(id))
             continue;
-        const bool isVhdl = languageOf(*type) == SourceLanguage::VHDL;
+        const bool isVhdl = types.languageOf(id) == SourceLanguage::VHDL;
         ++(isVhdl ? statistics.vhdlTypes : statistics.systemVerilogTypes);
-        largest.add(id, bytes);
-        if (const std::size_t parts = partsOf(*type))
-            longest.add(id, parts);
-        unused.meet(id, *type);
+        largest.add(id, type.bytes);
+        if (type.parts != 0)
+            longest.add(id, type.parts);
     }
     statistics.kinds = sortedKinds(kinds);
     statistics.nesting = deepestNesting(types);
     statistics.largest = largest.take();
     statistics.longest = longest.take();
-    statistics.unused = unused.in(types);
+    statistics.unused = unusedOf(types);
     return statistics;
+}
+
+} // namespace
+
+TypeStatistics statisticsOf(const TypeTable& types, const RecordSizes& sizes, unsigned int top) {
+    return statisticsOf(TypeOutlines(types, sizes), top);
+}
+
+TypeStatistics statisticsOf(OVAT::IBlockManager& storage, unsigned long long storageSize,
+                            unsigned long long baseOffset, unsigned int top) {
+    return statisticsOf(TypeOutlines(storage, storageSize, baseOffset), top);
 }
 
 } // namespace Inspect

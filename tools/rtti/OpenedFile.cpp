@@ -15,13 +15,14 @@
 using namespace RTTI;
 using namespace RTTI::TypeFileFormat;
 
-std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long long offset) {
-    Progress progress("verifying " + storage.path(), storage.size());
-    ReadProgress reads(storage, storage.size(), progress);
-    return TypeFile::verify(reads, storage.size(), offset);
-}
-
 namespace {
+
+/// What `use` makes of a storage. The share of it that has been read is the progress of `what`.
+template <typename Use> auto withProgress(const char* what, InputStorage& storage, const Use& use) {
+    Progress progress(std::string(what) + ' ' + storage.path(), storage.size());
+    ReadProgress reads(storage, storage.size(), progress);
+    return use(reads);
+}
 
 /// A manager whose types are not released: the program ends soon, and its memory with it.
 RTTypeManager& newKeptManager() {
@@ -50,6 +51,12 @@ void boundMemory(unsigned long long fileSize) {
 }
 
 } // namespace
+
+std::vector<TypeFile::Finding> findingsOf(InputStorage& storage, unsigned long long offset) {
+    return withProgress("verifying", storage, [&](OVAT::IBlockManager& reads) {
+        return TypeFile::verify(reads, storage.size(), offset);
+    });
+}
 
 OpenedFile::OpenedFile(const FileArguments& arguments, Verified verified)
     : m_arguments(arguments), m_storage(arguments.file),
@@ -110,9 +117,21 @@ std::vector<unsigned int> OpenedFile::referringTo(unsigned int typeId) {
 }
 
 template <typename Find> std::vector<unsigned int> OpenedFile::search(const Find& find) {
-    Progress progress("searching " + m_storage.path(), m_storage.size());
-    ReadProgress reads(m_storage, m_storage.size(), progress);
-    return find(TypeFile::RecordSearch(reads, m_storage.size(), m_frame.baseOffset()));
+    return withProgress("searching", m_storage, [&](OVAT::IBlockManager& reads) {
+        return find(TypeFile::RecordSearch(reads, m_storage.size(), m_frame.baseOffset()));
+    });
+}
+
+Inspect::TypeStatistics OpenedFile::statistics(unsigned int top) {
+    if (!m_arguments.force)
+        return withProgress("counting", m_storage, [&](OVAT::IBlockManager& reads) {
+            return Inspect::statisticsOf(reads, m_storage.size(), m_frame.baseOffset(), top);
+        });
+    const auto sizeOf = [this, addresses = m_frame.addresses()](unsigned int id) {
+        return static_cast<unsigned int>(
+            std::max(0, m_frame.recordAt(addresses.at(id)).claimedSize));
+    };
+    return Inspect::statisticsOf(loadedTypes(), sizeOf, top);
 }
 
 void OpenedFile::checkFrame() const {
@@ -135,13 +154,6 @@ void OpenedFile::refuseErrors(const std::vector<TypeFile::Finding>& findings) co
 }
 
 unsigned int OpenedFile::kindOf(unsigned int typeId) const { return recordOf(typeId).kind; }
-
-std::function<unsigned long long(unsigned int)> OpenedFile::recordSizes() const {
-    return [this, addresses = m_frame.addresses()](unsigned int id) {
-        return static_cast<unsigned int>(
-            std::max(0, m_frame.recordAt(addresses.at(id)).claimedSize));
-    };
-}
 
 TypeFile::RecordFrame OpenedFile::recordOf(unsigned int typeId) const {
     return m_frame.recordAt(m_frame.addressOf(typeId));

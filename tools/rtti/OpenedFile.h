@@ -3,13 +3,13 @@
 #include "Arguments.h"
 #include "InputStorage.h"
 #include "Inspect/model/TypeTable.h"
+#include "Inspect/views/TypeStatistics.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/Finding.h"
 #include "TypeFile/TypeFileFrame.h"
 #include "TypeFile/TypeFileVerifier.h"
 #include "UnusableFile.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,9 +59,9 @@ public:
     /// The kind code of a type's record, as the storage has it.
     unsigned int kindOf(unsigned int typeId) const;
 
-    /// Gives the bytes of a type's record, as its size field has it; 0 for a negative size. Reads
-    /// the address table. This object must outlive the answer.
-    std::function<unsigned long long(unsigned int)> recordSizes() const;
+    /// Counts all types. They are loaded where that is forced; else their records are read alone.
+    /// With progress.
+    Inspect::TypeStatistics statistics(unsigned int top);
 
 private:
     void checkFrame() const;

@@ -21,8 +21,8 @@ struct StatsOptions : FileArguments, ColorArguments {
 /// file.
 int runStats(const StatsOptions& options) {
     OpenedFile file(options);
-    const Inspect::TypeTable types = file.loadedTypes();
-    const auto statistics = Inspect::statisticsOf(types, file.recordSizes(), options.top);
+    const Inspect::TypeStatistics statistics = file.statistics(options.top);
+    const Inspect::TypeTable types = file.types();
     const Inspect::FileFacts facts{file.version(), options.offset, file.tableOffset()};
     if (options.json)
         Inspect::writeStatisticsJson(std::cout, types, facts, statistics);

@@ -1,12 +1,15 @@
-#include "Inspect/model/TypeNesting.h"
 #include "Inspect/model/TypeReferences.h"
+#include "Inspect/views/TypeNesting.h"
+#include "Inspect/views/TypeOutlines.h"
 #include "Inspect/views/TypeStatistics.h"
 #include "OVAT/FileBlockManager.h"
 #include "RTTI/CTType.h"
 #include "RTTI/RTTypeManager.h"
 #include "TypeFile/TypeFileFrame.h"
+#include "TypeFile/TypeFileVerifier.h"
 #include "tests/support/LinkedTypes.h"
 #include "tests/support/RecordingBlockManager.h"
+#include "tests/support/TypeFileBuilder.h"
 #include "tests/support/TypeTableModel.h"
 
 #include <gmock/gmock.h>
@@ -87,7 +90,10 @@ TEST(TypeStatistics, TypesThatNoOtherTypeRefersToAreUnused) {
     EXPECT_THAT(statisticsOf(types.table()).unused, ElementsAre(2, 3));
 }
 
-Ids nestingOf(LinkedTypes& types) { return deepestNesting(types.table()); }
+Ids nestingOf(const TypeTable& types) {
+    return deepestNesting(TypeOutlines(types, [](unsigned int) { return 0; }));
+}
+Ids nestingOf(const LinkedTypes& types) { return nestingOf(types.table()); }
 
 TEST(TypeNesting, GoesThroughEverythingThatIsHeldByValue) {
     LinkedTypes types;
@@ -210,7 +216,7 @@ TEST(TypeNesting, AgreesWithPlainRecursionOnRandomFiles) {
     std::map<std::size_t, unsigned int> found;
     withRandomFiles(3000, [&](unsigned int seed, const TypeTable& types) {
         const auto expected = NestingModel(types).deepest();
-        const Ids chain = deepestNesting(types);
+        const Ids chain = nestingOf(types);
         if (!expected)
             return;
         ASSERT_EQ(chain.size(), *expected) << "seed " << seed;
@@ -240,6 +246,101 @@ TEST(TypeStatistics, CountEveryTypeOfRandomFilesOnce) {
         ASSERT_EQ(statistics.unused.size(), built - used.size()) << "seed " << seed;
         ASSERT_EQ(statistics.vhdlTypes + statistics.systemVerilogTypes, built) << "seed " << seed;
     });
+}
+
+/// The statistics of a file's records.
+TypeStatistics statisticsOf(const TypeFileBuilder& file) {
+    const std::string image = file.image();
+    RecordingBlockManager storage(image);
+    return Inspect::statisticsOf(storage, image.size(), file.baseOffset(), 3);
+}
+
+TEST(TypeStatistics, OfRecordsCountBytesAndParts) {
+    TypeFileBuilder file;
+    file.string("a").structure({0, 0}).alias(1);
+    const TypeStatistics statistics = statisticsOf(file);
+    EXPECT_EQ(statistics.types, 3u);
+    // Size, kind, "a" and flags; for the struct also its kind, the number of members and the
+    // SystemVerilog type id, and for each member its name, type and number of ranges.
+    EXPECT_EQ(statistics.largest[0].id, 1u);
+    EXPECT_EQ(statistics.largest[0].amount, 14u + 12u + 2u * 10u);
+    ASSERT_EQ(statistics.longest.size(), 1u);
+    EXPECT_EQ(statistics.longest[0].amount, 2u);
+    EXPECT_THAT(statistics.nesting, ElementsAre(2, 1, 0));
+    EXPECT_THAT(statistics.unused, ElementsAre(2));
+}
+
+TEST(TypeStatistics, OfRecordsTellIntegersByTheirNames) {
+    TypeFileBuilder file;
+    file.integer("int").integer("integer").integer("longint").alias(0).alias(1);
+    const TypeStatistics statistics = statisticsOf(file);
+    EXPECT_EQ(statistics.systemVerilogTypes, 3u);
+    EXPECT_EQ(statistics.vhdlTypes, 2u);
+}
+
+TEST(TypeStatistics, OfRecordsDropFlavoursThatNobodyKnows) {
+    TypeFileBuilder file;
+    for (const int flavour : {0, 1, 99})
+        file.record(FLOAT_KIND, "r").i32(flavour).f64(0).f64(1).f64(1);
+    const TypeStatistics statistics = statisticsOf(file);
+    EXPECT_EQ(statistics.vhdlTypes, 2u);
+    EXPECT_EQ(statistics.systemVerilogTypes, 1u);
+}
+
+TEST(TypeStatistics, OfRecordsInAnyOrderAreThoseOfTheirIds) {
+    TypeFileBuilder file;
+    file.string("a").structure({0}).structure({1}).arrange({2, 0, 1});
+    const TypeStatistics statistics = statisticsOf(file);
+    EXPECT_THAT(statistics.nesting, ElementsAre(2, 1, 0));
+    EXPECT_THAT(statistics.unused, ElementsAre(2));
+}
+
+TEST(TypeStatistics, OfRecordsBeginAtTheOffset) {
+    TypeFileBuilder file;
+    file.base(5).string("a").structure({0});
+    EXPECT_THAT(statisticsOf(file).nesting, ElementsAre(1, 0));
+}
+
+/// Expects of a file's records what is expected of its types.
+void expectSameOfRecords(OVAT::IBlockManager& storage, unsigned long long size,
+                         unsigned long long offset) {
+    const TypeFile::TypeFileFrame frame(storage, size, offset);
+    RTTypeManager manager;
+    manager.setupDeserializer(storage, offset);
+    const TypeTable types{frame.typeCount(),
+                          [&](unsigned int id) { return manager.getRTType(id); }};
+    const auto sizeOf = [&](unsigned int id) {
+        return static_cast<unsigned int>(frame.recordAt(frame.addressOf(id)).claimedSize);
+    };
+    const auto jsonOf = [&](const TypeStatistics& statistics) {
+        std::ostringstream out;
+        writeStatisticsJson(out, types, {}, statistics);
+        return out.str();
+    };
+    EXPECT_EQ(jsonOf(Inspect::statisticsOf(storage, size, offset, 3)),
+              jsonOf(Inspect::statisticsOf(types, sizeOf, 3)));
+}
+
+TEST(TypeStatistics, OfRecordsAreThoseOfTheTypesOfRandomFiles) {
+    unsigned int sound = 0;
+    for (unsigned int seed = 0; seed < 5000; ++seed) {
+        SCOPED_TRACE(seed);
+        const ModelFile file = randomFile(seed, 6);
+        RecordingBlockManager storage({file.bytes.begin(), file.bytes.end()});
+        if (TypeFile::hasErrors(TypeFile::verify(storage, file.bytes.size(), file.baseOffset)))
+            continue;
+        ++sound;
+        expectSameOfRecords(storage, file.bytes.size(), file.baseOffset);
+    }
+    EXPECT_GT(sound, 100u);
+}
+
+TEST(TypeStatistics, OfRecordsAreThoseOfTheTypesOfRealFiles) {
+    for (const char* name : {"ibex_slang", "svkinds_slang", "uvm_slang", "vhkinds_rti"}) {
+        SCOPED_TRACE(name);
+        OVAT::FileBlockManager storage(EXAMPLE_TYPEFILES_DIR "/" + std::string(name) + ".typ");
+        expectSameOfRecords(storage, storage.size(), 0);
+    }
 }
 
 TEST(TypeStatistics, AreWrittenAsText) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Inspect/model/TypeTable.h"
+#include "Inspect/views/TypeOutlines.h"
 
 #include <vector>
 
@@ -13,7 +13,7 @@ namespace Inspect {
 /// long the first, by the ids and by the order of members. Where a type of an unsound file holds
 /// itself by value, the chain ends before it comes again.
 ///
-/// Takes the time of a pass over the table and its references.
-std::vector<unsigned int> deepestNesting(const TypeTable& types);
+/// Takes the time of a pass over the types and their references.
+std::vector<unsigned int> deepestNesting(const TypeOutlines& types);
 
 } // namespace Inspect
