@@ -15,15 +15,14 @@ namespace {
 constexpr unsigned int NONE = RTTI::TypeFileFormat::NO_TYPE_ID;
 
 using Numbers = std::vector<unsigned int>;
-using Types = std::vector<std::unique_ptr<RTBaseType>>;
 
 /// For each type the number of its name.
-Numbers nameNumbers(const Types& types) {
-    TypeFile::KeyNumbers names(types.size());
+Numbers nameNumbers(unsigned int count, const NameOf& nameOf) {
+    TypeFile::KeyNumbers names(count);
     Numbers numbers;
-    numbers.reserve(types.size());
-    for (const auto& type : types)
-        numbers.push_back(names.of(type->m_name != nullptr ? type->m_name : ""));
+    numbers.reserve(count);
+    for (unsigned int type = 0; type < count; ++type)
+        numbers.push_back(names.of(nameOf(type)));
     return numbers;
 }
 
@@ -51,22 +50,22 @@ private:
 
 /// For each type a block of those that have the same content. A name that no other type has is
 /// enough to tell; most types have one.
-Numbers contentBlocks(const Types& types) {
-    const Numbers names = nameNumbers(types);
-    Numbers users(types.size(), 0);
+Numbers contentBlocks(unsigned int count, const NameOf& nameOf, const ObjectOf& objectOf) {
+    const Numbers names = nameNumbers(count, nameOf);
+    Numbers users(count, 0);
     for (const unsigned int name : names)
         ++users[name];
     Numbers blockOfContent;
     ContentNumbers contents(0);
     Numbers blocks;
-    blocks.reserve(types.size());
+    blocks.reserve(count);
     unsigned int next = 0;
-    for (std::size_t i = 0; i < types.size(); ++i) {
-        if (users[names[i]] == 1) {
+    for (unsigned int type = 0; type < count; ++type) {
+        if (users[names[type]] == 1) {
             blocks.push_back(next++);
             continue;
         }
-        const unsigned int content = contents.of(*types[i]);
+        const unsigned int content = contents.of(objectOf(type));
         if (content == blockOfContent.size())
             blockOfContent.push_back(next++);
         blocks.push_back(blockOfContent[content]);
@@ -76,19 +75,21 @@ Numbers contentBlocks(const Types& types) {
 
 } // namespace
 
-std::vector<unsigned int> firstEqualTypes(const Types& types, const References& references) {
-    Numbers blocks = contentBlocks(types);
-    if (!types.empty() && *std::max_element(blocks.begin(), blocks.end()) + 1 == types.size())
+std::vector<unsigned int> firstEqualTypes(const References& references, const NameOf& nameOf,
+                                          const ObjectOf& objectOf) {
+    const unsigned int count = references.count();
+    Numbers blocks = contentBlocks(count, nameOf, objectOf);
+    if (count > 0 && *std::max_element(blocks.begin(), blocks.end()) + 1 == count)
         return blocks; // Each is the next one: there are no two of the same content.
     std::vector<TypeFile::LabelledEdge> edges;
-    for (unsigned int type = 0; type < types.size(); ++type) {
+    for (unsigned int type = 0; type < count; ++type) {
         const std::span<const unsigned int> ids = references.of(type);
         for (unsigned int i = 0; i < ids.size(); ++i)
             edges.push_back({type, i, ids[i]});
     }
     Numbers classes = TypeFile::stablePartition(blocks, edges);
-    Numbers first(types.size(), NONE);
-    for (unsigned int type = 0; type < types.size(); ++type) {
+    Numbers first(count, NONE);
+    for (unsigned int type = 0; type < count; ++type) {
         unsigned int& firstOfClass = first[classes[type]];
         if (firstOfClass == NONE)
             firstOfClass = type;

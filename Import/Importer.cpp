@@ -83,6 +83,11 @@ void Importer::read(Input& input, Format format) {
     }
 }
 
+void Importer::finish(const TypeTable::TakeType& take) {
+    m_ghdl.addTo(m_types, m_notes);
+    m_types.finish(m_options.packages, m_notes, take);
+}
+
 std::vector<std::unique_ptr<RTTI::RTBaseType>> Importer::finish() {
     m_ghdl.addTo(m_types, m_notes);
     return m_types.finish(m_options.packages, m_notes);

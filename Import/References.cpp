@@ -5,18 +5,20 @@ namespace Import {
 using TypeFile::LinkRole;
 
 void References::add(const RTTI::RTBaseType* type) {
-    std::size_t parts = m_ids.size();
     const auto take = [&](unsigned int id, LinkRole role) {
-        m_ids.push_back(id);
         const bool isHandle =
             role == LinkRole::DESIGNATED ||
             (role == LinkRole::MEMBER && type->GetClassId() == RTTI::ClassId::CLASS);
-        if (!isHandle)
-            parts = m_ids.size();
+        addId(id, !isHandle);
     };
     if (type != nullptr)
         forEachTypeId(*type, take);
-    m_ends.push_back({parts, m_ids.size()});
+    endType();
+}
+
+void References::reserve(std::size_t types) {
+    m_ends.reserve(types);
+    m_ids.reserve(2 * types);
 }
 
 References References::among(const std::vector<unsigned int>& types) const {
@@ -24,6 +26,8 @@ References References::among(const std::vector<unsigned int>& types) const {
     for (unsigned int place = 0; place < types.size(); ++place)
         placeOf[types[place]] = place;
     References result;
+    result.m_ends.reserve(types.size());
+    result.m_ids.reserve(m_ids.size());
     for (const unsigned int type : types) {
         const std::size_t begin = result.m_ids.size();
         for (const unsigned int id : of(type))

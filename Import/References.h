@@ -18,6 +18,22 @@ public:
     /// Appends the references of the next type, which has none if it is null.
     void add(const RTTI::RTBaseType* type);
 
+    /// Appends one reference of the next type, in the order of its record, and ends that type.
+    /// @{
+    void addId(unsigned int id, bool isPart) {
+        m_ids.push_back(id);
+        if (isPart)
+            m_parts = m_ids.size();
+    }
+    void endType() {
+        m_ends.push_back({m_parts, m_ids.size()});
+        m_parts = m_ids.size();
+    }
+    /// @}
+
+    /// Makes room for so many types.
+    void reserve(std::size_t types);
+
     /// The references of `types` among each other; their places there become their numbers. They
     /// must refer to none but each other.
     References among(const std::vector<unsigned int>& types) const;
@@ -46,6 +62,7 @@ private:
 
     std::vector<unsigned int> m_ids; ///< Those of one type after those of the other.
     std::vector<Ends> m_ends;        ///< Of each type's ids.
+    std::size_t m_parts = 0;         ///< Where the parts of the next type end so far.
 };
 
 /// Puts types in an order in which each comes after those that it leads to, unless these lead back

@@ -4,6 +4,7 @@
 #include "Import/ImportError.h"
 #include "Import/References.h"
 #include "Import/TypeIds.h"
+#include "Import/TypeSource.h"
 
 #include <numeric>
 #include <utility>
@@ -17,7 +18,6 @@ namespace {
 constexpr unsigned int NONE = TypeFileFormat::NO_TYPE_ID;
 
 using Ids = std::vector<unsigned int>;
-using TypeList = std::vector<std::unique_ptr<RTBaseType>>;
 
 /// Whether SystemVerilog types of this class have a type id in the record.
 bool hasSVTypeId(const RTBaseType& type) {
@@ -33,9 +33,8 @@ bool hasSVTypeId(const RTBaseType& type) {
 }
 
 /// "p::state_e", or words for a type without a name.
-std::string nameOf(const RTBaseType& type) {
-    const std::string name = type.m_name == nullptr ? "" : type.m_name;
-    return name.empty() ? "a type without a name" : name;
+std::string labelOf(std::string_view name) {
+    return std::string(name.empty() ? "a type without a name" : name);
 }
 
 /// For each type the missing one because of which it is incomplete, or NONE.
@@ -87,28 +86,16 @@ unsigned int partOfItself(const References& references) {
     return notBehindItsParts(references, places);
 }
 
-/// The types that are the first of those that they equal, with new ids.
-TypeList withoutRepeats(TypeList types, const References& references, const Ids& first) {
-    Ids newIds(types.size());
-    unsigned int count = 0;
-    for (unsigned int id = 0; id < types.size(); ++id)
-        newIds[id] = first[id] == id ? count++ : newIds[first[id]];
-    TypeList result;
-    result.reserve(count);
-    int nextSVType = 1;
-    for (unsigned int id = 0; id < types.size(); ++id) {
-        if (first[id] != id)
-            continue;
-        auto next = references.of(id).begin();
-        forEachTypeId(*types[id], [&](unsigned int& field) { field = newIds[*next++]; });
-        if (hasSVTypeId(*types[id]))
-            types[id]->setSVTypeId(nextSVType++);
-        result.push_back(std::move(types[id]));
-    }
-    return result;
-}
-
 } // namespace
+
+TypeTable::TypeTable() = default;
+
+TypeTable::~TypeTable() = default;
+
+unsigned int TypeTable::size() const {
+    return static_cast<unsigned int>(m_types.size()) +
+           (m_source != nullptr ? m_source->count() : 0);
+}
 
 unsigned int TypeTable::reserve() {
     m_types.emplace_back();
@@ -124,6 +111,44 @@ void TypeTable::leaveOut(unsigned int id, const std::string& what) { m_leftOut[i
 unsigned int TypeTable::add(std::unique_ptr<RTBaseType> type, const Place& place) {
     m_types.push_back({std::move(type), place});
     return size() - 1;
+}
+
+void TypeTable::addSource(std::unique_ptr<TypeSource> source) { m_source = std::move(source); }
+
+/// Those of all types.
+References TypeTable::references() const {
+    References all;
+    all.reserve(size());
+    for (const Entry& entry : m_types)
+        all.add(entry.type.get());
+    for (unsigned int id = all.count(); id < size(); ++id)
+        m_source->addReferences(id - static_cast<unsigned int>(m_types.size()), all);
+    return all;
+}
+
+std::string_view TypeTable::nameOf(unsigned int id) const {
+    if (id >= m_types.size())
+        return m_source->nameOf(id - static_cast<unsigned int>(m_types.size()));
+    const char* const name = m_types[id].type->m_name;
+    return name == nullptr ? std::string_view() : name;
+}
+
+Place TypeTable::placeOf(unsigned int id) const {
+    return id < m_types.size() ? m_types[id].place
+                               : m_source->placeOf(id - static_cast<unsigned int>(m_types.size()));
+}
+
+/// The type itself, or one like it that exists until the next call.
+RTBaseType& TypeTable::object(unsigned int id) {
+    if (id < m_types.size())
+        return *m_types[id].type;
+    m_made = takeOut(id);
+    return *m_made;
+}
+
+std::unique_ptr<RTBaseType> TypeTable::takeOut(unsigned int id) {
+    return id < m_types.size() ? std::move(m_types[id].type)
+                               : m_source->make(id - static_cast<unsigned int>(m_types.size()));
 }
 
 void TypeTable::want(unsigned int id, std::string_view package) {
@@ -177,32 +202,55 @@ Ids TypeTable::completeTypes(const References& references, const Ids& wanted, No
         if (isNoted[id] || missing[id] == id)
             continue;
         isNoted[id] = true;
-        notes.add(m_types[id].place, nameOf(*m_types[id].type) + " is left out: it needs " +
-                                         m_leftOut.at(missing[id]));
+        notes.add(placeOf(id),
+                  labelOf(nameOf(id)) + " is left out: it needs " + m_leftOut.at(missing[id]));
     }
     return complete;
 }
 
-TypeList TypeTable::finish(const std::vector<std::string>& packages, Notes& notes) {
-    References all;
-    for (const Entry& entry : m_types)
-        all.add(entry.type.get());
+/// Hands over the types that are the first of those that they equal, with new ids.
+void TypeTable::handOver(const Ids& order, const References& references, const TakeType& take) {
+    const Ids first = firstEqualTypes(
+        references, [&](unsigned int place) { return nameOf(order[place]); },
+        [&](unsigned int place) -> RTBaseType& { return object(order[place]); });
+    Ids newIds(order.size());
+    unsigned int count = 0;
+    for (unsigned int place = 0; place < order.size(); ++place)
+        newIds[place] = first[place] == place ? count++ : newIds[first[place]];
+    int nextSVType = 1;
+    for (unsigned int place = 0; place < order.size(); ++place) {
+        if (first[place] != place)
+            continue;
+        std::unique_ptr<RTBaseType> type = takeOut(order[place]);
+        auto next = references.of(place).begin();
+        forEachTypeId(*type, [&](unsigned int& field) { field = newIds[*next++]; });
+        if (hasSVTypeId(*type))
+            type->setSVTypeId(nextSVType++);
+        take(std::move(type));
+    }
+}
+
+void TypeTable::finish(const std::vector<std::string>& packages, Notes& notes,
+                       const TakeType& take) {
+    const References all = references();
     Ordering ordering(all);
     for (const unsigned int id : completeTypes(all, wantedIds(packages), notes))
         ordering.walkFrom(id);
     const Ids& order = ordering.order();
     const References references = all.among(order);
-    if (const unsigned int id = partOfItself(references); id != NONE)
-        throw ImportError(m_types[order[id]].place,
-                          "the input is damaged: " + nameOf(*m_types[order[id]].type) +
+    if (const unsigned int place = partOfItself(references); place != NONE)
+        throw ImportError(placeOf(order[place]),
+                          "the input is damaged: " + labelOf(nameOf(order[place])) +
                               " is a part of itself");
-    TypeList types;
-    types.reserve(order.size());
-    for (const unsigned int id : order)
-        types.push_back(std::move(m_types[id].type));
-    *this = TypeTable();
-    const Ids first = firstEqualTypes(types, references);
-    return withoutRepeats(std::move(types), references, first);
+    handOver(order, references, take);
+}
+
+std::vector<std::unique_ptr<RTBaseType>> TypeTable::finish(const std::vector<std::string>& packages,
+                                                           Notes& notes) {
+    std::vector<std::unique_ptr<RTBaseType>> types;
+    finish(packages, notes,
+           [&](std::unique_ptr<RTBaseType> type) { types.push_back(std::move(type)); });
+    return types;
 }
 
 } // namespace Import

@@ -4,6 +4,7 @@
 #include "Import/Place.h"
 #include "RTTI/RTType.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -14,6 +15,7 @@
 namespace Import {
 
 class References;
+class TypeSource;
 
 /// The types of one or several inputs while they are being read. A reader adds each type as soon as
 /// it finds it, under an id of its own, and refers to later types by ids that it has reserved. At
@@ -24,6 +26,15 @@ class References;
 /// `finish` assigns the SystemVerilog type ids; readers do not set them.
 class TypeTable {
 public:
+    /// Receives a type of the result.
+    using TakeType = std::function<void(std::unique_ptr<RTTI::RTBaseType> type)>;
+
+    /// A table without types.
+    TypeTable();
+    TypeTable(const TypeTable&) = delete;
+    TypeTable& operator=(const TypeTable&) = delete;
+    ~TypeTable();
+
     /// Reserves an id for a type that follows later, or is left out.
     unsigned int reserve();
 
@@ -37,11 +48,15 @@ public:
     /// Adds a type under the next id.
     unsigned int add(std::unique_ptr<RTTI::RTBaseType> type, const Place& place);
 
+    /// Adds the types of a source under the ids from `size()` on, in their order. At most once, and
+    /// no types are added afterwards.
+    void addSource(std::unique_ptr<TypeSource> source);
+
     /// The type with this id, or null if it has not been set yet. The table owns it.
     RTTI::RTBaseType* find(unsigned int id) const { return m_types[id].type.get(); }
 
     /// The number of ids, including reserved ones.
-    unsigned int size() const { return static_cast<unsigned int>(m_types.size()); }
+    unsigned int size() const;
 
     /// Requests the type for the result: it was declared in a package, or declared or used
     /// elsewhere (an empty name). `finish` drops types that are neither wanted nor needed by
@@ -52,10 +67,18 @@ public:
     /// after those that it needs, unless they need one another, otherwise in the order in which
     /// they were wanted. If `packages` is not empty, only declarations of these packages are
     /// wanted. Throws ImportError for a package that no input has, and for a type that contains
-    /// itself with no class or access type in between. Types that are left out are noted. The table
-    /// is empty afterwards. Takes O(m log n) time for m references of n types, without recursion.
+    /// itself with no class or access type in between. Types that are left out are noted. Must be
+    /// the last call, made once. Takes O(m log n) time for m references of n types, without
+    /// recursion.
+    ///
+    /// The types are handed over one by one, or all together. One by one, those of a source need
+    /// not be in memory at the same time. `take` is called when all checks have been made and all
+    /// notes been given; what it throws passes through.
+    /// @{
+    void finish(const std::vector<std::string>& packages, Notes& notes, const TakeType& take);
     std::vector<std::unique_ptr<RTTI::RTBaseType>> finish(const std::vector<std::string>& packages,
                                                           Notes& notes);
+    /// @}
 
 private:
     struct Entry {
@@ -67,13 +90,22 @@ private:
         unsigned int package;
     };
 
+    References references() const;
+    std::string_view nameOf(unsigned int id) const;
+    Place placeOf(unsigned int id) const;
+    RTTI::RTBaseType& object(unsigned int id);
+    std::unique_ptr<RTTI::RTBaseType> takeOut(unsigned int id);
     unsigned int packageNumber(const std::string& package) const;
     std::vector<unsigned int> wantedIds(const std::vector<std::string>& packages) const;
     std::vector<unsigned int> completeTypes(const References& references,
                                             const std::vector<unsigned int>& wanted,
                                             Notes& notes) const;
+    void handOver(const std::vector<unsigned int>& order, const References& references,
+                  const TakeType& take);
 
     std::vector<Entry> m_types;
+    std::unique_ptr<TypeSource> m_source;     ///< Of the ids after those of `m_types`; may be null.
+    std::unique_ptr<RTTI::RTBaseType> m_made; ///< What the source has made last, to look at.
     std::map<unsigned int, std::string> m_leftOut; ///< Ids whose types do not exist, in words.
     std::vector<Wanted> m_wanted;
     std::vector<std::string> m_packages; ///< In the order in which they were found.

@@ -1,5 +1,7 @@
 #include "Import/VhdlRecords.h"
 
+#include "Import/TypeSource.h"
+#include "Import/VhdlNotes.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/TypeBuilding.h"
 
@@ -7,9 +9,10 @@
 #include <limits>
 #include <memory>
 #include <set>
-#include <string>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Import {
 
@@ -21,9 +24,6 @@ constexpr unsigned int ENUM_SIZE = 1;      ///< Of a value, in bytes.
 constexpr unsigned int WIDE_ENUM_SIZE = 4; ///< Where there are more than 256 literals.
 constexpr unsigned int ACCESS_SIZE = 8;    ///< A pointer.
 constexpr unsigned int FILE_SIZE = 4;      ///< The number of a file.
-
-constexpr std::int64_t LEAST = std::numeric_limits<std::int32_t>::min();
-constexpr std::int64_t MOST = std::numeric_limits<std::int32_t>::max();
 
 EnumKind enumKindOf(const VhdlType& type) {
     static constexpr std::string_view stdLogic[] = {"'U'", "'X'", "'0'", "'1'", "'Z'",
@@ -44,82 +44,77 @@ EnumKind enumKindOf(const VhdlType& type) {
 FullConstraints constraintOf(const VhdlRange& range) {
     if (range.isOpen)
         return {0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
-    return {static_cast<int>(std::clamp(range.left, LEAST, MOST)),
-            static_cast<int>(std::clamp(range.right, LEAST, MOST)),
+    return {static_cast<int>(std::clamp(range.left, LEAST_BOUND, LARGEST_BOUND)),
+            static_cast<int>(std::clamp(range.right, LEAST_BOUND, LARGEST_BOUND)),
             range.isDownto ? TypeFileFormat::DOWNTO_DIRECTION : TypeFileFormat::TO_DIRECTION};
 }
 
-std::string textOf(const VhdlRange& range) {
-    return std::to_string(range.left) + (range.isDownto ? " downto " : " to ") +
-           std::to_string(range.right);
+std::vector<FullConstraints> constraintsOf(const VhdlUse& use) {
+    std::vector<FullConstraints> constraints;
+    constraints.reserve(use.ranges.size());
+    for (const VhdlRange& range : use.ranges)
+        constraints.push_back(constraintOf(range));
+    return constraints;
 }
 
-/// What every implementation of VHDL has, so that nothing about it can be lost.
-bool isPredefined(const VhdlType& type) {
-    return (type.kind == VhdlKind::PHYSICAL && type.name == "time" && !type.parts.empty() &&
-            type.parts.front().name == "fs") ||
-           (type.kind == VhdlKind::INTEGER && type.name == "integer") ||
-           (type.kind == VhdlKind::REAL && type.name == "real");
+/// Whether a subtype is another name at best: it has none, and no ranges that are known.
+bool addsNothing(const VhdlType& type) {
+    return type.kind == VhdlKind::SUBTYPE && type.name.empty() && type.mayBePart;
 }
 
-class VhdlRecordMaker {
+/// The types of a design that are needed, as a source of a table.
+class VhdlRecords final : public TypeSource {
 public:
-    VhdlRecordMaker(const VhdlTypes& types, TypeTable& table, Notes& notes)
-        : m_types(types), m_table(table), m_notes(notes), m_ids(types.size(), VhdlType::NONE) {}
+    VhdlRecords(VhdlTypes types, unsigned int firstId)
+        : m_types(std::move(types)), m_firstId(firstId), m_numbers(m_types.size(), NOT_NEEDED) {}
 
-    void make() {
-        for (const VhdlDeclaration& declaration : m_types.declarations())
-            want(declaration);
-        // Types that were met on the way can lead to more of them.
-        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-            const VhdlType& type = m_types[m_waiting[i]];
-            std::unique_ptr<RTBaseType> record = recordOf(type);
-            if (record == nullptr) {
-                m_table.leaveOut(m_ids[m_waiting[i]], labelOf(type));
-                continue;
-            }
-            TypeFile::setName(*record, type.name);
-            m_table.fill(m_ids[m_waiting[i]], std::move(record), type.place);
+    const VhdlTypes& types() const { return m_types; }
+
+    /// The type itself or the one that a record has in its place.
+    std::uint32_t kept(std::uint32_t type) const {
+        while (addsNothing(m_types[type]))
+            type = m_types[type].of.type;
+        return type;
+    }
+
+    /// Gives a number to a type that is kept, unless it has one. The answer is its id.
+    unsigned int need(std::uint32_t type) {
+        if (m_numbers[type] == NOT_NEEDED) {
+            m_numbers[type] = count();
+            m_needed.push_back(type);
         }
+        return m_firstId + m_numbers[type];
+    }
+
+    const VhdlType& operator[](unsigned int number) const { return m_types[m_needed[number]]; }
+
+    unsigned int count() const override { return static_cast<unsigned int>(m_needed.size()); }
+
+    std::string_view nameOf(unsigned int number) const override { return (*this)[number].name; }
+
+    Place placeOf(unsigned int number) const override { return (*this)[number].place; }
+
+    void addReferences(unsigned int number, References& references) const override {
+        const VhdlType& type = (*this)[number];
+        forEachUse(type, [&](const VhdlUse& use) {
+            references.addId(idOf(use), type.kind != VhdlKind::ACCESS);
+        });
+        references.endType();
+    }
+
+    std::unique_ptr<RTBaseType> make(unsigned int number) const override {
+        const VhdlType& type = (*this)[number];
+        std::unique_ptr<RTBaseType> record = recordOf(type);
+        TypeFile::setName(*record, type.name);
+        return record;
     }
 
 private:
-    void want(const VhdlDeclaration& declaration) {
-        const VhdlType& type = m_types[declaration.type];
-        if (type.kind == VhdlKind::UNKNOWN)
-            note(type, type.reason);
-        else
-            m_table.want(idOf(declaration.type), declaration.package);
-    }
+    static constexpr unsigned int NOT_NEEDED = TypeFileFormat::NO_TYPE_ID;
 
-    /// Whether a subtype is another name at best: it has none, and no ranges that are known.
-    static bool addsNothing(const VhdlType& type) {
-        return type.kind == VhdlKind::SUBTYPE && type.name.empty() && type.mayBePart;
-    }
+    unsigned int idOf(const VhdlUse& use) const { return m_firstId + m_numbers[kept(use.type)]; }
 
-    unsigned int idOf(std::uint32_t type) {
-        for (; addsNothing(m_types[type]); type = m_types[type].of.type) {
-            if (m_noted.insert(type).second)
-                noteMissingRanges(m_types[type]);
-        }
-        if (m_ids[type] == VhdlType::NONE) {
-            m_ids[type] = m_table.reserve();
-            m_waiting.push_back(type);
-        }
-        return m_ids[type];
-    }
-
-    static std::string labelOf(const VhdlType& type) {
-        return type.name.empty() ? "a type without a name" : "type " + type.name;
-    }
-
-    void note(const VhdlType& type, const std::string& text) {
-        m_notes.add(type.place, labelOf(type) + ": " + text);
-    }
-
-    /// Null for a type of which there is no record.
-    std::unique_ptr<RTBaseType> recordOf(const VhdlType& type) {
-        noteAlternatives(type);
+    std::unique_ptr<RTBaseType> recordOf(const VhdlType& type) const {
         switch (type.kind) {
         case VhdlKind::UNKNOWN: break;
         case VhdlKind::ENUMERATION: return enumeration(type);
@@ -132,23 +127,7 @@ private:
         case VhdlKind::FILE_TYPE: return reference<RTFileType>(type, FILE_SIZE);
         case VhdlKind::SUBTYPE: return subtype(type);
         }
-        return nullptr;
-    }
-
-    void noteAlternatives(const VhdlType& type) {
-        std::set<std::uint32_t> noted;
-        const auto check = [&](const VhdlUse& use) {
-            if (!use.alternatives.empty() && noted.insert(use.type).second)
-                note(type, "the input does not say which " + m_types[use.type].name +
-                               " it uses; there are " +
-                               std::to_string(use.alternatives.size() + 1) +
-                               "; the nearest is taken");
-        };
-        check(type.of);
-        for (const VhdlUse& index : type.indexes)
-            check(index);
-        for (const VhdlPart& part : type.parts)
-            check(part.use);
+        throw std::logic_error("a type that is left out is not made");
     }
 
     static std::unique_ptr<RTBaseType> enumeration(const VhdlType& type) {
@@ -162,144 +141,137 @@ private:
         return result;
     }
 
-    /// A constraint, with a note where the range had to be cut to 32 bits.
-    FullConstraints keptRange(const VhdlType& type, const VhdlRange& range) {
-        if (std::min(range.left, range.right) < LEAST || std::max(range.left, range.right) > MOST)
-            note(type, "its range " + textOf(range) + " is cut to 32 bits");
-        return constraintOf(range);
-    }
-
-    std::vector<FullConstraints> keptRanges(const VhdlType& type,
-                                            const std::vector<VhdlRange>& ranges) {
-        std::vector<FullConstraints> constraints;
-        constraints.reserve(ranges.size());
-        for (const VhdlRange& range : ranges)
-            constraints.push_back(keptRange(type, range));
-        return constraints;
-    }
-
-    std::unique_ptr<RTBaseType> integer(const VhdlType& type) {
+    static std::unique_ptr<RTBaseType> integer(const VhdlType& type) {
         auto result = std::make_unique<RTIntType>();
-        VhdlRange range = type.range;
-        if (range.isOpen) {
-            range = {false, false, LEAST, MOST};
-            if (!isPredefined(type))
-                note(type, "its range is not in the input; 32 bits are assumed");
-        } else if (type.mayBeReal) {
-            note(type, "the input does not say whether its range " + textOf(range) +
-                           " is one of whole numbers or of reals; whole numbers are assumed");
-        }
-        result->m_constraint = keptRange(type, range);
+        result->m_constraint = constraintOf(
+            type.range.isOpen ? VhdlRange{false, false, LEAST_BOUND, LARGEST_BOUND} : type.range);
         return result;
     }
 
-    std::unique_ptr<RTBaseType> real(const VhdlType& type) {
+    static std::unique_ptr<RTBaseType> real(const VhdlType& type) {
         auto result = std::make_unique<RTFloatType>();
         const VhdlRealRange& range = type.realRange;
-        result->m_left = range.left;
-        result->m_right = range.right;
-        result->m_direction =
-            range.isDownto ? TypeFileFormat::DOWNTO_DIRECTION : TypeFileFormat::TO_DIRECTION;
-        if (isPredefined(type)) {
-            result->m_left = std::numeric_limits<double>::lowest();
-            result->m_right = std::numeric_limits<double>::max();
-            result->m_direction = TypeFileFormat::TO_DIRECTION;
-        } else if (!range.isKnown) {
-            note(type, "its range is not in the input; all reals are assumed");
-            result->m_left = std::numeric_limits<double>::lowest();
-            result->m_right = std::numeric_limits<double>::max();
-        } else if (!range.isExact) {
-            note(type, "the input gives the bounds of its range to six digits only");
-        }
+        const bool isWhole = isPredefined(type) || !range.isKnown;
+        result->m_left = isWhole ? std::numeric_limits<double>::lowest() : range.left;
+        result->m_right = isWhole ? std::numeric_limits<double>::max() : range.right;
+        result->m_direction = range.isDownto && !isPredefined(type)
+                                  ? TypeFileFormat::DOWNTO_DIRECTION
+                                  : TypeFileFormat::TO_DIRECTION;
         return result;
     }
 
-    std::unique_ptr<RTBaseType> physical(const VhdlType& type) {
+    static std::unique_ptr<RTBaseType> physical(const VhdlType& type) {
         auto result = std::make_unique<RTPhysicalType>();
         for (const VhdlPart& unit : type.parts)
             TypeFile::addUnit(*result, unit.name, unit.value);
-        if (!isPredefined(type))
-            noteLostRange(type, type);
         return result;
     }
 
-    void noteLostRange(const VhdlType& type, const VhdlType& physical) {
-        const std::string unit = physical.parts.empty() ? "" : " " + physical.parts.front().name;
-        note(type, type.range.isOpen ? "its range is not in the input, and could not be kept"
-                                     : "its range " + textOf(type.range) + unit + " is not kept");
-    }
-
-    std::unique_ptr<RTBaseType> array(const VhdlType& type) {
+    std::unique_ptr<RTBaseType> array(const VhdlType& type) const {
         auto result = std::make_unique<RTArrayType>();
         result->m_arrayKind = VHDL_ARRAY;
-        result->m_elementTypeId = idOf(type.of.type);
+        result->m_elementTypeId = idOf(type.of);
+        result->m_indexTypeIds.reserve(type.indexes.size());
         for (const VhdlUse& index : type.indexes)
             result->m_indexTypeIds.push_back(
-                index.type == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID : idOf(index.type));
-        result->m_constraints = keptRanges(type, type.of.ranges);
+                index.type == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID : idOf(index));
+        result->m_constraints = constraintsOf(type.of);
         return result;
     }
 
-    std::unique_ptr<RTBaseType> record(const VhdlType& type) {
+    std::unique_ptr<RTBaseType> record(const VhdlType& type) const {
         auto result = std::make_unique<RTRecordType>();
         result->m_recordKind = VHDL_RECORD;
         result->m_members.reserve(type.parts.size());
         for (const VhdlPart& member : type.parts)
-            TypeFile::addMember(*result, member.name, idOf(member.use.type),
-                                keptRanges(type, member.use.ranges));
+            TypeFile::addMember(*result, member.name, idOf(member.use), constraintsOf(member.use));
         return result;
     }
 
     template <typename Reference>
-    std::unique_ptr<RTBaseType> reference(const VhdlType& type, unsigned int size) {
+    std::unique_ptr<RTBaseType> reference(const VhdlType& type, unsigned int size) const {
         auto result = std::make_unique<Reference>();
-        result->m_refTypeId = idOf(type.of.type);
+        result->m_refTypeId = idOf(type.of);
         result->m_alignment = size;
         result->m_valueSize = size;
         return result;
     }
 
-    std::unique_ptr<RTBaseType> subtype(const VhdlType& type) {
+    std::unique_ptr<RTBaseType> subtype(const VhdlType& type) const {
         auto result = std::make_unique<RTTypedefType>();
-        result->m_dataTypeId = idOf(type.of.type);
-        result->m_constraints = keptRanges(type, type.of.ranges);
-        const VhdlType& base = m_types[type.of.type];
-        if (base.kind == VhdlKind::PHYSICAL) {
-            if (!isPredefined(base) || type.name != "delay_length")
-                noteLostRange(type, base);
-        } else if (!type.range.isOpen) {
-            result->m_constraints.push_back(keptRange(type, type.range));
-        }
-        if (type.mayBePart)
-            noteMissingRanges(type);
-        noteResolution(type, base);
+        result->m_dataTypeId = idOf(type.of);
+        result->m_constraints = constraintsOf(type.of);
+        if (m_types[type.of.type].kind != VhdlKind::PHYSICAL && !type.range.isOpen)
+            result->m_constraints.push_back(constraintOf(type.range));
         return result;
     }
 
-    void noteMissingRanges(const VhdlType& type) {
-        note(type, "the input does not say which of its arrays have ranges");
+    VhdlTypes m_types;
+    unsigned int m_firstId;
+    std::vector<unsigned int> m_numbers; ///< Of each type, once it is needed.
+    std::vector<std::uint32_t> m_needed; ///< Each type that is needed, in the order of finding.
+};
+
+/// Finds what a design needs, and notes what records cannot hold of it.
+class VhdlSearch {
+public:
+    VhdlSearch(VhdlRecords& records, Notes& notes)
+        : m_records(records), m_types(records.types()), m_notes(m_types, notes) {}
+
+    /// The types that were declared and can be kept, with their packages, and those without a
+    /// record. Types that are met on the way can lead to more of them.
+    void addTo(TypeTable& table) {
+        for (const VhdlDeclaration& declaration : m_types.declarations())
+            want(declaration, table);
+        for (unsigned int number = 0; number < m_records.count(); ++number)
+            note(m_records[number]);
     }
 
-    /// Dumps show a resolved subtype of an enumeration as one with all of its literals.
-    void noteResolution(const VhdlType& type, const VhdlType& base) {
-        if (base.kind == VhdlKind::ENUMERATION && type.name != "std_logic" && !type.range.isOpen &&
-            type.range.left == 0 &&
-            type.range.right + 1 == static_cast<std::int64_t>(base.parts.size()))
-            note(type, "the input does not say whether it has a resolution function");
+private:
+    void want(const VhdlDeclaration& declaration, TypeTable& table) {
+        const VhdlType& type = m_types[declaration.type];
+        if (type.kind == VhdlKind::UNKNOWN)
+            m_notes.add(type, type.reason);
+        else
+            table.want(need(declaration.type), declaration.package);
     }
 
+    unsigned int need(std::uint32_t type) {
+        const std::uint32_t kept = m_records.kept(type);
+        for (; type != kept; type = m_types[type].of.type) {
+            if (m_replaced.insert(type).second)
+                m_notes.missingRanges(m_types[type]);
+        }
+        return m_records.need(kept);
+    }
+
+    void note(const VhdlType& type) {
+        m_notes.alternatives(type);
+        forEachUse(type, [&](const VhdlUse& use) {
+            need(use.type);
+            for (const VhdlRange& range : use.ranges)
+                m_notes.cutRange(type, range);
+        });
+        m_notes.addOf(type);
+    }
+
+    VhdlRecords& m_records;
     const VhdlTypes& m_types;
-    TypeTable& m_table;
-    Notes& m_notes;
-    std::vector<unsigned int> m_ids;      ///< Of each type, once it is needed.
-    std::vector<std::uint32_t> m_waiting; ///< Types that are needed, in that order.
-    std::set<std::uint32_t> m_noted;      ///< Subtypes that are replaced by what they are of.
+    VhdlNotes m_notes;
+    std::set<std::uint32_t> m_replaced; ///< Subtypes that are replaced by what they are of.
 };
 
 } // namespace
 
-void addVhdlRecords(const VhdlTypes& types, TypeTable& table, Notes& notes) {
-    VhdlRecordMaker(types, table, notes).make();
+void addVhdlRecords(VhdlTypes types, TypeTable& table, Notes& notes) {
+    const unsigned int firstId = table.size();
+    auto records = std::make_unique<VhdlRecords>(std::move(types), firstId);
+    VhdlSearch(*records, notes).addTo(table);
+    for (unsigned int number = 0; number < records->count(); ++number) {
+        if ((*records)[number].kind == VhdlKind::UNKNOWN)
+            table.leaveOut(firstId + number, labelOf((*records)[number]));
+    }
+    table.addSource(std::move(records));
 }
 
 } // namespace Import

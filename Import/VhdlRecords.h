@@ -9,6 +9,6 @@ namespace Import {
 /// Adds the types that are declared, and what they need, to `table` as records: scalar subtypes and
 /// those of arrays and records as typedefs, subtypes of reals as reals. What a record cannot hold,
 /// or the input does not say, is noted. Takes time by the size of the types.
-void addVhdlRecords(const VhdlTypes& types, TypeTable& table, Notes& notes);
+void addVhdlRecords(VhdlTypes types, TypeTable& table, Notes& notes);
 
 } // namespace Import

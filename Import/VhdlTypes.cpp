@@ -71,6 +71,17 @@ private:
 
 } // namespace
 
+bool isPredefined(const VhdlType& type) {
+    return (type.kind == VhdlKind::PHYSICAL && type.name == "time" && !type.parts.empty() &&
+            type.parts.front().name == "fs") ||
+           (type.kind == VhdlKind::INTEGER && type.name == "integer") ||
+           (type.kind == VhdlKind::REAL && type.name == "real");
+}
+
+std::string labelOf(const VhdlType& type) {
+    return type.name.empty() ? "a type without a name" : std::string("type ").append(type.name);
+}
+
 unsigned int VhdlTypes::keyNumberOf(const VhdlType& type) {
     m_key.clear();
     KeyWriter(m_key).add(type);

@@ -4,6 +4,7 @@
 #include "TypeFile/KeyNumbers.h"
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,32 @@ struct VhdlType {
 
     static constexpr std::uint32_t NONE = 0xFFFFFFFF;
 };
+
+/// The bounds that records have room for.
+/// @{
+inline constexpr std::int64_t LEAST_BOUND = std::numeric_limits<std::int32_t>::min();
+inline constexpr std::int64_t LARGEST_BOUND = std::numeric_limits<std::int32_t>::max();
+/// @}
+
+/// Whether a type is what every implementation of VHDL has, so that nothing about it can be lost.
+bool isPredefined(const VhdlType& type);
+
+/// "type t", or words for a type without a name.
+std::string labelOf(const VhdlType& type);
+
+/// Calls `take(use)` for each type that another one uses, in the order of a record's fields.
+template <typename Take> void forEachUse(const VhdlType& type, Take take) {
+    if (type.kind >= VhdlKind::ARRAY && type.kind != VhdlKind::RECORD)
+        take(type.of);
+    for (const VhdlUse& index : type.indexes) {
+        if (index.type != VhdlType::NONE)
+            take(index);
+    }
+    if (type.kind != VhdlKind::RECORD)
+        return;
+    for (const VhdlPart& member : type.parts)
+        take(member.use);
+}
 
 /// A declaration: of which type, and where.
 struct VhdlDeclaration {

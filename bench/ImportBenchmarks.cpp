@@ -1,5 +1,6 @@
 // Importing what front ends write: a tree beside reading it line by line, a wave beside writing
-// that wave, and beside writing the type file that it gives.
+// that wave, and beside writing the type file that it gives. The types of a wave are handed over
+// one by one, as the program takes them.
 
 #include "Import/Importer.h"
 #include "OVAT/MemoryBlockManager.h"
@@ -16,6 +17,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <unistd.h>
@@ -109,18 +111,25 @@ const std::string& wave() {
     return bytes;
 }
 
-Types imported(std::istream& stream) {
+void import(std::istream& stream, const Import::TypeTable::TakeType& take) {
     Import::Input input(stream, "bench");
     Import::Notes notes;
     Import::Importer importer({}, notes);
     importer.read(input);
-    return importer.finish();
+    importer.finish(take);
+}
+
+void import(const std::string& bytes, const Import::TypeTable::TakeType& take) {
+    std::istringstream stream(bytes);
+    import(stream, take);
 }
 
 Types imported(const std::string& bytes) {
-    std::istringstream stream(bytes);
-    return imported(stream);
-}
+    Types types;
+    import(bytes, [&](auto type) { types.push_back(std::move(type));
+});
+return types;
+} // namespace
 
 void ImportTree(benchmark::State& state) {
     tree();
@@ -141,13 +150,20 @@ void ReadTreeLines(benchmark::State& state) {
 
 void ImportWave(benchmark::State& state) {
     wave();
+    for ([[maybe_unused]] auto _ : state)
+        import(wave(), [](auto type) { benchmark::DoNotOptimize(type.get());
+});
+}
+
+/// All the way to the bytes of a type file.
+void ImportWaveAndWrite(benchmark::State& state) {
+    wave();
     for ([[maybe_unused]] auto _ : state) {
-        Types types = imported(wave());
-        benchmark::DoNotOptimize(types.data());
-        state.PauseTiming();
-        types.clear();
-        state.ResumeTiming();
-    }
+        TypeFile::TypeFileWriter writer;
+        import(wave(), [&](const auto& type) { writer.add(*type);
+    });
+    benchmark::DoNotOptimize(writer.finish().data());
+}
 }
 
 /// A path for a file of a benchmark.
@@ -168,14 +184,13 @@ void ImportWaveFile(benchmark::State& state) {
     std::ofstream(from, std::ios::binary) << wave();
     for ([[maybe_unused]] auto _ : state) {
         std::ifstream stream(from, std::ios::binary);
-        Types types = imported(stream);
-        writeTypes(types, to);
-        state.PauseTiming();
-        types.clear();
-        state.ResumeTiming();
-    }
-    std::filesystem::remove(from);
-    std::filesystem::remove(to);
+        TypeFile::TypeFileWriter writer;
+        import(stream, [&](const auto& type) { writer.add(*type);
+    });
+    writer.finishFile(to);
+}
+std::filesystem::remove(from);
+std::filesystem::remove(to);
 }
 
 /// The file that comes of it, of types that are there.
@@ -225,6 +240,7 @@ void LoadTypesOfWave(benchmark::State& state) {
 BENCHMARK(ImportTree)->Name("Import/tree")->UseRealTime();
 BENCHMARK(ReadTreeLines)->Name("Import/tree/floor")->UseRealTime();
 BENCHMARK(ImportWave)->Name("Import/wave")->UseRealTime();
+BENCHMARK(ImportWaveAndWrite)->Name("Import/wave/write")->UseRealTime();
 BENCHMARK(LoadTypesOfWave)->Name("Import/wave/load")->UseRealTime();
 BENCHMARK(WriteTypesOfWave)->Name("Import/wave/floor")->UseRealTime();
 BENCHMARK(ImportWaveFile)->Name("Import/wave/file")->UseRealTime();

@@ -1,11 +1,14 @@
 #include "Import/TypeTable.h"
 
 #include "Import/ImportError.h"
+#include "Import/TypeSource.h"
 #include "TypeFile/TypeBuilding.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,6 +16,38 @@ namespace {
 
 using namespace Import;
 using namespace RTTI;
+
+/// Queues, each of the type with the id in front of its own.
+class Queues final : public TypeSource {
+public:
+    Queues(unsigned int firstId, std::vector<std::string> names)
+        : m_firstId(firstId), m_names(std::move(names)) {}
+
+    unsigned int count() const override { return static_cast<unsigned int>(m_names.size()); }
+    std::string_view nameOf(unsigned int number) const override { return m_names[number]; }
+    Place placeOf(unsigned int number) const override {
+        return Place::line(std::make_shared<const std::string>("q"), number);
+    }
+    void addReferences(unsigned int number, References& references) const override {
+        references.addId(m_firstId + number - 1, true);
+        references.endType();
+    }
+    std::unique_ptr<RTBaseType> make(unsigned int number) const override {
+        ++m_made;
+        auto type = std::make_unique<RTQueueType>();
+        TypeFile::setName(*type, m_names[number]);
+        type->m_elementTypeId = m_firstId + number - 1;
+        return type;
+    }
+
+    /// How many have been made.
+    unsigned int made() const { return m_made; }
+
+private:
+    unsigned int m_firstId;
+    std::vector<std::string> m_names;
+    mutable unsigned int m_made = 0;
+};
 
 /// A table, and what it left out.
 class TypeTableTest : public testing::Test {
@@ -158,6 +193,48 @@ TEST_F(TypeTableTest, AnAbsentIndexTypeStaysAbsent) {
     table.want(table.add(std::move(array), Place()), "");
     finish();
     EXPECT_EQ(static_cast<RTArrayType&>(*types[1]).m_indexTypeIds[0], TypeFileFormat::NO_TYPE_ID);
+}
+
+TEST_F(TypeTableTest, TypesOfASourceReferToThoseOfTheTable) {
+    table.want(string("unneeded"), "p");
+    string();
+    table.addSource(std::make_unique<Queues>(2, Names{"a", "b"}));
+    EXPECT_EQ(table.size(), 4u);
+    table.want(3, "q");
+    EXPECT_EQ(finish({"q"}), (Names{"string", "a", "b"}));
+    EXPECT_EQ(static_cast<RTQueueType&>(*types[1]).m_elementTypeId, 0u);
+    EXPECT_EQ(static_cast<RTQueueType&>(*types[2]).m_elementTypeId, 1u);
+}
+
+TEST_F(TypeTableTest, ATypeOfASourceThatEqualsOneOfTheTableBecomesOneWithIt) {
+    table.want(queue(string(), "a"), "");
+    table.want(string(), "");
+    table.addSource(std::make_unique<Queues>(3, Names{"a", "b"}));
+    table.want(4, "");
+    EXPECT_EQ(finish(), (Names{"string", "a", "b"}));
+    EXPECT_EQ(static_cast<RTQueueType&>(*types[2]).m_elementTypeId, 1u);
+}
+
+TEST_F(TypeTableTest, ATypeOfASourceIsMadeOnlyWhenTheOneBeforeHasBeenTaken) {
+    string();
+    auto source = std::make_unique<Queues>(1, Names{"a", "b", "c"});
+    const Queues& queues = *source;
+    table.addSource(std::move(source));
+    table.want(3, "");
+    std::vector<unsigned int> made;
+    table.finish({}, notes, [&](const auto&) { made.push_back(queues.made()); });
+    EXPECT_EQ(made, (std::vector<unsigned int>{0, 1, 2, 3}));
+}
+
+TEST_F(TypeTableTest, NotesOfASourceArePlacedAndComeBeforeTheFirstType) {
+    table.want(string(), "");
+    table.leaveOut(table.reserve(), "class p::gone");
+    table.addSource(std::make_unique<Queues>(2, Names{"a", ""}));
+    table.want(3, "");
+    bool isNotedFirst = false;
+    table.finish({}, notes, [&](const auto&) { isNotedFirst = !texts.empty(); });
+    EXPECT_TRUE(isNotedFirst);
+    EXPECT_EQ(texts, Names{"q:1: a type without a name is left out: it needs class p::gone"});
 }
 
 TEST_F(TypeTableTest, AChainOfAMillionTypesNeedsNoDeepStack) {

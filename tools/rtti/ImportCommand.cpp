@@ -22,6 +22,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -79,13 +80,8 @@ void writeJson(const Types& types, const std::string& path) {
     output.commit();
 }
 
-void writeTypes(const Types& types, const ImportCall& call) {
-    TypeFile::TypeFileWriter writer;
-    for (const auto& type : types)
-        writer.add(*type);
-    if (call.json) {
-        writeJson(types, call.output);
-    } else if (call.output == STANDARD_STREAM) {
+void writeTypes(TypeFile::TypeFileWriter& writer, const ImportCall& call) {
+    if (call.output == STANDARD_STREAM) {
         const std::vector<char> bytes = writer.finish();
         std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     } else {
@@ -93,8 +89,10 @@ void writeTypes(const Types& types, const ImportCall& call) {
     }
 }
 
-/// The types of what a front end wrote, or of files that were there.
-Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes& notes) {
+/// Adds the types of what a front end wrote, or of files that were there, to `writer`. The answer
+/// has them as well if they are to become JSON.
+Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes& notes,
+                  TypeFile::TypeFileWriter& writer) {
     try {
         Import::Importer importer(call.options, notes);
         for (const std::string& path : run.files) {
@@ -103,7 +101,13 @@ Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes&
                                           : std::filesystem::path(path).filename().string();
             readFile(importer, path, shown, call.from);
         }
-        return importer.finish();
+        Types types;
+        importer.finish([&](std::unique_ptr<RTTI::RTBaseType> type) {
+            writer.add(*type);
+            if (call.json)
+                types.push_back(std::move(type));
+        });
+        return types;
     } catch (const Import::ImportError& error) {
         if (run.complaint.empty())
             throw;
@@ -127,11 +131,15 @@ int runImport(const ImportCall& call) {
     Import::Notes notes([&](const Import::Place& place, const std::string& text) {
         noteLines.push_back(noteLine(place, text));
     });
-    const Types types = importTypes(call, run, notes);
+    TypeFile::TypeFileWriter writer;
+    const Types types = importTypes(call, run, notes, writer);
     CaughtSignals::check();
     if (!run.complaint.empty())
         notes.add(Import::Place(), run.complaint + ", but what it had written was imported");
-    writeTypes(types, call);
+    if (call.json)
+        writeJson(types, call.output);
+    else
+        writeTypes(writer, call);
     for (const std::string& line : noteLines)
         std::cerr << line << '\n';
     if (notes.count() > 0)
