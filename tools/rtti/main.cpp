@@ -14,6 +14,7 @@
 #include <iostream>
 #include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -25,11 +26,18 @@ constexpr AddSubcommand* SUBCOMMANDS[] = {addDump,      addShow,  addTree,   add
                                           addStats,     addGraph, addDiff,   addAnnotate, addHtml,
                                           addTranslate, addBuild, addVerify, addImport};
 
+constexpr std::string_view NO_MEMORY = "there is not enough memory";
+
 /// One line on standard error. What a file's bytes or a call's words brought along is escaped, so
 /// that it does nothing to a terminal.
-int fail(const std::string& what, int exitStatus) {
+int fail(std::string_view what, int exitStatus) {
     std::cout.flush();
-    std::cerr << "rtti: " << Inspect::escaped(what) << '\n';
+    try {
+        const std::string line = Inspect::escaped(what);
+        std::cerr << "rtti: " << line << '\n';
+    } catch (const std::bad_alloc&) {
+        std::cerr << "rtti: " << NO_MEMORY << '\n';
+    }
     return exitStatus;
 }
 
@@ -74,7 +82,7 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
     } catch (const UnusableFile& error) {
         return fail(error.what(), error.exitStatus());
     } catch (const std::bad_alloc&) {
-        return fail("there is not enough memory", ExitStatus::UNUSABLE);
+        return fail(NO_MEMORY, ExitStatus::UNUSABLE);
     } catch (const std::exception& error) {
         return fail(error.what(), ExitStatus::UNUSABLE);
     }
