@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include <pty.h>
 #include <sys/wait.h>
@@ -25,6 +27,23 @@ std::string command(const std::string& assignments, const std::string& arguments
 std::string toFile(const std::string& stream, const std::string& name) {
     return " " + stream + ">'" + scratch(name) + "'";
 }
+
+/// A folder of this process alone, which is gone with it.
+class ScratchFolder {
+public:
+    ScratchFolder() { EXPECT_NE(mkdtemp(m_path.data()), nullptr); }
+    ~ScratchFolder() {
+        std::error_code ignored; // What cannot be removed stays.
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::string& path() const { return m_path; }
+
+private:
+    std::string m_path = testing::TempDir() + "rtti-test-XXXXXX";
+};
 
 /// The content of a file that is gone then.
 std::string taken(const std::string& name) {
@@ -81,10 +100,10 @@ Result rttiOnTerminal(OnTerminal streams, const std::string& assignments,
 }
 
 std::string scratch(const std::string& name) {
-    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string file = test->name();
-    std::replace(file.begin(), file.end(), '/', '-'); // Names of tests with a parameter.
-    return testing::TempDir() + file + '.' + std::to_string(::getpid()) + '.' + name;
+    static const ScratchFolder folder;
+    std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    std::replace(test.begin(), test.end(), '/', '-'); // Names of tests with a parameter.
+    return folder.path() + '/' + test + '.' + name;
 }
 
 std::string contentOf(const std::string& path) {
