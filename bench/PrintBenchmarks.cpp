@@ -42,8 +42,9 @@ TypeTable tableOf(const benchmark::State& state) {
 }
 
 void dump(std::ostream& out, const TypeTable& table) {
+    TypeDumper dumper(out, table);
     for (unsigned int id = 0; id < table.count; ++id)
-        dumpType(out, id, *table.typeOf(id), table);
+        dumper.type(id, *table.typeOf(id));
 }
 
 void Dump(benchmark::State& state) {

@@ -34,12 +34,13 @@ void viewAll(const LoadedTypes& types) {
     NoOutput out;
     const Inspect::TypeTable table = types.table();
     Inspect::TypeJsonWriter json(out, Inspect::JsonForm::DOCUMENT, "");
+    Inspect::TypeDumper dumper(out, table);
     for (unsigned int id = 0; id < types.count(); ++id) {
         const RTTI::RTBaseType* type = types[id];
         if (type == nullptr)
             continue;
         json.type(id, *type);
-        Inspect::dumpType(out, id, *type, table);
+        dumper.type(id, *type);
         Inspect::TreeRequest tree;
         tree.id = id;
         tree.limit = MOST_STEPS;

@@ -42,7 +42,8 @@ declarationsIn(SourceLanguage language, const TypeTable& types, const DeclaredNa
 
 DeclarationFile::DeclarationFile(std::ostream& out, const TypeTable& types, SourceLanguage language,
                                  IdComments ids)
-    : m_out(out), m_types(types), m_ids(ids), m_names(m_types, language, Naming::PACKAGES),
+    : m_stream(out), m_out(out), m_types(types), m_ids(ids),
+      m_names(m_types, language, Naming::PACKAGES),
       m_language(declarationsIn(language, m_types, m_names)), m_order(m_types, *m_language, *this),
       m_entries(m_names.packages().count()) {}
 
@@ -70,10 +71,11 @@ void DeclarationFile::end() {
               << " left out.\n";
     const bool isEmpty = std::all_of(m_entries.begin(), m_entries.end(),
                                      [](const auto& entries) { return entries.empty(); });
-    for (std::size_t package = 0; package < m_entries.size() && m_out; ++package) {
+    for (std::size_t package = 0; package < m_entries.size() && m_stream; ++package) {
         if (!m_entries[package].empty() || (isEmpty && package + 1 == m_entries.size()))
             writePackage(package);
     }
+    m_out.flush();
 }
 
 void DeclarationFile::writePackage(std::size_t package) {
@@ -91,35 +93,48 @@ void DeclarationFile::write(const Entry& entry) {
     case Step::ANNOUNCE: m_out << INDENTATION << m_language->announcementOf(entry.id); return;
     case Step::DECLARE: return writeDeclaration(entry.id);
     case Step::OMIT: return writeOmission(entry.id);
-    case Step::REMARK: return remark(strangeness(entry.id));
+    case Step::REMARK: return writeStrangeness(entry.id);
     }
 }
 
 void DeclarationFile::writeDeclaration(unsigned int id) {
     const unsigned int declared = m_names.declaredType(id);
     const bool isPredefined = m_names.isPredefined(id);
-    if (m_ids == IdComments::SHOWN)
-        remark(heading(id) + (isPredefined     ? ": predefined"
-                              : declared != id ? fmt::format(": declared as type {}", declared)
-                                               : ""));
+    if (m_ids == IdComments::SHOWN) {
+        beginRemark(id);
+        if (isPredefined)
+            m_out << ": predefined";
+        else if (declared != id)
+            m_out << ": declared as type " << declared;
+        m_out << '\n';
+    }
     if (isPredefined || declared != id)
         return;
-    if (m_names.packages().isAway(id))
-        remark("Declared here and not in its own package, as it needs types of this one:");
+    if (m_names.packages().isAway(id)) {
+        beginRemark();
+        m_out << "Declared here and not in its own package, as it needs types of this one:\n";
+    }
     declareBehind(INDENTATION, id);
 }
 
 void DeclarationFile::writeOmission(unsigned int id) {
-    remark(fmt::format("{} has no declaration: {}", heading(id), m_obstacles[id]));
-    declareBehind(fmt::format("{}{} ", INDENTATION, m_language->comment()), id);
+    beginRemark(id);
+    m_out << " has no declaration: " << m_obstacles[id] << '\n';
+    const bool isVhdl = m_language->language() == SourceLanguage::VHDL;
+    declareBehind(isVhdl ? "    -- " : "    // ", id);
 }
 
 /// Each line behind the prefix.
-void DeclarationFile::declareBehind(const std::string& prefix, unsigned int id) {
+void DeclarationFile::declareBehind(std::string_view prefix, unsigned int id) {
     IndentedLines lines(m_out, prefix);
-    std::ostream out(&lines);
-    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
-    m_language->declare(out, id);
+    m_language->declare(m_out, id);
+    lines.end();
+}
+
+void DeclarationFile::writeStrangeness(unsigned int id) {
+    beginRemark(id);
+    const RTBaseType* type = m_types.typeOf(id);
+    m_out << ": " << (type != nullptr ? nameOf(languageOf(*type)) : "builds no type") << '\n';
 }
 
 void DeclarationFile::note(unsigned int id, Step step) {
@@ -139,20 +154,16 @@ void DeclarationFile::omit(unsigned int id, const std::string& reason) {
     note(id, Step::OMIT);
 }
 
-std::string DeclarationFile::heading(unsigned int id) const {
-    const RTBaseType& type = *m_types.typeOf(id);
-    return fmt::format("type {}: {} {}", id, kindOf(type), quotedName(type.m_name));
-}
+void DeclarationFile::beginRemark() { m_out << INDENTATION << m_language->comment() << ' '; }
 
-std::string DeclarationFile::strangeness(unsigned int id) const {
+void DeclarationFile::beginRemark(unsigned int id) {
+    beginRemark();
+    m_out << "type " << id;
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
-        return fmt::format("type {}: builds no type", id);
-    return fmt::format("{}: {}", heading(id), nameOf(languageOf(*type)));
-}
-
-void DeclarationFile::remark(const std::string& text) {
-    m_out << INDENTATION << m_language->comment() << ' ' << text << '\n';
+        return;
+    m_out << ": " << kindOf(*type) << ' ';
+    writeQuotedName(m_out, type->m_name);
 }
 
 } // namespace Inspect

@@ -50,18 +50,19 @@ private:
     void write(const Entry& entry);
     void writeDeclaration(unsigned int id);
     void writeOmission(unsigned int id);
-    void declareBehind(const std::string& prefix, unsigned int id);
-    std::string heading(unsigned int id) const;
+    void declareBehind(std::string_view prefix, unsigned int id);
 
-    /// The comment for a type of another language, or for an id without a type.
-    std::string strangeness(unsigned int id) const;
+    /// Writes the comment for a type of another language, or for an id without a type.
+    void writeStrangeness(unsigned int id);
 
-    /// Writes a comment line.
-    void remark(const std::string& text);
+    /// Writes the beginning of a comment line, and of one that says which type it is about.
+    /// @{
+    void beginRemark();
+    void beginRemark(unsigned int id);
+    /// @}
 
-    /// Writes it if there are to be comments with ids.
-
-    std::ostream& m_out;
+    std::ostream& m_stream;
+    Text m_out;
     const TypeTable m_types;
     const IdComments m_ids;
     const DeclaredNames m_names;

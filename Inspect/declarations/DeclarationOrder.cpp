@@ -31,12 +31,11 @@ void DeclarationOrder::finish() {
 }
 
 void DeclarationOrder::enter(unsigned int id) {
-    Visit visit = {id, m_needs.size(), m_needs.size(), m_language.obstacleOf(id)};
+    m_language.needsOf(id, m_scratch);
+    Visit visit = {id, m_needs.size(), m_needs.size(), m_language.obstacleOf(id, m_scratch)};
     m_states[id] = State::ACTIVE;
-    if (visit.obstacle.empty() && !m_language.names().isPredefined(id)) {
-        m_language.needsOf(id, m_scratch);
-        m_needs.insert(m_needs.end(), m_scratch.begin(), m_scratch.end());
-    }
+    if (visit.obstacle.empty() && !m_language.names().isPredefined(id))
+        m_needs.insert(m_needs.end(), m_scratch.named.begin(), m_scratch.named.end());
     m_visits.push_back(std::move(visit));
 }
 

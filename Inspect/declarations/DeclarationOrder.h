@@ -63,8 +63,8 @@ private:
     std::vector<bool> m_isAwaited;
     std::vector<unsigned int> m_awaited; ///< In order; some may be declared by now.
     std::vector<Visit> m_visits;
-    std::vector<TypeNeed> m_needs;   ///< Of all visits, one after the other.
-    std::vector<TypeNeed> m_scratch; ///< Of one type.
+    std::vector<TypeNeed> m_needs; ///< Of all visits, one after the other.
+    TypeNeeds m_scratch;           ///< Of one type.
 };
 
 } // namespace Inspect

@@ -114,7 +114,7 @@ private:
 
     void findNeeds() {
         Pairs needs;
-        SystemVerilogNeeds found;
+        TypeNeeds found;
         for (unsigned int id = 0; id < m_types.count; ++id) {
             if (!isNode(id))
                 continue;

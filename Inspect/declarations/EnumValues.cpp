@@ -1,9 +1,6 @@
 #include "Inspect/declarations/EnumValues.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <string_view>
 
 namespace Inspect {
 
@@ -14,39 +11,70 @@ bool bitAt(const char* bytes, unsigned int size, unsigned int bit) {
     return byte < size && ((static_cast<unsigned char>(bytes[byte]) >> (bit % 8)) & 1) != 0;
 }
 
-char hexDigit(std::string_view bits) {
-    unsigned int value = 0;
-    for (const char bit : bits)
-        value = value * 2 + (bit == '1' ? 1 : 0);
-    return "0123456789abcdef"[value];
-}
+/// A value of an enumeration as its bytes have it.
+struct EnumValue {
+    EnumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState)
+        : values(bytes), plane(isFourState ? size / 2 : size),
+          unknowns(isFourState ? bytes + plane : nullptr),
+          known(static_cast<unsigned int>(
+              std::clamp<std::uint64_t>(plane * 8ULL, 1, std::max<std::uint64_t>(width, 1)))) {}
+
+    bool isUnknown(unsigned int bit) const {
+        return unknowns != nullptr && bitAt(unknowns, plane, bit);
+    }
+
+    char digit(unsigned int bit) const {
+        const bool value = bitAt(values, plane, bit);
+        return isUnknown(bit) ? (value ? 'x' : 'z') : (value ? '1' : '0');
+    }
+
+    bool hasUnknown() const {
+        for (unsigned int bit = 0; unknowns != nullptr && bit < known; ++bit) {
+            if (isUnknown(bit))
+                return true;
+        }
+        return false;
+    }
+
+    /// Four bits, of which the lowest is the first.
+    char hexDigit(unsigned int first) const {
+        const unsigned int byte = first / 8;
+        unsigned int value =
+            byte < plane ? static_cast<unsigned char>(values[byte]) >> (first % 8) & 0xF : 0;
+        if (known < first + 4)
+            value &= (1U << (known - first)) - 1;
+        return "0123456789abcdef"[value];
+    }
+
+    const char* values;
+    unsigned int plane;   ///< Bytes of values, and of marks for those that are unknown.
+    const char* unknowns; ///< Null where all bits are known.
+    unsigned int known;   ///< Bits, at least 1.
+};
 
 } // namespace
 
 std::string enumBits(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
-    const unsigned int plane = isFourState ? size / 2 : size;
-    const auto known = static_cast<unsigned int>(
-        std::clamp<std::uint64_t>(plane * 8ULL, 1, std::max<std::uint64_t>(width, 1)));
+    const EnumValue value(bytes, size, width, isFourState);
     std::string bits;
-    for (unsigned int bit = known; bit-- > 0;) {
-        const bool value = bitAt(bytes, plane, bit);
-        const bool isUnknown = isFourState && bitAt(bytes + plane, plane, bit);
-        bits += isUnknown ? (value ? 'x' : 'z') : (value ? '1' : '0');
-    }
+    for (unsigned int bit = value.known; bit-- > 0;)
+        bits += value.digit(bit);
     return bits;
 }
 
-std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
-    std::string bits = enumBits(bytes, size, width, isFourState);
-    if (bits.find_first_of("xz") != std::string::npos) {
+void writeEnumValue(Text& out, const char* bytes, unsigned int size, std::uint64_t width,
+                    bool isFourState) {
+    const EnumValue value(bytes, size, width, isFourState);
+    if (value.hasUnknown()) {
         // A first digit of X or Z would be repeated up to the width.
-        return fmt::format("{}'b{}{}", width, bits.size() < width ? "0" : "", bits);
+        out << width << "'b" << (value.known < width ? "0" : "");
+        for (unsigned int bit = value.known; bit-- > 0;)
+            out << value.digit(bit);
+        return;
     }
-    bits.insert(0, (4 - bits.size() % 4) % 4, '0');
-    std::string digits;
-    for (std::size_t digit = 0; digit < bits.size(); digit += 4)
-        digits += hexDigit(std::string_view(bits).substr(digit, 4));
-    return fmt::format("{}'h{}", width, digits);
+    out << width << "'h";
+    for (unsigned int digit = (value.known + 3) / 4; digit-- > 0;)
+        out << value.hexDigit(4 * digit);
 }
 
 } // namespace Inspect

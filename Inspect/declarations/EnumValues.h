@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Inspect/words/Text.h"
+
 #include <cstdint>
 #include <string>
 
@@ -12,8 +14,9 @@ namespace Inspect {
 /// the bytes do not reach is 0 and not written.
 std::string enumBits(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState);
 
-/// The value as a sized SystemVerilog number of `width` bits: hexadecimal, or binary where it has
-/// bits X or Z.
-std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState);
+/// Writes the value as a sized SystemVerilog number of `width` bits: hexadecimal, or binary where
+/// it has bits X or Z.
+void writeEnumValue(Text& out, const char* bytes, unsigned int size, std::uint64_t width,
+                    bool isFourState);
 
 } // namespace Inspect

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <sstream>
 
 namespace Inspect {
 
@@ -22,11 +21,10 @@ bool LanguageDeclarations::isUnnamed(unsigned int id) const {
 
 std::string LanguageDeclarations::shapeOf(unsigned int id) const {
     constexpr std::size_t MOST_PARTS = 8;
-    std::ostringstream out;
-    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
-    const std::string behind = define(out, id, MOST_PARTS);
+    Text text;
+    text << define(text, id, MOST_PARTS);
     std::string line;
-    for (const char c : out.str() + behind) {
+    for (const char c : text.view()) {
         if ((c != ' ' && c != '\n') || (!line.empty() && line.back() != ' '))
             line += c == '\n' ? ' ' : c;
     }
@@ -37,23 +35,26 @@ std::string LanguageDeclarations::shapeOf(unsigned int id) const {
     return line;
 }
 
-std::string LanguageDeclarations::textOf(const std::vector<FullConstraints>& ranges,
-                                         std::size_t first) {
+void LanguageDeclarations::writeRangesFrom(Text& out, const std::vector<FullConstraints>& ranges,
+                                           std::size_t first) {
     const auto begin = static_cast<std::ptrdiff_t>(std::min(first, ranges.size()));
-    return runsText(std::vector<FullConstraints>(ranges.begin() + begin, ranges.end()));
+    writeRuns(out, std::vector<FullConstraints>(ranges.begin() + begin, ranges.end()));
 }
 
-std::string LanguageDeclarations::remark(std::string_view text) const {
-    return fmt::format("{} {}\n", comment(), text);
+void LanguageDeclarations::remark(Text& out, std::string_view text) const {
+    out << comment() << ' ' << text << '\n';
 }
 
 std::string LanguageDeclarations::obstacleOf(unsigned int id) const {
-    const RTBaseType* type = typeOf(id);
-    if (type == nullptr)
-        return "there is no such type";
-    std::vector<TypeNeed> needs;
+    TypeNeeds needs;
     needsOf(id, needs);
-    for (const TypeNeed& need : needs) {
+    return obstacleOf(id, needs);
+}
+
+std::string LanguageDeclarations::obstacleOf(unsigned int id, const TypeNeeds& needs) const {
+    if (typeOf(id) == nullptr)
+        return "there is no such type";
+    for (const TypeNeed& need : needs.named) {
         const RTBaseType* needed = typeOf(need.typeId);
         if (need.typeId == TypeFileFormat::NO_TYPE_ID)
             return "what it is made of is not recorded";
@@ -62,7 +63,7 @@ std::string LanguageDeclarations::obstacleOf(unsigned int id) const {
         if (!m_names.isOfLanguage(need.typeId))
             return fmt::format("type {} belongs to {}", need.typeId, nameOf(languageOf(*needed)));
     }
-    return ownObstacleOf(id);
+    return ownObstacleOf(id, needs);
 }
 
 } // namespace Inspect

@@ -2,8 +2,8 @@
 
 #include "Inspect/declarations/DeclaredNames.h"
 #include "Inspect/declarations/TypeNeed.h"
+#include "Inspect/words/Text.h"
 
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,13 +27,13 @@ public:
 
     /// Writes the declaration of a type, in complete lines. If the type cannot be declared, writes
     /// the closest possible declaration.
-    virtual void declare(std::ostream& out, unsigned int id) const = 0;
+    virtual void declare(Text& out, unsigned int id) const = 0;
 
     /// Writes the part of a declaration before the declared name and returns the part after it,
     /// such as `logic [7:0]` and `[0:3]`. Writes only the first `most` members, literals, units or
     /// indexes, with dots for the others. Writes nothing if the declaration is more than a name for
     /// another type.
-    virtual std::string define(std::ostream& out, unsigned int id, std::size_t most) const = 0;
+    virtual std::string define(Text& out, unsigned int id, std::size_t most) const = 0;
 
     /// The same in a line, cut to `MOST_CHARACTERS`: how a user of the type would write it out.
     /// Empty if it cannot be written out.
@@ -43,15 +43,19 @@ public:
     /// typedef in SystemVerilog.
     virtual std::string announcementOf(unsigned int id) const = 0;
 
-    /// Replaces `needs` with the types of the same file that the declaration names.
-    virtual void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const = 0;
+    /// Replaces `needs` with those of the declaration.
+    virtual void needsOf(unsigned int id, TypeNeeds& needs) const = 0;
 
     /// Whether users of the type can write it out, so that it needs no declaration. A user that
     /// calls it by its name nevertheless has it among its needs.
     virtual bool isSpelledOut(unsigned int id) const = 0;
 
-    /// Why the language cannot declare the type, judged by this type only; empty if it can.
+    /// Why the language cannot declare the type, judged by this type only; empty if it can. `needs`
+    /// are those of the type.
+    /// @{
     std::string obstacleOf(unsigned int id) const;
+    std::string obstacleOf(unsigned int id, const TypeNeeds& needs) const;
+    /// @}
 
     /// The characters that begin a comment.
     std::string_view comment() const;
@@ -66,7 +70,7 @@ protected:
         : m_language(language), m_types(types), m_names(names) {}
 
     /// The reasons of `obstacleOf` other than a missing type or one of another language.
-    virtual std::string ownObstacleOf(unsigned int id) const = 0;
+    virtual std::string ownObstacleOf(unsigned int id, const TypeNeeds& needs) const = 0;
 
     /// Null for NO_TYPE_ID, and if there is no type with this id.
     const RTTI::RTBaseType* typeOf(unsigned int id) const {
@@ -79,11 +83,12 @@ protected:
     /// Whether the type has no name from the design.
     bool isUnnamed(unsigned int id) const;
 
-    /// The ranges from the index `first` on.
-    static std::string textOf(const std::vector<RTTI::FullConstraints>& ranges, std::size_t first);
+    /// Writes the ranges from the index `first` on.
+    static void writeRangesFrom(Text& out, const std::vector<RTTI::FullConstraints>& ranges,
+                                std::size_t first);
 
-    /// A comment line of its own.
-    std::string remark(std::string_view text) const;
+    /// Writes a comment line of its own.
+    void remark(Text& out, std::string_view text) const;
 
     SourceLanguage m_language;    ///< The language that is written.
     const TypeTable& m_types;     ///< Not owned.

@@ -16,22 +16,32 @@ using namespace RTTI;
 
 namespace {
 
-/// `text` with a space at its end, unless it has one: an escaped identifier ends with its own.
-std::string spaced(std::string text) {
+/// Writes `text` with a space at its end, unless it has one: an escaped identifier ends with its
+/// own.
+void writeSpaced(Text& out, std::string_view text) {
+    out << text;
     if (!text.empty() && text.back() != ' ')
-        text += ' ';
-    return text;
+        out << ' ';
+}
+
+/// Writes `name after;`: the name that a typedef or a member ends with.
+void writeEnding(Text& out, std::string_view name, std::string_view behind) {
+    if (behind.empty())
+        out << name;
+    else
+        writeSpaced(out, name);
+    out << behind << ';';
 }
 
 std::string dimensionsOf(const RTArrayType& type) {
-    std::string text;
-    for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i) {
-        if (i >= type.m_constraints.size() || isOpen(type.m_constraints[i]))
-            text += "[]";
-        else
-            text += fmt::format("[{}:{}]", type.m_constraints[i].si, type.m_constraints[i].ei);
-    }
-    return text;
+    return written([&](Text& out) {
+        for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i) {
+            if (i >= type.m_constraints.size() || isOpen(type.m_constraints[i]))
+                out << "[]";
+            else
+                out << '[' << type.m_constraints[i].si << ':' << type.m_constraints[i].ei << ']';
+        }
+    });
 }
 
 const char* aggregateWords(RecordKind kind) {
@@ -73,25 +83,37 @@ bool isTypedef(const RTBaseType& type) {
     }
 }
 
-/// Why a declaration with the body of the type is not legal; else empty.
-std::string obstacleInBody(const RTBaseType& type) {
-    if (const auto* array = dynamic_cast<const RTArrayType*>(&type)) {
-        if (array->m_indexTypeIds.empty())
-            return "an array has at least one dimension";
-        if (isPackedArray(*array) && dimensionsOf(*array).find("[]") != std::string::npos)
-            return "a packed dimension has bounds";
-        return {};
+bool hasOpenDimension(const RTArrayType& type) {
+    for (std::size_t i = 0; i < type.m_indexTypeIds.size(); ++i) {
+        if (i >= type.m_constraints.size() || isOpen(type.m_constraints[i]))
+            return true;
     }
-    if (const auto* record = dynamic_cast<const RTRecordType*>(&type)) {
-        const auto& members = record->m_members;
+    return false;
+}
+
+/// Why a declaration with the body of the type is not legal; else empty.
+const char* obstacleInBody(const RTBaseType& type) {
+    switch (type.GetClassId()) {
+    case ClassId::ARRAY: {
+        const auto& array = static_cast<const RTArrayType&>(type);
+        if (array.m_indexTypeIds.empty())
+            return "an array has at least one dimension";
+        return isPackedArray(array) && hasOpenDimension(array) ? "a packed dimension has bounds"
+                                                               : "";
+    }
+    case ClassId::RECORD: {
+        const auto& members = static_cast<const RTRecordType&>(type).m_members;
         const bool isEmpty = std::all_of(members.begin(), members.end(),
                                          [](const auto* member) { return member == nullptr; });
         return isEmpty && systemVerilogKeyword(type).empty() ? "a struct has at least one member"
                                                              : "";
     }
-    if (const auto* discrete = dynamic_cast<const RTDiscreteEnumType*>(&type))
-        return discrete->m_enumerators.empty() ? "an enumeration has at least one literal" : "";
-    return {};
+    case ClassId::DISCRETE_ENUM:
+        return static_cast<const RTDiscreteEnumType&>(type).m_enumerators.empty()
+                   ? "an enumeration has at least one literal"
+                   : "";
+    default: return "";
+    }
 }
 
 } // namespace
@@ -132,8 +154,8 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::arrayParts(const RTA
     // The dimensions of the outer array stand before those of its elements.
     const std::size_t inner = parts.before.find(" [");
     const std::size_t place = inner == std::string::npos ? parts.before.size() : inner + 1;
-    if (place == parts.before.size())
-        parts.before = spaced(parts.before) + dimensionsOf(type);
+    if (place == parts.before.size() && !parts.before.empty() && parts.before.back() != ' ')
+        parts.before += ' ' + dimensionsOf(type);
     else
         parts.before.insert(place, dimensionsOf(type));
     return parts;
@@ -156,30 +178,30 @@ std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type, int
     return nameHere(type.m_indexTypeId);
 }
 
-std::string SystemVerilogDeclarations::ending(const std::string& name, const std::string& behind) {
-    return (behind.empty() ? name : spaced(name)) + behind + ';';
+void SystemVerilogDeclarations::writeWithoutPlace(Text& out,
+                                                  const std::vector<FullConstraints>& ranges,
+                                                  std::size_t first) {
+    if (first >= ranges.size())
+        return;
+    out << " // no place for: ";
+    writeRangesFrom(out, ranges, first);
 }
 
-std::string SystemVerilogDeclarations::withoutPlace(const std::vector<FullConstraints>& ranges,
-                                                    std::size_t first) {
-    return first < ranges.size() ? " // no place for: " + textOf(ranges, first) : "";
-}
-
-std::string SystemVerilogDeclarations::withoutPlace(const RTBaseType& type) {
+void SystemVerilogDeclarations::writeWithoutPlace(Text& out, const RTBaseType& type) {
     switch (type.GetClassId()) {
     case ClassId::DISCRETE_ENUM:
-        return withoutPlace(static_cast<const RTDiscreteEnumType&>(type).m_constraints);
+        return writeWithoutPlace(out, static_cast<const RTDiscreteEnumType&>(type).m_constraints);
     case ClassId::TYPEDEF:
-        return withoutPlace(static_cast<const RTTypedefType&>(type).m_constraints);
+        return writeWithoutPlace(out, static_cast<const RTTypedefType&>(type).m_constraints);
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(type);
-        return withoutPlace(array.m_constraints, array.m_indexTypeIds.size());
+        return writeWithoutPlace(out, array.m_constraints, array.m_indexTypeIds.size());
     }
-    default: return {};
+    default: return;
     }
 }
 
-void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
+void SystemVerilogDeclarations::enumeration(Text& out, unsigned int id,
                                             const RTDiscreteEnumType& type,
                                             std::size_t most) const {
     const std::vector<std::string> literals = m_names.literalNames(id, most);
@@ -188,15 +210,20 @@ void SystemVerilogDeclarations::enumeration(std::ostream& out, unsigned int id,
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
     const std::uint64_t width =
         m_types.widths->of(type.m_baseType).value_or(std::max(bytes, 1U) * 8ULL);
-    out << "enum " << spaced(partsOf(type.m_baseTypeId, Spelling::NAME).before) << "{\n";
-    for (std::size_t i = 0; i < literals.size(); ++i)
-        out << "    " << spaced(literals[i]) << "= "
-            << enumValue(type.m_enumerators[i].value, type.m_valueSize, width, isFourState)
-            << (i + 1 < count ? ",\n" : "\n");
+    out << "enum ";
+    writeSpaced(out, partsOf(type.m_baseTypeId, Spelling::NAME).before);
+    out << "{\n";
+    for (std::size_t i = 0; i < literals.size(); ++i) {
+        out << "    ";
+        writeSpaced(out, literals[i]);
+        out << "= ";
+        writeEnumValue(out, type.m_enumerators[i].value, type.m_valueSize, width, isFourState);
+        out << (i + 1 < count ? ",\n" : "\n");
+    }
     out << (literals.size() < count ? "    ...\n} " : "} ");
 }
 
-void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType& type,
+void SystemVerilogDeclarations::members(Text& out, const RTAggregateType& type,
                                         std::size_t most) const {
     const std::vector<std::string> names = m_names.memberNames(type, most);
     std::size_t position = 0;
@@ -208,14 +235,18 @@ void SystemVerilogDeclarations::members(std::ostream& out, const RTAggregateType
             return;
         }
         const Parts parts = partsOf(member->m_typeId, Spelling::NAME);
-        const auto* classMember = dynamic_cast<const RTClassType::t_ClassMember*>(member);
-        out << (classMember != nullptr && classMember->m_memberFlag ? "    static " : "    ")
-            << spaced(parts.before) << ending(names[position++], parts.after)
-            << withoutPlace(member->m_constraints) << '\n';
+        const auto* classMember = type.GetClassId() == ClassId::CLASS
+                                      ? dynamic_cast<const RTClassType::t_ClassMember*>(member)
+                                      : nullptr;
+        out << (classMember != nullptr && classMember->m_memberFlag ? "    static " : "    ");
+        writeSpaced(out, parts.before);
+        writeEnding(out, names[position++], parts.after);
+        writeWithoutPlace(out, member->m_constraints);
+        out << '\n';
     }
 }
 
-void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int id,
+void SystemVerilogDeclarations::classDeclaration(Text& out, unsigned int id,
                                                  const RTClassType& type) const {
     const std::string name = m_names.typeName(id);
     const unsigned int base = type.m_baseClassTypeId;
@@ -224,17 +255,18 @@ void SystemVerilogDeclarations::classDeclaration(std::ostream& out, unsigned int
     if (isImported)
         out << "import " << nameHere(base) << ";\n";
     out << "class ";
-    if (base != TypeFileFormat::NO_TYPE_ID)
-        out << spaced(name) << "extends " << (isImported ? m_names.typeName(base) : nameHere(base))
-            << ";\n";
-    else
-        out << name << ";\n";
+    if (base != TypeFileFormat::NO_TYPE_ID) {
+        writeSpaced(out, name);
+        out << "extends " << (isImported ? m_names.typeName(base) : nameHere(base));
+    } else {
+        out << name;
+    }
+    out << ";\n";
     members(out, type, ALL_NAMES);
     out << "endclass\n";
 }
 
-std::string SystemVerilogDeclarations::define(std::ostream& out, unsigned int id,
-                                              std::size_t most) const {
+std::string SystemVerilogDeclarations::define(Text& out, unsigned int id, std::size_t most) const {
     const RTBaseType* type = typeOf(id);
     Parts parts;
     switch (type != nullptr ? type->GetClassId() : ClassId::WILDCARD) {
@@ -258,43 +290,37 @@ std::string SystemVerilogDeclarations::define(std::ostream& out, unsigned int id
                                             : Parts{scalarWord(*type), ""};
         break;
     }
-    out << spaced(parts.before);
+    writeSpaced(out, parts.before);
     return parts.after;
 }
 
-void SystemVerilogDeclarations::declare(std::ostream& out, unsigned int id) const {
+void SystemVerilogDeclarations::declare(Text& out, unsigned int id) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr) {
-        out << remark("there is no such type");
-        return;
-    }
+    if (type == nullptr)
+        return remark(out, "there is no such type");
     const std::string_view keyword = systemVerilogKeyword(*type);
-    if (!keyword.empty()) {
-        out << remark(std::string(keyword) + " is built in");
-        return;
-    }
+    if (!keyword.empty())
+        return remark(out, std::string(keyword) + " is built in");
     switch (type->GetClassId()) {
     case ClassId::CLASS: return classDeclaration(out, id, static_cast<const RTClassType&>(*type));
-    case ClassId::WILDCARD: out << remark("any index of an associative array: [*]"); return;
+    case ClassId::WILDCARD: return remark(out, "any index of an associative array: [*]");
     default: break;
     }
-    if (!isTypedef(*type)) {
-        out << remark("SystemVerilog has no such type");
-        return;
-    }
+    if (!isTypedef(*type))
+        return remark(out, "SystemVerilog has no such type");
     out << "typedef ";
     const std::string behind = define(out, id, ALL_NAMES);
-    out << ending(m_names.typeName(id), behind) << withoutPlace(*type) << '\n';
+    writeEnding(out, m_names.typeName(id), behind);
+    writeWithoutPlace(out, *type);
+    out << '\n';
 }
 
 std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {
     return fmt::format("typedef class {};\n", m_names.typeName(id));
 }
 
-void SystemVerilogDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) const {
-    SystemVerilogNeeds found;
-    findSystemVerilogNeeds(m_types, id, found);
-    needs = std::move(found.named);
+void SystemVerilogDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {
+    findSystemVerilogNeeds(m_types, id, needs);
 }
 
 bool SystemVerilogDeclarations::isSpelledOut(unsigned int id) const {
@@ -303,12 +329,11 @@ bool SystemVerilogDeclarations::isSpelledOut(unsigned int id) const {
            (type->GetClassId() == ClassId::WILDCARD || Inspect::isSpelledOut(*type));
 }
 
-std::string SystemVerilogDeclarations::ownObstacleOf(unsigned int id) const {
-    SystemVerilogNeeds found;
-    findSystemVerilogNeeds(m_types, id, found);
+std::string SystemVerilogDeclarations::ownObstacleOf(unsigned int id,
+                                                     const TypeNeeds& needs) const {
     std::string obstacle = obstacleInBody(*typeOf(id));
-    for (std::size_t i = 0; i < found.inside.size() && obstacle.empty(); ++i)
-        obstacle = obstacleInBody(*typeOf(found.inside[i]));
+    for (std::size_t i = 0; i < needs.inside.size() && obstacle.empty(); ++i)
+        obstacle = obstacleInBody(*typeOf(needs.inside[i]));
     return obstacle;
 }
 

@@ -11,10 +11,10 @@ public:
     SystemVerilogDeclarations(const TypeTable& types, const DeclaredNames& names)
         : LanguageDeclarations(SourceLanguage::SYSTEM_VERILOG, types, names) {}
 
-    void declare(std::ostream& out, unsigned int id) const override;
-    std::string define(std::ostream& out, unsigned int id, std::size_t most) const override;
+    void declare(Text& out, unsigned int id) const override;
+    std::string define(Text& out, unsigned int id, std::size_t most) const override;
     std::string announcementOf(unsigned int id) const override;
-    void needsOf(unsigned int id, std::vector<TypeNeed>& needs) const override;
+    void needsOf(unsigned int id, TypeNeeds& needs) const override;
     bool isSpelledOut(unsigned int id) const override;
 
 private:
@@ -27,7 +27,7 @@ private:
     /// Whether a type is written out or called by its name.
     enum class Spelling { NAME, BODY };
 
-    std::string ownObstacleOf(unsigned int id) const override;
+    std::string ownObstacleOf(unsigned int id, const TypeNeeds& needs) const override;
 
     /// Arrays without a name are written out within others, up to a depth.
     Parts partsOf(unsigned int id, Spelling spelling, bool isPackedElement = false,
@@ -36,19 +36,17 @@ private:
     Parts containerParts(const RTTI::RTAbstractArrayType& type, const std::string& dimension,
                          int depth) const;
 
-    /// `name after;`: the name that a typedef or a member ends with.
-    static std::string ending(const std::string& name, const std::string& behind);
+    /// Writes ranges that a declaration has no place for, as a comment at the end of its line.
+    /// @{
+    static void writeWithoutPlace(Text& out, const std::vector<RTTI::FullConstraints>& ranges,
+                                  std::size_t first = 0);
+    static void writeWithoutPlace(Text& out, const RTTI::RTBaseType& type);
+    /// @}
 
-    /// Ranges that a declaration has no place for, as a comment at the end of its line.
-    static std::string withoutPlace(const std::vector<RTTI::FullConstraints>& ranges,
-                                    std::size_t first = 0);
-
-    static std::string withoutPlace(const RTTI::RTBaseType& type);
-
-    void enumeration(std::ostream& out, unsigned int id, const RTTI::RTDiscreteEnumType& type,
+    void enumeration(Text& out, unsigned int id, const RTTI::RTDiscreteEnumType& type,
                      std::size_t most) const;
-    void classDeclaration(std::ostream& out, unsigned int id, const RTTI::RTClassType& type) const;
-    void members(std::ostream& out, const RTTI::RTAggregateType& type, std::size_t most) const;
+    void classDeclaration(Text& out, unsigned int id, const RTTI::RTClassType& type) const;
+    void members(Text& out, const RTTI::RTAggregateType& type, std::size_t most) const;
     std::string indexOf(const RTTI::RTAssocArrayType& type, int depth) const;
 };
 

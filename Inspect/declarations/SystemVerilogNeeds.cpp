@@ -12,8 +12,7 @@ namespace {
 /// Goes through one declaration.
 class NeedsFinder {
 public:
-    NeedsFinder(const TypeTable& types, SystemVerilogNeeds& needs)
-        : m_types(types), m_needs(needs) {}
+    NeedsFinder(const TypeTable& types, TypeNeeds& needs) : m_types(types), m_needs(needs) {}
 
     void ofDeclaration(unsigned int id) {
         const RTBaseType* type = typeOf(id);
@@ -75,7 +74,7 @@ private:
     }
 
     const TypeTable& m_types;
-    SystemVerilogNeeds& m_needs;
+    TypeNeeds& m_needs;
 };
 
 } // namespace
@@ -103,7 +102,7 @@ bool isSpelledOutAsIndex(const RTBaseType& type) {
     return isSpelledOut(type) && isPackedArray(type);
 }
 
-void findSystemVerilogNeeds(const TypeTable& types, unsigned int id, SystemVerilogNeeds& needs) {
+void findSystemVerilogNeeds(const TypeTable& types, unsigned int id, TypeNeeds& needs) {
     needs.named.clear();
     needs.inside.clear();
     NeedsFinder(types, needs).ofDeclaration(id);

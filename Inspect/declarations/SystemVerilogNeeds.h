@@ -3,8 +3,6 @@
 #include "Inspect/declarations/TypeNeed.h"
 #include "Inspect/model/TypeTable.h"
 
-#include <vector>
-
 namespace Inspect {
 
 /// Whether a SystemVerilog type is a fixed, dynamic or associative array or a queue.
@@ -23,14 +21,8 @@ bool isSpelledOutAsIndex(const RTTI::RTBaseType& type);
 /// Arrays of arrays without names are written out up to this depth.
 inline constexpr int INLINE_LIMIT = 8;
 
-/// What a declaration in SystemVerilog is made of.
-struct SystemVerilogNeeds {
-    std::vector<TypeNeed> named;      ///< Types of the same file that it calls by their names.
-    std::vector<unsigned int> inside; ///< Arrays that it writes out.
-};
-
 /// Replaces `needs` by those of a type, in the order of the declaration. A type with a keyword
 /// needs nothing.
-void findSystemVerilogNeeds(const TypeTable& types, unsigned int id, SystemVerilogNeeds& needs);
+void findSystemVerilogNeeds(const TypeTable& types, unsigned int id, TypeNeeds& needs);
 
 } // namespace Inspect

@@ -1,7 +1,5 @@
 #include "Inspect/declarations/TypeDeclarations.h"
 
-#include <sstream>
-
 namespace Inspect {
 
 TypeDeclarations::TypeDeclarations(const TypeTable& types, Naming naming)
@@ -15,7 +13,7 @@ const LanguageDeclarations& TypeDeclarations::in(SourceLanguage language) const 
     return m_systemVerilog;
 }
 
-void TypeDeclarations::declare(std::ostream& out, unsigned int id) const {
+void TypeDeclarations::declare(Text& out, unsigned int id) const {
     const RTTI::RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         return;
@@ -28,10 +26,7 @@ void TypeDeclarations::declare(std::ostream& out, unsigned int id) const {
 }
 
 std::string TypeDeclarations::declarationOf(unsigned int id) const {
-    std::ostringstream out;
-    out.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
-    declare(out, id);
-    return out.str();
+    return written([&](Text& out) { declare(out, id); });
 }
 
 } // namespace Inspect

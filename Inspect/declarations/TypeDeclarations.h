@@ -20,7 +20,7 @@ public:
     /// terminal. A type that the language cannot declare gets the closest possible declaration and
     /// a comment with the reason. A typedef that has the name of its data type and adds nothing to
     /// it shares the declaration of that type. Writes nothing if there is no such type.
-    void declare(std::ostream& out, unsigned int id) const;
+    void declare(Text& out, unsigned int id) const;
 
     /// The same declaration as text, of any length.
     std::string declarationOf(unsigned int id) const;

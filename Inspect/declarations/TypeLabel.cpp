@@ -44,17 +44,33 @@ std::string shapeBehindKind(const TypeTable& types, unsigned int id, const RTBas
     return shape;
 }
 
+void writeNameOrShape(Text& out, const TypeTable& types, unsigned int id, const RTBaseType& type) {
+    if (isGivenName(type.m_name))
+        writeQuoted(out, type.m_name);
+    else
+        out << shapeOf(types, id, type);
+}
+
 std::string nameOrShape(const TypeTable& types, unsigned int id, const RTBaseType& type) {
-    return isGivenName(type.m_name) ? quoted(type.m_name) : shapeOf(types, id, type);
+    return written([&](Text& out) { writeNameOrShape(out, types, id, type); });
+}
+
+void writeDescription(Text& out, const TypeTable& types, unsigned int id, const RTBaseType& type,
+                      const TextStyle& style) {
+    out << style.begin(Ink::KEYWORD) << kindOf(type) << style.end();
+    if (type.m_name != nullptr && *type.m_name != '\0') {
+        out << ' ' << style.begin(Ink::NAME);
+        writeQuoted(out, type.m_name);
+        out << style.end();
+    }
+    const std::string shape = shapeBehindKind(types, id, &type);
+    if (!shape.empty())
+        out << ' ' << shape;
 }
 
 std::string describedType(const TypeTable& types, unsigned int id, const RTBaseType& type,
                           const TextStyle& style) {
-    const std::string kind = style.paint(Ink::KEYWORD, kindOf(type));
-    const bool hasText = type.m_name != nullptr && *type.m_name != '\0';
-    std::string text = hasText ? ' ' + style.paint(Ink::NAME, quoted(type.m_name)) : "";
-    const std::string shape = shapeBehindKind(types, id, &type);
-    return kind + text + (shape.empty() ? "" : ' ' + shape);
+    return written([&](Text& out) { writeDescription(out, types, id, type, style); });
 }
 
 std::string labelOf(const TypeTable& types, unsigned int id, const RTBaseType* type,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Inspect/model/TypeTable.h"
+#include "Inspect/words/Text.h"
 #include "Inspect/words/TextStyle.h"
 
 #include <string>
@@ -20,12 +21,20 @@ std::string shapeOf(const TypeTable& types, unsigned int id, const RTTI::RTBaseT
 std::string shapeBehindKind(const TypeTable& types, unsigned int id, const RTTI::RTBaseType* type);
 
 /// The name, quoted, or else the shape.
+/// @{
 std::string nameOrShape(const TypeTable& types, unsigned int id, const RTTI::RTBaseType& type);
+void writeNameOrShape(Text& out, const TypeTable& types, unsigned int id,
+                      const RTTI::RTBaseType& type);
+/// @}
 
 /// Kind and name, `packed struct "pkt_t"`, or kind and shape, `packed array logic [7:0]`. A name
 /// that nobody gave, such as "<anonymous>", stands before the shape.
+/// @{
 std::string describedType(const TypeTable& types, unsigned int id, const RTTI::RTBaseType& type,
                           const TextStyle& style);
+void writeDescription(Text& out, const TypeTable& types, unsigned int id,
+                      const RTTI::RTBaseType& type, const TextStyle& style);
+/// @}
 
 /// The same behind the id: `12 packed struct "pkt_t"`; "12 (no type)" where there is none.
 std::string labelOf(const TypeTable& types, unsigned int id, const RTTI::RTBaseType* type,

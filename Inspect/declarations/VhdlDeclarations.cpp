@@ -29,8 +29,6 @@ constexpr std::size_t DIMENSION_LIMIT = 256;
 /// The literals of larger enumerations are named by their position.
 constexpr std::size_t LITERAL_LIMIT = 1000;
 
-constexpr const char* NO_PLACE = " /* no place for: {} */";
-
 constexpr std::size_t LINE_WIDTH = 92;
 
 bool isDirection(int direction) {
@@ -38,14 +36,15 @@ bool isDirection(int direction) {
            direction == TypeFileFormat::TO_DIRECTION;
 }
 
-std::string directionOf(int direction) {
+void writeDirection(Text& out, int direction) {
     if (isDirection(direction))
-        return direction == TypeFileFormat::DOWNTO_DIRECTION ? "downto" : "to";
-    return fmt::format("to /* direction {} */", direction);
+        out << (direction == TypeFileFormat::DOWNTO_DIRECTION ? "downto" : "to");
+    else
+        out << "to /* direction " << direction << " */";
 }
 
 /// Writes `items` in lines of ordinary length, indented and separated by commas.
-void writeFilled(std::ostream& out, const std::vector<std::string>& items) {
+void writeFilled(Text& out, const std::vector<std::string>& items) {
     out << "    ";
     std::size_t column = 4;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -62,11 +61,13 @@ void writeFilled(std::ostream& out, const std::vector<std::string>& items) {
     }
 }
 
-/// The range of a dimension that an array with an open dimension has no place for.
-std::string lostRange(const RTArrayType& type, std::size_t dimension) {
+/// Writes the range of a dimension that an array with an open dimension has no place for.
+void writeLostRange(Text& out, const RTArrayType& type, std::size_t dimension) {
     if (dimension >= type.m_constraints.size() || isOpen(type.m_constraints[dimension]))
-        return {};
-    return " /* " + rangeText(type.m_constraints[dimension]) + " */";
+        return;
+    out << " /* ";
+    writeRange(out, type.m_constraints[dimension]);
+    out << " */";
 }
 
 /// The ranges of an array that constrain its element.
@@ -131,18 +132,21 @@ public:
         return left;
     }
 
-    std::string of(unsigned int id) {
+    /// Whether something of the type is constrained; then it has been added to `view`.
+    bool add(unsigned int id) {
         const RTBaseType* type = m_declarations.typeOf(id);
         if (type == nullptr || isUsedUp() || ++m_visits > VISIT_LIMIT ||
             m_levels.depth() > NESTING_LIMIT)
-            return {};
+            return false;
         switch (type->GetClassId()) {
-        case ClassId::TYPEDEF: return ofTypedef(static_cast<const RTTypedefType&>(*type));
-        case ClassId::ARRAY: return ofArray(static_cast<const RTArrayType&>(*type));
-        case ClassId::RECORD: return ofRecord(static_cast<const RTRecordType&>(*type));
-        default: return {};
+        case ClassId::TYPEDEF: return addTypedef(static_cast<const RTTypedefType&>(*type));
+        case ClassId::ARRAY: return addArray(static_cast<const RTArrayType&>(*type));
+        case ClassId::RECORD: return addRecord(static_cast<const RTRecordType&>(*type));
+        default: return false;
         }
     }
+
+    std::string_view view() const { return m_text.view(); }
 
 private:
     static constexpr FullConstraints OPEN = {0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
@@ -193,45 +197,58 @@ private:
         return origins;
     }
 
-    std::string ofTypedef(const RTTypedefType& type) {
+    bool addTypedef(const RTTypedefType& type) {
         const Level level(*this, type.m_constraints);
-        return of(type.m_dataTypeId);
+        return add(type.m_dataTypeId);
     }
 
-    std::string ofArray(const RTArrayType& type) {
+    bool addArray(const RTArrayType& type) {
         if (type.m_indexTypeIds.size() > DIMENSION_LIMIT)
-            return {};
+            return false;
         const Level level(*this, type.m_constraints);
-        std::string dimensions;
+        const std::size_t begin = m_text.size();
         bool isConstrained = false;
         for (const unsigned int index : type.m_indexTypeIds) {
+            m_text << (m_text.size() == begin ? "(" : ", ");
             const FullConstraints* range = take();
             isConstrained = isConstrained || range != nullptr;
-            dimensions += (dimensions.empty() ? "" : ", ") +
-                          (range != nullptr ? m_declarations.discreteRange(index, *range) : "open");
+            if (range != nullptr)
+                m_declarations.discreteRange(m_text, index, *range);
+            else
+                m_text << "open";
         }
-        const std::string element = of(type.m_elementTypeId);
-        if (isConstrained)
-            return '(' + dimensions + ')' + element;
-        return element.empty() ? "" : "(open)" + element;
+        if (isConstrained) {
+            m_text << ')';
+            add(type.m_elementTypeId);
+            return true;
+        }
+        m_text.truncate(begin);
+        m_text << "(open)";
+        if (add(type.m_elementTypeId))
+            return true;
+        m_text.truncate(begin);
+        return false;
     }
 
-    std::string ofRecord(const RTRecordType& type) {
+    bool addRecord(const RTRecordType& type) {
         if (type.m_members.size() > VISIT_LIMIT)
-            return {};
+            return false;
         const std::vector<std::string> names = m_declarations.m_names.memberNames(type);
-        std::string members;
+        const std::size_t begin = m_text.size();
         std::size_t position = 0;
         for (const RTAggregateType::t_Member* member : type.m_members) {
             if (member == nullptr)
                 continue;
             const Level level(*this, member->m_constraints);
-            const std::string text = of(member->m_typeId);
-            if (!text.empty())
-                members += (members.empty() ? "" : ", ") + names[position] + text;
-            ++position;
+            const std::size_t before = m_text.size();
+            m_text << (before == begin ? "(" : ", ") << names[position++];
+            if (!add(member->m_typeId))
+                m_text.truncate(before);
         }
-        return members.empty() ? "" : '(' + members + ')';
+        if (m_text.size() == begin)
+            return false;
+        m_text << ')';
+        return true;
     }
 
     /// The range of the next dimension if the levels within the type leave it open, else null.
@@ -249,6 +266,7 @@ private:
     Ranges m_origins; ///< Of `m_ranges`, which are around the type.
     Brakel_tolv::ConstraintStack<FullConstraints> m_levels;
     std::vector<bool> m_isPlaced; ///< Of `m_ranges`; open ones need no place.
+    Text m_text;
     int m_visits = 0;
 };
 
@@ -264,68 +282,84 @@ std::optional<unsigned int> VhdlDeclarations::baseOf(unsigned int id) const {
     return std::nullopt;
 }
 
-std::string VhdlDeclarations::bound(const RTBaseType* base, unsigned int baseId, int value) const {
-    if (base == nullptr)
-        return std::to_string(value);
-    if (base->GetClassId() == ClassId::FLOAT)
-        return realLiteral(value);
-    if (base->GetClassId() == ClassId::PHYSICAL) {
-        const auto& units = static_cast<const RTPhysicalType*>(base)->m_units;
-        return units.empty()
-                   ? std::to_string(value)
-                   : fmt::format("{} {}", value, identifierOf(m_language, units[0].unitName));
+void VhdlDeclarations::bound(Text& out, const RTBaseType& base, unsigned int baseId,
+                             int value) const {
+    if (base.GetClassId() == ClassId::FLOAT) {
+        out << realLiteral(value);
+        return;
     }
-    if (base->GetClassId() != ClassId::SEQ_ENUM)
-        return std::to_string(value);
-    const auto& literals = static_cast<const RTSeqEnumType*>(base)->m_enumeratorNames;
+    if (base.GetClassId() != ClassId::SEQ_ENUM) {
+        out << value;
+        if (base.GetClassId() != ClassId::PHYSICAL)
+            return;
+        const auto& units = static_cast<const RTPhysicalType&>(base).m_units;
+        if (!units.empty())
+            out << ' ' << identifierOf(m_language, units[0].unitName);
+        return;
+    }
+    const auto& literals = static_cast<const RTSeqEnumType&>(base).m_enumeratorNames;
     if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
         literals.size() <= LITERAL_LIMIT) {
-        std::string literal = m_names.literalNames(baseId, static_cast<std::size_t>(value) +
-                                                               1)[static_cast<std::size_t>(value)];
+        const std::string literal =
+            m_names.literalNames(baseId, static_cast<std::size_t>(value) + 1).back();
         // A predefined literal that needs an escape here is one outside ASCII, such as y umlaut.
         const bool isHidden =
             !isCharacterLiteral(literal) && (literal.front() == '\\' || m_names.isHidden(literal));
-        if (!isHidden || !m_names.isPredefined(baseId))
-            return literal;
+        if (!isHidden || !m_names.isPredefined(baseId)) {
+            out << literal;
+            return;
+        }
     }
-    return fmt::format("{}'val({})", m_names.typeName(baseId), value);
+    out << m_names.typeName(baseId) << "'val(" << value << ')';
 }
 
-std::string VhdlDeclarations::scalarRange(const RTBaseType& base, unsigned int baseId,
-                                          const FullConstraints& range) const {
-    return fmt::format("{} {} {}", bound(&base, baseId, range.si), directionOf(range.dir),
-                       bound(&base, baseId, range.ei));
+void VhdlDeclarations::scalarRange(Text& out, const RTBaseType& base, unsigned int baseId,
+                                   const FullConstraints& range) const {
+    bound(out, base, baseId, range.si);
+    out << ' ';
+    writeDirection(out, range.dir);
+    out << ' ';
+    bound(out, base, baseId, range.ei);
 }
 
-std::string VhdlDeclarations::discreteRange(unsigned int indexTypeId,
-                                            const FullConstraints& range) const {
+void VhdlDeclarations::discreteRange(Text& out, unsigned int indexTypeId,
+                                     const FullConstraints& range) const {
     const std::optional<unsigned int> baseId = baseOf(indexTypeId);
-    const RTBaseType* base = baseId ? typeOf(*baseId) : nullptr;
-    if (base == nullptr)
-        return fmt::format("{} {} {}", range.si, directionOf(range.dir), range.ei);
-    return scalarRange(*base, *baseId, range);
+    if (baseId)
+        return scalarRange(out, *typeOf(*baseId), *baseId, range);
+    out << range.si << ' ';
+    writeDirection(out, range.dir);
+    out << ' ' << range.ei;
 }
 
-std::string VhdlDeclarations::constraint(unsigned int id, const Ranges& ranges) const {
+void VhdlDeclarations::constraint(Text& out, unsigned int id, const Ranges& ranges) const {
+    const auto addLost = [&](const Ranges& lost, std::size_t first) {
+        if (first >= lost.size())
+            return;
+        out << " /* no place for: ";
+        writeRangesFrom(out, lost, first);
+        out << " */";
+    };
     if (std::all_of(ranges.begin(), ranges.end(), isOpen))
-        return {};
+        return;
     const std::optional<unsigned int> baseId = baseOf(id);
     if (!baseId)
-        return {};
+        return;
     const RTBaseType& base = *typeOf(*baseId);
     switch (base.GetClassId()) {
     case ClassId::INT:
     case ClassId::FLOAT:
     case ClassId::PHYSICAL:
     case ClassId::SEQ_ENUM:
-        return " range " + scalarRange(base, *baseId, ranges.front()) +
-               (ranges.size() > 1 ? fmt::format(NO_PLACE, textOf(ranges, 1)) : "");
+        out << " range ";
+        scalarRange(out, base, *baseId, ranges.front());
+        return addLost(ranges, 1);
     default: break;
     }
     ConstraintText text(*this, ranges);
-    const std::string constraint = text.of(id);
-    const Ranges left = text.left();
-    return constraint + (left.empty() ? "" : fmt::format(NO_PLACE, textOf(left, 0)));
+    text.add(id);
+    out << text.view();
+    addLost(text.left(), 0);
 }
 
 /// The typedef with this id, if it has no name and its users spell it out; else null.
@@ -351,14 +385,14 @@ unsigned int VhdlDeclarations::calledType(unsigned int id, const Ranges& ranges)
     return alias != nullptr ? alias->m_dataTypeId : id;
 }
 
-std::string VhdlDeclarations::indication(unsigned int id, const Ranges& ranges) const {
+void VhdlDeclarations::indication(Text& out, unsigned int id, const Ranges& ranges) const {
     const RTTypedefType* const alias = spelledOut(id, ranges);
-    const unsigned int called = calledType(id, ranges);
-    return m_names.typeName(called) +
-           constraint(called, alias != nullptr ? alias->m_constraints : ranges);
+    const unsigned int called = alias != nullptr ? alias->m_dataTypeId : id;
+    out << m_names.typeName(called);
+    constraint(out, called, alias != nullptr ? alias->m_constraints : ranges);
 }
 
-void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id, std::size_t most) const {
+void VhdlDeclarations::enumeration(Text& out, unsigned int id, std::size_t most) const {
     const auto& type = static_cast<const RTSeqEnumType&>(*typeOf(id));
     std::vector<std::string> literals = m_names.literalNames(id, most);
     if (literals.size() < type.m_enumeratorNames.size())
@@ -377,12 +411,7 @@ void VhdlDeclarations::enumeration(std::ostream& out, unsigned int id, std::size
     out << ')';
 }
 
-std::string VhdlDeclarations::real(const RTFloatType& type) const {
-    return fmt::format("{} {} {}", realLiteral(type.m_left), directionOf(type.m_direction),
-                       realLiteral(type.m_right));
-}
-
-void VhdlDeclarations::physical(std::ostream& out, unsigned int id, const RTPhysicalType& type,
+void VhdlDeclarations::physical(Text& out, unsigned int id, const RTPhysicalType& type,
                                 std::size_t most) const {
     out << "range -9223372036854775807 to 9223372036854775807 /* not recorded */\n"
            "    units\n";
@@ -396,7 +425,7 @@ void VhdlDeclarations::physical(std::ostream& out, unsigned int id, const RTPhys
     out << (units.size() < type.m_units.size() ? "        ...\n" : "") << "    end units";
 }
 
-void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type, std::size_t most) const {
+void VhdlDeclarations::array(Text& out, const RTArrayType& type, std::size_t most) const {
     const std::size_t count = type.m_indexTypeIds.size();
     const Ranges rest = elementRanges(type);
     const bool isConstrained =
@@ -407,18 +436,24 @@ void VhdlDeclarations::array(std::ostream& out, const RTArrayType& type, std::si
     for (std::size_t i = 0; i < std::min(count, most); ++i) {
         const unsigned int index = type.m_indexTypeIds[i];
         const bool hasIndex = index != TypeFileFormat::NO_TYPE_ID;
-        const std::string name = hasIndex ? indication(index, {}) : "integer";
         out << (i == 0 ? "" : ", ");
-        if (!isConstrained)
-            out << name << " range <>" << lostRange(type, i);
-        else
-            out << (hasIndex ? name + " range " : "")
-                << discreteRange(index, type.m_constraints[i]);
+        if (hasIndex)
+            indication(out, index, {});
+        else if (!isConstrained)
+            out << "integer";
+        if (isConstrained) {
+            out << (hasIndex ? " range " : "");
+            discreteRange(out, index, type.m_constraints[i]);
+        } else {
+            out << " range <>";
+            writeLostRange(out, type, i);
+        }
     }
-    out << (count > most ? ", ..." : "") << ") of " << indication(type.m_elementTypeId, rest);
+    out << (count > most ? ", ..." : "") << ") of ";
+    indication(out, type.m_elementTypeId, rest);
 }
 
-void VhdlDeclarations::record(std::ostream& out, const RTRecordType& type, std::size_t most) const {
+void VhdlDeclarations::record(Text& out, const RTRecordType& type, std::size_t most) const {
     const std::vector<std::string> names = m_names.memberNames(type, most);
     out << "record\n";
     std::size_t position = 0;
@@ -429,57 +464,62 @@ void VhdlDeclarations::record(std::ostream& out, const RTRecordType& type, std::
             out << "    ...\n";
             break;
         }
-        out << "    " << names[position++] << " : "
-            << indication(member->m_typeId, member->m_constraints) << ";\n";
+        out << "    " << names[position++] << " : ";
+        indication(out, member->m_typeId, member->m_constraints);
+        out << ";\n";
     }
     out << "end record";
 }
 
-std::string VhdlDeclarations::subtype(unsigned int id, const RTTypedefType& type) const {
-    if (typeOf(type.m_dataTypeId) != nullptr &&
-        m_names.typeName(type.m_dataTypeId) == m_names.typeName(id))
-        return m_names.madeName(type.m_dataTypeId) +
-               constraint(type.m_dataTypeId, type.m_constraints);
-    return indication(type.m_dataTypeId, type.m_constraints);
+void VhdlDeclarations::subtype(Text& out, unsigned int id, const RTTypedefType& type) const {
+    if (typeOf(type.m_dataTypeId) == nullptr ||
+        m_names.typeName(type.m_dataTypeId) != m_names.typeName(id))
+        return indication(out, type.m_dataTypeId, type.m_constraints);
+    out << m_names.madeName(type.m_dataTypeId);
+    constraint(out, type.m_dataTypeId, type.m_constraints);
 }
 
-std::string VhdlDeclarations::define(std::ostream& out, unsigned int id, std::size_t most) const {
+std::string VhdlDeclarations::define(Text& out, unsigned int id, std::size_t most) const {
     const RTBaseType* type = typeOf(id);
     switch (type != nullptr ? type->GetClassId() : 0) {
     case ClassId::SEQ_ENUM: enumeration(out, id, most); break;
     case ClassId::INT:
-        out << "range "
-            << discreteRange(TypeFileFormat::NO_TYPE_ID,
-                             static_cast<const RTIntType*>(type)->m_constraint);
+        out << "range ";
+        discreteRange(out, TypeFileFormat::NO_TYPE_ID,
+                      static_cast<const RTIntType*>(type)->m_constraint);
         break;
-    case ClassId::FLOAT: out << "range " << real(static_cast<const RTFloatType&>(*type)); break;
+    case ClassId::FLOAT: {
+        const auto& real = static_cast<const RTFloatType&>(*type);
+        out << "range " << realLiteral(real.m_left) << ' ';
+        writeDirection(out, real.m_direction);
+        out << ' ' << realLiteral(real.m_right);
+        break;
+    }
     case ClassId::PHYSICAL:
         physical(out, id, static_cast<const RTPhysicalType&>(*type), most);
         break;
     case ClassId::ACCESS:
-        out << "access " << indication(designated(static_cast<const RTAccessType&>(*type)), {});
+        out << "access ";
+        indication(out, designated(static_cast<const RTAccessType&>(*type)), {});
         break;
     case ClassId::FILE_TYPE:
-        out << "file of " << indication(static_cast<const RTFileType&>(*type).m_refTypeId, {});
+        out << "file of ";
+        indication(out, static_cast<const RTFileType&>(*type).m_refTypeId, {});
         break;
     case ClassId::ARRAY: array(out, static_cast<const RTArrayType&>(*type), most); break;
     case ClassId::RECORD: record(out, static_cast<const RTRecordType&>(*type), most); break;
-    case ClassId::TYPEDEF: out << subtype(id, static_cast<const RTTypedefType&>(*type)); break;
+    case ClassId::TYPEDEF: subtype(out, id, static_cast<const RTTypedefType&>(*type)); break;
     default: break;
     }
     return {};
 }
 
-void VhdlDeclarations::declare(std::ostream& out, unsigned int id) const {
+void VhdlDeclarations::declare(Text& out, unsigned int id) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr) {
-        out << remark("there is no such type");
-        return;
-    }
-    if (!isDeclarable(*type)) {
-        out << remark("VHDL has no such type");
-        return;
-    }
+    if (type == nullptr)
+        return remark(out, "there is no such type");
+    if (!isDeclarable(*type))
+        return remark(out, "VHDL has no such type");
     const bool isSubtype = type->GetClassId() == ClassId::TYPEDEF;
     out << (isSubtype ? "subtype " : "type ") << m_names.typeName(id) << " is ";
     define(out, id, ALL_NAMES);
@@ -490,13 +530,13 @@ std::string VhdlDeclarations::announcementOf(unsigned int id) const {
     return fmt::format("type {};\n", m_names.typeName(id));
 }
 
-void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) const {
-    needs.clear();
+void VhdlDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {
+    needs.named.clear();
     const RTBaseType* type = typeOf(id);
     if (type == nullptr)
         return;
     const auto need = [&](unsigned int needed, const Ranges& ranges = {}) {
-        needs.push_back({calledType(needed, ranges), false});
+        needs.named.push_back({calledType(needed, ranges), false});
     };
     switch (type->GetClassId()) {
     case ClassId::TYPEDEF: {
@@ -510,7 +550,7 @@ void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) co
         const RTBaseType* designatedType = typeOf(target);
         const bool isSubtype =
             designatedType != nullptr && designatedType->GetClassId() == ClassId::TYPEDEF;
-        return needs.push_back({target, !isSubtype});
+        return needs.named.push_back({target, !isSubtype});
     }
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(*type);
@@ -531,7 +571,7 @@ void VhdlDeclarations::needsOf(unsigned int id, std::vector<TypeNeed>& needs) co
     }
 }
 
-std::string VhdlDeclarations::ownObstacleOf(unsigned int id) const {
+std::string VhdlDeclarations::ownObstacleOf(unsigned int id, const TypeNeeds&) const {
     const RTBaseType& type = *typeOf(id);
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:

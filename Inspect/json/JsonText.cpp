@@ -36,9 +36,9 @@ std::array<char, 6> unicodeEscape(unsigned int unit) {
 } // namespace
 
 void JsonText::writeTo(std::ostream& out) {
-    out.write(m_bytes.data(), static_cast<std::streamsize>(m_size));
+    out.write(view().data(), static_cast<std::streamsize>(view().size()));
     m_written = last();
-    m_size = 0;
+    m_text.truncate(0);
 }
 
 void JsonText::value(std::string_view text) { value(text, plainSizeOf(text)); }
@@ -79,7 +79,7 @@ void JsonText::value(std::string_view text, std::size_t plainSize) {
 /// Text that begins with so many characters that stand for themselves.
 void JsonText::string(std::string_view text, std::size_t plainSize) {
     for (;;) {
-        append(text.substr(0, plainSize));
+        m_text << text.substr(0, plainSize);
         text.remove_prefix(plainSize);
         if (text.empty())
             return;
@@ -92,14 +92,13 @@ void JsonText::string(std::string_view text, std::size_t plainSize) {
 std::size_t JsonText::escape(std::string_view text) {
     const std::size_t isShort = SHORT_ESCAPED.find(text.front());
     if (isShort != std::string_view::npos) {
-        append("\\");
-        append(SHORT_ESCAPES.substr(isShort, 1));
+        m_text << '\\' << SHORT_ESCAPES[isShort];
         return 1;
     }
     constexpr unsigned int LAST_UNIT = 0xFFFF;
     const auto unit = [&](unsigned int number) {
         const auto escape = unicodeEscape(number);
-        append({escape.data(), escape.size()});
+        m_text << std::string_view(escape.data(), escape.size());
     };
     const Utf8Character character = firstCharacter(text);
     if (character.code > LAST_UNIT) { // As two units.
@@ -112,9 +111,9 @@ std::size_t JsonText::escape(std::string_view text) {
 }
 
 void JsonText::breakLine() {
-    append("\n");
+    m_text << '\n';
     for (unsigned int i = 0; i < m_depth; ++i)
-        append("  ");
+        m_text << "  ";
 }
 
 } // namespace Inspect

@@ -1,14 +1,11 @@
 #pragma once
 
+#include "Inspect/words/Text.h"
 #include "RTTI/RTBaseType.h"
 #include "TypeFile/NamedValues.h"
 
-#include <algorithm>
-#include <charconv>
 #include <concepts>
 #include <cstddef>
-#include <cstring>
-#include <limits>
 #include <optional>
 #include <ostream>
 #include <string_view>
@@ -32,11 +29,11 @@ public:
 
     explicit JsonText(Layout layout = Layout::LINES) : m_isIndented(layout == Layout::INDENTED) {}
 
-    std::string_view view() const { return {m_bytes.data(), m_size}; }
+    std::string_view view() const { return m_text.view(); }
 
     /// Begins another text.
     void clear() {
-        m_size = 0;
+        m_text.truncate(0);
         m_written = NOTHING;
     }
 
@@ -51,21 +48,14 @@ public:
     /// What comes next, the end of a list included, begins a line.
     void newLine() {
         separate();
-        append("\n");
+        m_text << '\n';
     }
-    void endOfLines() { append("\n"); }
+    void endOfLines() { m_text << '\n'; }
 
     /// The key of the value that comes next; it has nothing to escape.
     void key(std::string_view name) {
         separate();
-        char* const begin = room(name.size() + 4);
-        begin[0] = '"';
-        std::memcpy(begin + 1, name.data(), name.size());
-        begin[name.size() + 1] = '"';
-        begin[name.size() + 2] = ':';
-        m_size += name.size() + 3;
-        if (m_isIndented)
-            append(" ");
+        m_text << '"' << name << (m_isIndented ? "\": " : "\":");
     }
 
     template <typename Value> void member(std::string_view key, const Value& value) {
@@ -75,9 +65,7 @@ public:
 
     template <std::integral Number> void value(Number value) {
         separate();
-        constexpr std::size_t MOST_DIGITS = std::numeric_limits<Number>::digits10 + 2;
-        char* const begin = room(MOST_DIGITS);
-        m_size += std::to_chars(begin, begin + MOST_DIGITS, value).ptr - begin;
+        m_text << value;
     }
 
     void value(bool value) { word(value ? "true" : "false"); }
@@ -90,7 +78,7 @@ public:
     /// A string in pieces of whole characters.
     void openString() { word("\""); }
     void string(std::string_view piece);
-    void closeString() { append("\""); }
+    void closeString() { m_text << '"'; }
 
     /// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
     /// hexadecimal digits of a NaN.
@@ -134,32 +122,20 @@ public:
 private:
     static constexpr char NOTHING = '\n'; ///< No comma follows it.
 
-    /// Space for `size` more bytes, at the end.
-    char* room(std::size_t size) {
-        if (m_bytes.size() - m_size < size)
-            m_bytes.resize(2 * (m_bytes.size() + size));
-        return m_bytes.data() + m_size;
-    }
-
-    void append(std::string_view text) {
-        std::copy(text.begin(), text.end(), room(text.size()));
-        m_size += text.size();
-    }
-
-    char last() const { return m_size == 0 ? m_written : m_bytes[m_size - 1]; }
+    char last() const { return view().empty() ? m_written : view().back(); }
 
     /// A comma, unless what comes is the first of its object or list, or the value of a key.
     void separate() {
         const char last = this->last();
         if (last != '{' && last != '[' && last != ':' && last != '\n' && last != ' ')
-            append(",");
+            m_text << ',';
         if (m_isIndented && last != ' ' && m_depth != 0)
             breakLine();
     }
 
     void word(std::string_view text) {
         separate();
-        append(text);
+        m_text << text;
     }
 
     void open(std::string_view bracket) {
@@ -171,7 +147,7 @@ private:
         --m_depth;
         if (m_isIndented && last() != '{' && last() != '[')
             breakLine();
-        append(bracket);
+        m_text << bracket;
     }
 
     void breakLine();
@@ -179,9 +155,8 @@ private:
     void string(std::string_view text, std::size_t plainSize);
     std::size_t escape(std::string_view text);
 
-    std::vector<char> m_bytes;
-    std::size_t m_size = 0;   ///< Of the text; what follows in `m_bytes` is room.
-    char m_written = NOTHING; ///< The last character in front of `m_bytes`.
+    Text m_text;
+    char m_written = NOTHING; ///< The last character in front of `m_text`.
     bool m_isIndented;
     unsigned int m_depth = 0;
 };

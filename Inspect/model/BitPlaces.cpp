@@ -1,7 +1,5 @@
 #include "Inspect/model/BitPlaces.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 namespace Inspect {
@@ -12,8 +10,8 @@ bool isSame(const BitStride& a, const BitStride& b) {
     return a.count == b.count && a.bits == b.bits;
 }
 
-std::string entryText(const BitStride& stride) {
-    return fmt::format("{} every {}", stride.count, stride.bits);
+void writeEntry(Text& out, const BitStride& stride) {
+    out << stride.count << " every " << stride.bits;
 }
 
 MemberPlaces::MemberPlaces(const RTBaseType* type, std::uint64_t offset, std::uint64_t width)

@@ -2,6 +2,7 @@
 
 #include "Inspect/model/PackedWidths.h"
 #include "Inspect/model/PartWalk.h"
+#include "Inspect/words/Text.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,8 +21,8 @@ struct BitStride {
 /// Whether both have as many elements, as many bits apart.
 bool isSame(const BitStride& a, const BitStride& b);
 
-/// A stride as an entry of a list: "4 every 20".
-std::string entryText(const BitStride& stride);
+/// Writes a stride as an entry of a list: "4 every 20".
+void writeEntry(Text& out, const BitStride& stride);
 
 /// The bits of a part in the outermost packed value around it.
 struct BitPlace {

@@ -40,9 +40,11 @@ bool isSame(const Dimension& a, const Dimension& b) {
     return a.kind == b.kind && isSame(a.range, b.range);
 }
 
-std::string entryText(const Dimension& dimension) {
-    return dimension.kind == Dimension::Kind::RANGE ? entryText(dimension.range)
-                                                    : dimensionText(dimension);
+void writeEntry(Text& out, const Dimension& dimension) {
+    if (dimension.kind == Dimension::Kind::RANGE)
+        writeEntry(out, dimension.range);
+    else
+        out << dimensionText(dimension);
 }
 /// @}
 

@@ -5,7 +5,6 @@
 #include "Inspect/translate/PackedElement.h"
 #include "Inspect/translate/PythonNames.h"
 #include "Inspect/words/Counted.h"
-#include "Inspect/words/IndentedLines.h"
 #include "Inspect/words/TypeText.h"
 
 #include <fmt/format.h>

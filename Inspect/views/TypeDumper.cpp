@@ -1,17 +1,13 @@
 #include "Inspect/views/TypeDumper.h"
 
-#include "Inspect/declarations/TypeDeclarations.h"
 #include "Inspect/declarations/TypeLabel.h"
 #include "Inspect/words/Counted.h"
 #include "Inspect/words/IndentedLines.h"
-#include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintPopulation.h"
 #include "TypeFile/TypeFields.h"
 
 #include <fmt/format.h>
 
-#include <streambuf>
-#include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -23,13 +19,12 @@ using TypeFile::fieldWords;
 namespace Form = TypeFile::Form;
 using TypeFile::forEachField;
 
-namespace {
-
 /// Writes the fields of a type's own class, in the order of its record, then its answers.
-class FieldWriter {
+class TypeDumper::Fields {
 public:
-    FieldWriter(std::ostream& out, const TypeTable& types, const TextStyle& style, RangeLists lists)
-        : m_out(out), m_types(types), m_style(style), m_lists(lists) {}
+    explicit Fields(TypeDumper& dumper)
+        : m_out(dumper.m_out), m_types(dumper.m_types), m_style(dumper.m_style),
+          m_lists(dumper.m_lists) {}
 
     void writeFields(const RTBaseType& type) {
         TypeFile::asItsClass(type, [this](const auto& object) {
@@ -41,140 +36,186 @@ public:
 
     /// What the type answers when it is asked, whatever its class.
     void writeAnswers(const RTBaseType& type) {
-        line("value encoding", namedText(m_types.encodings->of(type)));
+        label("value encoding");
+        writeNamed(m_out, m_types.encodings->of(type));
+        endLine();
+        label("value size");
         const unsigned int size = type.getValueSize();
-        line("value size", size != 0 ? counted(size, "byte") : "not recorded");
+        m_out << (size != 0 ? counted(size, "byte") : "not recorded");
+        endLine();
         if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
-            line("type behind", behind(*alias));
-        if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type))
-            line("total dimensions", number(container->getTotalNumDimensions(false)));
+            behind(*alias);
+        if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type)) {
+            label("total dimensions");
+            number(container->getTotalNumDimensions(false));
+            endLine();
+        }
         const PopulatedConstraints flattened =
             populateTypeConstraints(type, mostWalkSteps(m_lists));
-        ranges("flattened constraints", flattened.ranges, flattened.isComplete);
+        label("flattened constraints");
+        ranges(flattened.ranges, flattened.isComplete);
     }
 
 private:
-    void line(std::string_view label, std::string_view value) {
-        m_line.assign("  ").append(label).append(": ").append(value).append("\n");
-        m_out << m_line;
+    void label(std::string_view words) { m_out << "  " << words << ": "; }
+    void endLine() { m_out << '\n'; }
+
+    void beginItem(std::size_t index) {
+        m_out << "    " << m_style.begin(Ink::COMMENT) << '[' << index << ']' << m_style.end()
+              << ' ';
     }
 
-    void item(std::size_t index, std::string_view value) {
-        m_line.assign("    ").append(m_style.paint(Ink::COMMENT, fmt::format("[{}]", index)));
-        m_line.append(" ").append(value).append("\n");
-        m_out << m_line;
+    template <typename Value> void number(const Value& value) {
+        m_out << m_style.begin(Ink::NUMBER);
+        if constexpr (std::is_same_v<Value, FullConstraints>)
+            writeRange(m_out, value);
+        else if constexpr (std::is_floating_point_v<Value>)
+            m_out << fmt::format("{}", value);
+        else
+            m_out << value;
+        m_out << m_style.end();
     }
 
-    template <typename Value> std::string number(const Value& value) const {
-        return m_style.paint(Ink::NUMBER, fmt::format("{}", value));
+    void name(const char* text) {
+        m_out << m_style.begin(Ink::NAME);
+        writeQuotedName(m_out, text);
+        m_out << m_style.end();
     }
 
-    std::string name(std::string_view quotedName) const {
-        return m_style.paint(Ink::NAME, quotedName);
-    }
-
+    /// A field of a line.
+    /// @{
     template <typename Number, typename FieldForm>
     void write(const RTBaseType&, const char* field, Number value, const FieldForm&) {
-        line(fieldWords(field), number(value));
+        label(fieldWords(field));
+        number(value);
+        endLine();
     }
     template <typename Enum>
     void write(const RTBaseType&, const char* field, Enum value, Form::Named) {
-        line(fieldWords(field), namedText(value));
-    }
-    void write(const RTBaseType&, const char* field, const FullConstraints& range, Form::Range) {
-        line(fieldWords(field), number(rangeText(range)));
+        label(fieldWords(field));
+        writeNamed(m_out, value);
+        endLine();
     }
     void write(const RTBaseType&, const char* field, const std::vector<FullConstraints>& list,
                Form::Ranges) {
-        ranges(fieldWords(field), list);
+        label(fieldWords(field));
+        ranges(list, true);
     }
+    void write(const RTBaseType&, const char* field, int id, Form::SVTypeId) {
+        label(fieldWords(field));
+        if (id == TypeFileFormat::NO_SV_TYPE_ID)
+            m_out << "none";
+        else
+            number(id);
+        endLine();
+    }
+    template <typename Object, typename Link>
+    void write(const Object& object, const char* field, unsigned int id,
+               const Form::TypeId<Link>& form) {
+        label(fieldWords(field));
+        reference(id, object.*form.link);
+        endLine();
+    }
+    /// @}
 
     /// The type answers it as well.
     void write(const RTBaseType&, const char*, unsigned int size, Form::ValueSize) {
         m_valueSize = size;
     }
 
-    void write(const RTBaseType&, const char* field, int id, Form::SVTypeId) {
-        line(fieldWords(field), id == TypeFileFormat::NO_SV_TYPE_ID ? "none" : number(id));
-    }
-
-    template <typename Object, typename Link>
-    void write(const Object& object, const char* field, unsigned int id,
-               const Form::TypeId<Link>& form) {
-        line(fieldWords(field), reference(id, object.*form.link));
-    }
-
     template <typename List, typename Item>
     void write(const RTBaseType&, const char* field, const List& list, const Form::Items<Item>&) {
-        line(fieldWords(field), number(list.size()));
-        for (std::size_t i = 0; i < list.size(); ++i)
-            item(i, itemText(list[i]));
+        label(fieldWords(field));
+        number(list.size());
+        endLine();
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            beginItem(i);
+            item(list[i]);
+            endLine();
+        }
     }
-    std::string itemText(const char* text) const { return name(quotedName(text)); }
-    std::string itemText(unsigned int id) const { return reference(id, m_types.typeOf(id)); }
+    void item(const char* text) { name(text); }
+    void item(unsigned int id) { reference(id, m_types.typeOf(id)); }
 
     template <typename Object, typename List, typename Entry>
     void write(const Object& object, const char* field, const List& list,
                const Form::Entries<Entry>& form) {
-        line(fieldWords(field), number(list.size()));
+        label(fieldWords(field));
+        number(list.size());
+        endLine();
         for (std::size_t i = 0; i < list.size(); ++i) {
-            EntryText entry{*this};
+            EntryWriter entry{*this};
             if constexpr (std::is_base_of_v<RTAggregateType, Object>)
                 entry.linked = i < object.m_memberTypes.size() ? object.m_memberTypes[i] : nullptr;
-            const bool isThere = forEachField(form, list, i, entry);
-            item(i, isThere ? entry.text : "(no member)");
+            beginItem(i);
+            if (!forEachField(form, list, i, entry))
+                m_out << "(no member)";
+            endLine();
             if (entry.ranges != nullptr)
                 rangeLines("      ", *entry.ranges);
         }
     }
 
-    /// An entry of a list in a line.
-    struct EntryText {
-        const FieldWriter& writer;
-        const RTBaseType* linked = nullptr; ///< What a member's type id leads to.
-        std::string text = {};
-        const std::vector<FullConstraints>* ranges = nullptr;
+    /// Writes an entry of a list in a line, its name first.
+    struct EntryWriter {
+        Fields& fields;
+        const RTBaseType* linked = nullptr;                   ///< What a member's type id leads to.
+        const std::vector<FullConstraints>* ranges = nullptr; ///< Those that it has.
 
-        void operator()(const char*, const std::string& name, Form::Name) {
-            text = writer.name(quoted(name));
+        void operator()(const char*, const std::string& name, Form::Name) const {
+            fields.m_out << fields.m_style.begin(Ink::NAME);
+            writeQuoted(fields.m_out, name);
+            fields.m_out << fields.m_style.end();
         }
-        void operator()(const char*, const char* name, Form::Name) {
-            text = writer.name(quotedName(name));
+        void operator()(const char*, const char* name, Form::Name) const { fields.name(name); }
+        void operator()(const char*, long long value, Form::Number) const {
+            fields.m_out << " = ";
+            fields.number(value);
         }
-        void operator()(const char*, long long value, Form::Number) {
-            text += " = " + writer.number(value);
-        }
-        void operator()(const char*, const char* value, Form::Value) {
-            text += " = " + writer.bytes(value);
+        void operator()(const char*, const char* value, Form::Value) const {
+            fields.m_out << " = ";
+            fields.bytes(value);
         }
         template <typename Link>
-        void operator()(const char*, unsigned int id, const Form::TypeId<Link>&) {
-            text += ": " + writer.reference(id, linked);
+        void operator()(const char*, unsigned int id, const Form::TypeId<Link>&) const {
+            fields.m_out << ": ";
+            fields.reference(id, linked);
         }
         void operator()(const char* field, const std::vector<FullConstraints>& list, Form::Ranges) {
             ranges = &list;
-            if (!list.empty())
-                text += fmt::format(", {}: {}", field, writer.rangesInLine(list, true));
+            if (list.empty())
+                return;
+            fields.m_out << ", " << field << ": ";
+            fields.rangesInLine(list, true);
         }
-        void operator()(const char* field, bool value, Form::Boolean) {
-            text += fmt::format(", {}: {}", field, value);
+        void operator()(const char* field, bool value, Form::Boolean) const {
+            fields.m_out << ", " << field << ": " << (value ? "true" : "false");
         }
     };
 
-    std::string reference(unsigned int id, const RTBaseType* type) const {
-        if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr)
-            return "none";
-        if (type == nullptr)
-            return number(id) + " (no type)";
-        return number(id) + ' ' + name(nameOrShape(m_types, id, *type));
+    void reference(unsigned int id, const RTBaseType* type) {
+        if (id == TypeFileFormat::NO_TYPE_ID && type == nullptr) {
+            m_out << "none";
+            return;
+        }
+        number(id);
+        if (type == nullptr) {
+            m_out << " (no type)";
+            return;
+        }
+        m_out << ' ' << m_style.begin(Ink::NAME);
+        writeNameOrShape(m_out, m_types, id, *type);
+        m_out << m_style.end();
     }
 
     /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
-    std::string behind(const RTTypedefType& type) const {
+    void behind(const RTTypedefType& type) {
         const RTTypedefType* last = &type;
         while (const auto* next = dynamic_cast<const RTTypedefType*>(last->m_dataType))
             last = next;
-        return reference(last->m_dataTypeId, type.getSelf(false));
+        label("type behind");
+        reference(last->m_dataTypeId, type.getSelf(false));
+        endLine();
     }
 
     /// Whether a list has lines of its own, so that all of it can be there.
@@ -183,112 +224,89 @@ private:
                runsOf(list, MOST_RUNS_IN_LINE + 1).size() > MOST_RUNS_IN_LINE;
     }
 
-    std::string rangesInLine(const std::vector<FullConstraints>& list, bool isComplete) const {
-        if (!hasLines(list))
-            return list.empty() ? "none" : number(runsText(list, RangeLists::SHORT, isComplete));
-        return number(list.size()) + (isComplete ? "" : " and more");
+    void rangesInLine(const std::vector<FullConstraints>& list, bool isComplete) {
+        if (hasLines(list)) {
+            number(list.size());
+            m_out << (isComplete ? "" : " and more");
+        } else if (list.empty()) {
+            m_out << "none";
+        } else {
+            m_out << m_style.begin(Ink::NUMBER);
+            writeRuns(m_out, list, RangeLists::SHORT, isComplete);
+            m_out << m_style.end();
+        }
     }
 
     void rangeLines(std::string_view indentation, const std::vector<FullConstraints>& list) {
         if (!hasLines(list))
             return;
-        for (const auto& run : runsOf(list, list.size()))
-            m_out << indentation << number(runText(run)) << '\n';
+        for (std::size_t at = 0; at < list.size();) {
+            const auto run = runAt(list, at);
+            m_out << indentation << m_style.begin(Ink::NUMBER);
+            writeRun(m_out, run);
+            m_out << m_style.end() << '\n';
+            at += run.count;
+        }
     }
 
-    void ranges(std::string_view label, const std::vector<FullConstraints>& list,
-                bool isComplete = true) {
-        line(label, rangesInLine(list, isComplete));
+    void ranges(const std::vector<FullConstraints>& list, bool isComplete) {
+        rangesInLine(list, isComplete);
+        endLine();
         rangeLines("    ", list);
     }
 
-    std::string bytes(const char* value) const {
-        std::string text = m_valueSize == 0 ? "(no bytes)" : "";
-        for (std::size_t i = 0; i < m_valueSize; ++i)
-            text +=
-                fmt::format("{}{:02X}", i == 0 ? "" : " ", static_cast<unsigned char>(value[i]));
-        return number(text);
+    void bytes(const char* value) {
+        constexpr const char* DIGITS = "0123456789ABCDEF";
+        m_out << m_style.begin(Ink::NUMBER) << (m_valueSize == 0 ? "(no bytes)" : "");
+        for (std::size_t i = 0; i < m_valueSize; ++i) {
+            const auto byte = static_cast<unsigned char>(value[i]);
+            m_out << (i == 0 ? "" : " ") << DIGITS[byte >> 4] << DIGITS[byte & 0xF];
+        }
+        m_out << m_style.end();
     }
 
-    std::ostream& m_out;
+    Text& m_out;
     const TypeTable& m_types;
     const TextStyle& m_style;
     const RangeLists m_lists;
-    std::string m_line;          ///< Its room is kept.
     std::size_t m_valueSize = 0; ///< Of the type's literals.
 };
 
-/// Where a stream writes a declaration to: one of a single line stands behind its label, a longer
-/// one below it.
-class DeclarationField : public std::streambuf {
-public:
-    explicit DeclarationField(std::ostream& out)
-        : m_out(out), m_indented(out, "    "), m_lines(&m_indented) {
-        m_lines.exceptions(std::ios::badbit);
-        m_out << "  declaration:";
-    }
+TypeDumper::TypeDumper(std::ostream& out, const TypeTable& types, const TextStyle& style,
+                       RangeLists lists)
+    : m_out(out), m_types(types), m_style(style), m_lists(lists),
+      m_declarations({0,
+                      [this](unsigned int id) { return id == m_id ? m_type : m_types.typeOf(id); },
+                      m_types.encodings, m_types.widths},
+                     Naming::OWN) {}
 
-    /// Called once, last.
-    void end() {
-        if (!m_isLong)
-            m_out << ' ' << m_firstLine;
-    }
-
-private:
-    int_type overflow(int_type byte) override {
-        const char text = traits_type::to_char_type(byte);
-        return xsputn(&text, 1) == 1 ? traits_type::not_eof(byte) : traits_type::eof();
-    }
-
-    std::streamsize xsputn(const char* text, std::streamsize size) override {
-        const std::string_view added(text, static_cast<std::size_t>(size));
-        if (m_isLong) {
-            m_lines << added;
-            return size;
-        }
-        const std::size_t before = m_firstLine.size();
-        m_firstLine += added;
-        const std::size_t end = m_firstLine.find('\n', before == 0 ? 0 : before - 1);
-        if (end != std::string::npos && end + 1 < m_firstLine.size()) {
-            m_isLong = true;
-            m_out << '\n';
-            m_lines << m_firstLine;
-        }
-        return size;
-    }
-
-    std::ostream& m_out;
-    IndentedLines m_indented;
-    std::ostream m_lines;
-    std::string m_firstLine;
-    bool m_isLong = false;
-};
-
-} // namespace
-
-void dumpHeading(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeTable& types,
-                 const TextStyle& style) {
-    out << style.paint(Ink::HEADING, fmt::format("type {}:", id)) << ' '
-        << describedType(types, id, type, style) << '\n';
+void TypeDumper::heading(unsigned int id, const RTBaseType& type) {
+    writeHeading(id, type);
+    m_out.flush();
 }
 
-void dumpType(std::ostream& out, unsigned int id, const RTBaseType& type, const TypeTable& types,
-              const TextStyle& style, RangeLists lists) {
-    dumpHeading(out, id, type, types, style);
-    const auto lookup = [&](unsigned int other) {
-        return other == id ? &type : types.typeOf(other);
-    };
-    const TypeDeclarations declarations({0, lookup, types.encodings, types.widths}, Naming::OWN);
-    DeclarationField field(out);
-    std::ostream lines(&field);
-    lines.exceptions(std::ios::badbit); // Else memory that runs out would cut the text.
-    declarations.declare(lines, id);
-    field.end();
-    out << "  flags: " << style.paint(Ink::NUMBER, fmt::format("{:#x}", type.m_flags)) << '\n';
-    FieldWriter fields(out, types, style, lists);
+void TypeDumper::type(unsigned int id, const RTBaseType& type) {
+    writeHeading(id, type);
+    m_id = id;
+    m_type = &type;
+    m_out << "  declaration:";
+    IndentedLines lines(m_out, "    ", IndentedLines::Single::BEHIND_LABEL);
+    m_declarations.declare(m_out, id);
+    lines.end();
+    (m_out << "  flags: " << m_style.begin(Ink::NUMBER) << "0x").digits(type.m_flags, 16)
+        << m_style.end() << '\n';
+    Fields fields(*this);
     fields.writeFields(type);
     fields.writeAnswers(type);
-    out << '\n';
+    m_out << '\n';
+    m_out.flush();
+}
+
+void TypeDumper::writeHeading(unsigned int id, const RTBaseType& type) {
+    m_out.truncate(0); // An exception may have ended the call before.
+    m_out << m_style.begin(Ink::HEADING) << "type " << id << ':' << m_style.end() << ' ';
+    writeDescription(m_out, m_types, id, type, m_style);
+    m_out << '\n';
 }
 
 } // namespace Inspect

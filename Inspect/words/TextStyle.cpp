@@ -5,7 +5,7 @@ namespace Inspect {
 namespace {
 
 /// The sixteen colours that every terminal has, by ink; they follow the reader's own theme.
-constexpr const char* colours[] = {
+constexpr std::string_view colours[] = {
     "\x1B[1m",    // HEADING: bold
     "\x1B[35m",   // KEYWORD: magenta
     "\x1B[36m",   // NAME: cyan
@@ -17,14 +17,16 @@ constexpr const char* colours[] = {
     "\x1B[1;31m", // ERROR: bold red
     "\x1B[1;33m", // WARNING: bold yellow
 };
-constexpr char RESET[] = "\x1B[0m";
 
 } // namespace
 
+std::string_view TextStyle::begin(Ink ink) const {
+    return m_isColoured ? colours[static_cast<int>(ink)] : std::string_view();
+}
+
 std::string TextStyle::paint(Ink ink, std::string_view text) const {
-    if (!m_isColoured || text.empty())
-        return std::string(text);
-    return colours[static_cast<int>(ink)] + std::string(text) + RESET;
+    std::string painted(text);
+    return text.empty() ? painted : painted.insert(0, begin(ink)).append(end());
 }
 
 } // namespace Inspect

@@ -35,8 +35,16 @@ public:
     /// Returns `text` in the colour of the ink.
     std::string paint(Ink ink, std::string_view text) const;
 
+    /// What stands before text in the colour of the ink, and after it. Empty without colours.
+    /// @{
+    std::string_view begin(Ink ink) const;
+    std::string_view end() const { return m_isColoured ? RESET : std::string_view(); }
+    /// @}
+
 private:
     explicit TextStyle(bool isColoured) : m_isColoured(isColoured) {}
+
+    static constexpr std::string_view RESET = "\x1B[0m";
 
     bool m_isColoured;
 };

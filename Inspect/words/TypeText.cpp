@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <type_traits>
 
@@ -14,12 +15,14 @@ using namespace RTTI;
 
 namespace {
 
-/// The name of a value, or the value itself in the given format.
-template <typename Enum> std::string nameOr(Enum value, const char* format) {
+/// The name of a value, or the value itself in digits of a base.
+template <typename Enum> void writeNameOr(Text& out, Enum value, int base) {
     const char* name = TypeFile::namesOf(value).nameOf(static_cast<unsigned int>(value));
     if (name != nullptr)
-        return name;
-    return fmt::format(fmt::runtime(format), static_cast<std::underlying_type_t<Enum>>(value));
+        out << name;
+    else
+        (out << (base == 16 ? "0x" : ""))
+            .digits(static_cast<std::underlying_type_t<Enum>>(value), base);
 }
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -28,16 +31,27 @@ bool isPlainInPath(char c) {
     return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '$' || c == ':';
 }
 
-void appendEscaped(std::string& text, char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && byte < 0x7F)
-        text += c;
+bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+
+constexpr auto plainInQuotes = [] {
+    std::array<bool, 256> plain{};
+    for (int c = ' '; c <= '~'; ++c)
+        plain[static_cast<std::size_t>(c)] = c != '"' && c != '\\';
+    return plain;
+}();
+
+/// Whether a text in quotes has the character as it is.
+bool isPlainInQuotes(char c) { return plainInQuotes[static_cast<unsigned char>(c)]; }
+
+void writeEscaped(Text& out, char c) {
+    if (isPrintable(c))
+        out << c;
     else if (c == '\n')
-        text += "\\n";
+        out << "\\n";
     else if (c == '\t')
-        text += "\\t";
+        out << "\\t";
     else
-        text += fmt::format("\\x{:02X}", byte);
+        out << fmt::format("\\x{:02X}", static_cast<unsigned char>(c));
 }
 
 /// Bounds beyond it stand for the whole range of a double, which some compilers round.
@@ -51,23 +65,25 @@ bool hasAllLiterals(const RTSeqEnumType& type, const FullConstraints& range) {
 } // namespace
 
 std::string escaped(std::string_view text) {
-    std::string result;
-    for (const char c : text)
-        appendEscaped(result, c);
-    return result;
+    return written([=](Text& out) {
+        for (const char c : text)
+            writeEscaped(out, c);
+    });
+}
+
+void writeQuoted(Text& out, std::string_view text) {
+    const auto plainEnd = std::find_if_not(text.begin(), text.end(), isPlainInQuotes);
+    out << '"' << text.substr(0, static_cast<std::size_t>(plainEnd - text.begin()));
+    for (const char c : text.substr(static_cast<std::size_t>(plainEnd - text.begin()))) {
+        if (c == '"' || c == '\\')
+            out << '\\';
+        writeEscaped(out, c);
+    }
+    out << '"';
 }
 
 std::string quoted(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + 2);
-    result += '"';
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            result += '\\';
-        appendEscaped(result, c);
-    }
-    result += '"';
-    return result;
+    return written([=](Text& out) { writeQuoted(out, text); });
 }
 
 bool isGivenName(const char* name) {
@@ -77,7 +93,16 @@ bool isGivenName(const char* name) {
     return !std::all_of(text.begin() + 1, text.end() - 1, isLetter);
 }
 
-std::string quotedName(const char* name) { return name != nullptr ? quoted(name) : "(no name)"; }
+void writeQuotedName(Text& out, const char* name) {
+    if (name != nullptr)
+        writeQuoted(out, name);
+    else
+        out << "(no name)";
+}
+
+std::string quotedName(const char* name) {
+    return written([=](Text& out) { writeQuotedName(out, name); });
+}
 
 std::string pathName(const char* name) {
     const std::string_view text = name != nullptr ? name : "";
@@ -85,19 +110,28 @@ std::string pathName(const char* name) {
                                                                                  : quoted(text);
 }
 
-std::string rangeText(const FullConstraints& range) {
+void writeRange(Text& out, const FullConstraints& range) {
     if (range.dir == TypeFileFormat::TO_DIRECTION)
-        return fmt::format("{} to {}", range.si, range.ei);
-    if (range.dir == TypeFileFormat::DOWNTO_DIRECTION)
-        return fmt::format("{} downto {}", range.si, range.ei);
-    if (!isOpen(range))
-        return fmt::format("{}, {}, direction {}", range.si, range.ei, range.dir);
-    if (range.si == 0 && range.ei == 0)
-        return "open";
-    return fmt::format("open ({}, {})", range.si, range.ei);
+        out << range.si << " to " << range.ei;
+    else if (range.dir == TypeFileFormat::DOWNTO_DIRECTION)
+        out << range.si << " downto " << range.ei;
+    else if (!isOpen(range))
+        out << range.si << ", " << range.ei << ", direction " << range.dir;
+    else if (range.si == 0 && range.ei == 0)
+        out << "open";
+    else
+        out << "open (" << range.si << ", " << range.ei << ')';
 }
 
-std::string entryText(const FullConstraints& range) { return '(' + rangeText(range) + ')'; }
+std::string rangeText(const FullConstraints& range) {
+    return written([&](Text& out) { writeRange(out, range); });
+}
+
+void writeEntry(Text& out, const FullConstraints& range) {
+    out << '(';
+    writeRange(out, range);
+    out << ')';
+}
 
 std::string valueRangeText(const RTBaseType& type, const FullConstraints* narrowing) {
     switch (type.GetClassId()) {
@@ -122,9 +156,9 @@ std::string valueRangeText(const RTBaseType& type, const FullConstraints* narrow
     }
 }
 
-std::string namedText(ValueEncoding encoding) { return nameOr(encoding, "{}"); }
-std::string namedText(EnumKind kind) { return nameOr(kind, "{}"); }
-std::string namedText(ArrayKind kind) { return nameOr(kind, "{:#x}"); }
-std::string namedText(RecordKind kind) { return nameOr(kind, "{:#x}"); }
+void writeNamed(Text& out, ValueEncoding encoding) { writeNameOr(out, encoding, 10); }
+void writeNamed(Text& out, EnumKind kind) { writeNameOr(out, kind, 10); }
+void writeNamed(Text& out, ArrayKind kind) { writeNameOr(out, kind, 16); }
+void writeNamed(Text& out, RecordKind kind) { writeNameOr(out, kind, 16); }
 
 } // namespace Inspect

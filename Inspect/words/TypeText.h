@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Inspect/words/Text.h"
 #include "RTTI/RTType.h"
 #include "RTTI/Ranges.h"
 
@@ -17,19 +18,28 @@ std::string escaped(std::string_view text);
 /// `text` in double quotes, with quotes and backslashes escaped too.
 std::string quoted(std::string_view text);
 
+/// Writes the same.
+void writeQuoted(Text& out, std::string_view text);
+
 /// Whether the name comes from the design. Other names are null, empty, or a word in angle brackets
 /// such as "<anonymous>".
 bool isGivenName(const char* name);
 
 /// The name of a member or literal in quotes, or "(no name)".
+/// @{
 std::string quotedName(const char* name);
+void writeQuotedName(Text& out, const char* name);
+/// @}
 
 /// A name as part of a path: unchanged if it consists only of letters, digits, `_`, `$` and `:`,
 /// else quoted. A null name counts as empty.
 std::string pathName(const char* name);
 
 /// A range as text: "7 downto 0", "0 to 15", "open".
+/// @{
 std::string rangeText(const RTTI::FullConstraints& range);
+void writeRange(Text& out, const RTTI::FullConstraints& range);
+/// @}
 
 /// How long lists of ranges are shown.
 enum class RangeLists {
@@ -46,53 +56,66 @@ constexpr std::size_t mostWalkSteps(RangeLists lists) {
 /// The largest number of runs in a line that is short.
 inline constexpr std::size_t MOST_RUNS_IN_LINE = 8;
 
-/// A range as an entry of a list: `(7 downto 0)`.
-std::string entryText(const RTTI::FullConstraints& range);
+/// Writes a range as an entry of a list: `(7 downto 0)`.
+void writeEntry(Text& out, const RTTI::FullConstraints& range);
 
 /// A run of equal entries of a list: of ranges, or of anything else that has `isSame` and
-/// `entryText`.
+/// `writeEntry`.
 template <typename Entry> struct Run {
     Entry entry;       ///< What is repeated.
     std::size_t count; ///< How many there are, at least 1.
 };
 
+/// The run that begins with the entry at `first`.
+template <typename Entry> Run<Entry> runAt(const std::vector<Entry>& entries, std::size_t first) {
+    std::size_t end = first + 1;
+    while (end < entries.size() && isSame(entries[end], entries[first]))
+        ++end;
+    return {entries[first], end - first};
+}
+
 /// The first `most` runs of equal entries in a list.
 template <typename Entry>
 std::vector<Run<Entry>> runsOf(const std::vector<Entry>& entries, std::size_t most) {
     std::vector<Run<Entry>> runs;
-    for (const Entry& entry : entries) {
-        if (!runs.empty() && isSame(runs.back().entry, entry))
-            ++runs.back().count;
-        else if (runs.size() == most)
-            break;
-        else
-            runs.push_back({entry, 1});
-    }
+    for (std::size_t at = 0; at < entries.size() && runs.size() < most; at += runs.back().count)
+        runs.push_back(runAt(entries, at));
     return runs;
 }
 
-/// The entry, followed by ` x 5` for a run of 5.
-template <typename Entry> std::string runText(const Run<Entry>& run) {
-    return entryText(run.entry) + (run.count == 1 ? "" : " x " + std::to_string(run.count));
+/// Writes the entry, followed by ` x 5` for a run of 5.
+template <typename Entry> void writeRun(Text& out, const Run<Entry>& run) {
+    writeEntry(out, run.entry);
+    if (run.count != 1)
+        out << " x " << run.count;
 }
 
-/// A list in one line: `(31 downto 0) x 5, (63 downto 0), ... 3764 in all`. If `isComplete` is
-/// false there are more entries than given, and the text says so. "none" for an empty list.
+/// Writes a list in one line: `(31 downto 0) x 5, (63 downto 0), ... 3764 in all`. If `isComplete`
+/// is false there are more entries than given, and the text says so. "none" for an empty list.
 template <typename Entry>
-std::string runsText(const std::vector<Entry>& entries, RangeLists lists = RangeLists::SHORT,
-                     bool isComplete = true) {
-    std::string text;
+void writeRuns(Text& out, const std::vector<Entry>& entries, RangeLists lists = RangeLists::SHORT,
+               bool isComplete = true) {
+    std::size_t most = lists == RangeLists::WHOLE ? entries.size() : MOST_RUNS_IN_LINE;
     std::size_t shown = 0;
-    for (const Run<Entry>& run :
-         runsOf(entries, lists == RangeLists::WHOLE ? entries.size() : MOST_RUNS_IN_LINE)) {
-        text += (text.empty() ? "" : ", ") + runText(run);
+    for (; shown < entries.size() && most > 0; --most) {
+        const Run<Entry> run = runAt(entries, shown);
+        out << (shown == 0 ? "" : ", ");
+        writeRun(out, run);
         shown += run.count;
     }
     if (!isComplete)
-        return text + ", ... more than " + std::to_string(entries.size()) + " in all";
-    if (shown < entries.size())
-        return text + ", ... " + std::to_string(entries.size()) + " in all";
-    return text.empty() ? "none" : text;
+        out << ", ... more than " << entries.size() << " in all";
+    else if (shown < entries.size())
+        out << ", ... " << entries.size() << " in all";
+    else if (shown == 0)
+        out << "none";
+}
+
+/// The same as text.
+template <typename Entry>
+std::string runsText(const std::vector<Entry>& entries, RangeLists lists = RangeLists::SHORT,
+                     bool isComplete = true) {
+    return written([&](Text& out) { writeRuns(out, entries, lists, isComplete); });
 }
 
 /// The range of the values of an integer, real, enumeration or physical type: that of the type, or
@@ -100,13 +123,18 @@ std::string runsText(const std::vector<Entry>& entries, RangeLists lists = Range
 /// literals, and for a real type without limits.
 std::string valueRangeText(const RTTI::RTBaseType& type, const RTTI::FullConstraints* narrowing);
 
-/// The name of a value of an enumeration of the library, such as "2-State" or "VHDL_ARRAY", or its
-/// number if it has none.
+/// Writes the name of a value of an enumeration of the library, such as "2-State" or "VHDL_ARRAY",
+/// or its number if it has none.
 /// @{
-std::string namedText(RTTI::ValueEncoding encoding);
-std::string namedText(RTTI::EnumKind kind);
-std::string namedText(RTTI::ArrayKind kind);
-std::string namedText(RTTI::RecordKind kind);
+void writeNamed(Text& out, RTTI::ValueEncoding encoding);
+void writeNamed(Text& out, RTTI::EnumKind kind);
+void writeNamed(Text& out, RTTI::ArrayKind kind);
+void writeNamed(Text& out, RTTI::RecordKind kind);
 /// @}
+
+/// The same as text.
+template <typename Enum> std::string namedText(Enum value) {
+    return written([&](Text& out) { writeNamed(out, value); });
+}
 
 } // namespace Inspect

@@ -195,10 +195,11 @@ TEST(WithoutMemory, TypesAsJsonKeepNothing) {
 }
 
 TEST(WithoutMemory, TypesAsTextKeepNothing) {
-    expectWholePrint(300, [](std::ostream& out, const Inspect::TypeTable& types) {
+    expectWholePrint(200, [](std::ostream& out, const Inspect::TypeTable& types) {
+        Inspect::TypeDumper dumper(out, types);
         for (unsigned int id = 0; id < types.count; ++id) {
             if (const RTBaseType* type = types.typeOf(id))
-                Inspect::dumpType(out, id, *type, types);
+                dumper.type(id, *type);
         }
     });
 }
@@ -206,7 +207,7 @@ TEST(WithoutMemory, TypesAsTextKeepNothing) {
 TEST(WithoutMemory, DeclarationsKeepNothing) {
     for (const auto language :
          {Inspect::SourceLanguage::VHDL, Inspect::SourceLanguage::SYSTEM_VERILOG})
-        expectWholePrint(200, [=](std::ostream& out, const Inspect::TypeTable& types) {
+        expectWholePrint(100, [=](std::ostream& out, const Inspect::TypeTable& types) {
             Inspect::DeclarationFile file(out, types, language, Inspect::IdComments::SHOWN);
             for (unsigned int id = 0; id < types.count; ++id)
                 file.add(id);

@@ -120,7 +120,7 @@ private:
         else if (m_declarations)
             declare(id);
         else
-            Inspect::dumpType(std::cout, id, *type, m_types, m_style, m_options.lists);
+            m_dumper.type(id, *type);
     }
 
     /// What is chosen gets a declaration, even if its users do without.
@@ -162,6 +162,7 @@ private:
     std::optional<Inspect::TypeJsonWriter> m_json;
     const Inspect::TextStyle m_style = m_options.style();
     Inspect::TypeTable m_types = m_file.types();
+    Inspect::TypeDumper m_dumper{std::cout, m_types, m_style, m_options.lists};
     std::optional<Inspect::DeclarationFile> m_declarations; ///< Of `m_types`.
     bool m_faults = false;
 };

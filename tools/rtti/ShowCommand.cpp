@@ -24,17 +24,17 @@ struct ShowOptions : FileArguments, ColorArguments {
 class Show {
 public:
     Show(OpenedFile& file, const Inspect::TextStyle& style, Inspect::RangeLists lists)
-        : m_file(file), m_style(style), m_lists(lists) {}
+        : m_file(file), m_style(style), m_dumper(std::cout, m_types, m_style, lists) {}
 
-    void type(unsigned int id) const {
+    void type(unsigned int id) {
         if (const RTBaseType* shown = m_types.typeOf(id))
-            Inspect::dumpType(std::cout, id, *shown, m_types, m_style, m_lists);
+            m_dumper.type(id, *shown);
         else
             std::cout << m_style.paint(Inspect::Ink::HEADING, "type " + std::to_string(id) + ':')
                       << " builds no type\n\n";
     }
 
-    void referredTypes(unsigned int id) const {
+    void referredTypes(unsigned int id) {
         heading("refers to:");
         if (const RTBaseType* shown = m_types.typeOf(id)) {
             for (const unsigned int referred : Inspect::referencesOf(*shown))
@@ -42,11 +42,11 @@ public:
         }
     }
 
-    void referringTypes(unsigned int id) const {
+    void referringTypes(unsigned int id) {
         heading("referred to by:");
         std::cout.flush(); // The work is done before a line is written under the progress.
         for (const unsigned int other : m_file.referringTo(id))
-            Inspect::dumpHeading(std::cout, other, *m_types.typeOf(other), m_types, m_style);
+            m_dumper.heading(other, *m_types.typeOf(other));
     }
 
 private:
@@ -57,7 +57,7 @@ private:
     OpenedFile& m_file;
     const Inspect::TypeTable m_types = m_file.types();
     const Inspect::TextStyle m_style;
-    const Inspect::RangeLists m_lists;
+    Inspect::TypeDumper m_dumper;
 };
 
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
@@ -65,7 +65,7 @@ private:
 int runShow(const ShowOptions& options) {
     OpenedFile file(options, OpenedFile::Verified::AS_ASKED);
     const unsigned int id = file.idOf("TYPE", options.type);
-    const Show show(file, options.style(), options.lists);
+    Show show(file, options.style(), options.lists);
     show.type(id);
     show.referredTypes(id);
     show.referringTypes(id);

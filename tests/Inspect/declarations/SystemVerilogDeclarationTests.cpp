@@ -89,6 +89,10 @@ TEST(SystemVerilogDeclarations, AnEnumerationHasItsBaseAndSizedValues) {
                                "} e_t;\n");
 }
 
+std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width, bool isFourState) {
+    return written([=](Text& out) { writeEnumValue(out, bytes, size, width, isFourState); });
+}
+
 TEST(SystemVerilogDeclarations, UnknownBitsOfAValueAreInItsSecondHalf) {
     EXPECT_EQ(enumValue("\x06\x00", 2, 4, true), "4'h6");
     EXPECT_EQ(enumValue("\x0C\x0A", 2, 4, true), "4'bx1z0");

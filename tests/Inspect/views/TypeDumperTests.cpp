@@ -23,7 +23,7 @@ char* copyOf(const std::string& text) {
 
 std::string dump(unsigned int id, const RTBaseType& type, const RTBaseType* others = nullptr) {
     std::ostringstream out;
-    dumpType(out, id, type, {id + 1, [=](unsigned int) { return others; }});
+    TypeDumper(out, {id + 1, [=](unsigned int) { return others; }}).type(id, type);
     return out.str();
 }
 
@@ -206,8 +206,9 @@ TEST(TypeDumper, GivesLongListsWholeOnRequest) {
     std::ostringstream out;
     CTTypedefType type("t", 2);
     type.m_constraints = distinctRanges(9);
-    dumpType(out, 0, type, {1, [](unsigned int) { return nullptr; }}, TextStyle::plain(),
-             RangeLists::WHOLE);
+    TypeDumper(out, {1, [](unsigned int) { return nullptr; }}, TextStyle::plain(),
+               RangeLists::WHOLE)
+        .type(0, type);
     EXPECT_THAT(out.str(), testing::HasSubstr("  constraints: 9\n"
                                               "    (0 downto 0)\n"
                                               "    (1 downto 0)\n"));

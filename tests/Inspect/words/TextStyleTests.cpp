@@ -35,7 +35,7 @@ std::string withoutColours(const std::string& text) {
 
 std::string dump(const RTTI::RTBaseType& type, const TypeLookup& types, const TextStyle& style) {
     std::ostringstream out;
-    dumpType(out, 0, type, {1, types}, style);
+    TypeDumper(out, {1, types}, style).type(0, type);
     return out.str();
 }
 

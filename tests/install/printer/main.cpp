@@ -17,7 +17,8 @@ int main(int argc, char** argv) {
     const RTTI::RTBaseType* type = manager.getRTType(id);
     if (type == nullptr)
         return 1;
-    Inspect::dumpType(std::cout, id, *type,
-                      {id + 1, [&](unsigned int other) { return manager.getRTType(other); }});
+    Inspect::TypeDumper dumper(
+        std::cout, {id + 1, [&](unsigned int other) { return manager.getRTType(other); }});
+    dumper.type(id, *type);
     return 0;
 }
