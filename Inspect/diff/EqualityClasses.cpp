@@ -15,10 +15,10 @@ class ClassNumbering {
 public:
     explicit ClassNumbering(const TypeGraph& graph)
         : m_graph(graph), m_classes(graph.count()), m_states(graph.count(), NEW),
-          m_keys(graph.count() / 2) {}
+          m_keys(graph.nodes().size() / 2) {}
 
     std::vector<unsigned int> classes() {
-        for (unsigned int node = 0; node < m_graph.count(); ++node) {
+        for (const unsigned int node : m_graph.nodes()) {
             if (m_states[node] == NEW)
                 walkFrom(node);
         }

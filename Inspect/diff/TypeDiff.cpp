@@ -4,6 +4,7 @@
 #include "Inspect/diff/TypeComparison.h"
 #include "Inspect/diff/TypeGraph.h"
 #include "Inspect/diff/TypePairing.h"
+#include "Inspect/diff/TypesInQuestion.h"
 
 #include <algorithm>
 
@@ -12,39 +13,25 @@ namespace Inspect {
 /// What is kept for telling the changes.
 class TypeDiff::Comparison {
 public:
-    Comparison(const TypeTable& a, const TypeTable& b) : m_graph(a, b) {}
-
-    bool areIdentical() const {
-        const unsigned int count = m_graph.countA();
-        if (m_graph.count() - count != count)
-            return false;
-        for (unsigned int id = 0; id < count; ++id) {
-            if (!m_graph.isSameRecord(id, count + id))
-                return false;
-        }
-        return true;
-    }
-
-    void match() {
-        m_classes = equalityClasses(m_graph);
-        m_pairing.emplace(m_graph, m_classes);
-    }
+    Comparison(const TypeTable& a, const TypeTable& b, const TypesInQuestion& question)
+        : m_graph(a, b, question.nodes), m_classes(equalityClasses(m_graph)),
+          m_pairing(m_graph, m_classes) {}
 
     const TypeGraph& graph() const { return m_graph; }
     const std::vector<unsigned int>& classes() const { return m_classes; }
-    const TypePairing& pairing() const { return *m_pairing; }
+    const TypePairing& pairing() const { return m_pairing; }
 
 private:
     TypeGraph m_graph;
     std::vector<unsigned int> m_classes;
-    std::optional<TypePairing> m_pairing;
+    TypePairing m_pairing;
 };
 
 TypeDiff::TypeDiff(const TypeTable& a, const TypeTable& b) : m_a(a), m_b(b) {
-    auto comparison = std::make_unique<Comparison>(a, b);
-    if (comparison->areIdentical())
+    const TypesInQuestion question = typesInQuestion(a, b);
+    if (question.areNone)
         return;
-    comparison->match();
+    auto comparison = std::make_unique<const Comparison>(a, b, question);
     const TypePairing& pairing = comparison->pairing();
     m_removed = pairing.removed();
     for (const unsigned int node : pairing.added())

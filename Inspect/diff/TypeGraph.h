@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Inspect/model/TypeTable.h"
-#include "TypeFile/KeyNumbers.h"
 
 #include <string>
 #include <vector>
@@ -10,7 +9,7 @@ namespace Inspect {
 
 /// The types of two files as one graph. Its nodes are the types of A by id, then those of B; an id
 /// that builds no type is a node without fields. Names and contents are numbered: what is equal
-/// has one number in both files.
+/// has one number in both files. Nodes that are not in question have neither, and no references.
 class TypeGraph {
 public:
     /// In the place of a node: a reference that says "no type".
@@ -18,7 +17,11 @@ public:
     /// A reference to an id that the file does not have.
     static constexpr unsigned int NOWHERE = 0xFFFFFFFE;
 
-    TypeGraph(const TypeTable& a, const TypeTable& b);
+    /// `isInQuestion` has each node.
+    TypeGraph(const TypeTable& a, const TypeTable& b, const std::vector<bool>& isInQuestion);
+
+    /// The nodes in question, in ascending order.
+    const std::vector<unsigned int>& nodes() const { return m_inQuestion; }
 
     /// All nodes are numbered below this.
     unsigned int count() const { return static_cast<unsigned int>(m_nodes.size()); }
@@ -37,27 +40,21 @@ public:
 
     /// References in the order of the fields, those that say "no type" as well. Types of equal
     /// content have equally many.
-    unsigned int linkCount(unsigned int node) const;
+    unsigned int linkCount(unsigned int node) const { return m_nodes[node].linkCount; }
     /// A node, NO_TYPE or NOWHERE.
     unsigned int link(unsigned int node, unsigned int index) const;
 
-    /// Whether the two are the same to the last number, ids and all.
-    bool isSameRecord(unsigned int a, unsigned int b) const;
-
 private:
     struct Node {
-        unsigned int content;
-        unsigned int name;
-        int svTypeId;
-        std::size_t linksBegin; ///< In `m_links`.
+        unsigned int content = 0;
+        unsigned int name = 0;
+        std::size_t linksBegin = 0; ///< In `m_links`.
+        unsigned int linkCount = 0;
     };
-    class ContentKey;
-
-    void add(const TypeTable& table, TypeFile::KeyNumbers& contents, TypeFile::KeyNumbers& names);
-    std::size_t linksEnd(unsigned int node) const;
 
     TypeTable m_a, m_b;
     std::vector<Node> m_nodes;
+    std::vector<unsigned int> m_inQuestion;
     std::vector<unsigned int> m_links; ///< Type ids, as the fields have them.
 };
 

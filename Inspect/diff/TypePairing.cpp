@@ -40,9 +40,9 @@ void TypePairing::countExcess() {
         m_classes.empty() ? 0 : *std::max_element(m_classes.begin(), m_classes.end()) + 1;
     m_excessA.resize(classCount);
     m_excessB.resize(classCount);
-    for (unsigned int node = 0; node < m_graph.count(); ++node)
+    for (const unsigned int node : m_graph.nodes())
         ++excess(node);
-    for (unsigned int node = 0; node < m_graph.count(); ++node) {
+    for (const unsigned int node : m_graph.nodes()) {
         if (m_excessA[m_classes[node]] == 0 || m_excessB[m_classes[node]] == 0)
             m_left.push_back(node);
     }
@@ -54,7 +54,7 @@ void TypePairing::countExcess() {
 }
 
 void TypePairing::noteNames() {
-    for (unsigned int node = 0; node < m_graph.count(); ++node) {
+    for (const unsigned int node : m_graph.nodes()) {
         const std::size_t name = m_graph.name(node);
         std::vector<bool>& names = m_graph.isOfA(node) ? m_namesOfA : m_namesOfB;
         names.resize(std::max(names.size(), name + 1));
@@ -282,10 +282,10 @@ void TypePairing::listLeftOver() {
     std::vector<bool> isListed(m_graph.count(), false);
     for (const unsigned int node : m_left)
         isListed[node] = true;
-    for (unsigned int node = m_graph.count(); node-- > 0;) {
-        if (!isListed[node] && isLeft(node) && open[m_classes[node]] != 0) {
-            --open[m_classes[node]];
-            m_left.push_back(node);
+    for (auto node = m_graph.nodes().rbegin(); node != m_graph.nodes().rend(); ++node) {
+        if (!isListed[*node] && isLeft(*node) && open[m_classes[*node]] != 0) {
+            --open[m_classes[*node]];
+            m_left.push_back(*node);
         }
     }
     std::sort(m_left.begin(), m_left.end());

@@ -2,6 +2,8 @@
 
 #include "Inspect/diff/EqualityClasses.h"
 #include "Inspect/diff/TypeDiff.h"
+#include "Inspect/diff/TypePairing.h"
+#include "Inspect/diff/TypesInQuestion.h"
 #include "Inspect/json/TypeJsonWriter.h"
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/RTTypeManager.h"
@@ -19,6 +21,8 @@
 #include <random>
 #include <set>
 #include <sstream>
+#include <string>
+#include <tuple>
 
 namespace {
 
@@ -94,14 +98,15 @@ class AnySeed : public testing::TestWithParam<unsigned int> {};
 INSTANTIATE_TEST_SUITE_P(TypeDiffs, AnySeed, testing::Range(0U, 40U));
 
 /// Few names and few kinds, so that many types are alike; references to anywhere.
-void addAlikeTypes(LinkedTypes& types, unsigned int count, std::mt19937& random) {
+void addAlikeTypes(LinkedTypes& types, unsigned int count, std::mt19937& random,
+                   unsigned int names = 2) {
     const auto target = [&]() -> unsigned int {
         const unsigned int id = random() % (count + 1);
         return id < count ? id : random() % 2 == 0 ? 0xFFFFFFFF : count + random() % 3;
     };
     const unsigned int kinds = 1 + random() % 5;
     for (unsigned int i = 0; i < count; ++i) {
-        const std::string name(random() % 2, 'a');
+        const std::string name(random() % names, 'a');
         switch (random() % kinds) {
         case 0: types.access(name, target()); break;
         case 1:
@@ -159,9 +164,57 @@ TEST_P(AnySeed, ClassesAreThoseThatStepsAlongReferencesTellApart) {
         random.seed(seed);
         addAlikeTypes(a, countA, random);
         addAlikeTypes(b, countB, random);
-        const auto classes = equalityClasses(Inspect::TypeGraph(a.table(), b.table()));
+        const std::vector<bool> all(countA + countB, true);
+        const auto classes = equalityClasses(Inspect::TypeGraph(a.table(), b.table(), all));
         EXPECT_EQ(numbered(classes), expected) << "seed " << seed;
     }
+}
+
+/// Makes two versions of a table: some types have another name or other flags, some are new.
+void addVersions(LinkedTypes& a, LinkedTypes& b, unsigned int seed) {
+    constexpr unsigned int NAMES = 12;
+    std::mt19937 random(seed);
+    const unsigned int count = 10 + random() % 20;
+    for (LinkedTypes* types : {&a, &b}) {
+        random.seed(seed);
+        addAlikeTypes(*types, count, random, NAMES);
+    }
+    for (unsigned int changes = random() % 3; changes != 0; --changes) {
+        RTBaseType& type = b[random() % count];
+        if (random() % 2 == 0)
+            TypeFile::setName(type, std::string(random() % NAMES, 'a'));
+        else
+            type.m_flags ^= 1;
+    }
+    for (unsigned int more = random() % 3; more != 0; --more)
+        b.alias(std::string(random() % NAMES, 'a'), random() % count);
+}
+
+/// What became of the types of A, and which types were added, if these nodes are in question.
+auto outcome(const LinkedTypes& a, const LinkedTypes& b, const std::vector<bool>& isInQuestion) {
+    const Inspect::TypeGraph graph(a.table(), b.table(), isInQuestion);
+    const auto classes = equalityClasses(graph);
+    const Inspect::TypePairing pairing(graph, classes);
+    std::map<unsigned int, unsigned int> partners;
+    for (const unsigned int node : pairing.changed())
+        partners[node] = pairing.partner(node);
+    return std::tuple(partners, pairing.removed(), pairing.added());
+}
+
+TEST_P(AnySeed, TypesOutOfQuestionMakeNoDifference) {
+    std::size_t left = 0;
+    for (unsigned int i = 0; i < 100; ++i) {
+        SCOPED_TRACE(testing::Message() << "seed " << 100 * GetParam() + i);
+        LinkedTypes a, b;
+        addVersions(a, b, 100 * GetParam() + i);
+        const auto question = Inspect::typesInQuestion(a.table(), b.table());
+        if (question.areNone)
+            continue;
+        const auto& nodes = question.nodes;
+        EXPECT_EQ(outcome(a, b, nodes), outcome(a, b, std::vector<bool>(nodes.size(), true)));
+        left += static_cast<std::size_t>(std::count(nodes.begin(), nodes.end(), false));
+    }
+    EXPECT_GT(left, 300u);
 }
 
 TEST_P(AnySeed, ShuffledTypesAreRenumbered) {
