@@ -59,11 +59,10 @@ std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t mos
     }
 }
 
-/// What the owners of identifiers are found by.
-std::uint64_t scopedHash(SourceLanguage language, std::string_view identifier,
-                         std::size_t package) {
+/// What the owner of an identifier is found by, given the hash of its identity.
+std::uint64_t scopedHash(std::uint64_t identity, std::size_t package) {
     constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15;
-    return identityHash(language, identifier) ^ (package * SPREAD);
+    return identity ^ (package * SPREAD);
 }
 
 /// Whether all have identities of their own. Only then true, though not always.
@@ -196,17 +195,18 @@ DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
 }
 
 bool DeclaredNames::claim(std::string_view identifier, Owner owner, std::size_t package) {
-    if (ownerOf(identifier, package) != nullptr)
+    const std::uint64_t identity = identityHash(m_language, identifier);
+    if (m_owners.count(scopedHash(identity, EVERY_PACKAGE)) != 0)
         return false;
-    m_owners.emplace(scopedHash(m_language, identifier, package), owner);
-    return true;
+    return m_owners.emplace(scopedHash(identity, package), owner).second;
 }
 
 const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier,
                                                    std::size_t package) const {
-    auto found = m_owners.find(scopedHash(m_language, identifier, package));
+    const std::uint64_t identity = identityHash(m_language, identifier);
+    auto found = m_owners.find(scopedHash(identity, package));
     if (found == m_owners.end())
-        found = m_owners.find(scopedHash(m_language, identifier, EVERY_PACKAGE));
+        found = m_owners.find(scopedHash(identity, EVERY_PACKAGE));
     return found != m_owners.end() ? &found->second : nullptr;
 }
 

@@ -24,7 +24,18 @@ constexpr auto wordCharacters = [] {
     return isOne;
 }();
 
-bool isInWord(char c) { return wordCharacters[static_cast<unsigned char>(c)]; }
+/// The same and '$'.
+constexpr auto systemVerilogCharacters = [] {
+    std::array<bool, 256> isOne = wordCharacters;
+    isOne['$'] = true;
+    return isOne;
+}();
+
+bool hasOnly(const std::array<bool, 256>& characters, std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [&](char c) { return characters[static_cast<unsigned char>(c)]; });
+}
+
 bool isGraphic(char c) { return c > ' ' && c <= '~'; }
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
@@ -38,14 +49,9 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    if (!isLetter(name.front()) || name.back() == '_')
+    if (!isLetter(name.front()) || name.back() == '_' || !hasOnly(wordCharacters, name) ||
+        name.find("__") != std::string_view::npos)
         return false;
-    char last = ' ';
-    for (const char c : name) {
-        if (!isInWord(c) || (c == '_' && last == '_'))
-            return false;
-        last = c;
-    }
     return name.size() > LONGEST_RESERVED_WORD ||
            !isReservedWord(SourceLanguage::VHDL, lowerCase(name));
 }
@@ -66,7 +72,7 @@ bool isExtendedVhdl(std::string_view name) {
 
 bool isSimpleSystemVerilog(std::string_view name) {
     return (isLetter(name.front()) || name.front() == '_') &&
-           std::all_of(name.begin(), name.end(), [](char c) { return isInWord(c) || c == '$'; }) &&
+           hasOnly(systemVerilogCharacters, name) &&
            (name.size() > LONGEST_RESERVED_WORD ||
             !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name));
 }

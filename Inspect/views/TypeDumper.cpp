@@ -24,7 +24,7 @@ class TypeDumper::Fields {
 public:
     explicit Fields(TypeDumper& dumper)
         : m_out(dumper.m_out), m_types(dumper.m_types), m_style(dumper.m_style),
-          m_lists(dumper.m_lists) {}
+          m_lists(dumper.m_lists), m_fieldWords(dumper.m_fieldWords) {}
 
     void writeFields(const RTBaseType& type) {
         TypeFile::asItsClass(type, [this](const auto& object) {
@@ -58,6 +58,12 @@ public:
 
 private:
     void label(std::string_view words) { m_out << "  " << words << ": "; }
+    void fieldLabel(const char* field) {
+        std::string& words = m_fieldWords[field];
+        if (words.empty())
+            words = fieldWords(field);
+        label(words);
+    }
     void endLine() { m_out << '\n'; }
 
     void beginItem(std::size_t index) {
@@ -86,23 +92,23 @@ private:
     /// @{
     template <typename Number, typename FieldForm>
     void write(const RTBaseType&, const char* field, Number value, const FieldForm&) {
-        label(fieldWords(field));
+        fieldLabel(field);
         number(value);
         endLine();
     }
     template <typename Enum>
     void write(const RTBaseType&, const char* field, Enum value, Form::Named) {
-        label(fieldWords(field));
+        fieldLabel(field);
         writeNamed(m_out, value);
         endLine();
     }
     void write(const RTBaseType&, const char* field, const std::vector<FullConstraints>& list,
                Form::Ranges) {
-        label(fieldWords(field));
+        fieldLabel(field);
         ranges(list, true);
     }
     void write(const RTBaseType&, const char* field, int id, Form::SVTypeId) {
-        label(fieldWords(field));
+        fieldLabel(field);
         if (id == TypeFileFormat::NO_SV_TYPE_ID)
             m_out << "none";
         else
@@ -112,7 +118,7 @@ private:
     template <typename Object, typename Link>
     void write(const Object& object, const char* field, unsigned int id,
                const Form::TypeId<Link>& form) {
-        label(fieldWords(field));
+        fieldLabel(field);
         reference(id, object.*form.link);
         endLine();
     }
@@ -125,7 +131,7 @@ private:
 
     template <typename List, typename Item>
     void write(const RTBaseType&, const char* field, const List& list, const Form::Items<Item>&) {
-        label(fieldWords(field));
+        fieldLabel(field);
         number(list.size());
         endLine();
         for (std::size_t i = 0; i < list.size(); ++i) {
@@ -140,7 +146,7 @@ private:
     template <typename Object, typename List, typename Entry>
     void write(const Object& object, const char* field, const List& list,
                const Form::Entries<Entry>& form) {
-        label(fieldWords(field));
+        fieldLabel(field);
         number(list.size());
         endLine();
         for (std::size_t i = 0; i < list.size(); ++i) {
@@ -269,6 +275,7 @@ private:
     const TypeTable& m_types;
     const TextStyle& m_style;
     const RangeLists m_lists;
+    std::unordered_map<const char*, std::string>& m_fieldWords;
     std::size_t m_valueSize = 0; ///< Of the type's literals.
 };
 

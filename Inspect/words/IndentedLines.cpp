@@ -26,29 +26,27 @@ std::size_t IndentedLines::settle() {
     return m_begin;
 }
 
-/// Moves the lines apart, the last one first, so that each prefix has its place.
+/// Moves the lines to where the last one ends with all prefixes, and back line by line.
 void IndentedLines::indent() {
-    const std::string_view written = m_text.view().substr(m_begin);
-    const bool endsLine = written.back() == '\n';
-    const auto breaks = std::count(written.begin(), written.end(), '\n') - (endsLine ? 1 : 0);
+    const std::string_view lines = m_text.view().substr(m_begin);
+    const auto breaks = std::count(lines.begin(), lines.end() - 1, '\n');
     const std::size_t prefixes = static_cast<std::size_t>(breaks) + (m_isLineStart ? 1 : 0);
-    std::size_t from = m_text.m_size;
-    std::size_t to = from + prefixes * m_prefix.size();
-    if (m_text.m_capacity < to)
-        m_text.grow(to - from);
-    char* const bytes = m_text.m_bytes.get();
-    const std::string_view lines(bytes + m_begin, written.size());
-    m_text.m_size = to;
-    while (from != to) {
-        const std::size_t size = from - m_begin;
-        const std::size_t before = size < 2 ? lines.npos : lines.rfind('\n', size - 2);
-        const std::size_t begin = before == lines.npos ? m_begin : m_begin + before + 1;
-        std::copy_backward(bytes + begin, bytes + from, bytes + to);
-        to -= from - begin + m_prefix.size();
-        m_prefix.copy(bytes + to, m_prefix.size());
-        from = begin;
+    const std::size_t added = prefixes * m_prefix.size();
+    if (m_text.m_capacity < m_text.m_size + added)
+        m_text.grow(added);
+    char* to = m_text.m_bytes.get() + m_begin;
+    std::string_view rest(to + added, lines.size());
+    std::copy_backward(to, to + rest.size(), to + added + rest.size());
+    while (!rest.empty()) {
+        if (m_isLineStart)
+            to = std::copy(m_prefix.begin(), m_prefix.end(), to);
+        const std::size_t end = rest.find('\n');
+        m_isLineStart = end != std::string_view::npos;
+        const std::string_view line = m_isLineStart ? rest.substr(0, end + 1) : rest;
+        to = std::copy(line.begin(), line.end(), to);
+        rest.remove_prefix(line.size());
     }
-    m_isLineStart = endsLine;
+    m_text.m_size += added;
     m_begin = m_text.m_size;
 }
 
