@@ -5,6 +5,9 @@
 #include "TypeFile/StablePartition.h"
 
 #include <algorithm>
+#include <bit>
+#include <functional>
+#include <string_view>
 
 namespace Import {
 
@@ -16,14 +19,23 @@ constexpr unsigned int NONE = RTTI::TypeFileFormat::NO_TYPE_ID;
 
 using Numbers = std::vector<unsigned int>;
 
-/// For each type the number of its name.
-Numbers nameNumbers(unsigned int count, const NameOf& nameOf) {
-    TypeFile::KeyNumbers names(count);
-    Numbers numbers;
-    numbers.reserve(count);
-    for (unsigned int type = 0; type < count; ++type)
-        numbers.push_back(names.of(nameOf(type)));
-    return numbers;
+/// Which types share their name with another one: all that do, and a few that do not.
+std::vector<bool> mayShareNames(unsigned int count, const NameOf& nameOf) {
+    const std::size_t slots = std::bit_ceil(32 * std::size_t{count} + 1);
+    std::vector<bool> isTaken(slots), isShared(slots);
+    std::vector<std::size_t> slotOf;
+    slotOf.reserve(count);
+    for (unsigned int type = 0; type < count; ++type) {
+        const std::size_t slot = std::hash<std::string_view>()(nameOf(type)) & (slots - 1);
+        isShared[slot] = isShared[slot] || isTaken[slot];
+        isTaken[slot] = true;
+        slotOf.push_back(slot);
+    }
+    std::vector<bool> mayShare;
+    mayShare.reserve(count);
+    for (const std::size_t slot : slotOf)
+        mayShare.push_back(isShared[slot]);
+    return mayShare;
 }
 
 /// Numbers types by all that their records hold but the ids of other types.
@@ -51,17 +63,14 @@ private:
 /// For each type a block of those that have the same content. A name that no other type has is
 /// enough to tell; most types have one.
 Numbers contentBlocks(unsigned int count, const NameOf& nameOf, const ObjectOf& objectOf) {
-    const Numbers names = nameNumbers(count, nameOf);
-    Numbers users(count, 0);
-    for (const unsigned int name : names)
-        ++users[name];
+    const std::vector<bool> mayShareName = mayShareNames(count, nameOf);
     Numbers blockOfContent;
     ContentNumbers contents(0);
     Numbers blocks;
     blocks.reserve(count);
     unsigned int next = 0;
     for (unsigned int type = 0; type < count; ++type) {
-        if (users[names[type]] == 1) {
+        if (!mayShareName[type]) {
             blocks.push_back(next++);
             continue;
         }

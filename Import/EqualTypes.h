@@ -17,8 +17,8 @@ using ObjectOf = std::function<RTTI::RTBaseType&(unsigned int type)>;
 
 /// For each type the first one that it equals: all fields are the same, and those that hold ids
 /// refer to equal types, also around cycles. `references` says to which types they refer; the ids
-/// in the types themselves do not matter and stay as they are. Only types that share their name
-/// with another one are looked at as objects. Takes O(m log n) for m references of n types, and no
+/// in the types themselves do not matter and stay as they are. Few types are looked at as objects
+/// whose name no other one has. Takes O(m log n) for m references of n types, and no
 /// recursion. Throws TypeFile::WriteError for some of what no record can hold.
 std::vector<unsigned int> firstEqualTypes(const References& references, const NameOf& nameOf,
                                           const ObjectOf& objectOf);

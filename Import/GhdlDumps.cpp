@@ -28,7 +28,8 @@ void GhdlDumps::readListing(Input& input, Notes& notes) {
 }
 
 void GhdlDumps::addTo(TypeTable& table, Notes& notes) {
-    addVhdlRecords(joinDumps(std::move(m_types->ofWaves), m_types->ofListings), table, notes);
+    addVhdlRecords(joinDumps(std::move(m_types->ofWaves), std::move(m_types->ofListings)), table,
+                   notes);
 }
 
 } // namespace Import

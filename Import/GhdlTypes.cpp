@@ -129,7 +129,7 @@ private:
     VhdlType begin(const ListedType& type, VhdlKind kind) const {
         VhdlType result;
         result.kind = kind;
-        result.name = type.name;
+        result.name = m_types.pool().keep(type.name);
         result.place = m_input.linePlace(type.line);
         return result;
     }
@@ -191,10 +191,17 @@ private:
         return unknown(i, "the listing does not say what it is");
     }
 
+    /// Literals, which have no value, or units.
+    void addParts(const ListedType& type, VhdlType& result) const {
+        std::vector<VhdlPart> parts;
+        for (const ListedPart& part : type.parts)
+            parts.push_back({m_types.pool().keep(part.name), part.value, {}});
+        result.parts = m_types.pool().keep(parts);
+    }
+
     VhdlType enumeration(const ListedType& type) const {
         VhdlType result = begin(type, VhdlKind::ENUMERATION);
-        for (const ListedPart& literal : type.parts)
-            result.parts.push_back({literal.name, 0, {}});
+        addParts(type, result);
         return result;
     }
 
@@ -207,8 +214,7 @@ private:
         }
         VhdlType result = begin(type, type.parts.empty() ? VhdlKind::INTEGER : VhdlKind::PHYSICAL);
         result.range = rangeOfNumbers(type.use.range, i);
-        for (const ListedPart& unit : type.parts)
-            result.parts.push_back({unit.name, unit.value, {}});
+        addParts(type, result);
         result.mayBeReal = type.parts.empty() &&
                            std::min(result.range.left, result.range.right) >= -MOST_AS_REAL &&
                            std::max(result.range.left, result.range.right) <= MOST_AS_REAL;
@@ -307,14 +313,16 @@ private:
             return use;
         }
         use.type = idOf(found[0]);
+        std::vector<std::uint32_t> alternatives;
         for (std::size_t i = 1; i < found.size(); ++i)
-            use.alternatives.push_back(idOf(found[i]));
+            alternatives.push_back(idOf(found[i]));
+        use.alternatives = m_types.pool().keep(alternatives);
         return use;
     }
 
     std::uint32_t unknownUse(const std::string& name) {
         VhdlType type;
-        type.name = name;
+        type.name = m_types.pool().keep(name);
         return m_types.intern(std::move(type));
     }
 
@@ -328,7 +336,7 @@ private:
             return constrainedUse(listed, from);
         VhdlUse use = useOfAny(
             m_scopes.find(listed.name, from, [](const ListedType&) { return true; }), listed.name);
-        use.ranges.resize(madeOf(use.type).open);
+        use.ranges = openRanges(madeOf(use.type).open);
         return use;
     }
 
@@ -347,7 +355,7 @@ private:
         const auto positions = positionsOf(listed.ranges, from, use.type);
         if (!positions || (isTold && positions->size() != base.open))
             return {unknownUse(""), {}, {}};
-        use.ranges = *positions;
+        use.ranges = m_types.pool().keep(*positions);
         return use;
     }
 
@@ -386,7 +394,7 @@ private:
     /// A scalar type with a range, under a name or under none. Subtypes of reals are reals.
     VhdlType scalarSubtype(const ListedUse& listed, std::size_t from, const std::string& name) {
         VhdlType result = begin(m_listing.types[from], VhdlKind::SUBTYPE);
-        result.name = name;
+        result.name = m_types.pool().keep(name);
         std::vector<std::size_t> bases;
         if (listed.form == ListedUse::Form::REAL) {
             result.kind = VhdlKind::REAL;
@@ -421,10 +429,14 @@ private:
         const ListedType& type = m_listing.types[i];
         VhdlType result = begin(type, VhdlKind::ARRAY);
         result.of = useOf(type.use, i);
-        result.of.ranges.insert(result.of.ranges.begin(), type.indexes.size(), VhdlRange());
+        std::vector<VhdlRange> ranges(type.indexes.size());
+        ranges.insert(ranges.end(), result.of.ranges.begin(), result.of.ranges.end());
+        result.of.ranges = m_types.pool().keep(ranges);
+        std::vector<VhdlUse> indexes;
         for (const std::string& index : type.indexes)
-            result.indexes.push_back(
+            indexes.push_back(
                 useOfAny(m_scopes.find(index, i, [](const ListedType&) { return true; }), index));
+        result.indexes = m_types.pool().keep(indexes);
         return result;
     }
 
@@ -438,15 +450,18 @@ private:
         // What follows the array's own ranges is for what its element leaves open.
         const std::size_t own = type.use.dimensions;
         if (positions->size() > own && positions->size() - own == madeOf(result.of.type).open)
-            result.of.ranges.clear();
+            result.of.ranges = {};
         std::vector<VhdlRange> ranges;
+        std::vector<VhdlUse> indexes;
         for (const Positions& dimension : *positions) {
             if (ranges.size() < own)
-                result.indexes.push_back({dimension.type, {}, {}});
+                indexes.push_back({dimension.type, {}, {}});
             if (ranges.size() < own || result.of.ranges.empty())
                 ranges.push_back(dimension.range);
         }
-        result.of.ranges.insert(result.of.ranges.begin(), ranges.begin(), ranges.end());
+        ranges.insert(ranges.end(), result.of.ranges.begin(), result.of.ranges.end());
+        result.of.ranges = m_types.pool().keep(ranges);
+        result.indexes = m_types.pool().keep(indexes);
         return result;
     }
 
@@ -466,7 +481,7 @@ private:
             return unknown(i, "the listing does not say what it is");
         result.of = useOfAny(bases, type.use.name);
         const Made base = madeOf(result.of.type);
-        result.of.ranges.resize(base.open);
+        result.of.ranges = openRanges(base.open);
         result.mayBePart = base.levels > 1 || base.isUntold;
         return result;
     }
@@ -474,8 +489,10 @@ private:
     VhdlType record(std::size_t i) {
         const ListedType& type = m_listing.types[i];
         VhdlType result = begin(type, VhdlKind::RECORD);
+        std::vector<VhdlPart> members;
         for (const ListedPart& element : type.parts)
-            result.parts.push_back({element.name, 0, useOf(element.use, i)});
+            members.push_back({m_types.pool().keep(element.name), 0, useOf(element.use, i)});
+        result.parts = m_types.pool().keep(members);
         return result;
     }
 
@@ -512,11 +529,11 @@ private:
         result.of = useOf(type.use, i);
         if (type.use.isConstrained && !result.of.ranges.empty()) {
             VhdlType designated = begin(type, VhdlKind::SUBTYPE);
-            designated.name.clear();
-            designated.of = std::move(result.of);
+            designated.name = {};
+            designated.of = result.of;
             result.of = {m_types.intern(std::move(designated)), {}, {}};
         }
-        result.of.ranges.clear();
+        result.of.ranges = {};
         return result;
     }
 

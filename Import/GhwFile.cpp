@@ -180,13 +180,13 @@ private:
         std::uint64_t total = 0;
         std::string name;
         std::uint64_t shared = 0;
-        m_file.strings.emplace_back();
+        m_file.strings.add("");
         for (std::uint64_t i = 0; i < count; ++i) {
             std::uint8_t next = appendName(name, shared);
             total += name.size();
             if (total > (m_bytes.offset() - begin) * MOST_SHARED)
                 m_bytes.fail("the names are damaged: they share too much");
-            m_file.strings.push_back(name);
+            m_file.strings.add(name);
             shared = sharedLength(next);
         }
         if (count == 0 ? m_bytes.byte() != 0 : shared != 0)
@@ -271,10 +271,17 @@ private:
         return type;
     }
 
+    /// As many elements as will be appended next.
+    template <typename T>
+    Slice sliceBehind(const std::vector<T>& items, std::uint64_t count) const {
+        if (items.size() > std::numeric_limits<std::uint32_t>::max())
+            m_bytes.fail("there are more than 4294967295 literals, units, members or ranges");
+        return {static_cast<std::uint32_t>(items.size()), static_cast<std::uint32_t>(count)};
+    }
+
     /// Literals, units or members.
     void readParts(GhwType& type, bool areMembers, bool areUnits) {
-        type.parts.begin = m_file.parts.size();
-        type.parts.count = m_bytes.number();
+        type.parts = sliceBehind(m_file.parts, m_bytes.number());
         for (std::uint32_t i = 0; i < type.parts.count; ++i) {
             GhwPart part;
             part.name = stringNumber();
@@ -288,15 +295,13 @@ private:
 
     void readArray(GhwType& type) {
         type.base = typeNumber();
-        type.indexes.begin = m_file.indexes.size();
-        type.indexes.count = m_bytes.number();
+        type.indexes = sliceBehind(m_file.indexes, m_bytes.number());
         for (std::uint32_t i = 0; i < type.indexes.count; ++i)
             m_file.indexes.push_back(typeNumber());
     }
 
     void readRanges(GhwType& type, std::uint64_t count) {
-        type.ranges.begin = m_file.ranges.size();
-        type.ranges.count = static_cast<std::uint32_t>(count);
+        type.ranges = sliceBehind(m_file.ranges, count);
         for (std::uint64_t i = 0; i < count; ++i)
             m_file.ranges.push_back(readRange());
     }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Import {
@@ -46,9 +47,27 @@ struct GhwPart {
     std::int64_t value = 0; ///< Of a unit: in primary units.
 };
 
+/// Texts one after the other, by numbers from 0 on.
+class GhwStrings {
+public:
+    void add(std::string_view text) {
+        m_text += text;
+        m_ends.push_back(m_text.size());
+    }
+    std::size_t size() const { return m_ends.size(); }
+    std::string_view operator[](std::size_t number) const {
+        const std::size_t begin = number == 0 ? 0 : m_ends[number - 1];
+        return std::string_view(m_text).substr(begin, m_ends[number] - begin);
+    }
+
+private:
+    std::string m_text;
+    std::vector<std::size_t> m_ends;
+};
+
 /// Some of the elements of a vector.
 struct Slice {
-    std::size_t begin = 0;
+    std::uint32_t begin = 0;
     std::uint32_t count = 0;
 };
 
@@ -63,8 +82,8 @@ struct GhwType {
 
 /// The types of a wave file of GHDL. A type refers only to types in front of it.
 struct GhwFile {
-    std::vector<std::string> strings; ///< Latin-1; the first is empty and stands for no name.
-    std::vector<GhwType> types;       ///< The first is none.
+    GhwStrings strings;         ///< Latin-1; the first is empty and stands for no name.
+    std::vector<GhwType> types; ///< The first is none.
 
     std::span<const GhwPart> partsOf(const GhwType& type) const {
         return std::span(parts).subspan(type.parts.begin, type.parts.count);

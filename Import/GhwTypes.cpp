@@ -3,8 +3,11 @@
 #include "Import/ImportError.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Import {
 
@@ -25,9 +28,16 @@ VhdlKind numberKind(GhwKind kind) {
 /// What becomes of one type of the file.
 struct Made {
     std::uint32_t type = VhdlType::NONE; ///< None of composite subtypes without a name.
-    VhdlUse use;                         ///< Where another type uses it.
-    std::uint64_t open = 0;              ///< How many ranges it leaves open,
-    std::uint64_t levels = 0;            ///< of how many arrays in it.
+    std::uint32_t open = 0;              ///< How many ranges it leaves open,
+    std::uint32_t levels = 0;            ///< of how many arrays in it.
+    std::uint32_t used = VhdlType::NONE; ///< What another type uses that uses it,
+    std::span<const VhdlRange> ranges;   ///< and with which ranges.
+
+    VhdlUse use() const { return {used, ranges, {}}; }
+    void setUse(std::uint32_t what, std::span<const VhdlRange> with) {
+        used = what;
+        ranges = with;
+    }
 };
 
 /// GHDL splits the declaration of a number type, or of an array type with ranges, into a base and
@@ -38,6 +48,9 @@ public:
         : m_file(file), m_input(input), m_types(types), m_made(file.types.size()),
           m_firstSubtypes(file.types.size()), m_users(file.strings.size()),
           m_isFirstFile(types.size() == 0) {
+        m_names.reserve(file.strings.size());
+        for (std::size_t i = 0; i < file.strings.size(); ++i)
+            m_names.push_back(types.pool().keep(file.strings[i]));
         m_types.internAdded();
         m_types.reserve(m_types.size() + file.types.size());
         for (const GhwType& type : m_file.types)
@@ -57,8 +70,6 @@ private:
     [[noreturn]] void fail(const GhwType& type, const std::string& reason) const {
         throw ImportError(m_input.offsetPlace(type.offset), reason);
     }
-
-    const std::string& nameOf(const GhwType& type) const { return m_file.strings[type.name]; }
 
     void findFirstSubtype(std::uint32_t number) {
         const GhwType& type = m_file.types[number];
@@ -89,15 +100,15 @@ private:
             made.type = isEnumeration(type.kind) ? enumeration(type) : numberType(number);
             break;
         }
-        if (made.type != VhdlType::NONE && made.use.ranges.empty())
-            made.use = {made.type, std::vector<VhdlRange>(made.open), {}};
-        m_made[number] = std::move(made);
+        if (made.type != VhdlType::NONE && made.ranges.empty())
+            made.setUse(made.type, openRanges(made.open));
+        m_made[number] = made;
     }
 
     VhdlType begin(const GhwType& type, VhdlKind kind) const {
         VhdlType result;
         result.kind = kind;
-        result.name = nameOf(type);
+        result.name = m_names[type.name];
         result.place = m_input.offsetPlace(type.offset);
         return result;
     }
@@ -109,10 +120,11 @@ private:
         return isOnlyOne ? m_types.add(std::move(result)) : m_types.intern(std::move(result));
     }
 
-    void addParts(const GhwType& type, VhdlType& result) const {
-        result.parts.reserve(type.parts.count);
+    void addParts(const GhwType& type, VhdlType& result) {
+        m_parts.clear();
         for (const GhwPart& part : m_file.partsOf(type))
-            result.parts.push_back({m_file.strings[part.name], part.value, {}});
+            m_parts.push_back({m_names[part.name], part.value, {}});
+        result.parts = m_types.pool().keep(m_parts);
     }
 
     std::uint32_t enumeration(const GhwType& type) {
@@ -163,17 +175,29 @@ private:
         return put(type, std::move(result));
     }
 
+    /// The dimensions of an array, which are open, in front of what its element leaves open.
+    std::span<const VhdlRange> withOpen(std::uint32_t dimensions,
+                                        std::span<const VhdlRange> ofElement) {
+        if (ofElement.empty())
+            return openRanges(dimensions);
+        std::vector<VhdlRange> ranges(dimensions);
+        ranges.insert(ranges.end(), ofElement.begin(), ofElement.end());
+        return m_types.pool().keep(ranges);
+    }
+
     Made makeArray(const GhwType& type) {
         VhdlType result = begin(type, VhdlKind::ARRAY);
         const Made& element = m_made[type.base];
-        result.of = element.use;
-        result.of.ranges.insert(result.of.ranges.begin(), type.indexes.count, VhdlRange());
+        result.of.type = element.used;
+        result.of.ranges = withOpen(type.indexes.count, element.ranges);
+        std::vector<VhdlUse> indexes;
         for (const std::uint32_t index : m_file.indexesOf(type)) {
             const GhwKind kind = m_file.types[index].kind;
             if (kind != GhwKind::SCALAR_SUBTYPE && !isNumber(kind) && !isEnumeration(kind))
                 fail(type, "an index of an array is not of a scalar type");
-            result.indexes.push_back({m_made[index].type, {}, {}});
+            indexes.push_back({m_made[index].type, {}, {}});
         }
+        result.indexes = m_types.pool().keep(indexes);
         Made made;
         made.open = type.indexes.count + element.open;
         made.levels = 1 + element.levels;
@@ -184,13 +208,14 @@ private:
     Made makeRecord(const GhwType& type) {
         VhdlType result = begin(type, VhdlKind::RECORD);
         Made made;
-        result.parts.reserve(type.parts.count);
+        m_parts.clear();
         for (const GhwPart& part : m_file.partsOf(type)) {
             const Made& member = m_made[part.type];
-            result.parts.push_back({m_file.strings[part.name], 0, member.use});
+            m_parts.push_back({m_names[part.name], 0, member.use()});
             made.open += member.open;
             made.levels += member.levels;
         }
+        result.parts = m_types.pool().keep(m_parts);
         made.type = put(type, std::move(result));
         return made;
     }
@@ -220,7 +245,9 @@ private:
         VhdlType array = m_types[m_made[base].type];
         array.place = m_input.offsetPlace(subtype.offset);
         const std::vector<VhdlRange> ranges = rangesOf(subtype);
-        std::copy(ranges.begin(), ranges.end(), array.of.ranges.begin());
+        std::vector<VhdlRange> all(array.of.ranges.begin(), array.of.ranges.end());
+        std::copy(ranges.begin(), ranges.end(), all.begin());
+        array.of.ranges = m_types.pool().keep(all);
         return put(subtype, std::move(array));
     }
 
@@ -241,14 +268,15 @@ private:
             made.type = arrayInOnePiece(type, base);
         if (isWhole && (isFirst || type.name == 0))
             return made;
-        made.use = {isWhole ? made.type : m_made[base].type,
-                    isWhole ? std::vector<VhdlRange>() : rangesOf(type),
-                    {}};
+        if (isWhole)
+            made.setUse(made.type, {});
+        else
+            made.setUse(m_made[base].type, m_types.pool().keep(rangesOf(type)));
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
-        result.of = made.use;
+        result.of = made.use();
         made.type = put(type, std::move(result));
         if (type.name != 0)
-            made.use = {made.type, {}, {}};
+            made.setUse(made.type, {});
         return made;
     }
 
@@ -258,10 +286,10 @@ private:
         if (m_file.types[type.base].name == type.name)
             return made;
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
-        result.of = made.use;
+        result.of = made.use();
         result.mayBePart = made.levels > 1;
         made.type = put(type, std::move(result));
-        made.use = {};
+        made.setUse(made.type, {});
         return made;
     }
 
@@ -274,6 +302,8 @@ private:
     const GhwFile& m_file;
     const Input& m_input;
     VhdlTypes& m_types;
+    std::vector<std::string_view> m_names;      ///< The file's, in the pool of the types.
+    std::vector<VhdlPart> m_parts;              ///< Of the type that is being made.
     std::vector<Made> m_made;                   ///< Of each type.
     std::vector<std::uint32_t> m_firstSubtypes; ///< Of each base type; 0 where there is none.
     std::vector<std::uint32_t> m_users;         ///< How many types have each name.

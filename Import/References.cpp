@@ -16,9 +16,13 @@ void References::add(const RTTI::RTBaseType* type) {
     endType();
 }
 
-void References::reserve(std::size_t types) {
-    m_ends.reserve(types);
-    m_ids.reserve(2 * types);
+void References::append(const References& other) {
+    const std::size_t offset = m_ids.size();
+    m_ids.insert(m_ids.end(), other.m_ids.begin(), other.m_ids.end());
+    m_ends.reserve(m_ends.size() + other.m_ends.size());
+    for (const Ends& ends : other.m_ends)
+        m_ends.push_back({offset + ends.parts, offset + ends.all});
+    m_parts = m_ids.size();
 }
 
 References References::among(const std::vector<unsigned int>& types) const {

@@ -31,8 +31,8 @@ public:
     }
     /// @}
 
-    /// Makes room for so many types.
-    void reserve(std::size_t types);
+    /// Appends all types of another object.
+    void append(const References& other);
 
     /// The references of `types` among each other; their places there become their numbers. They
     /// must refer to none but each other.

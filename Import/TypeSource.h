@@ -22,8 +22,8 @@ public:
 
     virtual Place placeOf(unsigned int number) const = 0;
 
-    /// Appends the references of a type: the ids in the object that `make` makes, in that order.
-    virtual void addReferences(unsigned int number, References& references) const = 0;
+    /// The references of each type: the ids in the object that `make` makes, in that order.
+    virtual const References& references() const = 0;
 
     /// Makes the type; the same one each time.
     virtual std::unique_ptr<RTTI::RTBaseType> make(unsigned int number) const = 0;

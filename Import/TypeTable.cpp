@@ -118,11 +118,10 @@ void TypeTable::addSource(std::unique_ptr<TypeSource> source) { m_source = std::
 /// Those of all types.
 References TypeTable::references() const {
     References all;
-    all.reserve(size());
     for (const Entry& entry : m_types)
         all.add(entry.type.get());
-    for (unsigned int id = all.count(); id < size(); ++id)
-        m_source->addReferences(id - static_cast<unsigned int>(m_types.size()), all);
+    if (m_source != nullptr)
+        all.append(m_source->references());
     return all;
 }
 
@@ -152,11 +151,17 @@ std::unique_ptr<RTBaseType> TypeTable::takeOut(unsigned int id) {
 }
 
 void TypeTable::want(unsigned int id, std::string_view package) {
+    const bool isLikeLast = !m_wanted.empty() && m_packages[m_wanted.back().package] == package;
+    m_wanted.push_back({id, isLikeLast ? m_wanted.back().package : numberPackage(package)});
+}
+
+/// The number of a package, a new one if it is new.
+unsigned int TypeTable::numberPackage(std::string_view package) {
     const auto count = static_cast<unsigned int>(m_packages.size());
     const auto [number, isNew] = m_packageNumbers.try_emplace(std::string(package), count);
     if (isNew)
         m_packages.emplace_back(package);
-    m_wanted.push_back({id, number->second});
+    return number->second;
 }
 
 unsigned int TypeTable::packageNumber(const std::string& package) const {

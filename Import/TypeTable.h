@@ -95,6 +95,7 @@ private:
     Place placeOf(unsigned int id) const;
     RTTI::RTBaseType& object(unsigned int id);
     std::unique_ptr<RTTI::RTBaseType> takeOut(unsigned int id);
+    unsigned int numberPackage(std::string_view package);
     unsigned int packageNumber(const std::string& package) const;
     std::vector<unsigned int> wantedIds(const std::vector<std::string>& packages) const;
     std::vector<unsigned int> completeTypes(const References& references,

@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <cstdio>
 #include <numeric>
+#include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -14,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t NONE = VhdlType::NONE;
 
-bool haveSameNames(const std::vector<VhdlPart>& a, const std::vector<VhdlPart>& b) {
+bool haveSameNames(std::span<const VhdlPart> a, std::span<const VhdlPart> b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
         return x.name == y.name && x.value == y.value;
     });
@@ -43,9 +45,9 @@ VhdlRealRange asReal(const VhdlRange& range) {
 /// Finds what types of a listing are among those of waves.
 class DumpJoiner {
 public:
-    DumpJoiner(VhdlTypes waves, const VhdlTypes& listings)
-        : m_waves(std::move(waves)), m_listings(listings), m_offset(m_waves.size()),
-          m_joined(listings.size(), NONE), m_isDeclared(m_waves.size()) {
+    DumpJoiner(VhdlTypes waves, VhdlTypes listings)
+        : m_waves(std::move(waves)), m_listings(std::move(listings)), m_offset(m_waves.size()),
+          m_joined(m_listings.size(), NONE), m_isDeclared(m_waves.size()) {
         for (const VhdlDeclaration& declaration : m_waves.declarations())
             m_isDeclared[declaration.type] = true;
         for (std::uint32_t id = 0; id < m_waves.size(); ++id)
@@ -67,6 +69,7 @@ public:
         std::vector<VhdlDeclaration> declarations;
         for (const VhdlDeclaration& declaration : m_listings.declarations())
             declarations.push_back({m_joined[declaration.type], declaration.package});
+        m_waves.pool().take(std::move(m_listings.pool()));
         std::vector<VhdlDeclaration>& all = m_waves.declarations();
         all.insert(all.begin(), declarations.begin(), declarations.end());
         return std::move(m_waves);
@@ -105,7 +108,8 @@ private:
     /// An open half gets the ranges of one declaration.
     bool mayComplete(std::uint32_t wave, const VhdlType& listed) {
         return m_isDeclared[wave] &&
-               m_completed.emplace(wave, listed.of.ranges).first->second == listed.of.ranges;
+               areEqual(m_completed.emplace(wave, listed.of.ranges).first->second,
+                        listed.of.ranges);
     }
 
     bool canMean(std::uint32_t listed, std::uint32_t wave) {
@@ -172,15 +176,14 @@ private:
 
     /// The ranges from `own` on. Those that a type leaves open are not in a listing that has its
     /// name alone.
-    bool haveSameRanges(const VhdlUse& listed, const std::vector<VhdlRange>& wave,
+    bool haveSameRanges(const VhdlUse& listed, std::span<const VhdlRange> wave,
                         std::size_t own = 0) const {
-        const auto first = wave.begin() + static_cast<std::ptrdiff_t>(own);
+        const std::span<const VhdlRange> rest = wave.subspan(own);
         if (isNameAlone(listed) && listed.ranges.size() == own)
-            return isUntold(listed) || std::all_of(first, wave.end(), [](const VhdlRange& range) {
-                       return range.isOpen;
-                   });
-        return std::equal(listed.ranges.begin() + static_cast<std::ptrdiff_t>(own),
-                          listed.ranges.end(), first, wave.end());
+            return isUntold(listed) ||
+                   std::all_of(rest.begin(), rest.end(),
+                               [](const VhdlRange& range) { return range.isOpen; });
+        return areEqual(listed.ranges.subspan(own), rest);
     }
 
     bool compareArrays(const VhdlType& listed, const VhdlType& wave) {
@@ -201,82 +204,100 @@ private:
     bool haveSameRanges(const VhdlType& listed, const VhdlType& wave) const {
         if (haveSameRanges(listed.of, wave.of.ranges))
             return true;
-        return listed.of.ranges.empty() && m_listings[listed.of.type].of.ranges == wave.of.ranges;
+        return listed.of.ranges.empty() &&
+               areEqual(m_listings[listed.of.type].of.ranges, wave.of.ranges);
     }
 
     /// How many ranges a type leaves open.
-    static std::ptrdiff_t openRanges(const VhdlType& type) {
+    static std::size_t openCount(const VhdlType& type) {
         const auto openIn = [](const VhdlUse& use) {
             return std::count_if(use.ranges.begin(), use.ranges.end(),
                                  [](const VhdlRange& range) { return range.isOpen; });
         };
-        return std::accumulate(
+        return static_cast<std::size_t>(std::accumulate(
             type.parts.begin(), type.parts.end(), openIn(type.of),
-            [&](std::ptrdiff_t count, const VhdlPart& part) { return count + openIn(part.use); });
+            [&](std::ptrdiff_t count, const VhdlPart& part) { return count + openIn(part.use); }));
     }
 
-    VhdlUse joinedUse(VhdlUse use) const {
+    VhdlUse joinedUse(VhdlUse use) {
         use.type = m_joined[use.type];
-        for (std::uint32_t& type : use.alternatives)
-            type = m_joined[type];
+        std::vector<std::uint32_t> alternatives;
+        for (const std::uint32_t type : use.alternatives)
+            alternatives.push_back(m_joined[type]);
+        use.alternatives = m_waves.pool().keep(alternatives);
         return use;
     }
 
     /// Adds the ranges that a type leaves open of which the listing has the name alone. `own` are
     /// there in front of them.
-    void addOpenRanges(VhdlUse& listed, std::size_t own = 0) const {
+    void addOpenRanges(VhdlUse& listed, std::size_t own = 0) {
         const std::uint32_t type = m_joined[listed.type];
-        if (isNameAlone(listed) && type < m_offset && listed.ranges.size() == own)
-            listed.ranges.resize(own + static_cast<std::size_t>(openRanges(m_waves[type])));
+        if (!isNameAlone(listed) || type >= m_offset || listed.ranges.size() != own)
+            return;
+        std::vector<VhdlRange> ranges(listed.ranges.begin(), listed.ranges.end());
+        ranges.resize(own + openCount(m_waves[type]));
+        listed.ranges = m_waves.pool().keep(ranges);
     }
 
-    VhdlType joinedType(VhdlType type) const {
+    VhdlType joinedType(VhdlType type) {
         if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
             addOpenRanges(type.of, type.indexes.size());
-        for (VhdlPart& part : type.parts)
+        std::vector<VhdlPart> parts(type.parts.begin(), type.parts.end());
+        for (VhdlPart& part : parts)
             addOpenRanges(part.use);
-        type.of = joinedUse(std::move(type.of));
+        type.of = joinedUse(type.of);
         // A listing may not tell how many ranges its members leave open.
         if (type.mayBePart && type.of.type < m_offset)
-            type.of.ranges.assign(openRanges(m_waves[type.of.type]), VhdlRange());
-        for (VhdlUse& index : type.indexes) {
+            type.of.ranges = openRanges(openCount(m_waves[type.of.type]));
+        std::vector<VhdlUse> indexes(type.indexes.begin(), type.indexes.end());
+        for (VhdlUse& index : indexes) {
             if (index.type != NONE)
-                index = joinedUse(std::move(index));
+                index = joinedUse(index);
         }
-        for (VhdlPart& part : type.parts)
-            part.use = joinedUse(std::move(part.use));
+        for (VhdlPart& part : parts)
+            part.use = joinedUse(part.use);
+        type.indexes = m_waves.pool().keep(indexes);
+        type.parts = m_waves.pool().keep(parts);
         return type;
     }
 
+    /// The ranges, the first of them replaced.
+    static std::vector<VhdlRange> withBegin(std::span<const VhdlRange> ranges,
+                                            std::span<const VhdlRange> begin) {
+        std::vector<VhdlRange> result(ranges.begin(), ranges.end());
+        std::copy(begin.begin(), begin.end(), result.begin());
+        return result;
+    }
+
     /// Gives a type of waves what a listing says and they do not.
-    void complete(VhdlType& wave, const VhdlType& listed) const {
+    void complete(VhdlType& wave, const VhdlType& listed) {
         if (wave.range.isOpen)
             wave.range = listed.range;
         if (!wave.realRange.isKnown)
             wave.realRange = listed.realRange;
         if (listed.kind == VhdlKind::ARRAY)
-            std::copy(listed.of.ranges.begin(), listed.of.ranges.end(), wave.of.ranges.begin());
+            wave.of.ranges = m_waves.pool().keep(withBegin(wave.of.ranges, listed.of.ranges));
         if (listed.kind == VhdlKind::SUBTYPE && !isUntold(listed.of) &&
-            listed.of.ranges != wave.of.ranges)
+            !areEqual(listed.of.ranges, wave.of.ranges))
             wave.of = joinedUse(listed.of);
     }
 
     VhdlTypes m_waves;
-    const VhdlTypes& m_listings;
+    VhdlTypes m_listings;
     std::uint32_t m_offset;
     std::vector<std::uint32_t> m_joined; ///< What each type of the listings has become.
     std::vector<bool> m_isDeclared;      ///< Of each type of the waves.
-    std::unordered_map<std::uint32_t, std::vector<VhdlRange>> m_completed;
-    std::unordered_map<std::string, std::vector<std::uint32_t>> m_byName;
+    std::unordered_map<std::uint32_t, std::span<const VhdlRange>> m_completed;
+    std::unordered_map<std::string_view, std::vector<std::uint32_t>> m_byName;
     std::unordered_map<std::uint64_t, bool> m_canMean;
 };
 
 } // namespace
 
-VhdlTypes joinDumps(VhdlTypes waves, const VhdlTypes& listings) {
+VhdlTypes joinDumps(VhdlTypes waves, VhdlTypes listings) {
     if (listings.size() == 0)
         return waves;
-    return DumpJoiner(std::move(waves), listings).join();
+    return DumpJoiner(std::move(waves), std::move(listings)).join();
 }
 
 } // namespace Import

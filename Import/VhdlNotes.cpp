@@ -36,7 +36,7 @@ void VhdlNotes::alternatives(const VhdlType& type) {
     std::set<std::uint32_t> noted;
     forEachUse(type, [&](const VhdlUse& use) {
         if (!use.alternatives.empty() && noted.insert(use.type).second)
-            add(type, "the input does not say which " + m_types[use.type].name +
+            add(type, "the input does not say which " + std::string(m_types[use.type].name) +
                           " it uses; there are " + std::to_string(use.alternatives.size() + 1) +
                           "; the nearest is taken");
     });

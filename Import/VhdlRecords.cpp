@@ -94,13 +94,8 @@ public:
 
     Place placeOf(unsigned int number) const override { return (*this)[number].place; }
 
-    void addReferences(unsigned int number, References& references) const override {
-        const VhdlType& type = (*this)[number];
-        forEachUse(type, [&](const VhdlUse& use) {
-            references.addId(idOf(use), type.kind != VhdlKind::ACCESS);
-        });
-        references.endType();
-    }
+    References& references() { return m_references; }
+    const References& references() const override { return m_references; }
 
     std::unique_ptr<RTBaseType> make(unsigned int number) const override {
         const VhdlType& type = (*this)[number];
@@ -209,6 +204,7 @@ private:
     VhdlTypes m_types;
     unsigned int m_firstId;
     std::vector<unsigned int> m_numbers; ///< Of each type, once it is needed.
+    References m_references;             ///< Of each type that is needed.
     std::vector<std::uint32_t> m_needed; ///< Each type that is needed, in the order of finding.
 };
 
@@ -224,7 +220,7 @@ public:
         for (const VhdlDeclaration& declaration : m_types.declarations())
             want(declaration, table);
         for (unsigned int number = 0; number < m_records.count(); ++number)
-            note(m_records[number]);
+            look(m_records[number]);
     }
 
 private:
@@ -245,13 +241,14 @@ private:
         return m_records.need(kept);
     }
 
-    void note(const VhdlType& type) {
+    void look(const VhdlType& type) {
         m_notes.alternatives(type);
         forEachUse(type, [&](const VhdlUse& use) {
-            need(use.type);
+            m_records.references().addId(need(use.type), type.kind != VhdlKind::ACCESS);
             for (const VhdlRange& range : use.ranges)
                 m_notes.cutRange(type, range);
         });
+        m_records.references().endType();
         m_notes.addOf(type);
     }
 

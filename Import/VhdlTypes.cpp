@@ -45,7 +45,7 @@ private:
     void flags(bool a, bool b, bool c) {
         m_key += static_cast<char>(unsigned(a) << 2 | unsigned(b) << 1 | unsigned(c));
     }
-    void text(const std::string& text) {
+    void text(std::string_view text) {
         number(text.size());
         m_key += text;
     }
@@ -70,6 +70,11 @@ private:
 };
 
 } // namespace
+
+std::span<const VhdlRange> openRanges(std::size_t count) {
+    static const std::vector<VhdlRange> most(MOST_OPEN_RANGES);
+    return std::span<const VhdlRange>(most).first(count);
+}
 
 bool isPredefined(const VhdlType& type) {
     return (type.kind == VhdlKind::PHYSICAL && type.name == "time" && !type.parts.empty() &&

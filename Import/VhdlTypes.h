@@ -1,11 +1,16 @@
 #pragma once
 
 #include "Import/Place.h"
+#include "Import/Pool.h"
 #include "TypeFile/KeyNumbers.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Import {
@@ -47,21 +52,22 @@ struct VhdlRealRange {
     double right = 0;
 };
 
-/// A type where another one uses it.
+/// A type where another one uses it. Lists and names here and below belong to the pool of their
+/// VhdlTypes.
 struct VhdlUse {
     std::uint32_t type = 0;
 
     /// What is said about the ranges that the type leaves open, in their order: its own dimensions,
     /// then those of its element; those of a record's members. Empty where it leaves none open.
-    std::vector<VhdlRange> ranges;
+    std::span<const VhdlRange> ranges;
 
     /// Other types that may be meant, because they have the same name.
-    std::vector<std::uint32_t> alternatives;
+    std::span<const std::uint32_t> alternatives;
 };
 
 /// A literal, a unit or a member.
 struct VhdlPart {
-    std::string name;
+    std::string_view name;
     std::int64_t value = 0; ///< Of a unit: in primary units.
     VhdlUse use;            ///< Of a member.
 };
@@ -70,15 +76,15 @@ struct VhdlPart {
 /// and extended identifiers.
 struct VhdlType {
     VhdlKind kind = VhdlKind::UNKNOWN;
-    std::string name; ///< Empty where the source gives it none.
+    std::string_view name; ///< Empty where the source gives it none.
     Place place;
 
     /// The element of an array, with the ranges of the array's own dimensions in front; the base of
     /// a subtype; what an access or file type is of.
     VhdlUse of;
 
-    std::vector<VhdlUse> indexes; ///< Of an array; types are NONE where the input does not say.
-    std::vector<VhdlPart> parts;
+    std::span<const VhdlUse> indexes; ///< Of an array; types are NONE where the input does not say.
+    std::span<const VhdlPart> parts;
     VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
     VhdlRealRange realRange;
     const char* reason = ""; ///< Of one that is not known: why, for a note.
@@ -93,6 +99,15 @@ struct VhdlType {
 inline constexpr std::int64_t LEAST_BOUND = std::numeric_limits<std::int32_t>::min();
 inline constexpr std::int64_t LARGEST_BOUND = std::numeric_limits<std::int32_t>::max();
 /// @}
+
+/// Whether two lists of ranges, or of anything else, are the same.
+template <typename T> bool areEqual(std::span<const T> a, std::span<const T> b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
+/// Ranges that are open, to be looked at for as long as the program runs. At most as many as a type
+/// may have.
+std::span<const VhdlRange> openRanges(std::size_t count);
 
 /// Whether a type is what every implementation of VHDL has, so that nothing about it can be lost.
 bool isPredefined(const VhdlType& type);
@@ -117,7 +132,7 @@ template <typename Take> void forEachUse(const VhdlType& type, Take take) {
 /// A declaration: of which type, and where.
 struct VhdlDeclaration {
     std::uint32_t type = 0;
-    std::string package; ///< Empty outside a package.
+    std::string_view package; ///< Empty outside a package.
 };
 
 /// The types of a design, and which of them were declared.
@@ -127,8 +142,14 @@ public:
     VhdlTypes(VhdlTypes&&) = default;
     VhdlTypes& operator=(VhdlTypes&&) = delete;
 
+    /// What the lists and names of the types belong to.
+    Pool& pool() { return m_pool; }
+
     /// Makes room for so many types.
-    void reserve(std::size_t count) { m_types.reserve(count); }
+    void reserve(std::size_t count) {
+        m_types.reserve(count);
+        m_declarations.reserve(count);
+    }
 
     /// Adds a type, or finds the equal one among those that were interned. The types that it refers
     /// to have to be there.
@@ -144,8 +165,8 @@ public:
     const VhdlType& operator[](std::uint32_t id) const { return m_types[id]; }
     std::uint32_t size() const { return static_cast<std::uint32_t>(m_types.size()); }
 
-    void declare(std::uint32_t type, std::string package) {
-        m_declarations.push_back({type, std::move(package)});
+    void declare(std::uint32_t type, std::string_view package) {
+        m_declarations.push_back({type, m_pool.keep(package)});
     }
     std::vector<VhdlDeclaration>& declarations() { return m_declarations; }
     const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
@@ -153,6 +174,7 @@ public:
 private:
     unsigned int keyNumberOf(const VhdlType& type);
 
+    Pool m_pool;
     std::vector<VhdlType> m_types;
     std::vector<VhdlDeclaration> m_declarations;
     TypeFile::KeyNumbers m_keys{0};      ///< Of those that were interned.

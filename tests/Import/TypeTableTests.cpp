@@ -21,17 +21,19 @@ using namespace RTTI;
 class Queues final : public TypeSource {
 public:
     Queues(unsigned int firstId, std::vector<std::string> names)
-        : m_firstId(firstId), m_names(std::move(names)) {}
+        : m_firstId(firstId), m_names(std::move(names)) {
+        for (unsigned int number = 0; number < count(); ++number) {
+            m_references.addId(firstId + number - 1, true);
+            m_references.endType();
+        }
+    }
 
     unsigned int count() const override { return static_cast<unsigned int>(m_names.size()); }
     std::string_view nameOf(unsigned int number) const override { return m_names[number]; }
     Place placeOf(unsigned int number) const override {
         return Place::line(std::make_shared<const std::string>("q"), number);
     }
-    void addReferences(unsigned int number, References& references) const override {
-        references.addId(m_firstId + number - 1, true);
-        references.endType();
-    }
+    const References& references() const override { return m_references; }
     std::unique_ptr<RTBaseType> make(unsigned int number) const override {
         ++m_made;
         auto type = std::make_unique<RTQueueType>();
@@ -46,6 +48,7 @@ public:
 private:
     unsigned int m_firstId;
     std::vector<std::string> m_names;
+    References m_references;
     mutable unsigned int m_made = 0;
 };
 
