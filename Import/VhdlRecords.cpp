@@ -2,6 +2,7 @@
 
 #include "Import/TypeSource.h"
 #include "Import/VhdlNotes.h"
+#include "RTTI/Ranges.h"
 #include "RTTI/TypeFileFormat.h"
 #include "TypeFile/TypeBuilding.h"
 
@@ -43,7 +44,7 @@ EnumKind enumKindOf(const VhdlType& type) {
 
 FullConstraints constraintOf(const VhdlRange& range) {
     if (range.isOpen)
-        return {0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
+        return OPEN_RANGE;
     return {static_cast<int>(std::clamp(range.left, LEAST_BOUND, LARGEST_BOUND)),
             static_cast<int>(std::clamp(range.right, LEAST_BOUND, LARGEST_BOUND)),
             range.isDownto ? TypeFileFormat::DOWNTO_DIRECTION : TypeFileFormat::TO_DIRECTION};

@@ -17,13 +17,13 @@ public:
     unsigned int GetClassId() const override;
     bool accept(RTTypeVisitor& visitor) const override;
 
-    /// The encoding of the aliased type. Without an aliased type, the flags decide.
+    /// The encoding of the data type. Without a data type, the flags decide.
     ValueEncoding getValueEncoding() const override;
 
-    /// Null if there is no aliased type and `keepTypedefs` is false.
+    /// Null if there is no data type and `keepTypedefs` is false.
     const RTBaseType* getSelf(bool keepTypedefs) const override;
 
-    /// The SystemVerilog type id of the aliased type. Setting one on a typedef has no effect.
+    /// The SystemVerilog type id of the data type. Setting one on a typedef has no effect.
     int getSVTypeId() const override;
     void populateTypeConstraints(Brakel_tolv::ConstraintStack<FullConstraints>& stack,
                                  std::vector<FullConstraints>& out) const override;

@@ -8,6 +8,9 @@
 
 namespace RTTI {
 
+/// A range that a level leaves to the levels around it.
+inline constexpr FullConstraints OPEN_RANGE{0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
+
 /// Whether a level leaves the range to the levels around it. Constant time.
 constexpr bool isOpen(const FullConstraints& range) {
     return range.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION;

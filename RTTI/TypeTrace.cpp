@@ -1,4 +1,5 @@
 #include "RTTI/TypeDeserializer.h"
+#include "RTTI/ValueNames.h"
 
 #include <exception>
 #include <iostream>
@@ -8,30 +9,6 @@
 namespace RTTI {
 
 namespace {
-
-constexpr unsigned int FIRST_ARRAY_KIND = ARRAY_KIND_INVALID;
-constexpr const char* arrayKindStrings[] = {"ARRAY_KIND_INVALID",
-                                            "VHDL_ARRAY",
-                                            "VLOG_FIXED_UNPACKED_ARRAY",
-                                            "VLOG_FIXED_PACKED_ARRAY",
-                                            "VLOG_DYNAMIC_ARRAY",
-                                            "VLOG_ASSOCIATIVE_ARRAY",
-                                            "VLOG_QUEUE",
-                                            "BYTE_UNPADDED_ARRAY"};
-
-constexpr unsigned int FIRST_RECORD_KIND = RECORD_KIND_INVALID;
-constexpr const char* recordKindStrings[] = {
-    "RECORD_KIND_INVALID",        "VHDL_RECORD",
-    "VLOG_UNPACKED_STRUCT",       "VLOG_PACKED_STRUCT",
-    "VLOG_PACKED_TAGGED_UNION",   "VLOG_UNPACKED_TAGGED_UNION",
-    "VLOG_PACKED_UNTAGGED_UNION", "VLOG_UNPACKED_UNTAGGED_UNION",
-    "BYTE_UNPADDED_STRUCT"};
-
-constexpr const char* enumKindStrings[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
-                                           "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
-                                           "VHDL_CHAR_ENUM", "VHDL_OTHER_ENUM"};
-
-constexpr const char* ValueEncodingStrings[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
 
 /// The name at `index`, or `unknown` for an index outside the table (a negative one wraps).
 template <std::size_t N>
@@ -132,11 +109,11 @@ void TypeDeserializer::traceConstraints(const std::vector<FullConstraints>& cons
 
 void TypeDeserializer::traceFields(const RTSeqEnumType& type) {
     trace("  Encoding: ",
-          nameIn(ValueEncodingStrings, static_cast<unsigned int>(type.m_valueEncoding),
+          nameIn(ValueNames::ENCODINGS, static_cast<unsigned int>(type.m_valueEncoding),
                  "<Bad Encoding>"),
           nullptr, true);
     trace("  Kind: ",
-          nameIn(enumKindStrings, static_cast<unsigned int>(type.m_enumKind), "<Bad Kind>"),
+          nameIn(ValueNames::ENUM_KINDS, static_cast<unsigned int>(type.m_enumKind), "<Bad Kind>"),
           nullptr, true);
     for (std::size_t i = 0; i < type.m_enumeratorNames.size(); ++i) {
         trace("** Enumerator[", static_cast<unsigned int>(i), "] = ", false);
@@ -188,7 +165,8 @@ void TypeDeserializer::traceReference(unsigned int typeId, unsigned int alignmen
 
 void TypeDeserializer::traceKindAndElement(const RTArrayType& type) {
     trace("** Array Kind = ",
-          nameIn(arrayKindStrings, type.m_arrayKind - FIRST_ARRAY_KIND, "ARRAY_KIND_UNKNOWN"),
+          nameIn(ValueNames::ARRAY_KINDS, type.m_arrayKind - ARRAY_KIND_INVALID,
+                 "ARRAY_KIND_UNKNOWN"),
           " ** ", true);
     trace("** Element Type Id = ", type.m_elementTypeId, " ** ", true);
 }
@@ -205,7 +183,8 @@ void TypeDeserializer::traceDimensions(const RTArrayType& type) {
 
 void TypeDeserializer::traceKind(const RTRecordType& type) {
     trace("** Record Kind = ",
-          nameIn(recordKindStrings, type.m_recordKind - FIRST_RECORD_KIND, "RECORD_KIND_UNKNOWN"),
+          nameIn(ValueNames::RECORD_KINDS, type.m_recordKind - RECORD_KIND_INVALID,
+                 "RECORD_KIND_UNKNOWN"),
           " ** ", true);
 }
 

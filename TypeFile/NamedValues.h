@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RTTI/RTBaseType.h"
+#include "RTTI/ValueNames.h"
 
 #include <cstddef>
 #include <iterator>
@@ -32,43 +33,18 @@ struct NamedValues {
     }
 };
 
-/// The names as lists.
-namespace ValueNames {
-
-/// The names of the values of one enumeration.
-/// @{
-inline constexpr const char* ENCODINGS[] = {"4-State", "2-State", "Byte", "Unpadded-Byte"};
-inline constexpr const char* ARRAY_KINDS[] = {"ARRAY_KIND_INVALID",
-                                              "VHDL_ARRAY",
-                                              "VLOG_FIXED_UNPACKED_ARRAY",
-                                              "VLOG_FIXED_PACKED_ARRAY",
-                                              "VLOG_DYNAMIC_ARRAY",
-                                              "VLOG_ASSOCIATIVE_ARRAY",
-                                              "VLOG_QUEUE",
-                                              "BYTE_UNPADDED_ARRAY"};
-inline constexpr const char* RECORD_KINDS[] = {
-    "RECORD_KIND_INVALID",        "VHDL_RECORD",
-    "VLOG_UNPACKED_STRUCT",       "VLOG_PACKED_STRUCT",
-    "VLOG_PACKED_TAGGED_UNION",   "VLOG_UNPACKED_TAGGED_UNION",
-    "VLOG_PACKED_UNTAGGED_UNION", "VLOG_UNPACKED_UNTAGGED_UNION",
-    "BYTE_UNPADDED_STRUCT"};
-inline constexpr const char* ENUM_KINDS[] = {"INVALID_ENUM",   "VLOG_BUILTIN_ENUM",
-                                             "VHDL_BIT_ENUM",  "VHDL_STD_LOGIC_ENUM",
-                                             "VHDL_CHAR_ENUM", "VHDL_OTHER_ENUM"};
-/// @}
-
-} // namespace ValueNames
-
 /// The names of the values of one enumeration, with the numbers that they stand for.
 /// @{
-inline constexpr NamedValues valueEncodings{ValueNames::ENCODINGS, std::size(ValueNames::ENCODINGS),
-                                            RTTI::ENCODING_4_STATE};
-inline constexpr NamedValues arrayKinds{ValueNames::ARRAY_KINDS, std::size(ValueNames::ARRAY_KINDS),
+inline constexpr NamedValues valueEncodings{
+    RTTI::ValueNames::ENCODINGS, std::size(RTTI::ValueNames::ENCODINGS), RTTI::ENCODING_4_STATE};
+inline constexpr NamedValues arrayKinds{RTTI::ValueNames::ARRAY_KINDS,
+                                        std::size(RTTI::ValueNames::ARRAY_KINDS),
                                         RTTI::ARRAY_KIND_INVALID};
-inline constexpr NamedValues recordKinds{
-    ValueNames::RECORD_KINDS, std::size(ValueNames::RECORD_KINDS), RTTI::RECORD_KIND_INVALID};
-inline constexpr NamedValues enumKinds{ValueNames::ENUM_KINDS, std::size(ValueNames::ENUM_KINDS),
-                                       RTTI::INVALID_ENUM};
+inline constexpr NamedValues recordKinds{RTTI::ValueNames::RECORD_KINDS,
+                                         std::size(RTTI::ValueNames::RECORD_KINDS),
+                                         RTTI::RECORD_KIND_INVALID};
+inline constexpr NamedValues enumKinds{RTTI::ValueNames::ENUM_KINDS,
+                                       std::size(RTTI::ValueNames::ENUM_KINDS), RTTI::INVALID_ENUM};
 /// @}
 
 /// The names of an enumeration's values.

@@ -59,8 +59,8 @@ void addLiteral(RTSeqEnumType& type, std::string_view name) {
 void addLiteral(RTDiscreteEnumType& type, std::string_view name, std::string_view value) {
     const std::size_t index = type.m_enumerators.size();
     checkName(type, {Field::NAME, Field::LITERALS, index}, name);
-    const bool settlesSize = index == 0 && type.m_valueSize == 0;
-    if (value.size() > LARGEST_RECORD_SIZE || (!settlesSize && value.size() != type.m_valueSize))
+    const bool hasSize = index != 0 || type.m_valueSize != 0;
+    if (value.size() > LARGEST_RECORD_SIZE || (hasSize && value.size() != type.m_valueSize))
         refuse(type, {Field::VALUE, Field::LITERALS, index},
                "the value has " + OVAT::counted(value.size(), "byte") +
                    ", and the type's literals have " + std::to_string(type.m_valueSize));

@@ -348,7 +348,8 @@ RecordHead recordHeadAt(StorageWindow& storage, unsigned long long address) {
     const auto takeField = [&](const ReadField& field) {
         if (field.layout->form == FieldForm::NAME)
             head.label = labelOf(storage, field);
-        if (field.layout->form == FieldForm::NAMED && field.isWhole)
+        const NamedValues* const names = field.layout->names;
+        if ((names == &TypeFile::arrayKinds || names == &TypeFile::recordKinds) && field.isWhole)
             head.detail = field.word;
         return true;
     };

@@ -105,10 +105,10 @@ private:
             const std::string_view package = isNode(id) ? packageIn(nameOf(id)) : "";
             if (package.empty() || typeNames.count(package) != 0)
                 continue;
-            const auto number = numbers.try_emplace(package, numbers.size());
-            if (number.second)
+            const auto [entry, isNew] = numbers.try_emplace(package, numbers.size());
+            if (isNew)
                 m_unordered.emplace_back(package);
-            m_owns[id] = number.first->second;
+            m_owns[id] = entry->second;
         }
     }
 
@@ -148,17 +148,21 @@ private:
         const Edges types(count, members);
         m_ranks.resize(count);
         std::vector<bool> isSeen(count + m_types.count);
-        std::vector<std::pair<unsigned int, std::size_t>> path; // Packages, and types after them.
+        struct Step {
+            unsigned int node; // A package, or a type after them all.
+            std::size_t next;
+        };
+        std::vector<Step> path;
         const auto enter = [&](unsigned int node) {
             if (!isSeen[node])
-                path.emplace_back(node, 0);
+                path.push_back({node, 0});
             isSeen[node] = true;
         };
         for (unsigned int package = 0; package < count; ++package) {
             enter(package);
             while (!path.empty()) {
-                const unsigned int node = path.back().first;
-                const std::size_t i = path.back().second++;
+                const unsigned int node = path.back().node;
+                const std::size_t i = path.back().next++;
                 const bool isPackage = node < count;
                 if (i < (isPackage ? types.count(node) : needs().count(node - count))) {
                     const unsigned int to =

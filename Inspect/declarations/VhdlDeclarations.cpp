@@ -3,6 +3,7 @@
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/words/TypeText.h"
 #include "RTTI/ConstraintStack.h"
+#include "RTTI/Ranges.h"
 
 #include <fmt/format.h>
 
@@ -149,7 +150,6 @@ public:
     std::string_view view() const { return m_text.view(); }
 
 private:
-    static constexpr FullConstraints OPEN = {0, 0, TypeFileFormat::UNCONSTRAINED_DIRECTION};
     static constexpr FullConstraints WITHIN_TYPE = {-1, 0, TypeFileFormat::TO_DIRECTION};
 
     /// A level within the type, while it lasts.
@@ -175,7 +175,7 @@ private:
     /// The origin of what one of the ranges gives.
     FullConstraints originAt(std::size_t i) const {
         if (isOpen(m_ranges[i]))
-            return OPEN;
+            return OPEN_RANGE;
         return {static_cast<int>(i), 0, TypeFileFormat::TO_DIRECTION};
     }
 
@@ -186,7 +186,7 @@ private:
         Ranges origins;
         for (std::size_t i = 0; i < own.size(); ++i) {
             if (aligned == nullptr) {
-                origins.push_back(isOpen(own[i]) ? OPEN : WITHIN_TYPE);
+                origins.push_back(isOpen(own[i]) ? OPEN_RANGE : WITHIN_TYPE);
                 continue;
             }
             const auto beside = static_cast<std::size_t>(aligned - m_ranges.data()) + i;

@@ -165,7 +165,7 @@ void writeFormat(JsonText& text) {
     text.key("head");
     write(text, TypeFile::Layout::HEAD);
     writeByKind(text, "bodies", [&](unsigned int code) {
-        if (kindOf(code) == BUILDS_NO_TYPE)
+        if (!TypeFile::buildsType(code))
             return;
         text.key(std::to_string(code));
         write(text, TypeFile::bodyLayout(code));

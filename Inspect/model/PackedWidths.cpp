@@ -1,5 +1,7 @@
 #include "Inspect/model/PackedWidths.h"
 
+#include "RTTI/Ranges.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -105,13 +107,10 @@ std::uint64_t tagBits(const RTBaseType& type) {
 } // namespace
 
 Width lengthOf(const FullConstraints& dimension) {
+    if (!hasBounds(dimension))
+        return std::nullopt;
     const auto left = static_cast<std::int64_t>(dimension.si);
     const auto right = static_cast<std::int64_t>(dimension.ei);
-    const bool isWhole = left == std::numeric_limits<int>::min() &&
-                         right == std::numeric_limits<int>::max() &&
-                         dimension.dir == TypeFileFormat::TO_DIRECTION;
-    if (dimension.dir == TypeFileFormat::UNCONSTRAINED_DIRECTION || isWhole)
-        return std::nullopt;
     return static_cast<std::uint64_t>(std::max(left, right) - std::min(left, right)) + 1;
 }
 

@@ -1,5 +1,7 @@
 #include "Inspect/words/TypeKind.h"
 
+#include "TypeFile/RecordLayout.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -91,9 +93,7 @@ std::string_view kindOf(unsigned int kindCode) {
         return "fixed array";
     if (kindCode == ClassId::RECORD)
         return "record, struct or union";
-    if (kindCode >= ClassId::SEQ_ENUM && kindCode <= ClassId::WILDCARD &&
-        std::none_of(std::begin(classWords), std::end(classWords),
-                     [&](const ClassWords& c) { return c.classId == kindCode; }))
+    if (TypeFile::isKind(kindCode) && !TypeFile::buildsType(kindCode))
         return BUILDS_NO_TYPE;
     return kindOf(kindCode, 0);
 }

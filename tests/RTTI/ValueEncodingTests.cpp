@@ -1,12 +1,10 @@
 // How types say that their values are encoded: the parts decide, and classes guard against cycles.
 
-#include "OVAT/IBlockManager.h"
-#include "RTTI/RTTypeManager.h"
 #include "tests/support/LinkedTypes.h"
+#include "tests/support/TypeFileBuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -58,43 +56,11 @@ TEST_F(ValueEncodings, SeqEnumAnswersItsOwnEncodingWhateverItsFlags) {
     EXPECT_EQ(encodingOf(type), ENCODING_2_STATE);
 }
 
-/// One record: header of 40 bytes, record from byte 40, address table behind it.
-class OneRecordStorage : public OVAT::IBlockManager {
-public:
-    explicit OneRecordStorage(const std::string& record) {
-        m_bytes.assign(32, '\0');
-        addNumber(1, 4);
-        addNumber(40 + record.size(), 4);
-        m_bytes += record;
-        addNumber(40, 8);
-    }
-    bool read(unsigned long long offset, void* buffer, long long count) override {
-        std::memcpy(buffer, m_bytes.substr(offset).data(), static_cast<std::size_t>(count));
-        return true;
-    }
-
-private:
-    void addNumber(unsigned long long number, int width) {
-        for (int i = 0; i < width; ++i)
-            m_bytes += static_cast<char>(number >> (8 * i) & 0xFF);
-    }
-
-    std::string m_bytes;
-};
-
 TEST_F(ValueEncodings, SeqEnumReadWithAShortEncodingFieldIsFourState) {
-    // Size 15, seq enum, name "e", flags, then one byte of the four that the encoding takes.
-    OneRecordStorage storage(std::string("\x0F\0\0\0\x03\0\0\xA0"
-                                         "e\0"
-                                         "\0\0\0\0"
-                                         "\x01",
-                                         15));
-    RTTypeManager manager;
-    ASSERT_TRUE(manager.setupDeserializer(storage, 0));
-    const RTBaseType* type = manager.getRTType(0);
-    ASSERT_NE(type, nullptr);
-    ASSERT_EQ(type->GetClassId(), ClassId::SEQ_ENUM);
-    EXPECT_EQ(type->getValueEncoding(), ENCODING_4_STATE);
+    TypeFileBuilder file;
+    file.record(ClassId::SEQ_ENUM, "e").bytes("\x01"); // One byte of four.
+    LoadedTypes loaded(file);
+    EXPECT_EQ(loaded.as<RTSeqEnumType>(0).getValueEncoding(), ENCODING_4_STATE);
 }
 
 TEST_F(ValueEncodings, DiscreteEnumAnswersForItsBaseTypeNotItself) {

@@ -41,10 +41,10 @@ Subcommand addStats(CLI::App& program) {
     stats->add_flag("--json", options->json, "Print a JSON document");
     addColorArgument(*stats, *options);
     stats->footer(
-        "Nesting counts types that contain one another: aliased types, bases of enumerations and "
-        "classes, elements of arrays of fixed shape, members. The types that a class handle, an "
-        "access or file type, a dynamic array, a queue or an associative array leads to are not "
-        "contained in it.\n"
+        "Nesting counts types that contain one another: data types of typedefs, bases of "
+        "enumerations and classes, elements of arrays of fixed shape, members. The types that a "
+        "class handle, an access or file type, a dynamic array, a queue or an associative array "
+        "leads to are not contained in it.\n"
         "\n"
         "A type that no other type refers to may well be in use: a type file does not say which "
         "types signals, variables and parameters have.\n"

@@ -333,6 +333,24 @@ TEST(RecordHead, HasKindAndNameOfARecord) {
     EXPECT_FALSE(recordHeadAt(window, ~0ULL).isThere);
 }
 
+TEST(RecordHead, HasTheArrayKindOrRecordKindAndNoOtherDetail) {
+    TypeFileBuilder file;
+    file.record(ClassId::ARRAY, "a").u32(VHDL_ARRAY);
+    file.record(ClassId::RECORD, "r").u32(VLOG_PACKED_STRUCT);
+    file.record(ClassId::SEQ_ENUM, "e").u32(ENCODING_2_STATE);
+    file.record(ClassId::TYPEDEF, "t").u32(7);
+    const std::string image = file.image();
+    RecordingBlockManager storage(image);
+    TypeFile::StorageWindow window(storage, image.size(), BLOCK);
+    const auto detail = [&](unsigned int id) {
+        return recordHeadAt(window, file.address(id)).detail;
+    };
+    EXPECT_EQ(detail(0), VHDL_ARRAY);
+    EXPECT_EQ(detail(1), VLOG_PACKED_STRUCT);
+    EXPECT_EQ(detail(2), std::nullopt);
+    EXPECT_EQ(detail(3), std::nullopt);
+}
+
 /// A real file: its types loaded, and the fields of their records.
 class RealFile : public testing::TestWithParam<std::string> {
 protected:

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace {
 
 using namespace Inspect;
@@ -33,6 +35,17 @@ TEST(TypeKind, NamesEachKindOfStructAndUnion) {
     EXPECT_EQ(kind(0xB0006), "packed union");
     EXPECT_EQ(kind(0xB0007), "unpacked union");
     EXPECT_EQ(kind(0xB0008), "unpadded byte struct");
+}
+
+TEST(TypeKind, OfACodeTellsThoseThatBuildNoTypeFromThoseThatNoRecordHas) {
+    const std::set<unsigned int> withoutType = {0xA000000A, 0xA000000E, 0xA000000F, 0xA0000012,
+                                                0xA0000016};
+    for (unsigned int code = 0xA0000003; code <= 0xA0000019; ++code) {
+        EXPECT_EQ(kindOf(code) == "builds no type", withoutType.count(code) == 1) << code;
+        EXPECT_NE(kindOf(code), "type of unknown class") << code;
+    }
+    for (const unsigned int code : {0xA0000002U, 0xA000001AU, 0U, 0xFFFFFFFFU})
+        EXPECT_EQ(kindOf(code), "type of unknown class") << code;
 }
 
 } // namespace
