@@ -4,6 +4,18 @@
 
 namespace Inspect {
 
+// Here, so that a text needs no more of its lines than their name.
+void Text::flush() {
+    if (m_out == nullptr || m_size == 0)
+        return;
+    const std::size_t ready = m_lines != nullptr ? m_lines->settle() : m_size;
+    m_out->write(m_bytes.get(), static_cast<std::streamsize>(ready));
+    std::copy(m_bytes.get() + ready, m_bytes.get() + m_size, m_bytes.get());
+    m_size -= ready;
+    if (m_lines != nullptr)
+        m_lines->m_begin -= ready;
+}
+
 IndentedLines::IndentedLines(Text& text, std::string_view prefix, Single single)
     : m_text(text), m_prefix(prefix), m_mayBeSingle(single == Single::BEHIND_LABEL) {
     if (m_mayBeSingle)

@@ -1,21 +1,8 @@
 #include "Inspect/words/Text.h"
 
-#include "Inspect/words/IndentedLines.h"
-
 #include <algorithm>
 
 namespace Inspect {
-
-void Text::flush() {
-    if (m_out == nullptr || m_size == 0)
-        return;
-    const std::size_t ready = m_lines != nullptr ? m_lines->settle() : m_size;
-    m_out->write(m_bytes.get(), static_cast<std::streamsize>(ready));
-    std::copy(m_bytes.get() + ready, m_bytes.get() + m_size, m_bytes.get());
-    m_size -= ready;
-    if (m_lines != nullptr)
-        m_lines->m_begin -= ready;
-}
 
 void Text::makeRoom(std::size_t size) {
     if (m_size + size > MOST_HELD)
