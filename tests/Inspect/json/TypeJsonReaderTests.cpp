@@ -116,6 +116,18 @@ TEST(TypeJsonReader, GivesDefaultsToWhatMayBeLeftOut) {
     EXPECT_EQ(read.types.size(), 1u);
 }
 
+TEST(TypeJsonReader, TakesAMemberOfAClassWithoutItsFlag) {
+    const Read read(documentOf(R"("kind":"class","name":"c","baseClass":null,)"
+                               R"("members":[{"name":"m","type":0}])"),
+                    JsonForm::DOCUMENT, [](const RTBaseType& type) {
+                        using Member = RTClassType::t_ClassMember;
+                        const auto& derived = dynamic_cast<const RTClassType&>(type);
+                        const auto& member = dynamic_cast<const Member&>(*derived.m_members.at(0));
+                        EXPECT_FALSE(member.m_memberFlag);
+                    });
+    EXPECT_EQ(read.types.size(), 1u);
+}
+
 TEST(TypeJsonReader, TakesAKindByItsNameOrItsNumber) {
     for (const char* const kind : {"\"VLOG_FIXED_PACKED_ARRAY\"", "10485763"}) {
         const Read read(documentOf(R"("kind":"array","name":"a","elementType":0,"indexTypes":)"
