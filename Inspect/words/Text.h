@@ -71,7 +71,7 @@ public:
     void flush();
 
     /// The most bytes that wait for the stream, unless one piece is longer.
-    static constexpr std::size_t MOST_HELD = 64 * 1024;
+    static constexpr std::size_t MOST_HELD = std::size_t{64} * 1024;
 
 private:
     friend class IndentedLines;
