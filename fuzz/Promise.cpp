@@ -9,12 +9,13 @@
 
 #include <ctime>
 #include <exception>
+#include <limits>
 
 namespace Fuzz {
 
 namespace {
 
-constexpr std::size_t NO_LIMIT = std::size_t{1} << 62;
+constexpr std::size_t NO_LIMIT = std::numeric_limits<std::size_t>::max() / 4;
 
 double millisecondsOfProcessor() {
     std::timespec time{};

@@ -123,11 +123,12 @@ std::vector<RecordEditor::Entry> RecordEditor::entriesBehind(std::size_t countPl
         if (!isOfRanges && (field.list == nullptr || field.missingItems != 0))
             continue;
         const std::size_t index = isOfRanges ? field.item : field.index;
+        const auto offset = static_cast<std::size_t>(field.offset);
         if (index > entries.size())
             break; // Those before it are missing.
         if (index == entries.size())
-            entries.push_back({field.offset, 0});
-        entries.back().size = field.offset + field.size - entries.back().at;
+            entries.push_back({offset, 0});
+        entries.back().size = offset + field.size - entries.back().at;
     }
     return entries;
 }

@@ -1,4 +1,5 @@
 # 32 bits; numbers of 64 bits are aligned to 4 bytes.
 set(CMAKE_SYSTEM_PROCESSOR i686)
+set(debian_name i386)
 set(qemu_name i386)
 include(${CMAKE_CURRENT_LIST_DIR}/Machine.cmake)

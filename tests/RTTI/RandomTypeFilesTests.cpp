@@ -27,7 +27,7 @@ using namespace RTTITest;
 
 constexpr std::uint64_t FILES = 3000;
 constexpr unsigned int LARGEST_FILE = 40;
-constexpr std::uint64_t DEEP_FILES = HAS_SANITIZERS ? 12 : 30; // Sanitizers make them slow.
+constexpr std::uint64_t DEEP_FILES = IS_SLOW ? 12 : 30;
 
 /// A random file in the hands of the library and of the reference loader.
 class Comparison {

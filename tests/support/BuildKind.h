@@ -20,4 +20,11 @@ inline constexpr bool HAS_SANITIZERS = false;
 inline constexpr bool HAS_SANITIZERS = false;
 #endif
 
+/// With sanitizers, or in an emulator, everything takes many times as long.
+#ifdef IN_EMULATOR
+inline constexpr bool IS_SLOW = true;
+#else
+inline constexpr bool IS_SLOW = HAS_SANITIZERS;
+#endif
+
 } // namespace RTTITest
