@@ -8,7 +8,7 @@ namespace Inspect {
 void Text::flush() {
     if (m_out == nullptr || m_size == 0)
         return;
-    const std::size_t ready = m_lines != nullptr ? m_lines->settle() : m_size;
+    const std::size_t ready = m_lines != nullptr ? m_lines->prefixLines() : m_size;
     m_out->write(m_bytes.get(), static_cast<std::streamsize>(ready));
     std::copy(m_bytes.get() + ready, m_bytes.get() + m_size, m_bytes.get());
     m_size -= ready;
@@ -24,7 +24,7 @@ IndentedLines::IndentedLines(Text& text, std::string_view prefix, Single single)
     m_text.m_lines = this;
 }
 
-std::size_t IndentedLines::settle() {
+std::size_t IndentedLines::prefixLines() {
     const std::string_view lines = m_text.view().substr(m_begin);
     if (m_mayBeSingle) {
         const std::size_t end = lines.find('\n');

@@ -24,7 +24,7 @@ public:
 
     /// Completes the lines. Without this call, what has not gone to the text's stream is of no use.
     void end() {
-        settle();
+        prefixLines();
         m_text.m_lines = nullptr;
     }
     ~IndentedLines() { m_text.m_lines = nullptr; }
@@ -34,7 +34,7 @@ private:
 
     /// Gives the lines so far their prefixes. Returns the size of the part of the text that is as
     /// it has to be.
-    std::size_t settle();
+    std::size_t prefixLines();
     void indent();
 
     Text& m_text;
