@@ -23,8 +23,9 @@ struct ShowOptions : FileArguments, ColorArguments {
 /// Prints a type with its neighbours.
 class Show {
 public:
-    Show(OpenedFile& file, const Inspect::TextStyle& style, Inspect::RangeLists lists)
-        : m_file(file), m_style(style), m_dumper(std::cout, m_types, m_style, lists) {}
+    Show(OpenedFile& file, const Inspect::TypeTable& types, const Inspect::TextStyle& style,
+         Inspect::TypeDumper& dumper)
+        : m_file(file), m_types(types), m_style(style), m_dumper(dumper) {}
 
     void type(unsigned int id) {
         if (const RTBaseType* shown = m_types.typeOf(id))
@@ -55,9 +56,9 @@ private:
     }
 
     OpenedFile& m_file;
-    const Inspect::TypeTable m_types = m_file.types();
-    const Inspect::TextStyle m_style;
-    Inspect::TypeDumper m_dumper;
+    const Inspect::TypeTable& m_types;
+    const Inspect::TextStyle& m_style;
+    Inspect::TypeDumper& m_dumper;
 };
 
 /// Prints a type, the types that it refers to, and a line for each type that refers to it. The exit
@@ -65,7 +66,10 @@ private:
 int runShow(const ShowOptions& options) {
     OpenedFile file(options, OpenedFile::Verified::AS_ASKED);
     const unsigned int id = file.idOf("TYPE", options.type);
-    Show show(file, options.style(), options.lists);
+    const Inspect::TypeTable types = file.types();
+    const Inspect::TextStyle style = options.style();
+    Inspect::TypeDumper dumper(std::cout, types, style, options.lists);
+    Show show(file, types, style, dumper);
     show.type(id);
     show.referredTypes(id);
     show.referringTypes(id);
