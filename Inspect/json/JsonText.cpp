@@ -54,7 +54,7 @@ void JsonText::name(std::string_view name) {
     closeObject();
 }
 
-void JsonText::value(double value) {
+void JsonText::value(const double& value) {
     if (!std::isfinite(value))
         this->value(notFiniteText(value));
     else

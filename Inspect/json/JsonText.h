@@ -81,8 +81,9 @@ public:
     void closeString() { m_text << '"'; }
 
     /// A number that JSON's decimal digits give bit for bit, else "Infinity", "-Infinity" or the 16
-    /// hexadecimal digits of a NaN.
-    void value(double value);
+    /// hexadecimal digits of a NaN. It is not copied, which in an x87 register would change a
+    /// signalling NaN.
+    void value(const double& value);
 
     /// An object with the range's fields.
     void value(const RTTI::FullConstraints& range);

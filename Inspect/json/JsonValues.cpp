@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -90,11 +89,13 @@ bool nameFromJson(const JsonValue& json, std::string& name) {
     return digits != nullptr && bytesOfHex(*digits, name);
 }
 
-std::string notFiniteText(double value) {
-    if (std::isinf(value))
-        return value > 0 ? POSITIVE_INFINITY : NEGATIVE_INFINITY;
+std::string notFiniteText(const double& value) {
+    // The bits alone tell: in an x87 register, a signalling NaN would become a quiet one.
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
+    constexpr std::uint64_t INFINITE = 0x7FF0000000000000, NEGATIVE = 0x8000000000000000;
+    if ((bits & ~NEGATIVE) == INFINITE)
+        return (bits & NEGATIVE) == 0 ? POSITIVE_INFINITY : NEGATIVE_INFINITY;
     std::array<char, sizeof bits> bytes;
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<char>(bits >> (56 - 8 * i));

@@ -16,7 +16,7 @@ inline constexpr char HEX_DIGITS[] = "0123456789abcdef";
 std::string hexOf(std::string_view bytes);
 
 /// "Infinity", "-Infinity", or the 16 hexadecimal digits of a NaN.
-std::string notFiniteText(double value);
+std::string notFiniteText(const double& value);
 
 // The ways back say false for what the form does not have.
 bool nameFromJson(const JsonValue& json, std::string& name);

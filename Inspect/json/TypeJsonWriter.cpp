@@ -43,7 +43,7 @@ private:
     }
     template <typename Text> void write(const Text& name, Form::Name) const { m_text.name(name); }
     template <typename Enum> void write(Enum value, Form::Named) const { m_text.named(value); }
-    void write(double value, Form::Real) const { m_text.value(value); }
+    void write(const double& value, Form::Real) const { m_text.value(value); }
     void write(bool value, Form::Boolean) const { m_text.value(value); }
     void write(const FullConstraints& range, Form::Range) const { m_text.value(range); }
     void write(const std::vector<FullConstraints>& ranges, Form::Ranges) const {
