@@ -290,6 +290,7 @@ private:
 
     Stack& m_stack;
     Ranges& m_out;
+    std::set<const RTClassType*>& m_classesOnPath = classesOnPath();
     std::size_t m_maxSteps;
     std::size_t m_maxPassedBy;
     std::size_t m_passedBy = 0;       ///< Aggregates that were parts, and were not entered.
@@ -315,7 +316,7 @@ bool ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBe
     const RTAggregateType* const outermost = isOutermost ? &aggregate : m_step.outermost;
     m_step = {&aggregate, isClass, isClass, 0, depthBefore, m_out.size(), m_segment};
     if (isClass) {
-        classesOnPath().insert(static_cast<const RTClassType*>(&aggregate));
+        m_classesOnPath.insert(static_cast<const RTClassType*>(&aggregate));
         m_segment = ++m_classesEntered;
     } else {
         m_step.outermost = outermost;
@@ -324,7 +325,7 @@ bool ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBe
 }
 
 bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate, bool isClass) {
-    if (isClass && classesOnPath().count(static_cast<const RTClassType*>(&aggregate)) != 0)
+    if (isClass && m_classesOnPath.count(static_cast<const RTClassType*>(&aggregate)) != 0)
         return true;
     if (!isClass && isOnSegment(aggregate)) {
         m_step.hasEnded = true;
@@ -429,7 +430,7 @@ void ConstraintWalk::leave() {
 /// be cleaned up after.
 void ConstraintWalk::comeBack() {
     if (m_step.isClass) {
-        classesOnPath().erase(static_cast<const RTClassType*>(m_step.aggregate));
+        m_classesOnPath.erase(static_cast<const RTClassType*>(m_step.aggregate));
         m_segment = m_step.outerSegment;
     }
     if (m_outerSteps.empty()) {
