@@ -31,44 +31,65 @@ bool isStructOrUnion(const RTRecordType& record) {
            record.m_recordKind <= VLOG_UNPACKED_UNTAGGED_UNION;
 }
 
-/// What a type's encoding comes from: another type, an aggregate whose parts decide, or an answer.
-struct Encoded {
-    const RTBaseType* next;
-    const RTAggregateType* aggregate;
-    ValueEncoding encoding;
+/// Where a type's encoding comes from.
+enum class Source {
+    ANSWER, ///< The type has answered.
+    TYPE,   ///< Another type answers.
+    STRUCT, ///< The members of a struct or union decide.
+    CLASS   ///< The base class and the members of a class decide.
 };
 
-Encoded answer(ValueEncoding encoding) { return {nullptr, nullptr, encoding}; }
-Encoded partsOf(const RTAggregateType& type) { return {nullptr, &type, ENCODING_4_STATE}; }
+struct Encoded {
+    const RTBaseType* type; ///< That the encoding comes from; null for an answer.
+    Source source;
+    ValueEncoding answer;
+
+    bool isAggregate() const { return source >= Source::STRUCT; }
+    const RTAggregateType& aggregate() const { return static_cast<const RTAggregateType&>(*type); }
+};
+
+Encoded answer(ValueEncoding encoding) { return {nullptr, Source::ANSWER, encoding}; }
+
+/// The encoding of another type or, if there is none, of the type itself.
+Encoded behind(const RTBaseType* other, ValueEncoding own) {
+    return {other, other != nullptr ? Source::TYPE : Source::ANSWER, own};
+}
 
 Encoded encodedAs(const RTArrayType& array) {
     switch (array.m_arrayKind) {
     case BYTE_UNPADDED_ARRAY: return answer(ENCODING_UNPADDED_BYTE);
     case VLOG_FIXED_UNPACKED_ARRAY:
-    case VLOG_FIXED_PACKED_ARRAY: return {array.m_elementType, nullptr, ENCODING_BYTE};
+    case VLOG_FIXED_PACKED_ARRAY: return behind(array.m_elementType, ENCODING_BYTE);
     default: return answer(ENCODING_BYTE);
     }
 }
 
 Encoded encodedAs(const RTRecordType& record) {
     if (isStructOrUnion(record))
-        return partsOf(record);
+        return {&record, Source::STRUCT, ENCODING_4_STATE};
     return answer(record.m_recordKind == BYTE_UNPADDED_STRUCT ? ENCODING_UNPADDED_BYTE
                                                               : ENCODING_BYTE);
 }
 
+Encoded encodedAs(const RTClassType& type) { return {&type, Source::CLASS, ENCODING_4_STATE}; }
+
 /// Typedefs and enumerations answer for the type that they name, and by their flags without one.
+/// @{
+Encoded encodedAs(const RTTypedefType& alias) {
+    return behind(alias.m_dataType, alias.RTBaseType::getValueEncoding());
+}
+Encoded encodedAs(const RTDiscreteEnumType& enumeration) {
+    return behind(enumeration.m_baseType, enumeration.RTBaseType::getValueEncoding());
+}
+/// @}
+
 Encoded encodedAs(const RTBaseType& type) {
     switch (classIdOf(type)) {
-    case ClassId::TYPEDEF:
-        return {static_cast<const RTTypedefType&>(type).m_dataType, nullptr,
-                type.RTBaseType::getValueEncoding()};
-    case ClassId::DISCRETE_ENUM:
-        return {static_cast<const RTDiscreteEnumType&>(type).m_baseType, nullptr,
-                type.RTBaseType::getValueEncoding()};
+    case ClassId::TYPEDEF: return encodedAs(static_cast<const RTTypedefType&>(type));
+    case ClassId::DISCRETE_ENUM: return encodedAs(static_cast<const RTDiscreteEnumType&>(type));
     case ClassId::ARRAY: return encodedAs(static_cast<const RTArrayType&>(type));
     case ClassId::RECORD: return encodedAs(static_cast<const RTRecordType&>(type));
-    case ClassId::CLASS: return partsOf(static_cast<const RTClassType&>(type));
+    case ClassId::CLASS: return encodedAs(static_cast<const RTClassType&>(type));
     default: return answer(type.getValueEncoding());
     }
 }
@@ -92,8 +113,8 @@ class ChainEnds {
 public:
     Encoded endOf(const RTBaseType& first) {
         Encoded end = encodedAs(first);
-        for (std::size_t links = 1; end.next != nullptr; ++links) {
-            const RTBaseType* const next = end.next;
+        for (std::size_t links = 1; end.source == Source::TYPE; ++links) {
+            const RTBaseType* const next = end.type;
             const auto known = m_ends.find(next);
             if (known != m_ends.end()) {
                 end = known->second;
@@ -133,7 +154,8 @@ private:
 /// that holds many classes that hold the struct is not.
 class EncodingQuery {
 public:
-    bool isTwoState(const RTAggregateType& outermost);
+    /// The end of a chain, with an aggregate that is the outermost one.
+    bool isTwoState(const Encoded& outermost);
 
 private:
     struct Struct {
@@ -157,7 +179,7 @@ private:
 
     static void passPart(const Step& step);
     bool followPart();
-    bool meet(const RTAggregateType& aggregate);
+    bool meet(const Encoded& end);
     void enterClass(const RTClassType& type);
     bool meetStruct(const RTAggregateType& type);
     void leave();
@@ -170,7 +192,7 @@ private:
     unsigned int m_segments = 0;
 };
 
-bool EncodingQuery::isTwoState(const RTAggregateType& outermost) {
+bool EncodingQuery::isTwoState(const Encoded& outermost) {
     meet(outermost);
     while (!m_path.empty()) {
         Step& step = m_path.back();
@@ -197,9 +219,9 @@ bool EncodingQuery::followPart() {
     if (type == nullptr)
         return isBase(isClass, part);
     const Encoded end = m_chains.endOf(*type);
-    if (end.aggregate == nullptr && end.encoding != ENCODING_2_STATE)
+    if (!end.isAggregate() && end.answer != ENCODING_2_STATE)
         return false;
-    if (end.aggregate == nullptr || meet(*end.aggregate))
+    if (!end.isAggregate() || meet(end))
         passPart(m_path[place]);
     return true;
 }
@@ -211,10 +233,10 @@ void EncodingQuery::passPart(const Step& step) {
 }
 
 /// Whether the part that led here needs no second look.
-bool EncodingQuery::meet(const RTAggregateType& aggregate) {
-    if (aggregate.GetClassId() != ClassId::CLASS)
-        return meetStruct(aggregate);
-    enterClass(static_cast<const RTClassType&>(aggregate));
+bool EncodingQuery::meet(const Encoded& end) {
+    if (end.source == Source::STRUCT)
+        return meetStruct(end.aggregate());
+    enterClass(static_cast<const RTClassType&>(*end.type));
     return true;
 }
 
@@ -261,12 +283,11 @@ void EncodingQuery::markDerivedClasses() const {
     }
 }
 
-/// The end of a short chain; of a longer one some station, which is followed by `next`.
-Encoded shortEndOf(const RTBaseType& first) {
+/// The end of a short chain that begins like this; of a longer one some station.
+Encoded shortEndOf(Encoded end) {
     constexpr int LINKS = 8;
-    Encoded end = encodedAs(first);
-    for (int links = 0; end.next != nullptr && links < LINKS; ++links)
-        end = encodedAs(*end.next);
+    for (int links = 0; end.source == Source::TYPE && links < LINKS; ++links)
+        end = encodedAs(*end.type);
     return end;
 }
 
@@ -275,7 +296,7 @@ Encoded shortEndOf(const RTBaseType& first) {
 class SmallEncodingQuery {
 public:
     /// Nothing where there are too many.
-    std::optional<bool> isTwoState(const RTAggregateType& outermost) {
+    std::optional<bool> isTwoState(const Encoded& outermost) {
         enter(outermost);
         while (m_depth != 0 && !m_isTooLarge) {
             Step& step = m_path[m_depth - 1];
@@ -297,7 +318,7 @@ private:
         std::size_t nextPart;
     };
 
-    void enter(const RTAggregateType& aggregate);
+    void enter(const Encoded& end);
     bool followPart(Step& step);
     void markDerivedClasses() const;
 
@@ -310,13 +331,13 @@ private:
     bool m_isTooLarge = false;
 };
 
-void SmallEncodingQuery::enter(const RTAggregateType& aggregate) {
-    const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
-    if (isClass && KeptMark::isOn(static_cast<const RTClassType&>(aggregate)))
+void SmallEncodingQuery::enter(const Encoded& end) {
+    const bool isClass = end.source == Source::CLASS;
+    if (isClass && KeptMark::isOn(static_cast<const RTClassType&>(*end.type)))
         return;
     m_isTooLarge = m_depth == DEEPEST || ++m_entered > MOST;
     if (!m_isTooLarge)
-        m_path[m_depth++] = {&aggregate, isClass, 0};
+        m_path[m_depth++] = {&end.aggregate(), isClass, 0};
 }
 
 /// False where the part is not "2-State".
@@ -325,13 +346,13 @@ bool SmallEncodingQuery::followPart(Step& step) {
     const RTBaseType* const type = partOf(*step.aggregate, step.isClass, part);
     if (type == nullptr)
         return isBase(step.isClass, part);
-    const Encoded end = shortEndOf(*type);
-    if (end.aggregate != nullptr)
-        enter(*end.aggregate);
-    else if (end.next != nullptr)
+    const Encoded end = shortEndOf(encodedAs(*type));
+    if (end.source == Source::ANSWER)
+        return end.answer == ENCODING_2_STATE;
+    if (end.source == Source::TYPE)
         m_isTooLarge = true;
     else
-        return end.encoding == ENCODING_2_STATE;
+        enter(end);
     return true;
 }
 
@@ -342,15 +363,15 @@ void SmallEncodingQuery::markDerivedClasses() const {
     }
 }
 
-ValueEncoding encodingOf(const RTBaseType& type) {
-    Encoded end = shortEndOf(type);
-    if (end.next != nullptr)
-        end = ChainEnds().endOf(*end.next);
-    if (end.aggregate == nullptr)
-        return end.encoding;
-    std::optional<bool> isTwoState = SmallEncodingQuery().isTwoState(*end.aggregate);
+ValueEncoding encodingOf(Encoded end) {
+    end = shortEndOf(end);
+    if (end.source == Source::TYPE)
+        end = ChainEnds().endOf(*end.type);
+    if (end.source == Source::ANSWER)
+        return end.answer;
+    std::optional<bool> isTwoState = SmallEncodingQuery().isTwoState(end);
     if (!isTwoState)
-        isTwoState = EncodingQuery().isTwoState(*end.aggregate);
+        isTwoState = EncodingQuery().isTwoState(end);
     return *isTwoState ? ENCODING_2_STATE : ENCODING_4_STATE;
 }
 
@@ -369,11 +390,11 @@ ValueEncoding RTFloatType::getValueEncoding() const {
     return m_floatKind == 0 ? ENCODING_BYTE : ENCODING_4_STATE;
 }
 
-ValueEncoding RTDiscreteEnumType::getValueEncoding() const { return encodingOf(*this); }
-ValueEncoding RTTypedefType::getValueEncoding() const { return encodingOf(*this); }
-ValueEncoding RTArrayType::getValueEncoding() const { return encodingOf(*this); }
-ValueEncoding RTRecordType::getValueEncoding() const { return encodingOf(*this); }
-ValueEncoding RTClassType::getValueEncoding() const { return encodingOf(*this); }
+ValueEncoding RTDiscreteEnumType::getValueEncoding() const { return encodingOf(encodedAs(*this)); }
+ValueEncoding RTTypedefType::getValueEncoding() const { return encodingOf(encodedAs(*this)); }
+ValueEncoding RTArrayType::getValueEncoding() const { return encodingOf(encodedAs(*this)); }
+ValueEncoding RTRecordType::getValueEncoding() const { return encodingOf(encodedAs(*this)); }
+ValueEncoding RTClassType::getValueEncoding() const { return encodingOf(encodedAs(*this)); }
 
 RTClassType::~RTClassType() = default;
 
