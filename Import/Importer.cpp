@@ -88,9 +88,4 @@ void Importer::finish(const TypeTable::TakeType& take) {
     m_types.finish(m_options.packages, m_notes, take);
 }
 
-std::vector<std::unique_ptr<RTTI::RTBaseType>> Importer::finish() {
-    m_ghdl.addTo(m_types, m_notes);
-    return m_types.finish(m_options.packages, m_notes);
-}
-
 } // namespace Import

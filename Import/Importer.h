@@ -5,9 +5,7 @@
 #include "Import/Input.h"
 #include "Import/Notes.h"
 #include "Import/TypeTable.h"
-#include "RTTI/RTType.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -42,14 +40,12 @@ public:
     void read(Input& input, Format format);
     /// @}
 
-    /// The types of all inputs, in the order of their ids, for TypeFile::TypeFileWriter: one by
-    /// one, or all together, which takes several times the memory. The same inputs give the same
-    /// types. Must be the last call, made once. All notes are given, and each ImportError is
-    /// thrown, before the first type is handed over; what `take` throws passes through.
-    /// @{
+    /// Hands over the types of all inputs, in the order of their ids, for TypeFile::TypeFileWriter.
+    /// Each is complete but for links, and exists until the next one is handed over. The same
+    /// inputs give the same types. Must be the last call, made once. All notes are given, and each
+    /// ImportError is thrown, before the first type is handed over; what `take` throws passes
+    /// through.
     void finish(const TypeTable::TakeType& take);
-    std::vector<std::unique_ptr<RTTI::RTBaseType>> finish();
-    /// @}
 
 private:
     ImportOptions m_options;

@@ -28,9 +28,13 @@ public:
     template <typename T> std::span<const T> keep(const std::vector<T>& items) {
         return keep(std::span<const T>(items));
     }
+    /// With a zero byte behind it; none of it where there is no text.
     std::string_view keep(std::string_view text) {
-        const std::span<const char> copy = keep(std::span<const char>(text));
-        return {copy.data(), copy.size()};
+        if (text.empty())
+            return {};
+        char* const copy = static_cast<char*>(m_parts.front()->allocate(text.size() + 1, 1));
+        *std::copy(text.begin(), text.end(), copy) = '\0';
+        return {copy, text.size()};
     }
 
     /// Takes over what another pool has kept.

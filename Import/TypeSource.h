@@ -4,13 +4,12 @@
 #include "Import/References.h"
 #include "RTTI/RTType.h"
 
-#include <memory>
 #include <string_view>
 
 namespace Import {
 
-/// Types of a table that are made one by one, when they are needed: as long as none is, memory goes
-/// only into what tells them apart. They have numbers from 0 on.
+/// Types of a table that are objects one at a time, when they are needed: memory goes only into
+/// what tells them apart. They have numbers from 0 on.
 class TypeSource {
 public:
     virtual ~TypeSource() = default;
@@ -22,11 +21,11 @@ public:
 
     virtual Place placeOf(unsigned int number) const = 0;
 
-    /// The references of each type: the ids in the object that `make` makes, in that order.
+    /// The references of each type: the ids in its object, in that order.
     virtual const References& references() const = 0;
 
-    /// Makes the type; the same one each time.
-    virtual std::unique_ptr<RTTI::RTBaseType> make(unsigned int number) const = 0;
+    /// The type, until the next call. Its ids may be changed; it has the same ones each time.
+    virtual RTTI::RTBaseType& object(unsigned int number) = 0;
 };
 
 } // namespace Import

@@ -137,17 +137,9 @@ Place TypeTable::placeOf(unsigned int id) const {
                                : m_source->placeOf(id - static_cast<unsigned int>(m_types.size()));
 }
 
-/// The type itself, or one like it that exists until the next call.
 RTBaseType& TypeTable::object(unsigned int id) {
-    if (id < m_types.size())
-        return *m_types[id].type;
-    m_made = takeOut(id);
-    return *m_made;
-}
-
-std::unique_ptr<RTBaseType> TypeTable::takeOut(unsigned int id) {
-    return id < m_types.size() ? std::move(m_types[id].type)
-                               : m_source->make(id - static_cast<unsigned int>(m_types.size()));
+    return id < m_types.size() ? *m_types[id].type
+                               : m_source->object(id - static_cast<unsigned int>(m_types.size()));
 }
 
 void TypeTable::want(unsigned int id, std::string_view package) {
@@ -226,12 +218,12 @@ void TypeTable::handOver(const Ids& order, const References& references, const T
     for (unsigned int place = 0; place < order.size(); ++place) {
         if (first[place] != place)
             continue;
-        std::unique_ptr<RTBaseType> type = takeOut(order[place]);
+        RTBaseType& type = object(order[place]);
         auto next = references.of(place).begin();
-        forEachTypeId(*type, [&](unsigned int& field) { field = newIds[*next++]; });
-        if (hasSVTypeId(*type))
-            type->setSVTypeId(nextSVType++);
-        take(std::move(type));
+        forEachTypeId(type, [&](unsigned int& field) { field = newIds[*next++]; });
+        if (hasSVTypeId(type))
+            type.setSVTypeId(nextSVType++);
+        take(type);
     }
 }
 
@@ -248,14 +240,6 @@ void TypeTable::finish(const std::vector<std::string>& packages, Notes& notes,
                           "the input is damaged: " + labelOf(nameOf(order[place])) +
                               " is a part of itself");
     handOver(order, references, take);
-}
-
-std::vector<std::unique_ptr<RTBaseType>> TypeTable::finish(const std::vector<std::string>& packages,
-                                                           Notes& notes) {
-    std::vector<std::unique_ptr<RTBaseType>> types;
-    finish(packages, notes,
-           [&](std::unique_ptr<RTBaseType> type) { types.push_back(std::move(type)); });
-    return types;
 }
 
 } // namespace Import

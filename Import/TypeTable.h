@@ -27,7 +27,7 @@ class TypeSource;
 class TypeTable {
 public:
     /// Receives a type of the result.
-    using TakeType = std::function<void(std::unique_ptr<RTTI::RTBaseType> type)>;
+    using TakeType = std::function<void(const RTTI::RTBaseType& type)>;
 
     /// A table without types.
     TypeTable();
@@ -63,22 +63,18 @@ public:
     /// others.
     void want(unsigned int id, std::string_view package);
 
-    /// The wanted types and the types that they need, in the order of their new ids: a type comes
-    /// after those that it needs, unless they need one another, otherwise in the order in which
-    /// they were wanted. If `packages` is not empty, only declarations of these packages are
-    /// wanted. Throws ImportError for a package that no input has, and for a type that contains
+    /// Hands over the wanted types and the types that they need, in the order of their new ids: a
+    /// type comes after those that it needs, unless they need one another, otherwise in the order
+    /// in which they were wanted. If `packages` is not empty, only declarations of these packages
+    /// are wanted. Throws ImportError for a package that no input has, and for a type that contains
     /// itself with no class or access type in between. Types that are left out are noted. Must be
     /// the last call, made once. Takes O(m log n) time for m references of n types, without
     /// recursion.
     ///
-    /// The types are handed over one by one, or all together. One by one, those of a source need
-    /// not be in memory at the same time. `take` is called when all checks have been made and all
+    /// A type that was added exists as long as the table; one of a source exists, as an object,
+    /// until the next one is handed over. `take` is called when all checks have been made and all
     /// notes been given; what it throws passes through.
-    /// @{
     void finish(const std::vector<std::string>& packages, Notes& notes, const TakeType& take);
-    std::vector<std::unique_ptr<RTTI::RTBaseType>> finish(const std::vector<std::string>& packages,
-                                                          Notes& notes);
-    /// @}
 
 private:
     struct Entry {
@@ -94,7 +90,6 @@ private:
     std::string_view nameOf(unsigned int id) const;
     Place placeOf(unsigned int id) const;
     RTTI::RTBaseType& object(unsigned int id);
-    std::unique_ptr<RTTI::RTBaseType> takeOut(unsigned int id);
     unsigned int numberPackage(std::string_view package);
     unsigned int packageNumber(const std::string& package) const;
     std::vector<unsigned int> wantedIds(const std::vector<std::string>& packages) const;
@@ -105,8 +100,7 @@ private:
                   const TakeType& take);
 
     std::vector<Entry> m_types;
-    std::unique_ptr<TypeSource> m_source;     ///< Of the ids after those of `m_types`; may be null.
-    std::unique_ptr<RTTI::RTBaseType> m_made; ///< What the source has made last, to look at.
+    std::unique_ptr<TypeSource> m_source; ///< Of the ids after those of `m_types`; may be null.
     std::map<unsigned int, std::string> m_leftOut; ///< Ids whose types do not exist, in words.
     std::vector<Wanted> m_wanted;
     std::vector<std::string> m_packages; ///< In the order in which they were found.

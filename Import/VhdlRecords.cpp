@@ -50,13 +50,43 @@ FullConstraints constraintOf(const VhdlRange& range) {
             range.isDownto ? TypeFileFormat::DOWNTO_DIRECTION : TypeFileFormat::TO_DIRECTION};
 }
 
-std::vector<FullConstraints> constraintsOf(const VhdlUse& use) {
-    std::vector<FullConstraints> constraints;
-    constraints.reserve(use.ranges.size());
+void setConstraints(std::vector<FullConstraints>& constraints, const VhdlUse& use) {
+    constraints.clear();
     for (const VhdlRange& range : use.ranges)
         constraints.push_back(constraintOf(range));
-    return constraints;
 }
+
+/// A name of a pool, with the zero byte behind it, for an object that lends it.
+char* lent(std::string_view name) { return const_cast<char*>(name.empty() ? "" : name.data()); }
+
+/// Whether the library refuses the name: a record's names end at a zero byte.
+bool isRefused(std::string_view name) { return name.find('\0') != std::string_view::npos; }
+
+/// A type or member whose names belong to a pool and not to itself.
+/// @{
+template <typename Type> class Lent final : public Type {
+public:
+    Lent() = default;
+    Lent(const Lent&) = delete;
+    Lent& operator=(const Lent&) = delete;
+    ~Lent() override {
+        this->m_name = nullptr;
+        clear();
+    }
+
+    /// Gives back the literals or members.
+    void clear() {
+        if constexpr (std::is_same_v<Type, RTSeqEnumType>)
+            this->m_enumeratorNames.clear();
+        else if constexpr (std::is_same_v<Type, RTRecordType>)
+            this->m_members.clear();
+    }
+};
+template <> class Lent<RTAggregateType::t_Member> final : public RTAggregateType::t_Member {
+public:
+    ~Lent() override { m_memberName = nullptr; }
+};
+/// @}
 
 /// Whether a subtype is another name at best: it has none, and no ranges that are known.
 bool addsNothing(const VhdlType& type) {
@@ -98,11 +128,13 @@ public:
     References& references() { return m_references; }
     const References& references() const override { return m_references; }
 
-    std::unique_ptr<RTBaseType> make(unsigned int number) const override {
+    RTBaseType& object(unsigned int number) override {
         const VhdlType& type = (*this)[number];
-        std::unique_ptr<RTBaseType> record = recordOf(type);
-        TypeFile::setName(*record, type.name);
-        return record;
+        RTBaseType& object = objectOf(type);
+        if (isRefused(type.name))
+            TypeFile::setName(object, type.name);
+        object.m_name = lent(type.name);
+        return object;
     }
 
 private:
@@ -110,7 +142,7 @@ private:
 
     unsigned int idOf(const VhdlUse& use) const { return m_firstId + m_numbers[kept(use.type)]; }
 
-    std::unique_ptr<RTBaseType> recordOf(const VhdlType& type) const {
+    RTBaseType& objectOf(const VhdlType& type) {
         switch (type.kind) {
         case VhdlKind::UNKNOWN: break;
         case VhdlKind::ENUMERATION: return enumeration(type);
@@ -119,87 +151,92 @@ private:
         case VhdlKind::PHYSICAL: return physical(type);
         case VhdlKind::ARRAY: return array(type);
         case VhdlKind::RECORD: return record(type);
-        case VhdlKind::ACCESS: return reference<RTAccessType>(type, ACCESS_SIZE);
-        case VhdlKind::FILE_TYPE: return reference<RTFileType>(type, FILE_SIZE);
+        case VhdlKind::ACCESS: return reference(m_access, type, ACCESS_SIZE);
+        case VhdlKind::FILE_TYPE: return reference(m_file, type, FILE_SIZE);
         case VhdlKind::SUBTYPE: return subtype(type);
         }
         throw std::logic_error("a type that is left out is not made");
     }
 
-    static std::unique_ptr<RTBaseType> enumeration(const VhdlType& type) {
-        auto result = std::make_unique<RTSeqEnumType>();
-        result->m_enumKind = enumKindOf(type);
-        result->m_valueEncoding = ENCODING_BYTE;
-        result->m_valueSize = type.parts.size() > 256 ? WIDE_ENUM_SIZE : ENUM_SIZE;
-        result->m_enumeratorNames.reserve(type.parts.size());
-        for (const VhdlPart& literal : type.parts)
-            TypeFile::addLiteral(*result, literal.name);
-        return result;
+    RTBaseType& enumeration(const VhdlType& type) {
+        m_enumeration.m_enumKind = enumKindOf(type);
+        m_enumeration.m_valueEncoding = ENCODING_BYTE;
+        m_enumeration.m_valueSize = type.parts.size() > 256 ? WIDE_ENUM_SIZE : ENUM_SIZE;
+        m_enumeration.clear();
+        for (const VhdlPart& literal : type.parts) {
+            if (isRefused(literal.name))
+                TypeFile::addLiteral(m_enumeration, literal.name);
+            m_enumeration.m_enumeratorNames.push_back(lent(literal.name));
+        }
+        return m_enumeration;
     }
 
-    static std::unique_ptr<RTBaseType> integer(const VhdlType& type) {
-        auto result = std::make_unique<RTIntType>();
-        result->m_constraint = constraintOf(
+    RTBaseType& integer(const VhdlType& type) {
+        m_integer.m_constraint = constraintOf(
             type.range.isOpen ? VhdlRange{false, false, LEAST_BOUND, LARGEST_BOUND} : type.range);
-        return result;
+        return m_integer;
     }
 
-    static std::unique_ptr<RTBaseType> real(const VhdlType& type) {
-        auto result = std::make_unique<RTFloatType>();
+    RTBaseType& real(const VhdlType& type) {
         const VhdlRealRange& range = type.realRange;
         const bool isWhole = isPredefined(type) || !range.isKnown;
-        result->m_left = isWhole ? std::numeric_limits<double>::lowest() : range.left;
-        result->m_right = isWhole ? std::numeric_limits<double>::max() : range.right;
-        result->m_direction = range.isDownto && !isPredefined(type)
-                                  ? TypeFileFormat::DOWNTO_DIRECTION
-                                  : TypeFileFormat::TO_DIRECTION;
-        return result;
+        m_real.m_left = isWhole ? std::numeric_limits<double>::lowest() : range.left;
+        m_real.m_right = isWhole ? std::numeric_limits<double>::max() : range.right;
+        m_real.m_direction = range.isDownto && !isPredefined(type)
+                                 ? TypeFileFormat::DOWNTO_DIRECTION
+                                 : TypeFileFormat::TO_DIRECTION;
+        return m_real;
     }
 
-    static std::unique_ptr<RTBaseType> physical(const VhdlType& type) {
-        auto result = std::make_unique<RTPhysicalType>();
+    RTBaseType& physical(const VhdlType& type) {
+        m_physical.m_units.clear();
         for (const VhdlPart& unit : type.parts)
-            TypeFile::addUnit(*result, unit.name, unit.value);
-        return result;
+            TypeFile::addUnit(m_physical, unit.name, unit.value);
+        return m_physical;
     }
 
-    std::unique_ptr<RTBaseType> array(const VhdlType& type) const {
-        auto result = std::make_unique<RTArrayType>();
-        result->m_arrayKind = VHDL_ARRAY;
-        result->m_elementTypeId = idOf(type.of);
-        result->m_indexTypeIds.reserve(type.indexes.size());
+    RTBaseType& array(const VhdlType& type) {
+        m_array.m_arrayKind = VHDL_ARRAY;
+        m_array.m_elementTypeId = idOf(type.of);
+        m_array.m_indexTypeIds.clear();
         for (const VhdlUse& index : type.indexes)
-            result->m_indexTypeIds.push_back(
+            m_array.m_indexTypeIds.push_back(
                 index.type == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID : idOf(index));
-        result->m_constraints = constraintsOf(type.of);
-        return result;
+        setConstraints(m_array.m_constraints, type.of);
+        return m_array;
     }
 
-    std::unique_ptr<RTBaseType> record(const VhdlType& type) const {
-        auto result = std::make_unique<RTRecordType>();
-        result->m_recordKind = VHDL_RECORD;
-        result->m_members.reserve(type.parts.size());
-        for (const VhdlPart& member : type.parts)
-            TypeFile::addMember(*result, member.name, idOf(member.use), constraintsOf(member.use));
-        return result;
+    RTBaseType& record(const VhdlType& type) {
+        m_record.m_recordKind = VHDL_RECORD;
+        m_record.clear();
+        for (const VhdlPart& part : type.parts) {
+            if (isRefused(part.name))
+                TypeFile::addMember(m_record, part.name, 0);
+            const std::size_t place = m_record.m_members.size();
+            if (place == m_members.size())
+                m_members.push_back(std::make_unique<Lent<RTAggregateType::t_Member>>());
+            auto& member = *m_members[place];
+            member.m_memberName = lent(part.name);
+            member.m_typeId = idOf(part.use);
+            setConstraints(member.m_constraints, part.use);
+            m_record.m_members.push_back(&member);
+        }
+        return m_record;
     }
 
-    template <typename Reference>
-    std::unique_ptr<RTBaseType> reference(const VhdlType& type, unsigned int size) const {
-        auto result = std::make_unique<Reference>();
-        result->m_refTypeId = idOf(type.of);
-        result->m_alignment = size;
-        result->m_valueSize = size;
-        return result;
+    RTBaseType& reference(auto& object, const VhdlType& type, unsigned int size) {
+        object.m_refTypeId = idOf(type.of);
+        object.m_alignment = size;
+        object.m_valueSize = size;
+        return object;
     }
 
-    std::unique_ptr<RTBaseType> subtype(const VhdlType& type) const {
-        auto result = std::make_unique<RTTypedefType>();
-        result->m_dataTypeId = idOf(type.of);
-        result->m_constraints = constraintsOf(type.of);
+    RTBaseType& subtype(const VhdlType& type) {
+        m_subtype.m_dataTypeId = idOf(type.of);
+        setConstraints(m_subtype.m_constraints, type.of);
         if (m_types[type.of.type].kind != VhdlKind::PHYSICAL && !type.range.isOpen)
-            result->m_constraints.push_back(constraintOf(type.range));
-        return result;
+            m_subtype.m_constraints.push_back(constraintOf(type.range));
+        return m_subtype;
     }
 
     VhdlTypes m_types;
@@ -207,6 +244,20 @@ private:
     std::vector<unsigned int> m_numbers; ///< Of each type, once it is needed.
     References m_references;             ///< Of each type that is needed.
     std::vector<std::uint32_t> m_needed; ///< Each type that is needed, in the order of finding.
+
+    /// What every type of a class is shown as: the object of the one before, with other fields.
+    /// @{
+    Lent<RTSeqEnumType> m_enumeration;
+    Lent<RTIntType> m_integer;
+    Lent<RTFloatType> m_real;
+    Lent<RTPhysicalType> m_physical;
+    Lent<RTArrayType> m_array;
+    Lent<RTRecordType> m_record;
+    std::vector<std::unique_ptr<Lent<RTAggregateType::t_Member>>> m_members; ///< Of the record.
+    Lent<RTAccessType> m_access;
+    Lent<RTFileType> m_file;
+    Lent<RTTypedefType> m_subtype;
+    /// @}
 };
 
 /// Finds what a design needs, and notes what records cannot hold of it.

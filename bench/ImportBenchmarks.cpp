@@ -13,18 +13,14 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <unistd.h>
 
 namespace {
-
-using Types = std::vector<std::unique_ptr<RTTI::RTBaseType>>;
 
 /// A tree as large as that of a verification library, with as many types.
 constexpr std::size_t TREE_BYTES = 49'000'000;
@@ -111,7 +107,7 @@ const std::string& wave() {
     return bytes;
 }
 
-void import(std::istream& stream, const Import::TypeTable::TakeType& take) {
+void importFrom(std::istream& stream, const Import::TypeTable::TakeType& take) {
     Import::Input input(stream, "bench");
     Import::Notes notes;
     Import::Importer importer({}, notes);
@@ -119,22 +115,43 @@ void import(std::istream& stream, const Import::TypeTable::TakeType& take) {
     importer.finish(take);
 }
 
-void import(const std::string& bytes, const Import::TypeTable::TakeType& take) {
+void importBytes(const std::string& bytes, const Import::TypeTable::TakeType& take) {
     std::istringstream stream(bytes);
-    import(stream, take);
+    importFrom(stream, take);
 }
 
-Types imported(const std::string& bytes) {
-    Types types;
-    import(bytes, [&](auto type) { types.push_back(std::move(type));
-});
-return types;
-} // namespace
+void lookAt(const RTTI::RTBaseType& type) { benchmark::DoNotOptimize(&type); }
+
+std::vector<char> typeFileOf(const std::string& bytes) {
+    TypeFile::TypeFileWriter writer;
+    importBytes(bytes, [&](const auto& type) { writer.add(type); });
+    return writer.finish();
+}
+
+/// The types that are imported, all at the same time.
+class ImportedTypes {
+public:
+    explicit ImportedTypes(const std::string& bytes)
+        : m_file(typeFileOf(bytes)), m_storage(m_file.data(), m_file.size()) {
+        m_manager.setupDeserializer(m_storage, 0);
+        m_manager.readAllRTTypes();
+    }
+
+    void addTo(TypeFile::TypeFileWriter& writer) {
+        for (unsigned int id = 0; const RTTI::RTBaseType* type = m_manager.getRTType(id); ++id)
+            writer.add(*type);
+    }
+
+private:
+    std::vector<char> m_file;
+    OVAT::MemoryBlockManager m_storage;
+    RTTI::RTTypeManager m_manager;
+};
 
 void ImportTree(benchmark::State& state) {
     tree();
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(imported(tree()).data());
+        importBytes(tree(), lookAt);
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * tree().size()));
 }
 
@@ -151,31 +168,19 @@ void ReadTreeLines(benchmark::State& state) {
 void ImportWave(benchmark::State& state) {
     wave();
     for ([[maybe_unused]] auto _ : state)
-        import(wave(), [](auto type) { benchmark::DoNotOptimize(type.get());
-});
+        importBytes(wave(), lookAt);
 }
 
 /// All the way to the bytes of a type file.
 void ImportWaveAndWrite(benchmark::State& state) {
     wave();
-    for ([[maybe_unused]] auto _ : state) {
-        TypeFile::TypeFileWriter writer;
-        import(wave(), [&](const auto& type) { writer.add(*type);
-    });
-    benchmark::DoNotOptimize(writer.finish().data());
-}
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(typeFileOf(wave()).data());
 }
 
 /// A path for a file of a benchmark.
 std::string scratch(const char* name) {
     return (std::filesystem::temp_directory_path() / name).string() + std::to_string(getpid());
-}
-
-void writeTypes(const Types& types, const std::string& path) {
-    TypeFile::TypeFileWriter writer;
-    for (const auto& type : types)
-        writer.add(*type);
-    writer.finishFile(path);
 }
 
 /// As the program does: from a file into a file.
@@ -185,20 +190,22 @@ void ImportWaveFile(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         std::ifstream stream(from, std::ios::binary);
         TypeFile::TypeFileWriter writer;
-        import(stream, [&](const auto& type) { writer.add(*type);
-    });
-    writer.finishFile(to);
-}
-std::filesystem::remove(from);
-std::filesystem::remove(to);
+        importFrom(stream, [&](const auto& type) { writer.add(type); });
+        writer.finishFile(to);
+    }
+    std::filesystem::remove(from);
+    std::filesystem::remove(to);
 }
 
 /// The file that comes of it, of types that are there.
 void WriteTypeFileOfWave(benchmark::State& state) {
-    const Types types = imported(wave());
+    ImportedTypes types(wave());
     const std::string to = scratch("rtti-bench-types");
-    for ([[maybe_unused]] auto _ : state)
-        writeTypes(types, to);
+    for ([[maybe_unused]] auto _ : state) {
+        TypeFile::TypeFileWriter writer;
+        types.addTo(writer);
+        writer.finishFile(to);
+    }
     std::filesystem::remove(to);
 }
 
@@ -211,21 +218,17 @@ void WriteWave(benchmark::State& state) {
 }
 
 void WriteTypesOfWave(benchmark::State& state) {
-    const Types types = imported(wave());
+    ImportedTypes types(wave());
     for ([[maybe_unused]] auto _ : state) {
         TypeFile::TypeFileWriter writer;
-        for (const auto& type : types)
-            writer.add(*type);
+        types.addTo(writer);
         benchmark::DoNotOptimize(writer.finish().data());
     }
 }
 
 /// What becomes of the same types when they are read back.
 void LoadTypesOfWave(benchmark::State& state) {
-    TypeFile::TypeFileWriter writer;
-    for (const auto& type : imported(wave()))
-        writer.add(*type);
-    const std::vector<char> bytes = writer.finish();
+    const std::vector<char> bytes = typeFileOf(wave());
     OVAT::MemoryBlockManager storage(bytes.data(), bytes.size());
     for ([[maybe_unused]] auto _ : state) {
         std::optional<RTTI::RTTypeManager> manager(std::in_place);

@@ -25,8 +25,7 @@ int importAndVerify(const std::uint8_t* data, std::size_t size, const ReadInput&
         Import::TypeTable types;
         read(input, types, notes);
         TypeFile::TypeFileWriter writer;
-        for (const auto& type : types.finish({}, notes))
-            writer.add(*type);
+        types.finish({}, notes, [&](const RTTI::RTBaseType& type) { writer.add(type); });
         const std::vector<char> file = writer.finish();
         OVAT::MemoryBlockManager storage(file.data(), file.size());
         if (TypeFile::hasErrors(TypeFile::verify(storage, file.size(), 0)))

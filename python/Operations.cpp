@@ -123,8 +123,7 @@ TablePointer importTypes(const std::vector<SourceArgument>& sources, Import::Imp
             readInput(importer, sources[i], name.empty() ? "source " + std::to_string(i) : name,
                       format);
         }
-        for (const auto& type : importer.finish())
-            writer.add(*type);
+        importer.finish([&](const RTTI::RTBaseType& type) { writer.add(type); });
     } catch (const Import::ImportError& error) {
         throw Refused(name, error.place().text(), error.reason());
     }

@@ -1,14 +1,17 @@
 #include "Import/GhdlDumps.h"
 
 #include "Import/ImportError.h"
+#include "TypeFile/WriteError.h"
 #include "tests/support/GhwBuilder.h"
 #include "tests/support/ImportedTypes.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -60,11 +63,11 @@ TEST(Waves, BitsHaveTheNameAndTheLiterals) {
     TypeTable table;
     Notes notes;
     dumps.addTo(table, notes);
-    const auto types = table.finish({}, notes);
-    ASSERT_EQ(types.size(), 2u);
-    for (const auto& type : types)
-        EXPECT_EQ(dynamic_cast<const RTTI::RTSeqEnumType&>(*type).m_enumKind,
-                  RTTI::VHDL_OTHER_ENUM);
+    std::vector<RTTI::EnumKind> kinds;
+    table.finish({}, notes, [&](const RTTI::RTBaseType& type) {
+        kinds.push_back(dynamic_cast<const RTTI::RTSeqEnumType&>(type).m_enumKind);
+    });
+    EXPECT_EQ(kinds, std::vector(2, RTTI::VHDL_OTHER_ENUM));
 }
 
 TEST(Waves, ASubtypeOfRealsIsARealTypeWithItsRange) {
@@ -97,6 +100,22 @@ TEST(Waves, ASubtypeOfAnArrayThatHasItsRangesAddsNone) {
     EXPECT_EQ(ImportedTypes().wave(file.file()).lines(),
               (Lines{"integer: integer (-2147483648 to 2147483647)", "mem: array [0] of 0 (0 to 3)",
                      "sub: subtype of 1"}));
+}
+
+TEST(Waves, OfAKindEachTypeHasItsOwnPartsAlone) {
+    GhwBuilder file;
+    file.names({"a", "b", "integer", "t1", "t2", "t3", "t4", "t5", "t6", "t7", "t8"});
+    file.type(INTEGER, {3}).type(ENUM, {4, 2, 1, 2}).type(ENUM, {5, 1, 2});
+    file.type(ARRAY, {6, 1, 2, 1, 1}).type(ARRAY, {7, 2, 1, 1});
+    file.type(ARRAY_SUBTYPE, {0, 4}).range(INTEGER, 0, 1).range(INTEGER, 0, 2);
+    file.type(RECORD, {8, 2, 1, 6, 2, 1}).type(RECORD, {9, 1, 2, 2});
+    file.type(ARRAY_SUBTYPE, {10, 5}).range(INTEGER, 0, 3).type(SCALAR_SUBTYPE, {11, 1});
+    file.range(INTEGER, 4, 5);
+    const Lines lines = ImportedTypes().wave(file.file()).lines();
+    EXPECT_THAT(lines, testing::IsSupersetOf(
+                           {"t1: enum a b", "t2: enum b", "t3: array [0]0] of 0 (open, open)",
+                            "t4: array [0] of 1 (open)", "t6: record b:1",
+                            "t7: subtype of 4 (0 to 3)", "t8: subtype of 0 (4 to 5)"}));
 }
 
 TEST(Waves, AnElementWithoutANameGivesItsRangesToTheArray) {
@@ -442,6 +461,29 @@ TEST(Listings, ATypeThatIsNotToldLeavesOutThoseThatNeedIt) {
     EXPECT_EQ(types.notes(), (Lines{"l:3: type rb: the listing does not say what it is",
                                     "l:4: type prot: there are no records of protected types",
                                     "l:5: t is left out: it needs type rb"}));
+}
+
+TEST(Listings, ANameWithAZeroByteIsRefused) {
+    using namespace std::string_literals;
+    const std::pair<std::string, std::string> cases[] = {
+        {" ghdl_rtik_type_e8: \\t\0\\ is (a)\n"s, "name: "},
+        {" ghdl_rtik_type_e8: t is (a, '\0')\n"s, "literals[1]: "},
+        {" ghdl_rtik_subtype_scalar, D=0: t is 0 to 9\n  ghdl_rtik_unit64: \\u\0\\ = 1\n"s,
+         "units[0].name: "},
+        {" ghdl_rtik_type_e8: e is (a)\n ghdl_rtik_type_record: t is record\n"
+         "  ghdl_rtik_element: a: e\n  ghdl_rtik_element: \\b\0\\: e\n"s,
+         "members[1].name: "}};
+    for (const auto& [lines, place] : cases) {
+        ImportedTypes types;
+        types.package(lines);
+        try {
+            types.lines();
+            ADD_FAILURE() << place;
+        } catch (const TypeFile::WriteError& error) {
+            EXPECT_EQ(error.what(),
+                      place + "there is a zero byte in the name, where a record's names end");
+        }
+    }
 }
 
 TEST(Listings, ALineOfAnUnknownKindIsNoted) {

@@ -34,22 +34,21 @@ public:
         return Place::line(std::make_shared<const std::string>("q"), number);
     }
     const References& references() const override { return m_references; }
-    std::unique_ptr<RTBaseType> make(unsigned int number) const override {
-        ++m_made;
-        auto type = std::make_unique<RTQueueType>();
-        TypeFile::setName(*type, m_names[number]);
-        type->m_elementTypeId = m_firstId + number - 1;
+    RTBaseType& object(unsigned int number) override {
+        RTQueueType& type = *m_made.emplace_back(std::make_unique<RTQueueType>());
+        TypeFile::setName(type, m_names[number]);
+        type.m_elementTypeId = m_firstId + number - 1;
         return type;
     }
 
-    /// How many have been made.
-    unsigned int made() const { return m_made; }
+    /// How many have been made. They are kept.
+    std::size_t made() const { return m_made.size(); }
 
 private:
     unsigned int m_firstId;
     std::vector<std::string> m_names;
     References m_references;
-    mutable unsigned int m_made = 0;
+    std::vector<std::unique_ptr<RTQueueType>> m_made;
 };
 
 /// A table, and what it left out.
@@ -77,10 +76,11 @@ protected:
 
     /// The names of the types in the result, in its order.
     std::vector<std::string> finish(const std::vector<std::string>& packages = {}) {
-        types = table.finish(packages, notes);
         std::vector<std::string> names;
-        for (const auto& type : types)
-            names.emplace_back(type->m_name == nullptr ? "" : type->m_name);
+        table.finish(packages, notes, [&](const RTBaseType& type) {
+            types.push_back(&type);
+            names.emplace_back(type.m_name == nullptr ? "" : type.m_name);
+        });
         return names;
     }
 
@@ -91,7 +91,7 @@ protected:
     Notes notes{[this](const Place& place, const std::string& text) {
         texts.push_back(place.text() + ": " + text);
     }};
-    std::vector<std::unique_ptr<RTBaseType>> types;
+    std::vector<const RTBaseType*> types; ///< The result.
 };
 
 TEST_F(TypeTableTest, ATypeComesAfterWhatItNeeds) {
@@ -101,7 +101,7 @@ TEST_F(TypeTableTest, ATypeComesAfterWhatItNeeds) {
     TypeFile::setName(*table.find(element), "s");
     table.want(user, "");
     EXPECT_EQ(finish(), (Names{"s", "q"}));
-    EXPECT_EQ(static_cast<RTQueueType&>(*types[1]).m_elementTypeId, 0u);
+    EXPECT_EQ(static_cast<const RTQueueType&>(*types[1]).m_elementTypeId, 0u);
 }
 
 TEST_F(TypeTableTest, WhatNobodyWantsOrNeedsIsDropped) {
@@ -130,8 +130,8 @@ TEST_F(TypeTableTest, EqualClassesThatHoldThemselvesBecomeOne) {
         table.want(id, "");
     }
     EXPECT_EQ(finish(), (Names{"", "node"}));
-    EXPECT_EQ(static_cast<RTQueueType&>(*types[0]).m_elementTypeId, 1u);
-    EXPECT_EQ(static_cast<RTClassType&>(*types[1]).m_members[0]->m_typeId, 0u);
+    EXPECT_EQ(static_cast<const RTQueueType&>(*types[0]).m_elementTypeId, 1u);
+    EXPECT_EQ(static_cast<const RTClassType&>(*types[1]).m_members[0]->m_typeId, 0u);
 }
 
 TEST_F(TypeTableTest, CirclesThatDifferFarAwayStayApart) {
@@ -195,7 +195,8 @@ TEST_F(TypeTableTest, AnAbsentIndexTypeStaysAbsent) {
     array->m_indexTypeIds = {TypeFileFormat::NO_TYPE_ID};
     table.want(table.add(std::move(array), Place()), "");
     finish();
-    EXPECT_EQ(static_cast<RTArrayType&>(*types[1]).m_indexTypeIds[0], TypeFileFormat::NO_TYPE_ID);
+    EXPECT_EQ(static_cast<const RTArrayType&>(*types[1]).m_indexTypeIds[0],
+              TypeFileFormat::NO_TYPE_ID);
 }
 
 TEST_F(TypeTableTest, TypesOfASourceReferToThoseOfTheTable) {
@@ -205,8 +206,8 @@ TEST_F(TypeTableTest, TypesOfASourceReferToThoseOfTheTable) {
     EXPECT_EQ(table.size(), 4u);
     table.want(3, "q");
     EXPECT_EQ(finish({"q"}), (Names{"string", "a", "b"}));
-    EXPECT_EQ(static_cast<RTQueueType&>(*types[1]).m_elementTypeId, 0u);
-    EXPECT_EQ(static_cast<RTQueueType&>(*types[2]).m_elementTypeId, 1u);
+    EXPECT_EQ(static_cast<const RTQueueType&>(*types[1]).m_elementTypeId, 0u);
+    EXPECT_EQ(static_cast<const RTQueueType&>(*types[2]).m_elementTypeId, 1u);
 }
 
 TEST_F(TypeTableTest, ATypeOfASourceThatEqualsOneOfTheTableBecomesOneWithIt) {
@@ -215,7 +216,7 @@ TEST_F(TypeTableTest, ATypeOfASourceThatEqualsOneOfTheTableBecomesOneWithIt) {
     table.addSource(std::make_unique<Queues>(3, Names{"a", "b"}));
     table.want(4, "");
     EXPECT_EQ(finish(), (Names{"string", "a", "b"}));
-    EXPECT_EQ(static_cast<RTQueueType&>(*types[2]).m_elementTypeId, 1u);
+    EXPECT_EQ(static_cast<const RTQueueType&>(*types[2]).m_elementTypeId, 1u);
 }
 
 TEST_F(TypeTableTest, ATypeOfASourceIsMadeOnlyWhenTheOneBeforeHasBeenTaken) {
@@ -224,9 +225,9 @@ TEST_F(TypeTableTest, ATypeOfASourceIsMadeOnlyWhenTheOneBeforeHasBeenTaken) {
     const Queues& queues = *source;
     table.addSource(std::move(source));
     table.want(3, "");
-    std::vector<unsigned int> made;
+    std::vector<std::size_t> made;
     table.finish({}, notes, [&](const auto&) { made.push_back(queues.made()); });
-    EXPECT_EQ(made, (std::vector<unsigned int>{0, 1, 2, 3}));
+    EXPECT_EQ(made, (std::vector<std::size_t>{0, 1, 2, 3}));
 }
 
 TEST_F(TypeTableTest, NotesOfASourceArePlacedAndComeBeforeTheFirstType) {

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -40,12 +41,10 @@ protected:
     void importTree(const std::string& text) {
         std::istringstream stream(text);
         Input input(stream, "x.tree");
-        Notes notes([this](const Place& place, const std::string& note) {
-            notesTaken.push_back(place.text() + ": " + note);
-        });
-        Importer importer(options, notes);
-        importer.read(input);
-        types = importer.finish();
+        types.clear();
+        importer = std::make_unique<Importer>(options, notes);
+        importer->read(input);
+        importer->finish([this](const RTBaseType& type) { types.push_back(&type); });
     }
 
     /// What is wrong with a text that cannot be imported.
@@ -76,7 +75,11 @@ protected:
 
     ImportOptions options;
     Texts notesTaken;
-    std::vector<std::unique_ptr<RTBaseType>> types;
+    Notes notes{[this](const Place& place, const std::string& note) {
+        notesTaken.push_back(place.text() + ": " + note);
+    }};
+    std::unique_ptr<Importer> importer; ///< What the types of a tree belong to.
+    std::vector<const RTBaseType*> types;
 };
 
 std::string bytesOf(const RTDiscreteEnumType& type, std::size_t literal) {
@@ -330,11 +333,11 @@ TEST_F(VerilatorTreeTest, RandomMembersAreNamedAsInTheSource) {
         {tree(head + "@dt=0x41@(w3)  r [RAND] [VAUTOMI]  MEMBER\n", plain), "r", 1},
         {tree(head + "@dt=0x41@(w3)  myRAND [RANDC] [VAUTOMI]  MEMBER\n", plain), "myRAND", 1},
     };
-    for (const auto& [text, name, notes] : cases) {
+    for (const auto& [text, name, noteCount] : cases) {
         notesTaken.clear();
         importTree(text);
         EXPECT_STREQ(at<RTClassType>(1).m_members.at(0)->m_memberName, name) << text;
-        EXPECT_EQ(notesTaken.size(), notes) << text;
+        EXPECT_EQ(notesTaken.size(), noteCount) << text;
     }
 }
 

@@ -89,8 +89,7 @@ std::string imported(const std::string& path) {
     Import::Input input(stream, "dump");
     importer.read(input);
     TypeFile::TypeFileWriter writer;
-    for (const auto& type : importer.finish())
-        writer.add(*type);
+    importer.finish([&](const RTTI::RTBaseType& type) { writer.add(type); });
     const std::vector<char> bytes = writer.finish();
     return {bytes.begin(), bytes.end()};
 }

@@ -38,8 +38,7 @@ void import(const fs::path& path, const std::string& output) {
     Import::Input input(stream, path.filename());
     importer.read(input);
     TypeFile::TypeFileWriter writer;
-    for (const auto& type : importer.finish())
-        writer.add(*type);
+    importer.finish([&](const RTTI::RTBaseType& type) { writer.add(type); });
     writer.finishFile(output);
 }
 

@@ -38,8 +38,9 @@ public:
         Import::TypeTable table;
         m_dumps.addTo(table, m_notes);
         std::vector<std::string> lines;
-        for (const auto& type : table.finish(packages, m_notes))
-            lines.push_back(std::string(type->m_name) + ": " + textOf(*type));
+        table.finish(packages, m_notes, [&](const RTTI::RTBaseType& type) {
+            lines.push_back(std::string(type.m_name) + ": " + textOf(type));
+        });
         return lines;
     }
 

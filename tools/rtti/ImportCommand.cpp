@@ -20,14 +20,14 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace {
-
-using Types = std::vector<std::unique_ptr<RTTI::RTBaseType>>;
 
 /// `rtti import`: what to import, and where to.
 struct ImportCall {
@@ -70,13 +70,9 @@ void readFile(Import::Importer& importer, const std::string& path, const std::st
         importer.read(input, formatOf(from));
 }
 
-void writeJson(const Types& types, const std::string& path) {
+void writeJson(std::string_view json, const std::string& path) {
     OutputFile output(path.empty() ? STANDARD_STREAM : path);
-    Inspect::TypeJsonWriter json(output.stream(), Inspect::JsonForm::DOCUMENT,
-                                 RTTI::TypeFileFormat::TYPE_FILE_VERSION);
-    for (unsigned int id = 0; id < types.size(); ++id)
-        json.type(id, *types[id]);
-    json.end();
+    output.stream() << json;
     output.commit();
 }
 
@@ -89,10 +85,10 @@ void writeTypes(TypeFile::TypeFileWriter& writer, const ImportCall& call) {
     }
 }
 
-/// Adds the types of what a front end wrote, or of files that were there, to `writer`. The answer
-/// has them as well if they are to become JSON.
-Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes& notes,
-                  TypeFile::TypeFileWriter& writer) {
+/// Adds the types of what a front end wrote, or of files that were there, to `writer`, and has
+/// `json` write them if they are to become JSON.
+void importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes& notes,
+                 TypeFile::TypeFileWriter& writer, Inspect::TypeJsonWriter& json) {
     try {
         Import::Importer importer(call.options, notes);
         for (const std::string& path : run.files) {
@@ -101,13 +97,11 @@ Types importTypes(const ImportCall& call, const FrontEndRun& run, Import::Notes&
                                           : std::filesystem::path(path).filename().string();
             readFile(importer, path, shown, call.from);
         }
-        Types types;
-        importer.finish([&](std::unique_ptr<RTTI::RTBaseType> type) {
-            writer.add(*type);
+        importer.finish([&](const RTTI::RTBaseType& type) {
+            const unsigned int id = writer.add(type);
             if (call.json)
-                types.push_back(std::move(type));
+                json.type(id, type);
         });
-        return types;
     } catch (const Import::ImportError& error) {
         if (run.complaint.empty())
             throw;
@@ -132,14 +126,19 @@ int runImport(const ImportCall& call) {
         noteLines.push_back(noteLine(place, text));
     });
     TypeFile::TypeFileWriter writer;
-    const Types types = importTypes(call, run, notes, writer);
+    std::ostringstream text;
+    Inspect::TypeJsonWriter json(text, Inspect::JsonForm::DOCUMENT,
+                                 RTTI::TypeFileFormat::TYPE_FILE_VERSION);
+    importTypes(call, run, notes, writer, json);
     CaughtSignals::check();
     if (!run.complaint.empty())
         notes.add(Import::Place(), run.complaint + ", but what it had written was imported");
-    if (call.json)
-        writeJson(types, call.output);
-    else
+    if (call.json) {
+        json.end();
+        writeJson(text.view(), call.output);
+    } else {
         writeTypes(writer, call);
+    }
     for (const std::string& line : noteLines)
         std::cerr << line << '\n';
     if (notes.count() > 0)
