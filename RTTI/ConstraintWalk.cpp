@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <limits>
 #include <set>
-#include <typeindex>
+#include <typeinfo>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -50,6 +50,26 @@ Level levelOf(const RTBaseType& type) {
         return {&enumeration.m_constraints, enumeration.m_baseType, 0};
     }
     default: return {nullptr, nullptr, 0};
+    }
+}
+
+/// Whether walks end at the type, of a class that `classIdOf` tells, and give nothing for it.
+/// Classes that are not the library's may answer otherwise.
+inline bool isEmptyEnd(const RTBaseType& type, unsigned int classId) {
+    const std::type_info* const exact = &typeid(type);
+    switch (classId) {
+    case SCALAR: return true;
+    case ClassId::STRING: return exact == &typeid(RTStringType);
+    case ClassId::EVENT: return exact == &typeid(RTEventType);
+    case ClassId::CHANDLE: return exact == &typeid(RTCHandle);
+    case ClassId::WILDCARD: return exact == &typeid(RTWildCardType);
+    case ClassId::PHYSICAL: return exact == &typeid(RTPhysicalType);
+    case ClassId::ACCESS: return exact == &typeid(RTAccessType);
+    case ClassId::FILE_TYPE: return exact == &typeid(RTFileType);
+    case ClassId::DYNAMIC_ARRAY: return exact == &typeid(RTDynamicArrayType);
+    case ClassId::QUEUE: return exact == &typeid(RTQueueType);
+    case ClassId::ASSOC_ARRAY: return exact == &typeid(RTAssocArrayType);
+    default: return false;
     }
 }
 
@@ -106,10 +126,9 @@ inline bool givesOwnRanges(const RTArrayType& array, Ranges& out) {
 }
 
 /// Goes through a type and what is below it, up to an aggregate, which is the answer, or to the
-/// end. Above an aggregate, the frames of all that was gone through are then on the stack.
-inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBaseType* type,
+/// end. What is not on the stack then is in `unpushed`, which begins with the type.
+inline const RTAggregateType* goThrough(const RTBaseType* type, UnpushedLevels& unpushed,
                                         Stack& stack, Ranges& out) {
-    UnpushedLevels unpushed(memberRanges, type, stack);
     while (type != nullptr) {
         const unsigned int classId = classIdOf(*type);
         if (classId == ClassId::ARRAY) {
@@ -123,10 +142,12 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
             return nullptr;
         } else if (classId == ClassId::DISCRETE_ENUM) {
             type = static_cast<const RTDiscreteEnumType*>(type)->m_baseType;
+        } else if (isAggregate(classId)) {
+            return static_cast<const RTAggregateType*>(type);
         } else {
+            if (isEmptyEnd(*type, classId))
+                return nullptr;
             unpushed.pushBefore(type);
-            if (isAggregate(classId))
-                return static_cast<const RTAggregateType*>(type);
             type->populateTypeConstraints(stack, out);
             return nullptr;
         }
@@ -136,25 +157,14 @@ inline const RTAggregateType* goThrough(const Ranges* memberRanges, const RTBase
 
 using AggregateSet = std::unordered_set<const RTAggregateType*>;
 
-/// Whether walks end at the type and give nothing for it. Classes that are not the library's may
-/// answer otherwise.
-bool isEmptyEnd(const RTBaseType& type) {
-    static const std::unordered_set<std::type_index> ends{
-        typeid(RTSeqEnumType),   typeid(RTIntType),          typeid(RTFloatType),
-        typeid(RTWildCardType),  typeid(RTStringType),       typeid(RTCHandle),
-        typeid(RTEventType),     typeid(RTPhysicalType),     typeid(RTAccessType),
-        typeid(RTFileType),      typeid(RTDynamicArrayType), typeid(RTQueueType),
-        typeid(RTAssocArrayType)};
-    return ends.count(typeid(type)) != 0;
-}
-
 /// The aggregate that a way down ends at, or null. If `gives` is given, it is set where something
 /// on the way may give ranges.
 const RTAggregateType* endOfWay(const RTBaseType* type, bool* gives = nullptr) {
     while (type != nullptr && !isAggregate(type->GetClassId())) {
         const Level level = levelOf(*type);
         if (gives != nullptr && !*gives)
-            *gives = level.dimensions != 0 || (level.ranges == nullptr && !isEmptyEnd(*type));
+            *gives = level.dimensions != 0 ||
+                     (level.ranges == nullptr && !isEmptyEnd(*type, classIdOf(*type)));
         type = level.below;
     }
     return static_cast<const RTAggregateType*>(type);
@@ -244,6 +254,9 @@ public:
 private:
     static constexpr std::size_t ANY_NUMBER = std::numeric_limits<std::size_t>::max();
 
+    /// So many outer steps are searched one by one; structs further in have entries of their own.
+    static constexpr std::size_t SEARCHED_STEPS = 8;
+
     /// How many parts are passed by before those that lead nowhere are searched for.
     static constexpr std::size_t PASSED_BY_BEFORE_SEARCH = 1000;
 
@@ -259,7 +272,7 @@ private:
         std::size_t nextMember = 0;
         std::size_t depthBefore = 0; ///< Of the stack, before the frames on the way to it.
         std::size_t outputBefore = 0;
-        std::size_t outerSegment = 0; ///< What m_segment, or a struct's entry, said before.
+        std::size_t segment = 1;                    ///< Of its parts; a class begins one.
         const RTAggregateType* outermost = nullptr; ///< Struct of the segment; null for a class.
         bool hasEnded = false; ///< A path through it ended at a struct around it.
     };
@@ -275,11 +288,12 @@ private:
     std::size_t stepsTaken() const { return m_out.size() + m_fruitfulVisits; }
     bool isTooLong() const { return stepsTaken() > m_maxSteps || m_passedBy > m_maxPassedBy; }
 
-    bool enter(const RTAggregateType& aggregate, std::size_t depthBefore);
-    bool isPassedBy(const RTAggregateType& aggregate, bool isClass);
+    bool isPassedBy(const RTAggregateType& aggregate);
+    void enter(const RTAggregateType& aggregate, std::size_t depthBefore);
     bool isOnSegment(const RTAggregateType& structure) const;
     bool isBlockedEverywhere(const RTAggregateType* aggregate) const;
     void keepStep();
+    bool isDeep() const { return m_outerSteps.size() >= SEARCHED_STEPS; }
     void endFruitless(const RTAggregateType& outermost);
     void advance();
     bool walkPart(const Ranges* memberRanges, const RTBaseType* type);
@@ -298,33 +312,30 @@ private:
     std::size_t m_fruitfulVisits = 0; ///< Of aggregates that gave ranges.
     Step m_step;                      ///< The innermost one; of no aggregate once all is walked.
     std::vector<Step> m_outerSteps;   ///< Outermost first.
-    std::size_t m_classesEntered = 1; ///< From 1 on: 0 is no segment.
-    std::size_t m_segment = 1;        ///< Of the path, from its last class on.
-    std::unordered_map<const RTAggregateType*, std::size_t> m_structs; ///< Outer ones; segment.
+    std::size_t m_classesEntered = 1;
+    std::set<std::pair<const RTAggregateType*, std::size_t>> m_deepStructs; ///< With segments.
     std::unordered_map<const RTAggregateType*, Block> m_blocked;
     /// What is unblocked with a part: all that hold it and have been blocked.
     std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_unblockedWith;
 };
 
-/// Whether the aggregate is on the path now.
-bool ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBefore) {
+/// Makes an aggregate that is not passed by the innermost one.
+void ConstraintWalk::enter(const RTAggregateType& aggregate, std::size_t depthBefore) {
     const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
-    if (isPassedBy(aggregate, isClass))
-        return false;
     keepStep();
     const bool isOutermost = m_step.outermost == nullptr;
     const RTAggregateType* const outermost = isOutermost ? &aggregate : m_step.outermost;
-    m_step = {&aggregate, isClass, isClass, 0, depthBefore, m_out.size(), m_segment};
+    m_step = {&aggregate, isClass, isClass, 0, depthBefore, m_out.size(), m_step.segment};
     if (isClass) {
         m_classesOnPath.insert(static_cast<const RTClassType*>(&aggregate));
-        m_segment = ++m_classesEntered;
+        m_step.segment = ++m_classesEntered;
     } else {
         m_step.outermost = outermost;
     }
-    return true;
 }
 
-bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate, bool isClass) {
+bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate) {
+    const bool isClass = aggregate.GetClassId() == ClassId::CLASS;
     if (isClass && m_classesOnPath.count(static_cast<const RTClassType*>(&aggregate)) != 0)
         return true;
     if (!isClass && isOnSegment(aggregate)) {
@@ -337,15 +348,22 @@ bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate, bool isClass) 
     const Block& block = blocked->second;
     if (block.outermost == nullptr || isBlockedEverywhere(block.outermost))
         return true;
-    m_step.hasEnded = m_step.hasEnded || block.segment == m_segment;
-    return block.segment == m_segment;
+    const bool isHere = block.segment == m_step.segment;
+    m_step.hasEnded = m_step.hasEnded || isHere;
+    return isHere;
 }
 
 /// Whether the path holds the struct behind its last class.
 bool ConstraintWalk::isOnSegment(const RTAggregateType& structure) const {
-    const auto outer = m_structs.find(&structure);
-    return &structure == m_step.aggregate ||
-           (outer != m_structs.end() && outer->second == m_segment);
+    const std::size_t segment = m_step.segment;
+    const auto begin = m_outerSteps.begin();
+    const auto end =
+        begin + static_cast<std::ptrdiff_t>(std::min(m_outerSteps.size(), SEARCHED_STEPS));
+    const auto isIt = [&](const Step& step) {
+        return step.aggregate == &structure && step.segment == segment;
+    };
+    return &structure == m_step.aggregate || std::any_of(begin, end, isIt) ||
+           (isDeep() && m_deepStructs.count({&structure, segment}) != 0);
 }
 
 bool ConstraintWalk::isBlockedEverywhere(const RTAggregateType* aggregate) const {
@@ -358,10 +376,10 @@ bool ConstraintWalk::isBlockedEverywhere(const RTAggregateType* aggregate) const
 void ConstraintWalk::keepStep() {
     if (m_step.aggregate == nullptr)
         return;
-    if (!m_step.isClass) {
-        std::size_t& segment = m_structs[m_step.aggregate];
-        m_step.outerSegment = std::exchange(segment, m_segment);
-    }
+    if (m_outerSteps.empty())
+        m_outerSteps.reserve(SEARCHED_STEPS);
+    if (isDeep() && !m_step.isClass)
+        m_deepStructs.emplace(m_step.aggregate, m_step.segment);
     m_outerSteps.push_back(m_step);
 }
 
@@ -389,13 +407,14 @@ void ConstraintWalk::advance() {
     if (std::exchange(m_step.isBaseNext, false) &&
         walkPart(nullptr, static_cast<const RTClassType&>(aggregate).m_baseClass))
         return;
-    const std::size_t members =
-        std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size());
-    while (m_step.nextMember < members) {
-        const std::size_t i = m_step.nextMember++;
-        if (aggregate.m_members[i] == nullptr)
+    const RTAggregateType::t_Member* const* const members = aggregate.m_members.data();
+    const RTBaseType* const* const types = aggregate.m_memberTypes.data();
+    const std::size_t count = std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size());
+    for (std::size_t i = m_step.nextMember; i < count; ++i) {
+        if (members[i] == nullptr || types[i] == nullptr || isScalar(*types[i]))
             continue;
-        if (walkPart(&aggregate.m_members[i]->m_constraints, aggregate.m_memberTypes[i]))
+        m_step.nextMember = i + 1;
+        if (walkPart(&members[i]->m_constraints, types[i]))
             return;
     }
     leave();
@@ -404,9 +423,13 @@ void ConstraintWalk::advance() {
 /// Whether the walk goes on below the part.
 inline bool ConstraintWalk::walkPart(const Ranges* memberRanges, const RTBaseType* type) {
     const std::size_t depthBefore = m_stack.depth();
-    const RTAggregateType* const below = goThrough(memberRanges, type, m_stack, m_out);
-    if (below != nullptr && enter(*below, depthBefore))
+    UnpushedLevels unpushed(memberRanges, type, m_stack);
+    const RTAggregateType* const below = goThrough(type, unpushed, m_stack, m_out);
+    if (below != nullptr && !isPassedBy(*below)) {
+        unpushed.pushBefore(below);
+        enter(*below, depthBefore);
         return true;
+    }
     m_passedBy += below != nullptr ? 1 : 0;
     m_stack.popTo(depthBefore);
     return false;
@@ -429,18 +452,16 @@ void ConstraintWalk::leave() {
 /// Goes back to the aggregate around the innermost one. Allocates nothing, so that an exception can
 /// be cleaned up after.
 void ConstraintWalk::comeBack() {
-    if (m_step.isClass) {
+    if (m_step.isClass)
         m_classesOnPath.erase(static_cast<const RTClassType*>(m_step.aggregate));
-        m_segment = m_step.outerSegment;
-    }
     if (m_outerSteps.empty()) {
         m_step.aggregate = nullptr;
         return;
     }
     m_step = m_outerSteps.back();
     m_outerSteps.pop_back();
-    if (!m_step.isClass)
-        m_structs[m_step.aggregate] = m_step.outerSegment;
+    if (isDeep() && !m_step.isClass)
+        m_deepStructs.erase({m_step.aggregate, m_step.segment});
 }
 
 /// After an aggregate was left that gave nothing.
@@ -448,7 +469,7 @@ void ConstraintWalk::block(const Step& left) {
     const RTAggregateType& aggregate = *left.aggregate;
     const bool holdsHere = left.hasEnded && !left.isClass && left.outermost != &aggregate;
     m_step.hasEnded = m_step.hasEnded || holdsHere;
-    const Block block{holdsHere ? left.outermost : nullptr, m_segment};
+    const Block block{holdsHere ? left.outermost : nullptr, m_step.segment};
     if (!m_blocked.insert_or_assign(&aggregate, block).second)
         return; // Its parts know.
     forEachPart(aggregate, [&](const RTBaseType* part) {
@@ -499,8 +520,12 @@ private:
 bool walkFrom(const RTBaseType& type, Stack& stack, Ranges& out,
               std::size_t maxSteps = std::numeric_limits<std::size_t>::max()) {
     const FrameScope frames(stack);
-    const RTAggregateType* const aggregate = goThrough(nullptr, &type, stack, out);
-    return aggregate == nullptr || walkAggregate(*aggregate, stack, out, maxSteps);
+    UnpushedLevels unpushed(nullptr, &type, stack);
+    const RTAggregateType* const aggregate = goThrough(&type, unpushed, stack, out);
+    if (aggregate == nullptr)
+        return true;
+    unpushed.pushBefore(aggregate);
+    return walkAggregate(*aggregate, stack, out, maxSteps);
 }
 
 } // namespace
