@@ -1,5 +1,4 @@
-// Types that nest deep: whole loads on a small stack in the order of plain recursion, and the
-// queries.
+// Types that nest deep: whole loads on a small stack, in the order of plain recursion.
 
 #include "OVAT/MemoryBlockManager.h"
 #include "RTTI/ConstraintStack.h"
@@ -11,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <numeric>
 #include <string>
@@ -449,80 +447,6 @@ TEST(HostileFiles, AChainThatLeadsBackFromEachOfItsClassesTakesSixteenReadingsOf
         LoadedTypes types(leadingBack(count), false);
         types[0];
         EXPECT_EQ(types.storage().takeReads().size(), 3u * (16 * count - (1 + 15) * 15 / 2));
-    });
-}
-
-// ---- Queries over chains that no loader builds.
-
-class DeepQueries : public testing::Test {
-protected:
-    unsigned int chain(const std::function<unsigned int(unsigned int)>& add, unsigned int end) {
-        for (unsigned int i = 0; i < CHAIN; ++i)
-            end = add(end);
-        return end;
-    }
-    void onSmallStack(const std::function<void()>& work) { runOnStack(smallStack(), work); }
-
-    LinkedTypes m_types;
-    unsigned int m_array = m_types.packed(m_types.seqEnum(ENCODING_2_STATE), {{0, 7, 1}});
-};
-
-TEST_F(DeepQueries, Typedefs) {
-    const RTBaseType& first =
-        m_types[chain([&](unsigned int type) { return m_types.alias(type, {OPEN}); }, m_array)];
-    const RTBaseType& array = m_types[m_array];
-    onSmallStack([&] {
-        EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(first.getSelf(false), &array);
-        EXPECT_EQ(first.getSVTypeId(), -99);
-        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
-    });
-}
-
-TEST_F(DeepQueries, DiscreteEnums) {
-    const auto id = chain([&](unsigned int type) { return m_types.discreteEnum(type); }, m_array);
-    const auto& queue = m_types.as<RTQueueType>(m_types.queue(id));
-    const RTBaseType& first = m_types[id];
-    onSmallStack([&] {
-        EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
-        EXPECT_EQ(queue.getTotalNumDimensions(false), 2u);
-        EXPECT_EQ(queue.getTotalNumDimensions(true), 1u);
-    });
-}
-
-TEST_F(DeepQueries, Arrays) {
-    const auto id = chain(
-        [&](unsigned int type) {
-            return m_types.packed(type, {{0, 7, 1}});
-        },
-        m_array);
-    const auto& queue = m_types.as<RTQueueType>(m_types.queue(id));
-    const RTBaseType& first = m_types[id];
-    onSmallStack([&] {
-        EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(rangesOf(first).size(), CHAIN + 1);
-        EXPECT_EQ(queue.getTotalNumDimensions(true), CHAIN + 2);
-    });
-}
-
-TEST_F(DeepQueries, Queues) {
-    const RTBaseType& first =
-        m_types[chain([&](unsigned int type) { return m_types.queue(type); }, m_array)];
-    onSmallStack([&] {
-        const auto& queue = dynamic_cast<const RTQueueType&>(first);
-        EXPECT_EQ(queue.getTotalNumDimensions(true), CHAIN + 1);
-        EXPECT_EQ(first.getValueEncoding(), ENCODING_BYTE);
-    });
-}
-
-TEST_F(DeepQueries, BaseClasses) {
-    const auto last = m_types.classType({m_array});
-    const RTBaseType& first =
-        m_types[chain([&](unsigned int type) { return m_types.classType({}, type); }, last)];
-    onSmallStack([&] {
-        EXPECT_EQ(first.getValueEncoding(), ENCODING_2_STATE);
-        EXPECT_EQ(numbersOf(rangesOf(first)), numbersOf({{0, 7, 1}}));
     });
 }
 

@@ -84,20 +84,24 @@ protected:
     }
 
     LinkedTypes m_types;
-    unsigned int m_first = m_types.packed(m_types.seqEnum(ENCODING_2_STATE), {{0, 7, 1}});
+    const unsigned int m_array = m_types.packed(m_types.seqEnum(ENCODING_2_STATE), {{0, 7, 1}});
+    unsigned int m_first = m_array;
 };
 
 TEST_P(QueriesOfAMillion, AreAnsweredOnASmallStack) {
     const auto& queue = m_types.as<RTQueueType>(m_types.queue(m_first));
     const RTBaseType& first = m_types[m_first];
+    const RTBaseType& array = m_types[m_array];
     runOnStack(smallStack(), [&] {
         EXPECT_EQ(first.getValueEncoding(), GetParam().encoding);
         const bool isAlias = first.GetClassId() == ClassId::TYPEDEF;
         EXPECT_EQ(first.getSelf(true), &first);
-        EXPECT_EQ(first.getSelf(false) == &first, !isAlias);
+        EXPECT_EQ(first.getSelf(false), isAlias ? &array : &first);
         EXPECT_EQ(first.getSVTypeId(), -99);
         EXPECT_EQ(first.getValueSize(), 0U);
         EXPECT_EQ(queue.getTotalNumDimensions(false), GetParam().dimensions);
+        const bool isEnum = first.GetClassId() == ClassId::DISCRETE_ENUM;
+        EXPECT_EQ(queue.getTotalNumDimensions(true), isEnum ? 1 : GetParam().dimensions);
         checkRanges(first);
     });
 }
