@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <functional>
-#include <limits>
 #include <unordered_set>
 
 namespace Inspect {
@@ -17,18 +15,17 @@ using namespace RTTI;
 
 namespace {
 
-constexpr std::uint64_t PREDEFINED = ~0ull;
+using Owner = NameOwners::Owner;
+
+constexpr Owner PREDEFINED = ~0ull;
 
 /// VHDL's enumeration literals are overloaded: many types may have one of the same name.
-constexpr std::uint64_t OVERLOADED = ~1ull;
+constexpr Owner OVERLOADED = ~1ull;
 
 /// Typedefs are followed to the type whose declaration they share through this many.
 constexpr int CHAIN_LIMIT = 1000;
 
-/// The scope of names that are visible in all packages.
-constexpr std::size_t EVERY_PACKAGE = std::numeric_limits<std::size_t>::max();
-
-std::uint64_t typeOwner(unsigned int id) { return 2ull * id; }
+Owner typeOwner(unsigned int id) { return 2 * (Owner{id} + 1); }
 
 /// The name that somebody gave, else nothing.
 std::string_view nameOf(const RTBaseType& type) {
@@ -59,25 +56,45 @@ std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t mos
     }
 }
 
+/// Whether types of a class have literals or units.
+bool hasLiterals(unsigned int classId) {
+    return classId == ClassId::SEQ_ENUM || classId == ClassId::DISCRETE_ENUM ||
+           classId == ClassId::PHYSICAL;
+}
+
 /// What the owner of an identifier is found by, given the hash of its identity.
 std::uint64_t scopedHash(std::uint64_t identity, std::size_t package) {
     constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15;
     return identity ^ (package * SPREAD);
 }
 
-/// Whether all have identities of their own. Only then true, though not always.
-bool areDistinct(SourceLanguage language, const std::vector<std::string>& identifiers) {
-    std::vector<std::uint64_t> hashes;
-    hashes.reserve(identifiers.size());
-    for (const std::string& identifier : identifiers)
-        hashes.push_back(identityHash(language, identifier));
-    std::sort(hashes.begin(), hashes.end());
-    return std::adjacent_find(hashes.begin(), hashes.end()) == hashes.end();
+/// Whether all are different. Leaves them in another order.
+bool areDistinct(std::vector<std::uint64_t>& hashes) {
+    constexpr std::size_t FEW = 16;
+    if (hashes.size() > FEW) {
+        std::sort(hashes.begin(), hashes.end());
+        return std::adjacent_find(hashes.begin(), hashes.end()) == hashes.end();
+    }
+    bool isAnySame = false;
+    for (std::size_t i = 1; i < hashes.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j)
+            isAnySame |= hashes[i] == hashes[j];
+    }
+    return !isAnySame;
 }
 
-std::string spelled(SourceLanguage language, std::string_view name) {
+/// Whether all have identities of their own. Only then true, though not always.
+bool areDistinct(SourceLanguage language, const std::vector<Identifier>& identifiers) {
+    std::vector<std::uint64_t> hashes;
+    hashes.reserve(identifiers.size());
+    for (const std::string_view identifier : identifiers)
+        hashes.push_back(identityHash(language, identifier));
+    return areDistinct(hashes);
+}
+
+Identifier spelled(SourceLanguage language, std::string_view name) {
     if (language == SourceLanguage::VHDL && isCharacterLiteral(name))
-        return std::string(name);
+        return Identifier(name);
     return identifierOf(language, name);
 }
 
@@ -87,14 +104,11 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
     : m_types(types), m_language(language), m_naming(naming) {
     if (!isDistinct())
         return;
-    m_isOfLanguage.resize(types.count);
-    m_yields.resize(types.count);
-    m_predefined.resize(types.count);
-    m_keepsName.resize(types.count);
-    findLanguages();
+    examineTypes();
     claimPredefined();
+    findDeclaredTypes();
     if (naming == Naming::PACKAGES && language == SourceLanguage::SYSTEM_VERILOG)
-        m_packages = DeclaredPackages(types, declaredTypes());
+        placeInPackages();
     claimPackages();
     claimTypes();
     claimLiterals();
@@ -102,84 +116,139 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
 }
 
 /// A typedef mostly follows its data type: long chains of them are not walked again for each.
-void DeclaredNames::findLanguages() {
+void DeclaredNames::examineTypes() {
+    m_facts.resize(m_types.count);
     for (unsigned int id = 0; id < m_types.count; ++id) {
         const RTBaseType* type = m_types.typeOf(id);
+        Facts& facts = m_facts[id];
+        facts.declaredType = id;
         if (type == nullptr)
             continue;
-        const unsigned int data = type->GetClassId() == ClassId::TYPEDEF
+        facts.name = nameOf(*type);
+        facts.classId = type->GetClassId();
+        const unsigned int data = facts.classId == ClassId::TYPEDEF
                                       ? static_cast<const RTTypedefType*>(type)->m_dataTypeId
                                       : id;
-        m_isOfLanguage[id] = data < id && m_types.typeOf(data) != nullptr
-                                 ? m_isOfLanguage[data]
+        facts.isOfLanguage = data < id && m_types.typeOf(data) != nullptr
+                                 ? m_facts[data].isOfLanguage
                                  : languageOf(*type) == m_language;
     }
 }
 
 bool DeclaredNames::isOfLanguage(unsigned int id) const {
     if (isDistinct())
-        return id < m_isOfLanguage.size() && m_isOfLanguage[id];
+        return id < m_facts.size() && m_facts[id].isOfLanguage;
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && languageOf(*type) == m_language;
 }
 
 void DeclaredNames::claimPredefined() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        const RTBaseType* type = m_types.typeOf(id);
-        if (!isOfLanguage(id))
+        Facts& facts = m_facts[id];
+        if (!facts.isOfLanguage || facts.name.empty())
             continue;
+        const RTBaseType& type = *m_types.typeOf(id);
         if (m_language == SourceLanguage::SYSTEM_VERILOG) {
-            m_predefined[id] = !systemVerilogKeyword(*type).empty();
-        } else if (isPredefinedInVhdl(*type, m_types.typeOf)) {
-            m_predefined[id] = true;
-            claim(nameOf(*type), PREDEFINED, EVERY_PACKAGE);
+            facts.isPredefined = !systemVerilogKeyword(type).empty();
+        } else if (isPredefinedInVhdl(type, m_types.typeOf)) {
+            facts.isPredefined = true;
+            m_everywhere.claim(identityHash(m_language, facts.name), PREDEFINED);
         }
     }
+}
+
+void DeclaredNames::findDeclaredTypes() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        const auto* alias = dynamic_cast<const RTTypedefType*>(m_types.typeOf(id));
-        if (alias != nullptr && alias->m_dataTypeId < m_types.count && hasNameOfItsData(*alias) &&
-            !addsNothing(*alias) && !m_predefined[alias->m_dataTypeId])
-            m_yields[alias->m_dataTypeId] = true;
+        if (m_facts[id].classId != ClassId::TYPEDEF)
+            continue;
+        const auto& alias = static_cast<const RTTypedefType&>(*m_types.typeOf(id));
+        const unsigned int data = alias.m_dataTypeId;
+        if (!hasNameOfItsData(alias))
+            continue;
+        if (addsNothing(alias))
+            m_facts[id].declaredType = followed(id);
+        else if (data < m_types.count && !m_facts[data].isPredefined)
+            m_facts[data].yields = true;
     }
+}
+
+unsigned int DeclaredNames::followed(unsigned int id) const {
+    for (int i = 0; i < CHAIN_LIMIT; ++i) {
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
+            return id;
+        const auto& alias = static_cast<const RTTypedefType&>(*type);
+        if (!hasNameOfItsData(alias) || !addsNothing(alias))
+            return id;
+        id = alias.m_dataTypeId;
+    }
+    return id;
+}
+
+unsigned int DeclaredNames::declaredType(unsigned int id) const {
+    return id < m_facts.size() ? m_facts[id].declaredType : followed(id);
+}
+
+void DeclaredNames::placeInPackages() {
+    std::vector<unsigned int> declared(m_types.count, TypeFileFormat::NO_TYPE_ID);
+    for (unsigned int id = 0; id < m_types.count; ++id) {
+        const unsigned int type = declaredType(id);
+        if (isOfLanguage(type) && !isPredefined(type))
+            declared[id] = type;
+    }
+    m_packages = DeclaredPackages(m_types, declared);
 }
 
 void DeclaredNames::claimPackages() {
     for (std::size_t package = 0; package + 1 < m_packages.count(); ++package)
-        claim(m_packages.nameOf(package), PREDEFINED, EVERY_PACKAGE);
+        m_everywhere.claim(identityHash(m_language, m_packages.nameOf(package)), PREDEFINED);
 }
 
 void DeclaredNames::claimTypes() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        const RTBaseType* type = m_types.typeOf(id);
-        if (!isOfLanguage(id) || nameOf(*type).empty() || m_predefined[id] || m_yields[id] ||
-            declaredType(id) != id)
+        Facts& facts = m_facts[id];
+        if (!facts.isOfLanguage || facts.name.empty() || facts.isPredefined || facts.yields ||
+            facts.declaredType != id)
             continue;
-        m_keepsName[id] =
-            claim(identifierOf(m_language, localName(id)), typeOwner(id), m_packages.packageOf(id));
+        const Identifier identifier = identifierOf(m_language, localName(id));
+        const Owner owner = typeOwner(id);
+        facts.keepsName =
+            claim(identityHash(m_language, identifier), owner, m_packages.packageOf(id)) == owner;
     }
 }
 
 void DeclaredNames::claimLiterals() {
+    std::vector<std::uint64_t> hashes;
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        const RTBaseType* type = m_types.typeOf(id);
-        if (!isOfLanguage(id) || m_predefined[id])
+        Facts& facts = m_facts[id];
+        if (!facts.isOfLanguage || facts.isPredefined || !hasLiterals(facts.classId))
             continue;
-        for (const std::string_view name : literalsOf(*type)) {
-            if (!name.empty())
-                claim(spelled(m_language, name), literalOwner(id), m_packages.packageOf(id));
+        const Owner owner = literalOwner(id);
+        hashes.clear();
+        facts.keepsLiterals = true;
+        for (const std::string_view name : literalsOf(*m_types.typeOf(id))) {
+            facts.keepsLiterals = facts.keepsLiterals && !name.empty();
+            if (name.empty())
+                continue;
+            hashes.push_back(identityHash(m_language, spelled(m_language, name)));
+            if (claim(hashes.back(), owner, m_packages.packageOf(id)) != owner)
+                facts.keepsLiterals = false;
         }
+        facts.keepsLiterals = facts.keepsLiterals && areDistinct(hashes);
     }
 }
 
 void DeclaredNames::claimImports() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        const auto* type = dynamic_cast<const RTClassType*>(m_types.typeOf(id));
-        if (type == nullptr || !isOfLanguage(type->m_baseClassTypeId))
+        if (m_facts[id].classId != ClassId::CLASS)
             continue;
-        const unsigned int base = declaredType(type->m_baseClassTypeId);
+        const auto& type = static_cast<const RTClassType&>(*m_types.typeOf(id));
+        if (!isOfLanguage(type.m_baseClassTypeId))
+            continue;
+        const unsigned int base = declaredType(type.m_baseClassTypeId);
         const std::size_t package = m_packages.packageOf(id);
         if (m_packages.packageOf(base) != package)
-            claim(typeName(base), typeOwner(base), package);
+            claim(identityHash(m_language, typeName(base)), typeOwner(base), package);
     }
 }
 
@@ -188,36 +257,32 @@ bool DeclaredNames::isImported(unsigned int id, std::size_t package) const {
     return m_packages.packageOf(id) != package && isOwned(typeName(id), typeOwner(id), package);
 }
 
-DeclaredNames::Owner DeclaredNames::literalOwner(unsigned int id) const {
+Owner DeclaredNames::literalOwner(unsigned int id) const {
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && type->GetClassId() == ClassId::SEQ_ENUM ? OVERLOADED
                                                                       : typeOwner(id) + 1;
 }
 
-bool DeclaredNames::claim(std::string_view identifier, Owner owner, std::size_t package) {
-    const std::uint64_t identity = identityHash(m_language, identifier);
-    if (m_owners.count(scopedHash(identity, EVERY_PACKAGE)) != 0)
-        return false;
-    return m_owners.emplace(scopedHash(identity, package), owner).second;
+Owner DeclaredNames::claim(std::uint64_t identity, Owner owner, std::size_t package) {
+    const Owner everywhere = m_everywhere.of(identity);
+    return everywhere != NameOwners::NOBODY ? everywhere
+                                            : m_owners.claim(scopedHash(identity, package), owner);
 }
 
-const DeclaredNames::Owner* DeclaredNames::ownerOf(std::string_view identifier,
-                                                   std::size_t package) const {
+Owner DeclaredNames::ownerOf(std::string_view identifier, std::size_t package) const {
     const std::uint64_t identity = identityHash(m_language, identifier);
-    auto found = m_owners.find(scopedHash(identity, package));
-    if (found == m_owners.end())
-        found = m_owners.find(scopedHash(identity, EVERY_PACKAGE));
-    return found != m_owners.end() ? &found->second : nullptr;
+    const Owner everywhere = m_everywhere.of(identity);
+    return everywhere != NameOwners::NOBODY ? everywhere
+                                            : m_owners.of(scopedHash(identity, package));
 }
 
 bool DeclaredNames::isOwned(std::string_view identifier, Owner owner, std::size_t package) const {
-    const Owner* found = ownerOf(identifier, package);
-    return found != nullptr && *found == owner;
+    return ownerOf(identifier, package) == owner;
 }
 
 bool DeclaredNames::isHidden(std::string_view literal) const {
-    const Owner* owner = ownerOf(literal, 0); // VHDL has one package.
-    return owner != nullptr && *owner != OVERLOADED && *owner != PREDEFINED;
+    const Owner owner = ownerOf(literal, 0); // VHDL has one package.
+    return owner != NameOwners::NOBODY && owner != OVERLOADED && owner != PREDEFINED;
 }
 
 bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
@@ -237,32 +302,9 @@ bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
     return isSame(alias.m_constraints.front(), integer->m_constraint);
 }
 
-unsigned int DeclaredNames::declaredType(unsigned int id) const {
-    for (int i = 0; i < CHAIN_LIMIT; ++i) {
-        const RTBaseType* type = m_types.typeOf(id);
-        if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
-            return id;
-        const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (!hasNameOfItsData(alias) || !addsNothing(alias))
-            return id;
-        id = alias.m_dataTypeId;
-    }
-    return id;
-}
-
-std::vector<unsigned int> DeclaredNames::declaredTypes() const {
-    std::vector<unsigned int> declared(m_types.count, TypeFileFormat::NO_TYPE_ID);
-    for (unsigned int id = 0; id < m_types.count; ++id) {
-        const unsigned int type = declaredType(id);
-        if (isOfLanguage(type) && !isPredefined(type))
-            declared[id] = type;
-    }
-    return declared;
-}
-
 bool DeclaredNames::isPredefined(unsigned int id) const {
     if (isDistinct())
-        return id < m_predefined.size() && m_predefined[id];
+        return id < m_facts.size() && m_facts[id].isPredefined;
     const RTBaseType* type = m_types.typeOf(id);
     return m_language == SourceLanguage::SYSTEM_VERILOG && type != nullptr &&
            !systemVerilogKeyword(*type).empty();
@@ -270,12 +312,10 @@ bool DeclaredNames::isPredefined(unsigned int id) const {
 
 std::string DeclaredNames::free(std::string name, const std::string& suffix,
                                 std::size_t package) const {
-    std::string identifier;
-    do {
+    do
         name = suffixed(m_language, name, suffix);
-        identifier = spelled(m_language, name);
-    } while (ownerOf(identifier, package) != nullptr);
-    return identifier;
+    while (ownerOf(spelled(m_language, name), package) != NameOwners::NOBODY);
+    return std::string(spelled(m_language, name).view());
 }
 
 std::string DeclaredNames::freeLiteral(std::string name, const std::string& suffix,
@@ -299,29 +339,36 @@ bool DeclaredNames::isMadeForType(std::string_view identifier, std::size_t packa
     return isOfLanguage(id) && m_packages.packageOf(id) == package && typeName(id) == identifier;
 }
 
+std::string_view DeclaredNames::givenName(unsigned int id) const {
+    if (isDistinct())
+        return id < m_facts.size() ? m_facts[id].name : "";
+    const RTBaseType* type = m_types.typeOf(id);
+    return type != nullptr ? nameOf(*type) : "";
+}
+
 std::string_view DeclaredNames::localName(unsigned int id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr ? m_packages.localName(id, nameOf(*type)) : "";
+    return m_packages.localName(id, givenName(id));
 }
 
-std::string DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) const {
+Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) const {
     const std::size_t package = m_packages.packageOf(id);
-    const bool isVisible = package == fromPackage || !isOfLanguage(id) || isPredefined(id);
-    return (isVisible ? "" : m_packages.nameOf(package) + "::") + typeName(id);
+    if (package == fromPackage || !isOfLanguage(id) || isPredefined(id))
+        return typeName(id);
+    return Identifier(m_packages.nameOf(package) + "::" + std::string(typeName(id).view()));
 }
 
-std::string DeclaredNames::typeName(unsigned int id) const {
+Identifier DeclaredNames::typeName(unsigned int id) const {
     id = declaredType(id);
-    const RTBaseType* type = m_types.typeOf(id);
-    if (type == nullptr || nameOf(*type).empty())
-        return madeName(id);
+    const std::string_view name = givenName(id);
+    if (name.empty())
+        return Identifier(madeName(id));
     if (isPredefined(id))
-        return std::string(nameOf(*type));
-    const bool keepsName = !isDistinct() || (id < m_keepsName.size() && m_keepsName[id]);
+        return Identifier(name);
+    const bool keepsName = !isDistinct() || m_facts[id].keepsName;
     // A type of the other language is named where a declaration cannot be read in any case.
     if (keepsName || !isOfLanguage(id))
         return identifierOf(m_language, localName(id));
-    return madeName(id);
+    return Identifier(madeName(id));
 }
 
 std::string DeclaredNames::madeName(unsigned int id) const {
@@ -330,36 +377,41 @@ std::string DeclaredNames::madeName(unsigned int id) const {
                 m_packages.packageOf(id));
 }
 
-std::vector<std::string> DeclaredNames::literalNames(unsigned int id, std::size_t most) const {
+std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t most) const {
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         return {};
     const std::vector<std::string_view> names = literalsOf(*type, most);
+    std::vector<Identifier> result;
+    result.reserve(names.size());
+    for (const std::string_view name : names)
+        result.push_back(spelled(m_language, name.empty() ? "literal" : name));
+    if (isDistinct() && id < m_facts.size() && m_facts[id].keepsLiterals)
+        return result;
     const Owner owner = literalOwner(id);
     const std::size_t package = m_packages.packageOf(id);
     const bool isAnyFree = !isDistinct() || isPredefined(id);
-    std::vector<std::string> result;
-    result.reserve(names.size());
+    const auto isKept = [&](std::size_t i) {
+        return !names[i].empty() && (isAnyFree || isOwned(result[i], owner, package));
+    };
     bool areKept = true;
-    for (const std::string_view name : names) {
-        result.push_back(spelled(m_language, name.empty() ? "literal" : name));
-        areKept = areKept && !name.empty() && (isAnyFree || isOwned(result.back(), owner, package));
-    }
+    for (std::size_t i = 0; i < names.size() && areKept; ++i)
+        areKept = isKept(i);
     if (areKept && areDistinct(m_language, result))
         return result;
     std::unordered_set<std::string> used;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        const bool isFree = isAnyFree || isOwned(result[i], owner, package);
-        if (names[i].empty() || !isFree || used.count(identityOf(m_language, result[i])) != 0)
-            result[i] = freeLiteral(std::string(names[i].empty() ? "literal" : names[i]),
-                                    '_' + std::to_string(id) + '_' + std::to_string(i), package);
+        if (!isKept(i) || used.count(identityOf(m_language, result[i])) != 0)
+            result[i] = Identifier(freeLiteral(std::string(names[i].empty() ? "literal" : names[i]),
+                                               '_' + std::to_string(id) + '_' + std::to_string(i),
+                                               package));
         used.insert(identityOf(m_language, result[i]));
     }
     return result;
 }
 
-std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
-                                                    std::size_t most) const {
+std::vector<Identifier> DeclaredNames::memberNames(const RTAggregateType& type,
+                                                   std::size_t most) const {
     std::vector<std::string_view> names;
     for (const RTAggregateType::t_Member* member : type.m_members) {
         if (names.size() == most)
@@ -367,7 +419,7 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
         if (member != nullptr)
             names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
     }
-    std::vector<std::string> result;
+    std::vector<Identifier> result;
     result.reserve(names.size());
     bool areGiven = true;
     for (const std::string_view name : names) {
@@ -378,7 +430,7 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
         return result;
     std::vector<std::string> identities;
     identities.reserve(result.size());
-    for (const std::string& identifier : result)
+    for (const Identifier& identifier : result)
         identities.push_back(identityOf(m_language, identifier));
     std::unordered_set<std::string_view> used(2 * names.size());
     std::vector<std::size_t> renamed;
@@ -393,7 +445,8 @@ std::vector<std::string> DeclaredNames::memberNames(const RTAggregateType& type,
         std::string identity;
         do {
             name = suffixed(m_language, name, '_' + std::to_string(i));
-            result[i] = identifierOf(m_language, name);
+            // The text of a name that is made does not last.
+            result[i] = Identifier(std::string(identifierOf(m_language, name).view()));
             identity = identityOf(m_language, result[i]);
         } while (used.count(identity) != 0 || !made.insert(identity).second);
     }

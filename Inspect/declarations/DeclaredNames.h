@@ -1,14 +1,16 @@
 #pragma once
 
 #include "Inspect/declarations/DeclaredPackages.h"
+#include "Inspect/declarations/Identifiers.h"
+#include "Inspect/declarations/NameOwners.h"
 #include "Inspect/declarations/SourceLanguage.h"
 #include "Inspect/model/TypeTable.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace Inspect {
@@ -34,19 +36,22 @@ inline constexpr std::size_t ALL_NAMES = std::numeric_limits<std::size_t>::max()
 /// package separately; VHDL types are in a single one, because their names have none.
 class DeclaredNames {
 public:
-    /// For distinct names, examines all types four times and remembers their names, which takes 40
-    /// bytes for each. For packages, examines all types four times more.
+    /// For distinct names, examines all types several times and remembers what it finds, which
+    /// takes about 80 bytes for each. For packages, examines all types three times more.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
 
     /// The identifier of a type, escaped as the language requires.
-    std::string typeName(unsigned int id) const;
+    Identifier typeName(unsigned int id) const;
 
     /// The name that another package uses: `p::t` for a type that is declared in `p`.
-    std::string typeName(unsigned int id, std::size_t fromPackage) const;
+    Identifier typeName(unsigned int id, std::size_t fromPackage) const;
 
     /// Whether a class of another package is the base of one in this package and can be imported
     /// there, because its name is not taken.
     bool isImported(unsigned int id, std::size_t package) const;
+
+    /// The name that a type has from the design, or nothing.
+    std::string_view givenName(unsigned int id) const;
 
     /// The packages that declare the types.
     const DeclaredPackages& packages() const { return m_packages; }
@@ -65,19 +70,33 @@ public:
     bool isPredefined(unsigned int id) const;
 
     /// The identifiers of the first `most` literals or units of a type, all different.
-    std::vector<std::string> literalNames(unsigned int id, std::size_t most = ALL_NAMES) const;
+    std::vector<Identifier> literalNames(unsigned int id, std::size_t most = ALL_NAMES) const;
 
     /// The same for members, which have a scope of their own. Null members have no name.
-    std::vector<std::string> memberNames(const RTTI::RTAggregateType& type,
-                                         std::size_t most = ALL_NAMES) const;
+    std::vector<Identifier> memberNames(const RTTI::RTAggregateType& type,
+                                        std::size_t most = ALL_NAMES) const;
 
     /// Whether a declared type of the same name hides a literal of a predefined type.
     bool isHidden(std::string_view literal) const;
 
 private:
-    using Owner = std::uint64_t;
+    using Owner = NameOwners::Owner;
 
-    void findLanguages();
+    /// What is known of a type where names are told apart.
+    struct Facts {
+        std::string_view name;     ///< From the design, or empty.
+        unsigned int declaredType; ///< The type whose declaration it shares.
+        unsigned int classId;      ///< 0 if there is no type.
+        bool isOfLanguage : 1;
+        bool isPredefined : 1;
+        bool yields : 1; ///< Its subtype has its name.
+        bool keepsName : 1;
+        bool keepsLiterals : 1; ///< All literals, or units, have the names from the design.
+    };
+
+    void examineTypes();
+    void findDeclaredTypes();
+    void placeInPackages();
     void claimPredefined();
     void claimTypes();
     void claimLiterals();
@@ -86,14 +105,13 @@ private:
     /// Names of packages are visible in all of them.
     void claimPackages();
 
-    /// Whether the identifier was free in a package.
-    bool claim(std::string_view identifier, Owner owner, std::size_t package);
-    const Owner* ownerOf(std::string_view identifier, std::size_t package) const;
+    /// The owner of a name in a package, which is `owner` if it was free.
+    Owner claim(std::uint64_t identity, Owner owner, std::size_t package);
+    Owner ownerOf(std::string_view identifier, std::size_t package) const;
     bool isOwned(std::string_view identifier, Owner owner, std::size_t package) const;
 
-    /// For each type the one whose declaration it shares, or NO_TYPE_ID if that needs none or
-    /// cannot have one in the language.
-    std::vector<unsigned int> declaredTypes() const;
+    /// Follows typedefs to the type whose declaration they share.
+    unsigned int followed(unsigned int id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
     bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
 
@@ -115,11 +133,9 @@ private:
     SourceLanguage m_language;
     Naming m_naming;
     DeclaredPackages m_packages;
-    std::unordered_map<std::size_t, Owner> m_owners; ///< By a hash of package and identity.
-    std::vector<bool> m_yields;                      ///< Types whose subtype has their name.
-    std::vector<bool> m_isOfLanguage;
-    std::vector<bool> m_predefined;
-    std::vector<bool> m_keepsName;
+    std::vector<Facts> m_facts; ///< Of types, where names are told apart.
+    NameOwners m_owners;        ///< By a hash of package and identity.
+    NameOwners m_everywhere;    ///< Of names that are visible in all packages.
 };
 
 } // namespace Inspect

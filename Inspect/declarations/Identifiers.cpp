@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace Inspect {
 
@@ -49,11 +50,17 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    if (!isLetter(name.front()) || name.back() == '_' || !hasOnly(wordCharacters, name) ||
-        name.find("__") != std::string_view::npos)
+    if (!isLetter(name.front()) || name.back() == '_' || !hasOnly(wordCharacters, name))
         return false;
-    return name.size() > LONGEST_RESERVED_WORD ||
-           !isReservedWord(SourceLanguage::VHDL, lowerCase(name));
+    for (std::size_t i = 1; i < name.size(); ++i) {
+        if (name[i] == '_' && name[i - 1] == '_')
+            return false;
+    }
+    if (name.size() > LONGEST_RESERVED_WORD)
+        return true;
+    std::array<char, LONGEST_RESERVED_WORD> word{};
+    std::transform(name.begin(), name.end(), word.begin(), lower);
+    return !isReservedWord(SourceLanguage::VHDL, {word.data(), name.size()});
 }
 
 /// Backslashes around printable text in which each backslash is doubled.
@@ -77,9 +84,9 @@ bool isSimpleSystemVerilog(std::string_view name) {
             !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name));
 }
 
-std::string vhdlIdentifier(std::string_view name) {
+Identifier vhdlIdentifier(std::string_view name) {
     if (isBasicVhdl(name) || isExtendedVhdl(name))
-        return std::string(name);
+        return Identifier(name);
     std::string text = "\\";
     for (const char c : name) {
         if (c == '\\')
@@ -89,12 +96,12 @@ std::string vhdlIdentifier(std::string_view name) {
         else
             text += fmt::format("\\\\x{:02X}", static_cast<unsigned char>(c));
     }
-    return text + '\\';
+    return Identifier(text + '\\');
 }
 
-std::string systemVerilogIdentifier(std::string_view name) {
+Identifier systemVerilogIdentifier(std::string_view name) {
     if (isSimpleSystemVerilog(name))
-        return std::string(name);
+        return Identifier(name);
     std::string text = "\\";
     for (const char c : name) {
         if (isGraphic(c))
@@ -102,12 +109,12 @@ std::string systemVerilogIdentifier(std::string_view name) {
         else
             text += fmt::format("\\x{:02X}", static_cast<unsigned char>(c));
     }
-    return text + ' ';
+    return Identifier(text + ' ');
 }
 
 } // namespace
 
-std::string identifierOf(SourceLanguage language, std::string_view name) {
+Identifier identifierOf(SourceLanguage language, std::string_view name) {
     return language == SourceLanguage::VHDL ? vhdlIdentifier(name) : systemVerilogIdentifier(name);
 }
 
@@ -120,16 +127,31 @@ std::string identityOf(SourceLanguage language, std::string_view identifier) {
 }
 
 std::uint64_t identityHash(SourceLanguage language, std::string_view identifier) {
-    // FNV-1a, over the same characters as `identityOf` has.
-    constexpr std::uint64_t PRIME = 0x100000001B3;
-    std::uint64_t hash = 0xCBF29CE484222325;
+    constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15;
+    constexpr std::ptrdiff_t STEP = sizeof(std::uint64_t);
     const bool isEscaped = identifier.front() == '\\';
     const bool isAnyCase =
         language == SourceLanguage::VHDL && !isEscaped && identifier.front() != '\'';
     if (isEscaped && language == SourceLanguage::SYSTEM_VERILOG)
         identifier = identifier.substr(1, identifier.size() - 2);
-    for (const char c : identifier)
-        hash = (hash ^ static_cast<unsigned char>(isAnyCase ? lower(c) : c)) * PRIME;
+    // Of the characters of a basic identifier, only letters of either case differ in this bit
+    // alone.
+    const std::uint64_t anyCase = isAnyCase ? 0x2020202020202020 : 0;
+    std::uint64_t hash = identifier.size() * SPREAD;
+    const auto add = [&](const char* bytes, std::size_t count) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes, count);
+        hash = (hash ^ (word | anyCase)) * SPREAD;
+        hash ^= hash >> 32;
+    };
+    const char* const end = identifier.data() + identifier.size();
+    if (end - identifier.data() < STEP) {
+        add(identifier.data(), identifier.size());
+        return hash;
+    }
+    for (const char* at = identifier.data(); end - at > STEP; at += STEP)
+        add(at, STEP);
+    add(end - STEP, STEP);
     return hash;
 }
 

@@ -15,8 +15,7 @@ std::string_view LanguageDeclarations::comment() const {
 }
 
 bool LanguageDeclarations::isUnnamed(unsigned int id) const {
-    const RTBaseType* type = typeOf(id);
-    return type != nullptr && !isGivenName(type->m_name);
+    return typeOf(id) != nullptr && m_names.givenName(id).empty();
 }
 
 std::string LanguageDeclarations::shapeOf(unsigned int id) const {

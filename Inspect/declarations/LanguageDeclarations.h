@@ -78,7 +78,7 @@ protected:
     }
 
     /// What a declaration calls a type.
-    std::string nameHere(unsigned int id) const { return m_names.typeName(id, m_package); }
+    Identifier nameHere(unsigned int id) const { return m_names.typeName(id, m_package); }
 
     /// Whether the type has no name from the design.
     bool isUnnamed(unsigned int id) const;

@@ -55,7 +55,7 @@ const char* aggregateWords(RecordKind kind) {
     }
 }
 
-std::string scalarWord(const RTBaseType& type) {
+std::string_view scalarWord(const RTBaseType& type) {
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:
         return static_cast<const RTSeqEnumType&>(type).m_valueEncoding == ENCODING_2_STATE
@@ -124,13 +124,13 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int
                                                                     int depth) const {
     const RTBaseType* type = typeOf(id);
     if (type == nullptr || !isSystemVerilogArray(*type))
-        return {nameHere(id), ""};
+        return {nameHere(id), {}};
     // A predefined integer takes no packed dimensions: its own are written out.
     const bool isInteger = isPackedElement && !systemVerilogKeyword(*type).empty();
     const bool isWritten = spelling == Spelling::BODY || isInteger ||
                            (Inspect::isSpelledOut(*type) && depth < INLINE_LIMIT);
     if (!isWritten)
-        return {nameHere(id), ""};
+        return {nameHere(id), {}};
     switch (type->GetClassId()) {
     case ClassId::ARRAY: return arrayParts(static_cast<const RTArrayType&>(*type), depth);
     case ClassId::DYNAMIC_ARRAY:
@@ -152,12 +152,14 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::arrayParts(const RTA
         return parts;
     }
     // The dimensions of the outer array stand before those of its elements.
-    const std::size_t inner = parts.before.find(" [");
-    const std::size_t place = inner == std::string::npos ? parts.before.size() : inner + 1;
-    if (place == parts.before.size() && !parts.before.empty() && parts.before.back() != ' ')
-        parts.before += ' ' + dimensionsOf(type);
+    std::string before(parts.before.view());
+    const std::size_t inner = before.find(" [");
+    const std::size_t place = inner == std::string::npos ? before.size() : inner + 1;
+    if (place == before.size() && before.back() != ' ')
+        before += ' ' + dimensionsOf(type);
     else
-        parts.before.insert(place, dimensionsOf(type));
+        before.insert(place, dimensionsOf(type));
+    parts.before = Identifier(std::move(before));
     return parts;
 }
 
@@ -174,8 +176,9 @@ std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type, int
     if (index != nullptr && index->GetClassId() == ClassId::WILDCARD)
         return "*";
     if (index != nullptr && isSpelledOutAsIndex(*index))
-        return partsOf(type.m_indexTypeId, Spelling::NAME, false, depth + 1).before;
-    return nameHere(type.m_indexTypeId);
+        return std::string(
+            partsOf(type.m_indexTypeId, Spelling::NAME, false, depth + 1).before.view());
+    return std::string(nameHere(type.m_indexTypeId).view());
 }
 
 void SystemVerilogDeclarations::writeWithoutPlace(Text& out,
@@ -204,7 +207,7 @@ void SystemVerilogDeclarations::writeWithoutPlace(Text& out, const RTBaseType& t
 void SystemVerilogDeclarations::enumeration(Text& out, unsigned int id,
                                             const RTDiscreteEnumType& type,
                                             std::size_t most) const {
-    const std::vector<std::string> literals = m_names.literalNames(id, most);
+    const std::vector<Identifier> literals = m_names.literalNames(id, most);
     const std::size_t count = type.m_enumerators.size();
     const bool isFourState = m_types.encodings->of(type) == ENCODING_4_STATE;
     const unsigned int bytes = isFourState ? type.m_valueSize / 2 : type.m_valueSize;
@@ -225,7 +228,7 @@ void SystemVerilogDeclarations::enumeration(Text& out, unsigned int id,
 
 void SystemVerilogDeclarations::members(Text& out, const RTAggregateType& type,
                                         std::size_t most) const {
-    const std::vector<std::string> names = m_names.memberNames(type, most);
+    const std::vector<Identifier> names = m_names.memberNames(type, most);
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
         if (member == nullptr)
@@ -248,7 +251,7 @@ void SystemVerilogDeclarations::members(Text& out, const RTAggregateType& type,
 
 void SystemVerilogDeclarations::classDeclaration(Text& out, unsigned int id,
                                                  const RTClassType& type) const {
-    const std::string name = m_names.typeName(id);
+    const Identifier name = m_names.typeName(id);
     const unsigned int base = type.m_baseClassTypeId;
     // Some compilers take no package behind `extends`.
     const bool isImported = m_names.isImported(base, m_package);
@@ -287,7 +290,7 @@ std::string SystemVerilogDeclarations::define(Text& out, unsigned int id, std::s
     case ClassId::WILDCARD: return {};
     default:
         parts = isSystemVerilogArray(*type) ? partsOf(id, Spelling::BODY)
-                                            : Parts{scalarWord(*type), ""};
+                                            : Parts{Identifier(scalarWord(*type)), {}};
         break;
     }
     writeSpaced(out, parts.before);
@@ -316,7 +319,7 @@ void SystemVerilogDeclarations::declare(Text& out, unsigned int id) const {
 }
 
 std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {
-    return fmt::format("typedef class {};\n", m_names.typeName(id));
+    return fmt::format("typedef class {};\n", m_names.typeName(id).view());
 }
 
 void SystemVerilogDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {

@@ -20,7 +20,7 @@ public:
 private:
     /// A type as a declaration has it around a name: `logic [7:0]` before, ` [0:3]` after.
     struct Parts {
-        std::string before;
+        Identifier before;
         std::string after;
     };
 

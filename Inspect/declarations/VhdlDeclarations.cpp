@@ -45,11 +45,11 @@ void writeDirection(Text& out, int direction) {
 }
 
 /// Writes `items` in lines of ordinary length, indented and separated by commas.
-void writeFilled(Text& out, const std::vector<std::string>& items) {
+void writeFilled(Text& out, const std::vector<Identifier>& items) {
     out << "    ";
     std::size_t column = 4;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const std::size_t length = items[i].size() + (i + 1 < items.size() ? 1 : 0);
+        const std::size_t length = items[i].view().size() + (i + 1 < items.size() ? 1 : 0);
         if (column > 4 && column + length + 1 > LINE_WIDTH) {
             out << "\n    ";
             column = 4;
@@ -233,7 +233,7 @@ private:
     bool addRecord(const RTRecordType& type) {
         if (type.m_members.size() > VISIT_LIMIT)
             return false;
-        const std::vector<std::string> names = m_declarations.m_names.memberNames(type);
+        const std::vector<Identifier> names = m_declarations.m_names.memberNames(type);
         const std::size_t begin = m_text.size();
         std::size_t position = 0;
         for (const RTAggregateType::t_Member* member : type.m_members) {
@@ -300,8 +300,9 @@ void VhdlDeclarations::bound(Text& out, const RTBaseType& base, unsigned int bas
     const auto& literals = static_cast<const RTSeqEnumType&>(base).m_enumeratorNames;
     if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
         literals.size() <= LITERAL_LIMIT) {
-        const std::string literal =
-            m_names.literalNames(baseId, static_cast<std::size_t>(value) + 1).back();
+        const std::vector<Identifier> names =
+            m_names.literalNames(baseId, static_cast<std::size_t>(value) + 1);
+        const std::string_view literal = names.back();
         // A predefined literal that needs an escape here is one outside ASCII, such as y umlaut.
         const bool isHidden =
             !isCharacterLiteral(literal) && (literal.front() == '\\' || m_names.isHidden(literal));
@@ -394,12 +395,13 @@ void VhdlDeclarations::indication(Text& out, unsigned int id, const Ranges& rang
 
 void VhdlDeclarations::enumeration(Text& out, unsigned int id, std::size_t most) const {
     const auto& type = static_cast<const RTSeqEnumType&>(*typeOf(id));
-    std::vector<std::string> literals = m_names.literalNames(id, most);
+    std::vector<Identifier> literals = m_names.literalNames(id, most);
     if (literals.size() < type.m_enumeratorNames.size())
-        literals.emplace_back("...");
-    std::size_t width = m_names.typeName(id).size() + std::string_view("type  is ();").size();
+        literals.emplace_back(std::string_view("..."));
+    std::size_t width =
+        m_names.typeName(id).view().size() + std::string_view("type  is ();").size();
     for (std::size_t i = 0; i < literals.size() && width <= LINE_WIDTH; ++i)
-        width += literals[i].size() + (i == 0 ? 0 : 2);
+        width += literals[i].view().size() + (i == 0 ? 0 : 2);
     out << '(';
     if (width <= LINE_WIDTH) {
         for (std::size_t i = 0; i < literals.size(); ++i)
@@ -415,7 +417,7 @@ void VhdlDeclarations::physical(Text& out, unsigned int id, const RTPhysicalType
                                 std::size_t most) const {
     out << "range -9223372036854775807 to 9223372036854775807 /* not recorded */\n"
            "    units\n";
-    const std::vector<std::string> units = m_names.literalNames(id, most);
+    const std::vector<Identifier> units = m_names.literalNames(id, most);
     for (std::size_t i = 0; i < units.size(); ++i) {
         out << "        " << units[i];
         if (i != 0)
@@ -454,7 +456,7 @@ void VhdlDeclarations::array(Text& out, const RTArrayType& type, std::size_t mos
 }
 
 void VhdlDeclarations::record(Text& out, const RTRecordType& type, std::size_t most) const {
-    const std::vector<std::string> names = m_names.memberNames(type, most);
+    const std::vector<Identifier> names = m_names.memberNames(type, most);
     out << "record\n";
     std::size_t position = 0;
     for (const RTAggregateType::t_Member* member : type.m_members) {
@@ -473,7 +475,7 @@ void VhdlDeclarations::record(Text& out, const RTRecordType& type, std::size_t m
 
 void VhdlDeclarations::subtype(Text& out, unsigned int id, const RTTypedefType& type) const {
     if (typeOf(type.m_dataTypeId) == nullptr ||
-        m_names.typeName(type.m_dataTypeId) != m_names.typeName(id))
+        m_names.typeName(type.m_dataTypeId).view() != m_names.typeName(id).view())
         return indication(out, type.m_dataTypeId, type.m_constraints);
     out << m_names.madeName(type.m_dataTypeId);
     constraint(out, type.m_dataTypeId, type.m_constraints);
@@ -527,7 +529,7 @@ void VhdlDeclarations::declare(Text& out, unsigned int id) const {
 }
 
 std::string VhdlDeclarations::announcementOf(unsigned int id) const {
-    return fmt::format("type {};\n", m_names.typeName(id));
+    return fmt::format("type {};\n", m_names.typeName(id).view());
 }
 
 void VhdlDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {

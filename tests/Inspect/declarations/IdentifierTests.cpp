@@ -1,9 +1,12 @@
 #include "Inspect/declarations/Identifiers.h"
+#include "Inspect/declarations/NameOwners.h"
 #include "Inspect/declarations/ReservedWords.h"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <cstdint>
+#include <map>
 #include <random>
 #include <string>
 
@@ -107,14 +110,48 @@ bool isLegal(SourceLanguage language, const std::string& text) {
     return true;
 }
 
+TEST(Identifiers, HaveTheSameHashOnlyIfTheyHaveTheSameIdentity) {
+    std::mt19937 random(11);
+    for (const SourceLanguage language : {VHDL, SV}) {
+        std::map<std::uint64_t, std::string> identities;
+        for (int i = 0; i < 20000; ++i) {
+            std::string name(1 + random() % 20, 'a');
+            for (char& c : name)
+                c = random() % 4 != 0 ? c : "aA0_b'\\"[random() % 7];
+            const Identifier identifier = identifierOf(language, name);
+            const std::string identity = identityOf(language, identifier);
+            const auto found = identities.emplace(identityHash(language, identifier), identity);
+            EXPECT_EQ(found.first->second, identity);
+            name[0] = 'A';
+            const Identifier other = identifierOf(language, name);
+            EXPECT_EQ(identityHash(language, other) == found.first->first,
+                      identityOf(language, other) == identity);
+        }
+    }
+}
+
+TEST(Identifiers, BelongToTheFirstWhoAsks) {
+    NameOwners owners;
+    EXPECT_EQ(owners.of(0), NameOwners::NOBODY);
+    for (std::uint64_t name = 0; name < 1000; ++name)
+        EXPECT_EQ(owners.claim(name * 97, name + 1), name + 1);
+    for (std::uint64_t name = 0; name < 1000; ++name) {
+        EXPECT_EQ(owners.claim(name * 97, 7), name + 1);
+        EXPECT_EQ(owners.of(name * 97), name + 1);
+        EXPECT_EQ(owners.of(name * 97 + 1), NameOwners::NOBODY);
+    }
+}
+
 TEST(Identifiers, OfAnyNameAreLegal) {
     std::mt19937 random(7);
     for (int i = 0; i < 20000; ++i) {
         std::string name(1 + random() % 5, '\0');
         for (char& c : name)
             c = random() % 2 == 0 ? "ab_\\' $1"[random() % 8] : static_cast<char>(random());
-        EXPECT_TRUE(isLegal(VHDL, identifierOf(VHDL, name))) << identifierOf(VHDL, name);
-        EXPECT_TRUE(isLegal(SV, identifierOf(SV, name))) << identifierOf(SV, name);
+        for (const SourceLanguage language : {VHDL, SV}) {
+            const std::string identifier(identifierOf(language, name).view());
+            EXPECT_TRUE(isLegal(language, identifier)) << identifier;
+        }
     }
 }
 
