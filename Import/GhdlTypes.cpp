@@ -79,7 +79,8 @@ class GhdlTypeMaker {
 public:
     GhdlTypeMaker(const GhdlListing& listing, const Input& input, VhdlTypes& types)
         : m_listing(listing), m_input(input), m_types(types), m_scopes(listing),
-          m_first(types.size()), m_made(listing.types.size()), m_isReal(listing.types.size()) {}
+          m_inputNumber(types.addInput(input.linePlace(0))), m_first(types.size()),
+          m_made(listing.types.size()), m_isReal(listing.types.size()) {}
 
     void make() {
         for (const ListedType& type : m_listing.types)
@@ -91,7 +92,7 @@ public:
             measure(type, m_made[i]);
             if (m_made[i].open > MOST_OPEN_RANGES)
                 fail(i, "the type leaves more ranges open than any design does");
-            m_types[idOf(i)] = std::move(type);
+            m_types[idOf(i)] = type;
             declare(i);
         }
     }
@@ -130,7 +131,8 @@ private:
         VhdlType result;
         result.kind = kind;
         result.name = m_types.pool().keep(type.name);
-        result.place = m_input.linePlace(type.line);
+        result.input = m_inputNumber;
+        result.place = type.line;
         return result;
     }
 
@@ -191,11 +193,11 @@ private:
         return unknown(i, "the listing does not say what it is");
     }
 
-    /// Literals, which have no value, or units.
+    /// The names of literals or members, which have no value, or units.
     void addParts(const ListedType& type, VhdlType& result) const {
         std::vector<VhdlPart> parts;
         for (const ListedPart& part : type.parts)
-            parts.push_back({m_types.pool().keep(part.name), part.value, {}});
+            parts.push_back({m_types.pool().keep(part.name), part.value});
         result.parts = m_types.pool().keep(parts);
     }
 
@@ -247,8 +249,9 @@ private:
         return numberOf<double>(bound, i);
     }
 
-    VhdlRealRange realRangeOf(const ListedRange& range, std::size_t i) const {
-        return {true, false, range.isDownto, realOf(range.left, i), realOf(range.right, i)};
+    const VhdlRealRange* realRangeOf(const ListedRange& range, std::size_t i) const {
+        return m_types.pool().keepOne(
+            VhdlRealRange{false, range.isDownto, realOf(range.left, i), realOf(range.right, i)});
     }
 
     /// The enumerations that literals can be of, told from one another as far as possible: most
@@ -323,7 +326,7 @@ private:
     std::uint32_t unknownUse(const std::string& name) {
         VhdlType type;
         type.name = m_types.pool().keep(name);
-        return m_types.intern(std::move(type));
+        return m_types.intern(type);
     }
 
     /// A subtype indication in the declaration `from`.
@@ -380,9 +383,9 @@ private:
 
     /// The enumeration that a dimension of an array is over, if it is over one that was listed.
     const ListedType* indexOf(std::uint32_t array, std::size_t dimension) const {
-        if (dimension >= m_types[array].indexes.size())
+        if (dimension >= m_types[array].uses.size())
             return nullptr;
-        std::uint32_t index = m_types[array].indexes[dimension].type;
+        std::uint32_t index = m_types[array].uses[dimension].type;
         if (index == NONE)
             return nullptr;
         if (m_types[index].kind == VhdlKind::SUBTYPE)
@@ -436,7 +439,7 @@ private:
         for (const std::string& index : type.indexes)
             indexes.push_back(
                 useOfAny(m_scopes.find(index, i, [](const ListedType&) { return true; }), index));
-        result.indexes = m_types.pool().keep(indexes);
+        result.uses = m_types.pool().keep(indexes);
         return result;
     }
 
@@ -461,7 +464,7 @@ private:
         }
         ranges.insert(ranges.end(), result.of.ranges.begin(), result.of.ranges.end());
         result.of.ranges = m_types.pool().keep(ranges);
-        result.indexes = m_types.pool().keep(indexes);
+        result.uses = m_types.pool().keep(indexes);
         return result;
     }
 
@@ -489,10 +492,11 @@ private:
     VhdlType record(std::size_t i) {
         const ListedType& type = m_listing.types[i];
         VhdlType result = begin(type, VhdlKind::RECORD);
-        std::vector<VhdlPart> members;
+        addParts(type, result);
+        std::vector<VhdlUse> uses;
         for (const ListedPart& element : type.parts)
-            members.push_back({m_types.pool().keep(element.name), 0, useOf(element.use, i)});
-        result.parts = m_types.pool().keep(members);
+            uses.push_back(useOf(element.use, i));
+        result.uses = m_types.pool().keep(uses);
         return result;
     }
 
@@ -531,7 +535,7 @@ private:
             VhdlType designated = begin(type, VhdlKind::SUBTYPE);
             designated.name = {};
             designated.of = result.of;
-            result.of = {m_types.intern(std::move(designated)), {}, {}};
+            result.of = {m_types.intern(designated), {}, {}};
         }
         result.of.ranges = {};
         return result;
@@ -549,11 +553,11 @@ private:
                             m_types[use.type].kind == VhdlKind::UNKNOWN;
         };
         if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
-            add(type.of, type.indexes.size());
+            add(type.of, type.uses.size());
         if (type.kind != VhdlKind::RECORD)
             return;
-        for (const VhdlPart& member : type.parts)
-            add(member.use, 0);
+        for (const VhdlUse& member : type.uses)
+            add(member, 0);
     }
 
     /// There is more than one physical type.
@@ -563,6 +567,7 @@ private:
     const Input& m_input;
     VhdlTypes& m_types;
     GhdlScopes m_scopes;
+    std::uint32_t m_inputNumber;
     std::uint32_t m_first; ///< The id of the first declaration; the others follow.
     std::vector<Made> m_made;
     std::vector<bool> m_isReal; ///< Of each declaration of a number type.

@@ -180,13 +180,13 @@ private:
         std::uint64_t total = 0;
         std::string name;
         std::uint64_t shared = 0;
-        m_file.strings.add("");
+        m_file.strings.emplace_back();
         for (std::uint64_t i = 0; i < count; ++i) {
             std::uint8_t next = appendName(name, shared);
             total += name.size();
             if (total > (m_bytes.offset() - begin) * MOST_SHARED)
                 m_bytes.fail("the names are damaged: they share too much");
-            m_file.strings.add(name);
+            m_file.strings.push_back(m_file.texts.keep(name));
             shared = sharedLength(next);
         }
         if (count == 0 ? m_bytes.byte() != 0 : shared != 0)
@@ -281,8 +281,8 @@ private:
 
     /// Literals, units or members.
     void readParts(GhwType& type, bool areMembers, bool areUnits) {
-        type.parts = sliceBehind(m_file.parts, m_bytes.number());
-        for (std::uint32_t i = 0; i < type.parts.count; ++i) {
+        type.items = sliceBehind(m_file.parts, m_bytes.number());
+        for (std::uint32_t i = 0; i < type.items.count; ++i) {
             GhwPart part;
             part.name = stringNumber();
             if (areMembers)
@@ -295,13 +295,13 @@ private:
 
     void readArray(GhwType& type) {
         type.base = typeNumber();
-        type.indexes = sliceBehind(m_file.indexes, m_bytes.number());
-        for (std::uint32_t i = 0; i < type.indexes.count; ++i)
+        type.items = sliceBehind(m_file.indexes, m_bytes.number());
+        for (std::uint32_t i = 0; i < type.items.count; ++i)
             m_file.indexes.push_back(typeNumber());
     }
 
     void readRanges(GhwType& type, std::uint64_t count) {
-        type.ranges = sliceBehind(m_file.ranges, count);
+        type.items = sliceBehind(m_file.ranges, count);
         for (std::uint64_t i = 0; i < count; ++i)
             m_file.ranges.push_back(readRange());
     }
@@ -351,7 +351,7 @@ private:
         std::uint64_t count = 0;
         switch (type.kind) {
         case GhwKind::ARRAY:
-            count = type.indexes.count + m_open[type.base].now;
+            count = type.items.count + m_open[type.base].now;
             return {count, count};
         case GhwKind::RECORD:
             for (const GhwPart& member : m_file.partsOf(type))

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Import/Input.h"
+#include "Import/Pool.h"
 
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -47,24 +47,6 @@ struct GhwPart {
     std::int64_t value = 0; ///< Of a unit: in primary units.
 };
 
-/// Texts one after the other, by numbers from 0 on.
-class GhwStrings {
-public:
-    void add(std::string_view text) {
-        m_text += text;
-        m_ends.push_back(m_text.size());
-    }
-    std::size_t size() const { return m_ends.size(); }
-    std::string_view operator[](std::size_t number) const {
-        const std::size_t begin = number == 0 ? 0 : m_ends[number - 1];
-        return std::string_view(m_text).substr(begin, m_ends[number] - begin);
-    }
-
-private:
-    std::string m_text;
-    std::vector<std::size_t> m_ends;
-};
-
 /// Some of the elements of a vector.
 struct Slice {
     std::uint32_t begin = 0;
@@ -73,31 +55,33 @@ struct Slice {
 
 /// A type as the file has it. Numbers of types and of strings count from 1; 0 is none.
 struct GhwType {
-    GhwKind kind = GhwKind::INTEGER;
     std::uint64_t offset = 0; ///< Where the file describes it.
-    std::uint32_t name = 0;   ///< 0 where the source gives it none.
-    std::uint32_t base = 0;   ///< Of a subtype; of an array its element.
-    Slice parts, indexes, ranges;
+    GhwKind kind = GhwKind::INTEGER;
+    std::uint32_t name = 0; ///< 0 where the source gives it none.
+    std::uint32_t base = 0; ///< Of a subtype; of an array its element.
+    Slice items;            ///< Parts, indexes of an array, or ranges of a subtype.
 };
 
 /// The types of a wave file of GHDL. A type refers only to types in front of it.
 struct GhwFile {
-    GhwStrings strings;         ///< Latin-1; the first is empty and stands for no name.
-    std::vector<GhwType> types; ///< The first is none.
+    Pool texts;                            ///< What the names belong to.
+    std::vector<std::string_view> strings; ///< Latin-1; the first is empty and stands for no name.
+    std::vector<GhwType> types;            ///< The first is none.
 
+    /// The literals of an enumeration, the units of a physical type, the members of a record.
     std::span<const GhwPart> partsOf(const GhwType& type) const {
-        return std::span(parts).subspan(type.parts.begin, type.parts.count);
+        return std::span(parts).subspan(type.items.begin, type.items.count);
     }
 
     /// The types of an array's indexes.
     std::span<const std::uint32_t> indexesOf(const GhwType& type) const {
-        return std::span(indexes).subspan(type.indexes.begin, type.indexes.count);
+        return std::span(indexes).subspan(type.items.begin, type.items.count);
     }
 
     /// Those of a subtype. A composite one has those that its base leaves open: own dimensions,
     /// then those of the element; of a record those of its members, one after the other.
     std::span<const GhwRange> rangesOf(const GhwType& type) const {
-        return std::span(ranges).subspan(type.ranges.begin, type.ranges.count);
+        return std::span(ranges).subspan(type.items.begin, type.items.count);
     }
 
     /// Of all types, one after the other.

@@ -33,7 +33,7 @@ struct Made {
     std::uint32_t used = VhdlType::NONE; ///< What another type uses that uses it,
     std::span<const VhdlRange> ranges;   ///< and with which ranges.
 
-    VhdlUse use() const { return {used, ranges, {}}; }
+    VhdlUse use() const { return {used, {}, ranges}; }
     void setUse(std::uint32_t what, std::span<const VhdlRange> with) {
         used = what;
         ranges = with;
@@ -47,10 +47,7 @@ public:
     GhwTypeMaker(const GhwFile& file, const Input& input, VhdlTypes& types)
         : m_file(file), m_input(input), m_types(types), m_made(file.types.size()),
           m_firstSubtypes(file.types.size()), m_users(file.strings.size()),
-          m_isFirstFile(types.size() == 0) {
-        m_names.reserve(file.strings.size());
-        for (std::size_t i = 0; i < file.strings.size(); ++i)
-            m_names.push_back(types.pool().keep(file.strings[i]));
+          m_inputNumber(types.addInput(input.offsetPlace(0))), m_isFirstFile(types.size() == 0) {
         m_types.internAdded();
         m_types.reserve(m_types.size() + file.types.size());
         for (const GhwType& type : m_file.types)
@@ -108,31 +105,32 @@ private:
     VhdlType begin(const GhwType& type, VhdlKind kind) const {
         VhdlType result;
         result.kind = kind;
-        result.name = m_names[type.name];
-        result.place = m_input.offsetPlace(type.offset);
+        result.name = m_file.strings[type.name];
+        result.input = m_inputNumber;
+        result.place = type.offset;
         return result;
     }
 
     /// The type that has been made of one of the file, or the equal one that is there. A name that
     /// no other type has is enough to tell; most types have one.
-    std::uint32_t put(const GhwType& type, VhdlType&& result) {
+    std::uint32_t put(const GhwType& type, const VhdlType& result) {
         const bool isOnlyOne = m_isFirstFile && type.name != 0 && m_users[type.name] == 1;
-        return isOnlyOne ? m_types.add(std::move(result)) : m_types.intern(std::move(result));
+        return isOnlyOne ? m_types.add(result) : m_types.intern(result);
     }
 
     void addParts(const GhwType& type, VhdlType& result) {
         m_parts.clear();
         for (const GhwPart& part : m_file.partsOf(type))
-            m_parts.push_back({m_names[part.name], part.value, {}});
+            m_parts.push_back({m_file.strings[part.name], part.value});
         result.parts = m_types.pool().keep(m_parts);
     }
 
     std::uint32_t enumeration(const GhwType& type) {
-        if (type.parts.count == 0)
+        if (type.items.count == 0)
             fail(type, "an enumeration without literals");
         VhdlType result = begin(type, VhdlKind::ENUMERATION);
         addParts(type, result);
-        return put(type, std::move(result));
+        return put(type, result);
     }
 
     std::uint32_t numberType(std::uint32_t number) {
@@ -141,21 +139,22 @@ private:
         addParts(type, result);
         if (m_firstSubtypes[number] != 0)
             setRange(m_file.types[m_firstSubtypes[number]], result);
-        return put(type, std::move(result));
+        return put(type, result);
     }
 
     /// Takes the range of a scalar subtype.
-    void setRange(const GhwType& subtype, VhdlType& result) const {
+    void setRange(const GhwType& subtype, VhdlType& result) {
         const GhwType& base = m_file.types[subtype.base];
         const GhwRange& range = m_file.rangesOf(subtype).front();
         if (range.isReal != (base.kind == GhwKind::REAL))
             fail(subtype, "the range of a subtype is not of its base's kind");
         if (range.isReal)
-            result.realRange = {true, true, range.isDownto, range.realLeft, range.realRight};
+            result.realRange = m_types.pool().keepOne(
+                VhdlRealRange{true, range.isDownto, range.realLeft, range.realRight});
         else
             result.range = {false, range.isDownto, range.left, range.right};
         if (isEnumeration(base.kind) &&
-            std::max(range.left, range.right) >= static_cast<std::int64_t>(base.parts.count))
+            std::max(range.left, range.right) >= static_cast<std::int64_t>(base.items.count))
             fail(subtype, "the range of a subtype has more literals than its base");
     }
 
@@ -172,7 +171,7 @@ private:
         if (!isReal)
             result.of.type = m_made[type.base].type;
         setRange(type, result);
-        return put(type, std::move(result));
+        return put(type, result);
     }
 
     /// The dimensions of an array, which are open, in front of what its element leaves open.
@@ -189,34 +188,35 @@ private:
         VhdlType result = begin(type, VhdlKind::ARRAY);
         const Made& element = m_made[type.base];
         result.of.type = element.used;
-        result.of.ranges = withOpen(type.indexes.count, element.ranges);
-        std::vector<VhdlUse> indexes;
+        result.of.ranges = withOpen(type.items.count, element.ranges);
+        m_uses.clear();
         for (const std::uint32_t index : m_file.indexesOf(type)) {
             const GhwKind kind = m_file.types[index].kind;
             if (kind != GhwKind::SCALAR_SUBTYPE && !isNumber(kind) && !isEnumeration(kind))
                 fail(type, "an index of an array is not of a scalar type");
-            indexes.push_back({m_made[index].type, {}, {}});
+            m_uses.push_back({m_made[index].type, {}, {}});
         }
-        result.indexes = m_types.pool().keep(indexes);
+        result.uses = m_types.pool().keep(m_uses);
         Made made;
-        made.open = type.indexes.count + element.open;
+        made.open = type.items.count + element.open;
         made.levels = 1 + element.levels;
-        made.type = put(type, std::move(result));
+        made.type = put(type, result);
         return made;
     }
 
     Made makeRecord(const GhwType& type) {
         VhdlType result = begin(type, VhdlKind::RECORD);
         Made made;
-        m_parts.clear();
+        addParts(type, result);
+        m_uses.clear();
         for (const GhwPart& part : m_file.partsOf(type)) {
             const Made& member = m_made[part.type];
-            m_parts.push_back({m_names[part.name], 0, member.use()});
+            m_uses.push_back(member.use());
             made.open += member.open;
             made.levels += member.levels;
         }
-        result.parts = m_types.pool().keep(m_parts);
-        made.type = put(type, std::move(result));
+        result.uses = m_types.pool().keep(m_uses);
+        made.type = put(type, result);
         return made;
     }
 
@@ -243,12 +243,13 @@ private:
     /// An array that was declared with its ranges, which its first subtype has.
     std::uint32_t arrayInOnePiece(const GhwType& subtype, std::uint32_t base) {
         VhdlType array = m_types[m_made[base].type];
-        array.place = m_input.offsetPlace(subtype.offset);
+        array.input = m_inputNumber;
+        array.place = subtype.offset;
         const std::vector<VhdlRange> ranges = rangesOf(subtype);
         std::vector<VhdlRange> all(array.of.ranges.begin(), array.of.ranges.end());
         std::copy(ranges.begin(), ranges.end(), all.begin());
         array.of.ranges = m_types.pool().keep(all);
-        return put(subtype, std::move(array));
+        return put(subtype, array);
     }
 
     /// Whether the subtype is of an array that was declared with these ranges.
@@ -274,7 +275,7 @@ private:
             made.setUse(m_made[base].type, m_types.pool().keep(rangesOf(type)));
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use();
-        made.type = put(type, std::move(result));
+        made.type = put(type, result);
         if (type.name != 0)
             made.setUse(made.type, {});
         return made;
@@ -288,7 +289,7 @@ private:
         VhdlType result = begin(type, VhdlKind::SUBTYPE);
         result.of = made.use();
         result.mayBePart = made.levels > 1;
-        made.type = put(type, std::move(result));
+        made.type = put(type, result);
         made.setUse(made.type, {});
         return made;
     }
@@ -302,18 +303,20 @@ private:
     const GhwFile& m_file;
     const Input& m_input;
     VhdlTypes& m_types;
-    std::vector<std::string_view> m_names;      ///< The file's, in the pool of the types.
-    std::vector<VhdlPart> m_parts;              ///< Of the type that is being made.
+    std::vector<VhdlPart> m_parts;              ///< Of the type that is being made,
+    std::vector<VhdlUse> m_uses;                ///< likewise.
     std::vector<Made> m_made;                   ///< Of each type.
     std::vector<std::uint32_t> m_firstSubtypes; ///< Of each base type; 0 where there is none.
     std::vector<std::uint32_t> m_users;         ///< How many types have each name.
+    std::uint32_t m_inputNumber;
     bool m_isFirstFile;
 };
 
 } // namespace
 
-void addGhwTypes(const GhwFile& file, const Input& input, VhdlTypes& types) {
+void addGhwTypes(GhwFile file, const Input& input, VhdlTypes& types) {
     GhwTypeMaker(file, input, types).make();
+    types.pool().take(std::move(file.texts));
 }
 
 } // namespace Import

@@ -9,6 +9,6 @@ namespace Import {
 /// types behind them become one. `input` is where the file came from: its places are in what is
 /// thrown and noted. Throws ImportError where types do not fit together. Takes time by the size of
 /// the types.
-void addGhwTypes(const GhwFile& file, const Input& input, VhdlTypes& types);
+void addGhwTypes(GhwFile file, const Input& input, VhdlTypes& types);
 
 } // namespace Import

@@ -22,6 +22,9 @@ public:
     /// A byte, counted from 0.
     static Place offset(std::shared_ptr<const std::string> file, unsigned long long number);
 
+    /// Another line or byte of the same file.
+    Place at(unsigned long long number) const { return {m_file, number, m_unit}; }
+
     /// As text: "design.tree:12", "design.ghw: offset 36" or "design.ghw"; empty for no place.
     std::string text() const;
 

@@ -1,5 +1,7 @@
 #include "Import/References.h"
 
+#include <utility>
+
 namespace Import {
 
 using TypeFile::LinkRole;
@@ -16,7 +18,11 @@ void References::add(const RTTI::RTBaseType* type) {
     endType();
 }
 
-void References::append(const References& other) {
+void References::append(References&& other) {
+    if (m_ends.empty()) {
+        *this = std::move(other);
+        return;
+    }
     const std::size_t offset = m_ids.size();
     m_ids.insert(m_ids.end(), other.m_ids.begin(), other.m_ids.end());
     m_ends.reserve(m_ends.size() + other.m_ends.size());
@@ -25,10 +31,15 @@ void References::append(const References& other) {
     m_parts = m_ids.size();
 }
 
-References References::among(const std::vector<unsigned int>& types) const {
+void References::keep(const std::vector<unsigned int>& types) {
     std::vector<unsigned int> placeOf(count(), RTTI::TypeFileFormat::NO_TYPE_ID);
-    for (unsigned int place = 0; place < types.size(); ++place)
+    bool areInPlace = types.size() == count();
+    for (unsigned int place = 0; place < types.size(); ++place) {
+        areInPlace = areInPlace && types[place] == place;
         placeOf[types[place]] = place;
+    }
+    if (areInPlace)
+        return;
     References result;
     result.m_ends.reserve(types.size());
     result.m_ids.reserve(m_ids.size());
@@ -38,7 +49,7 @@ References References::among(const std::vector<unsigned int>& types) const {
             result.m_ids.push_back(placeOf[id]);
         result.m_ends.push_back({begin + parts(type).size(), result.m_ids.size()});
     }
-    return result;
+    *this = std::move(result);
 }
 
 void Ordering::walkFrom(unsigned int type) {
@@ -60,7 +71,13 @@ void Ordering::enter(unsigned int type) {
     if (m_isSeen[type])
         return;
     m_isSeen[type] = true;
-    m_visits.push_back({type, (m_references.*m_leadsTo)(type)});
+    std::span<const unsigned int> left = (m_references.*m_leadsTo)(type);
+    while (!left.empty() && m_isSeen[left.front()])
+        left = left.subspan(1);
+    if (left.empty())
+        m_order.push_back(type);
+    else
+        m_visits.push_back({type, left});
 }
 
 } // namespace Import

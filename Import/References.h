@@ -32,11 +32,11 @@ public:
     /// @}
 
     /// Appends all types of another object.
-    void append(const References& other);
+    void append(References&& other);
 
-    /// The references of `types` among each other; their places there become their numbers. They
-    /// must refer to none but each other.
-    References among(const std::vector<unsigned int>& types) const;
+    /// Keeps the references of `types` among each other; their places there become their numbers.
+    /// They must refer to none but each other.
+    void keep(const std::vector<unsigned int>& types);
 
     /// The number of types.
     unsigned int count() const { return static_cast<unsigned int>(m_ends.size()); }

@@ -21,8 +21,8 @@ public:
 
     virtual Place placeOf(unsigned int number) const = 0;
 
-    /// The references of each type: the ids in its object, in that order.
-    virtual const References& references() const = 0;
+    /// The references of each type: the ids in its object, in that order. Called once.
+    virtual References takeReferences() = 0;
 
     /// The type, until the next call. Its ids may be changed; it has the same ones each time.
     virtual RTTI::RTBaseType& object(unsigned int number) = 0;

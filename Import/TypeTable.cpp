@@ -71,6 +71,14 @@ unsigned int notBehindItsParts(const References& references, const Ids& places) 
     return NONE;
 }
 
+/// The wanted types and those that they need, each after those that it needs.
+Ids orderOf(const References& references, const Ids& wanted) {
+    Ordering ordering(references);
+    for (const unsigned int id : wanted)
+        ordering.walkFrom(id);
+    return ordering.order();
+}
+
 /// A type that is a part of itself, or NONE.
 unsigned int partOfItself(const References& references) {
     Ids places(references.count());
@@ -116,12 +124,12 @@ unsigned int TypeTable::add(std::unique_ptr<RTBaseType> type, const Place& place
 void TypeTable::addSource(std::unique_ptr<TypeSource> source) { m_source = std::move(source); }
 
 /// Those of all types.
-References TypeTable::references() const {
+References TypeTable::takeReferences() {
     References all;
     for (const Entry& entry : m_types)
         all.add(entry.type.get());
     if (m_source != nullptr)
-        all.append(m_source->references());
+        all.append(m_source->takeReferences());
     return all;
 }
 
@@ -229,12 +237,9 @@ void TypeTable::handOver(const Ids& order, const References& references, const T
 
 void TypeTable::finish(const std::vector<std::string>& packages, Notes& notes,
                        const TakeType& take) {
-    const References all = references();
-    Ordering ordering(all);
-    for (const unsigned int id : completeTypes(all, wantedIds(packages), notes))
-        ordering.walkFrom(id);
-    const Ids& order = ordering.order();
-    const References references = all.among(order);
+    References references = takeReferences();
+    const Ids order = orderOf(references, completeTypes(references, wantedIds(packages), notes));
+    references.keep(order);
     if (const unsigned int place = partOfItself(references); place != NONE)
         throw ImportError(placeOf(order[place]),
                           "the input is damaged: " + labelOf(nameOf(order[place])) +

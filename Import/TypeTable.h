@@ -86,7 +86,7 @@ private:
         unsigned int package;
     };
 
-    References references() const;
+    References takeReferences();
     std::string_view nameOf(unsigned int id) const;
     Place placeOf(unsigned int id) const;
     RTTI::RTBaseType& object(unsigned int id);

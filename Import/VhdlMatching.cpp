@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t NONE = VhdlType::NONE;
 
-bool haveSameNames(std::span<const VhdlPart> a, std::span<const VhdlPart> b) {
+bool haveSameNames(const PoolList<VhdlPart>& a, const PoolList<VhdlPart>& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
         return x.name == y.name && x.value == y.value;
     });
@@ -30,15 +30,15 @@ bool isPrintedAlike(double listed, double exact) {
     return std::string(digits[0]) == digits[1];
 }
 
-bool canMean(const VhdlRealRange& listed, const VhdlRealRange& exact) {
-    return !exact.isKnown || !listed.isKnown ||
-           (listed.isDownto == exact.isDownto && isPrintedAlike(listed.left, exact.left) &&
-            isPrintedAlike(listed.right, exact.right));
+bool canMean(const VhdlRealRange* listed, const VhdlRealRange* exact) {
+    return exact == nullptr || listed == nullptr ||
+           (listed->isDownto == exact->isDownto && isPrintedAlike(listed->left, exact->left) &&
+            isPrintedAlike(listed->right, exact->right));
 }
 
 /// A range that the listing has, as one of reals.
 VhdlRealRange asReal(const VhdlRange& range) {
-    return {true, false, range.isDownto, static_cast<double>(range.left),
+    return {false, range.isDownto, static_cast<double>(range.left),
             static_cast<double>(range.right)};
 }
 
@@ -60,18 +60,13 @@ public:
             const std::uint32_t wave = findWave(id);
             m_joined[id] = wave != NONE ? wave : next++;
         }
+        m_firstInput = m_waves.takeRest(m_listings, m_joined);
         for (std::uint32_t id = 0; id < m_listings.size(); ++id) {
             if (m_joined[id] < m_offset)
                 complete(m_waves[m_joined[id]], m_listings[id]);
             else
                 m_waves.add(joinedType(m_listings[id]));
         }
-        std::vector<VhdlDeclaration> declarations;
-        for (const VhdlDeclaration& declaration : m_listings.declarations())
-            declarations.push_back({m_joined[declaration.type], declaration.package});
-        m_waves.pool().take(std::move(m_listings.pool()));
-        std::vector<VhdlDeclaration>& all = m_waves.declarations();
-        all.insert(all.begin(), declarations.begin(), declarations.end());
         return std::move(m_waves);
     }
 
@@ -131,7 +126,7 @@ private:
         if (listed.kind == VhdlKind::UNKNOWN)
             return true;
         if (listed.mayBeReal && wave.kind == VhdlKind::REAL)
-            return Import::canMean(asReal(listed.range), wave.realRange);
+            return canMeanReal(asReal(listed.range), wave);
         if (listed.kind != wave.kind || !haveSameRange(listed, wave))
             return false;
         switch (listed.kind) {
@@ -140,17 +135,21 @@ private:
         case VhdlKind::REAL: return Import::canMean(listed.realRange, wave.realRange);
         case VhdlKind::ARRAY: return compareArrays(listed, wave);
         case VhdlKind::RECORD:
-            return std::equal(listed.parts.begin(), listed.parts.end(), wave.parts.begin(),
-                              wave.parts.end(), [&](const VhdlPart& a, const VhdlPart& b) {
-                                  return a.name == b.name &&
-                                         (isUntold(a.use) || (haveSameRanges(a.use, b.use.ranges) &&
-                                                              canMeanUse(a.use, b.use.type)));
+            return haveSameNames(listed.parts, wave.parts) &&
+                   std::equal(listed.uses.begin(), listed.uses.end(), wave.uses.begin(),
+                              [&](const VhdlUse& a, const VhdlUse& b) {
+                                  return isUntold(a) ||
+                                         (haveSameRanges(a, b.ranges) && canMeanUse(a, b.type));
                               });
         case VhdlKind::SUBTYPE:
             return isUntold(listed.of) ||
                    (canMeanUse(listed.of, wave.of.type) && haveSameRanges(listed, wave));
         default: return true;
         }
+    }
+
+    static bool canMeanReal(const VhdlRealRange& listed, const VhdlType& wave) {
+        return Import::canMean(&listed, wave.realRange);
     }
 
     static bool haveSameRange(const VhdlType& listed, const VhdlType& wave) {
@@ -187,14 +186,14 @@ private:
     }
 
     bool compareArrays(const VhdlType& listed, const VhdlType& wave) {
-        const std::size_t own = listed.indexes.size();
-        if (own != wave.indexes.size() || !haveSameRanges(listed.of, wave.of.ranges, own))
+        const std::size_t own = listed.uses.size();
+        if (own != wave.uses.size() || !haveSameRanges(listed.of, wave.of.ranges, own))
             return false;
         for (std::size_t i = 0; i < own; ++i) {
             if (listed.of.ranges[i] != wave.of.ranges[i] && !wave.of.ranges[i].isOpen)
                 return false;
-            const VhdlUse& index = listed.indexes[i];
-            if (index.type != NONE && !canMeanUse(index, wave.indexes[i].type))
+            const VhdlUse& index = listed.uses[i];
+            if (index.type != NONE && !canMeanUse(index, wave.uses[i].type))
                 return false;
         }
         return canMeanUse(listed.of, wave.of.type);
@@ -215,8 +214,8 @@ private:
                                  [](const VhdlRange& range) { return range.isOpen; });
         };
         return static_cast<std::size_t>(std::accumulate(
-            type.parts.begin(), type.parts.end(), openIn(type.of),
-            [&](std::ptrdiff_t count, const VhdlPart& part) { return count + openIn(part.use); }));
+            type.uses.begin(), type.uses.end(), openIn(type.of),
+            [&](std::ptrdiff_t count, const VhdlUse& use) { return count + openIn(use); }));
     }
 
     VhdlUse joinedUse(VhdlUse use) {
@@ -241,23 +240,22 @@ private:
 
     VhdlType joinedType(VhdlType type) {
         if (type.kind == VhdlKind::ARRAY || type.kind == VhdlKind::SUBTYPE)
-            addOpenRanges(type.of, type.indexes.size());
-        std::vector<VhdlPart> parts(type.parts.begin(), type.parts.end());
-        for (VhdlPart& part : parts)
-            addOpenRanges(part.use);
+            addOpenRanges(type.of, type.uses.size());
+        std::vector<VhdlUse> uses(type.uses.begin(), type.uses.end());
+        for (VhdlUse& use : uses) {
+            if (type.kind == VhdlKind::RECORD)
+                addOpenRanges(use);
+        }
         type.of = joinedUse(type.of);
         // A listing may not tell how many ranges its members leave open.
         if (type.mayBePart && type.of.type < m_offset)
             type.of.ranges = openRanges(openCount(m_waves[type.of.type]));
-        std::vector<VhdlUse> indexes(type.indexes.begin(), type.indexes.end());
-        for (VhdlUse& index : indexes) {
-            if (index.type != NONE)
-                index = joinedUse(index);
+        for (VhdlUse& use : uses) {
+            if (use.type != NONE)
+                use = joinedUse(use);
         }
-        for (VhdlPart& part : parts)
-            part.use = joinedUse(part.use);
-        type.indexes = m_waves.pool().keep(indexes);
-        type.parts = m_waves.pool().keep(parts);
+        type.uses = m_waves.pool().keep(uses);
+        type.input += m_firstInput;
         return type;
     }
 
@@ -273,7 +271,7 @@ private:
     void complete(VhdlType& wave, const VhdlType& listed) {
         if (wave.range.isOpen)
             wave.range = listed.range;
-        if (!wave.realRange.isKnown)
+        if (wave.realRange == nullptr)
             wave.realRange = listed.realRange;
         if (listed.kind == VhdlKind::ARRAY)
             wave.of.ranges = m_waves.pool().keep(withBegin(wave.of.ranges, listed.of.ranges));
@@ -285,6 +283,7 @@ private:
     VhdlTypes m_waves;
     VhdlTypes m_listings;
     std::uint32_t m_offset;
+    std::uint32_t m_firstInput = 0;      ///< Of the listings.
     std::vector<std::uint32_t> m_joined; ///< What each type of the listings has become.
     std::vector<bool> m_isDeclared;      ///< Of each type of the waves.
     std::unordered_map<std::uint32_t, std::span<const VhdlRange>> m_completed;

@@ -16,7 +16,7 @@ std::string textOf(const VhdlRange& range) {
 } // namespace
 
 void VhdlNotes::add(const VhdlType& type, const std::string& text) {
-    m_notes.add(type.place, labelOf(type) + ": " + text);
+    m_notes.add(m_types.placeOf(type), labelOf(type) + ": " + text);
 }
 
 void VhdlNotes::addOf(const VhdlType& type) {
@@ -64,9 +64,9 @@ void VhdlNotes::ofInteger(const VhdlType& type) {
 void VhdlNotes::ofReal(const VhdlType& type) {
     if (isPredefined(type))
         return;
-    if (!type.realRange.isKnown)
+    if (type.realRange == nullptr)
         add(type, "its range is not in the input; all reals are assumed");
-    else if (!type.realRange.isExact)
+    else if (!type.realRange->isExact)
         add(type, "the input gives the bounds of its range to six digits only");
 }
 

@@ -123,10 +123,10 @@ public:
 
     std::string_view nameOf(unsigned int number) const override { return (*this)[number].name; }
 
-    Place placeOf(unsigned int number) const override { return (*this)[number].place; }
+    Place placeOf(unsigned int number) const override { return m_types.placeOf((*this)[number]); }
 
     References& references() { return m_references; }
-    const References& references() const override { return m_references; }
+    References takeReferences() override { return std::move(m_references); }
 
     RTBaseType& object(unsigned int number) override {
         const VhdlType& type = (*this)[number];
@@ -178,13 +178,14 @@ private:
     }
 
     RTBaseType& real(const VhdlType& type) {
-        const VhdlRealRange& range = type.realRange;
-        const bool isWhole = isPredefined(type) || !range.isKnown;
-        m_real.m_left = isWhole ? std::numeric_limits<double>::lowest() : range.left;
-        m_real.m_right = isWhole ? std::numeric_limits<double>::max() : range.right;
-        m_real.m_direction = range.isDownto && !isPredefined(type)
-                                 ? TypeFileFormat::DOWNTO_DIRECTION
-                                 : TypeFileFormat::TO_DIRECTION;
+        static constexpr VhdlRealRange WHOLE = {true, false, std::numeric_limits<double>::lowest(),
+                                                std::numeric_limits<double>::max()};
+        const bool isWhole = isPredefined(type) || type.realRange == nullptr;
+        const VhdlRealRange& range = isWhole ? WHOLE : *type.realRange;
+        m_real.m_left = range.left;
+        m_real.m_right = range.right;
+        m_real.m_direction =
+            range.isDownto ? TypeFileFormat::DOWNTO_DIRECTION : TypeFileFormat::TO_DIRECTION;
         return m_real;
     }
 
@@ -199,7 +200,7 @@ private:
         m_array.m_arrayKind = VHDL_ARRAY;
         m_array.m_elementTypeId = idOf(type.of);
         m_array.m_indexTypeIds.clear();
-        for (const VhdlUse& index : type.indexes)
+        for (const VhdlUse& index : type.uses)
             m_array.m_indexTypeIds.push_back(
                 index.type == VhdlType::NONE ? TypeFileFormat::NO_TYPE_ID : idOf(index));
         setConstraints(m_array.m_constraints, type.of);
@@ -217,8 +218,8 @@ private:
                 m_members.push_back(std::make_unique<Lent<RTAggregateType::t_Member>>());
             auto& member = *m_members[place];
             member.m_memberName = lent(part.name);
-            member.m_typeId = idOf(part.use);
-            setConstraints(member.m_constraints, part.use);
+            member.m_typeId = idOf(type.uses[place]);
+            setConstraints(member.m_constraints, type.uses[place]);
             m_record.m_members.push_back(&member);
         }
         return m_record;
@@ -281,7 +282,7 @@ private:
         if (type.kind == VhdlKind::UNKNOWN)
             m_notes.add(type, type.reason);
         else
-            table.want(need(declaration.type), declaration.package);
+            table.want(need(declaration.type), m_types.packageOf(declaration));
     }
 
     unsigned int need(std::uint32_t type) {

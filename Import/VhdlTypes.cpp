@@ -17,22 +17,21 @@ public:
                unsigned(type.mayBePart));
         text(type.name);
         use(type.of);
-        number(type.indexes.size());
-        for (const VhdlUse& index : type.indexes)
-            use(index);
+        number(type.uses.size());
+        for (const VhdlUse& each : type.uses)
+            use(each);
         number(type.parts.size());
         for (const VhdlPart& part : type.parts) {
             text(part.name);
             number(static_cast<std::uint64_t>(part.value));
-            use(part.use);
         }
         range(type.range);
-        const VhdlRealRange& real = type.realRange;
-        flags(real.isKnown, real.isExact, real.isDownto);
-        if (real.isKnown) {
-            number(std::bit_cast<std::uint64_t>(real.left));
-            number(std::bit_cast<std::uint64_t>(real.right));
-        }
+        const VhdlRealRange* const real = type.realRange;
+        if (real == nullptr)
+            return;
+        flags(real->isExact, real->isDownto, false);
+        number(std::bit_cast<std::uint64_t>(real->left));
+        number(std::bit_cast<std::uint64_t>(real->right));
     }
 
 private:
@@ -93,10 +92,10 @@ unsigned int VhdlTypes::keyNumberOf(const VhdlType& type) {
     return m_keys.of(m_key);
 }
 
-std::uint32_t VhdlTypes::intern(VhdlType&& type) {
+std::uint32_t VhdlTypes::intern(const VhdlType& type) {
     const unsigned int number = keyNumberOf(type);
     if (number == m_ofKeys.size())
-        m_ofKeys.push_back(add(std::move(type)));
+        m_ofKeys.push_back(add(type));
     return m_ofKeys[number];
 }
 
@@ -110,8 +109,27 @@ void VhdlTypes::internAdded() {
     }
 }
 
-std::uint32_t VhdlTypes::add(VhdlType&& type) {
-    m_types.push_back(std::move(type));
+void VhdlTypes::declare(std::uint32_t type, std::string_view package) {
+    if (m_packages.empty() || m_packages.back() != package)
+        m_packages.push_back(m_pool.keep(package));
+    m_declarations.push_back({type, static_cast<std::uint32_t>(m_packages.size()) - 1});
+}
+
+std::uint32_t VhdlTypes::takeRest(VhdlTypes& others, const std::vector<std::uint32_t>& newIds) {
+    const auto firstInput = static_cast<std::uint32_t>(m_inputs.size());
+    const auto firstPackage = static_cast<std::uint32_t>(m_packages.size());
+    m_pool.take(std::move(others.m_pool));
+    m_inputs.insert(m_inputs.end(), others.m_inputs.begin(), others.m_inputs.end());
+    m_packages.insert(m_packages.end(), others.m_packages.begin(), others.m_packages.end());
+    for (VhdlDeclaration& declaration : others.m_declarations)
+        declaration = {newIds[declaration.type], firstPackage + declaration.package};
+    m_declarations.insert(m_declarations.begin(), others.m_declarations.begin(),
+                          others.m_declarations.end());
+    return firstInput;
+}
+
+std::uint32_t VhdlTypes::add(const VhdlType& type) {
+    m_types.push_back(type);
     return size() - 1;
 }
 

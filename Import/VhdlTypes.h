@@ -45,51 +45,52 @@ struct VhdlRange {
 
 /// A range of reals.
 struct VhdlRealRange {
-    bool isKnown = false;
     bool isExact = true; ///< Else both bounds have six digits.
     bool isDownto = false;
     double left = 0;
     double right = 0;
 };
 
-/// A type where another one uses it. Lists and names here and below belong to the pool of their
-/// VhdlTypes.
+/// A type where another one uses it. Lists, names and ranges of reals here and below belong to the
+/// pool of their VhdlTypes.
 struct VhdlUse {
     std::uint32_t type = 0;
+
+    /// Other types that may be meant, because they have the same name.
+    PoolList<std::uint32_t> alternatives;
 
     /// What is said about the ranges that the type leaves open, in their order: its own dimensions,
     /// then those of its element; those of a record's members. Empty where it leaves none open.
     std::span<const VhdlRange> ranges;
-
-    /// Other types that may be meant, because they have the same name.
-    std::span<const std::uint32_t> alternatives;
 };
 
 /// A literal, a unit or a member.
 struct VhdlPart {
     std::string_view name;
     std::int64_t value = 0; ///< Of a unit: in primary units.
-    VhdlUse use;            ///< Of a member.
 };
 
 /// A type as VHDL declares it. Names are Latin-1, in lower case but for literals of one character
 /// and extended identifiers.
 struct VhdlType {
     VhdlKind kind = VhdlKind::UNKNOWN;
-    std::string_view name; ///< Empty where the source gives it none.
-    Place place;
+    bool mayBeReal = false;  ///< An integer type by the look of its bounds alone.
+    bool mayBePart = false;  ///< A subtype that may have ranges which the input does not say.
+    std::uint32_t input = 0; ///< The number of the one that has it,
+    std::uint64_t place = 0; ///< and the line or byte there.
+    std::string_view name;   ///< Empty where the source gives it none.
 
     /// The element of an array, with the ranges of the array's own dimensions in front; the base of
     /// a subtype; what an access or file type is of.
     VhdlUse of;
 
-    std::span<const VhdlUse> indexes; ///< Of an array; types are NONE where the input does not say.
-    std::span<const VhdlPart> parts;
+    /// The indexes of an array, NONE where the input does not say, or what the members of a record
+    /// are of.
+    PoolList<VhdlUse> uses;
+    PoolList<VhdlPart> parts;
     VhdlRange range; ///< Of an integer or physical type, or of a scalar subtype; may be unknown.
-    VhdlRealRange realRange;
-    const char* reason = ""; ///< Of one that is not known: why, for a note.
-    bool mayBeReal = false;  ///< An integer type by the look of its bounds alone.
-    bool mayBePart = false;  ///< A subtype that may have ranges which the input does not say.
+    const VhdlRealRange* realRange = nullptr; ///< Null where it is not known.
+    const char* reason = "";                  ///< Of one that is not known: why, for a note.
 
     static constexpr std::uint32_t NONE = 0xFFFFFFFF;
 };
@@ -100,8 +101,8 @@ inline constexpr std::int64_t LEAST_BOUND = std::numeric_limits<std::int32_t>::m
 inline constexpr std::int64_t LARGEST_BOUND = std::numeric_limits<std::int32_t>::max();
 /// @}
 
-/// Whether two lists of ranges, or of anything else, are the same.
-template <typename T> bool areEqual(std::span<const T> a, std::span<const T> b) {
+/// Whether two lists of ranges are the same.
+inline bool areEqual(std::span<const VhdlRange> a, std::span<const VhdlRange> b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end());
 }
 
@@ -119,20 +120,16 @@ std::string labelOf(const VhdlType& type);
 template <typename Take> void forEachUse(const VhdlType& type, Take take) {
     if (type.kind >= VhdlKind::ARRAY && type.kind != VhdlKind::RECORD)
         take(type.of);
-    for (const VhdlUse& index : type.indexes) {
-        if (index.type != VhdlType::NONE)
-            take(index);
+    for (const VhdlUse& use : type.uses) {
+        if (use.type != VhdlType::NONE)
+            take(use);
     }
-    if (type.kind != VhdlKind::RECORD)
-        return;
-    for (const VhdlPart& member : type.parts)
-        take(member.use);
 }
 
 /// A declaration: of which type, and where.
 struct VhdlDeclaration {
     std::uint32_t type = 0;
-    std::string_view package; ///< Empty outside a package.
+    std::uint32_t package = 0; ///< Which of the packages.
 };
 
 /// The types of a design, and which of them were declared.
@@ -153,10 +150,10 @@ public:
 
     /// Adds a type, or finds the equal one among those that were interned. The types that it refers
     /// to have to be there.
-    std::uint32_t intern(VhdlType&& type);
+    std::uint32_t intern(const VhdlType& type);
 
     /// Adds a type that may refer to others which are still to come, or that none so far can equal.
-    std::uint32_t add(VhdlType&& type);
+    std::uint32_t add(const VhdlType& type);
 
     /// Makes types be found that were added. None of them equals another one.
     void internAdded();
@@ -165,18 +162,33 @@ public:
     const VhdlType& operator[](std::uint32_t id) const { return m_types[id]; }
     std::uint32_t size() const { return static_cast<std::uint32_t>(m_types.size()); }
 
-    void declare(std::uint32_t type, std::string_view package) {
-        m_declarations.push_back({type, m_pool.keep(package)});
+    /// Adds an input by any place in it. The answer is its number.
+    std::uint32_t addInput(const Place& place) {
+        m_inputs.push_back(place);
+        return static_cast<std::uint32_t>(m_inputs.size()) - 1;
     }
-    std::vector<VhdlDeclaration>& declarations() { return m_declarations; }
+    Place placeOf(const VhdlType& type) const { return m_inputs[type.input].at(type.place); }
+
+    /// The package is empty outside one.
+    void declare(std::uint32_t type, std::string_view package);
     const std::vector<VhdlDeclaration>& declarations() const { return m_declarations; }
+    std::string_view packageOf(const VhdlDeclaration& declaration) const {
+        return m_packages[declaration.package];
+    }
+
+    /// Takes over all that others have but the types: what these are made of, their inputs, which
+    /// come after its own, and their declarations, which come first, of the types that now have the
+    /// ids in `newIds`. The answer is the new number of the first input.
+    std::uint32_t takeRest(VhdlTypes& others, const std::vector<std::uint32_t>& newIds);
 
 private:
     unsigned int keyNumberOf(const VhdlType& type);
 
     Pool m_pool;
     std::vector<VhdlType> m_types;
+    std::vector<Place> m_inputs;
     std::vector<VhdlDeclaration> m_declarations;
+    std::vector<std::string_view> m_packages;
     TypeFile::KeyNumbers m_keys{0};      ///< Of those that were interned.
     std::vector<std::uint32_t> m_ofKeys; ///< The type of each key.
     std::string m_key;                   ///< Of the type that is being interned.

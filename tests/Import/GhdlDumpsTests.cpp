@@ -750,6 +750,31 @@ TEST(JoinedDumps, WavesNeedNotHaveTheRangeOfReals) {
     EXPECT_EQ(types.wave(file.file()).lines(), (Lines{"r: real -1.5 to 2.5"}));
 }
 
+TEST(JoinedDumps, NotesAreAboutTheFileThatHasTheType) {
+    ImportedTypes types;
+    for (const char* const name : {"a", "b"}) {
+        GhwBuilder file;
+        file.names({name, "r"}).type(INTEGER, {1});
+        types.wave(file.file(), std::string(name) + ".ghw");
+    }
+    types.package(" ghdl_rtik_type_protected: prot is protected\n").lines();
+    EXPECT_EQ(
+        types.notes(),
+        (Lines{"l:3: type prot: there are no records of protected types",
+               "a.ghw: offset 52: type a: its range is not in the input; 32 bits are assumed",
+               "b.ghw: offset 52: type b: its range is not in the input; 32 bits are assumed"}));
+}
+
+TEST(JoinedDumps, PackagesAreThoseOfTheListing) {
+    GhwBuilder file;
+    file.names({"a", "e", "f", "w"}).type(ENUM, {2, 1, 1}).type(ENUM, {3, 1, 1});
+    file.type(ENUM, {4, 1, 1});
+    ImportedTypes types;
+    types.listing("ghdl_rtik_package, D=1, sloc=1:1: p\n ghdl_rtik_type_e8: e is (a)\n"
+                  "ghdl_rtik_package, D=1, sloc=1:1: q\n ghdl_rtik_type_e8: f is (a)\n");
+    EXPECT_EQ(types.wave(file.file()).lines({"q"}), Lines{"f: enum a"});
+}
+
 TEST(JoinedDumps, ANameThatTwoTypesHaveDoesNotTellWhichIsMeant) {
     GhwBuilder file;
     file.names({"a", "b", "t"}).type(ENUM, {3, 1, 1}).type(ENUM, {3, 1, 2});

@@ -73,7 +73,7 @@ TEST_P(GhwFiles, AnEnumerationHasItsLiterals) {
     ASSERT_EQ(file.types.size(), 2u);
     EXPECT_EQ(file.types[1].kind, GhwKind::ENUM_OF_BYTES);
     EXPECT_EQ(file.types[1].name, 3u);
-    ASSERT_EQ(file.types[1].parts.count, 2u);
+    ASSERT_EQ(file.types[1].items.count, 2u);
     EXPECT_EQ(file.partsOf(file.types[1])[1].name, 2u);
 }
 
@@ -108,7 +108,7 @@ TEST_P(GhwFiles, AnArrayOfOpenArraysHasARangeForEach) {
     m_file.type(ARRAY_SUBTYPE, {0, 4}).range(INTEGER, 0, 1);
     m_file.range(INTEGER | DOWNTO, 3, 2).range(INTEGER, 4, 5);
     const GhwFile file = read(m_file.file());
-    ASSERT_EQ(file.types[5].ranges.count, 3u);
+    ASSERT_EQ(file.types[5].items.count, 3u);
     EXPECT_TRUE(file.rangesOf(file.types[5])[1].isDownto);
     EXPECT_EQ(file.rangesOf(file.types[5])[2].right, 5);
 }
@@ -117,7 +117,7 @@ TEST_P(GhwFiles, AnElementWithRangesNeedsNoMoreOfThem) {
     m_file.type(INTEGER, {0}).type(ARRAY, {0, 1, 1, 1});
     m_file.type(ARRAY_SUBTYPE, {0, 2}).range(INTEGER, 0, 7);
     m_file.type(ARRAY, {0, 3, 1, 1}).type(ARRAY_SUBTYPE, {0, 4}).range(INTEGER, 1, 2);
-    EXPECT_EQ(read(m_file.file()).types[5].ranges.count, 1u);
+    EXPECT_EQ(read(m_file.file()).types[5].items.count, 1u);
 }
 
 TEST_P(GhwFiles, ASubtypeOfARecordHasTheRangesThatItsMembersLeaveOpen) {
@@ -125,7 +125,7 @@ TEST_P(GhwFiles, ASubtypeOfARecordHasTheRangesThatItsMembersLeaveOpen) {
     m_file.type(RECORD, {0, 3, 1, 2, 2, 1, 1, 2}); // Members of types 2, 1 and 2.
     m_file.type(RECORD_SUBTYPE, {0, 3}).range(INTEGER, 0, 1).range(INTEGER, 2, 3);
     const GhwFile file = read(m_file.file());
-    ASSERT_EQ(file.types[4].ranges.count, 2u);
+    ASSERT_EQ(file.types[4].items.count, 2u);
     EXPECT_EQ(file.rangesOf(file.types[4])[1].left, 2);
 }
 

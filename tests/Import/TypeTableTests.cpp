@@ -33,7 +33,7 @@ public:
     Place placeOf(unsigned int number) const override {
         return Place::line(std::make_shared<const std::string>("q"), number);
     }
-    const References& references() const override { return m_references; }
+    References takeReferences() override { return std::move(m_references); }
     RTBaseType& object(unsigned int number) override {
         RTQueueType& type = *m_made.emplace_back(std::make_unique<RTQueueType>());
         TypeFile::setName(type, m_names[number]);

@@ -12,9 +12,9 @@
 /// What an import makes of texts and bytes, a line a type, to compare at a glance.
 class ImportedTypes {
 public:
-    ImportedTypes& wave(const std::string& bytes) {
+    ImportedTypes& wave(const std::string& bytes, const std::string& name = "w") {
         std::istringstream stream(bytes);
-        Import::Input input(stream, "w");
+        Import::Input input(stream, name);
         m_dumps.readWave(input);
         return *this;
     }
