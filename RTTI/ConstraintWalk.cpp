@@ -218,8 +218,8 @@ AggregateSet fruitlessBelow(const RTAggregateType& outermost) {
 /// segment alone, the path since its last class, for behind another class the walk goes on there.
 /// Once the outermost struct of the segment is left and gave nothing, the block holds everywhere.
 ///
-/// Blocks alone let n classes that lead back to one struct be passed by n times each. After many
-/// parts were passed by, the aggregates from which no path at all leads to a range are found, and
+/// Blocks alone let n classes that lead back to one struct be passed by n times each. After much
+/// effort, the aggregates from which no path at all leads to a range are found, and
 /// the walk does not enter them again.
 ///
 /// Nothing is allocated for an aggregate that holds no other one. Frames that an exception leaves
@@ -228,9 +228,9 @@ class ConstraintWalk {
 public:
     ConstraintWalk(Stack& stack, Ranges& out, std::size_t maxSteps)
         : m_stack(stack), m_out(out), m_maxSteps(maxSteps),
-          m_maxPassedBy(maxSteps < ANY_NUMBER / PASSED_BY_PER_STEP - FREELY_PASSED_BY
-                            ? maxSteps * PASSED_BY_PER_STEP + FREELY_PASSED_BY
-                            : ANY_NUMBER) {}
+          m_maxEffort(maxSteps < ANY_NUMBER / EFFORT_PER_STEP - FREE_EFFORT
+                          ? maxSteps * EFFORT_PER_STEP + FREE_EFFORT
+                          : ANY_NUMBER) {}
     ConstraintWalk(const ConstraintWalk&) = delete;
     ConstraintWalk& operator=(const ConstraintWalk&) = delete;
 
@@ -244,7 +244,7 @@ public:
     bool walk(const RTAggregateType& outermost) {
         enter(outermost, m_stack.depth());
         while (m_step.aggregate != nullptr && !isTooLong()) {
-            if (m_passedBy > PASSED_BY_BEFORE_SEARCH && !m_hasSearched)
+            if (m_effort > EFFORT_BEFORE_SEARCH && !m_hasSearched)
                 endFruitless(outermost);
             advance();
         }
@@ -257,12 +257,15 @@ private:
     /// So many outer steps are searched one by one; structs further in have entries of their own.
     static constexpr std::size_t SEARCHED_STEPS = 8;
 
-    /// How many parts are passed by before those that lead nowhere are searched for.
-    static constexpr std::size_t PASSED_BY_BEFORE_SEARCH = 1000;
+    /// What it takes to look at members, one each, and to pass by one that is an aggregate.
+    static constexpr std::size_t EFFORT_OF_PASSING_BY = 16;
 
-    /// How many parts a walk of limited steps may pass by.
-    static constexpr std::size_t PASSED_BY_PER_STEP = 16;
-    static constexpr std::size_t FREELY_PASSED_BY = 1 << 16;
+    /// Before the aggregates that lead nowhere are searched for.
+    static constexpr std::size_t EFFORT_BEFORE_SEARCH = 1000 * EFFORT_OF_PASSING_BY;
+
+    /// What a walk of limited steps may take.
+    static constexpr std::size_t EFFORT_PER_STEP = 32;
+    static constexpr std::size_t FREE_EFFORT = 1 << 20;
 
     /// An aggregate on the path.
     struct Step {
@@ -281,12 +284,11 @@ private:
     struct Block {
         const RTAggregateType* outermost;
         std::size_t segment;
-        bool isLifted = false; ///< It is blocked no more; its parts still know it.
     };
 
     /// A walk of ranges given before it started counts them as well: only a fresh one has a limit.
     std::size_t stepsTaken() const { return m_out.size() + m_fruitfulVisits; }
-    bool isTooLong() const { return stepsTaken() > m_maxSteps || m_passedBy > m_maxPassedBy; }
+    bool isTooLong() const { return stepsTaken() > m_maxSteps || m_effort > m_maxEffort; }
 
     bool isPassedBy(const RTAggregateType& aggregate);
     void enter(const RTAggregateType& aggregate, std::size_t depthBefore);
@@ -306,8 +308,8 @@ private:
     Ranges& m_out;
     std::set<const RTClassType*>& m_classesOnPath = classesOnPath();
     std::size_t m_maxSteps;
-    std::size_t m_maxPassedBy;
-    std::size_t m_passedBy = 0;       ///< Aggregates that were parts, and were not entered.
+    std::size_t m_maxEffort;
+    std::size_t m_effort = 0;
     bool m_hasSearched = false;       ///< For aggregates that give no ranges.
     std::size_t m_fruitfulVisits = 0; ///< Of aggregates that gave ranges.
     Step m_step;                      ///< The innermost one; of no aggregate once all is walked.
@@ -315,8 +317,8 @@ private:
     std::size_t m_classesEntered = 1;
     std::set<std::pair<const RTAggregateType*, std::size_t>> m_deepStructs; ///< With segments.
     std::unordered_map<const RTAggregateType*, Block> m_blocked;
-    /// What is unblocked with a part: all that hold it and have been blocked.
-    std::unordered_map<const RTAggregateType*, std::vector<const RTAggregateType*>> m_unblockedWith;
+    /// What is unblocked with a part: those that hold it and were blocked since it gave something.
+    std::unordered_map<const RTAggregateType*, AggregateSet> m_unblockedWith;
 };
 
 /// Makes an aggregate that is not passed by the innermost one.
@@ -343,7 +345,7 @@ bool ConstraintWalk::isPassedBy(const RTAggregateType& aggregate) {
         return true;
     }
     const auto blocked = m_blocked.find(&aggregate);
-    if (blocked == m_blocked.end() || blocked->second.isLifted)
+    if (blocked == m_blocked.end())
         return false;
     const Block& block = blocked->second;
     if (block.outermost == nullptr || isBlockedEverywhere(block.outermost))
@@ -368,8 +370,7 @@ bool ConstraintWalk::isOnSegment(const RTAggregateType& structure) const {
 
 bool ConstraintWalk::isBlockedEverywhere(const RTAggregateType* aggregate) const {
     const auto blocked = m_blocked.find(aggregate);
-    return blocked != m_blocked.end() && !blocked->second.isLifted &&
-           blocked->second.outermost == nullptr;
+    return blocked != m_blocked.end() && blocked->second.outermost == nullptr;
 }
 
 /// Before another aggregate takes the place of the innermost one.
@@ -410,14 +411,18 @@ void ConstraintWalk::advance() {
     const RTAggregateType::t_Member* const* const members = aggregate.m_members.data();
     const RTBaseType* const* const types = aggregate.m_memberTypes.data();
     const std::size_t count = std::min(aggregate.m_members.size(), aggregate.m_memberTypes.size());
-    for (std::size_t i = m_step.nextMember; i < count; ++i) {
+    const std::size_t first = m_step.nextMember;
+    std::size_t i = first;
+    bool goesOn = false;
+    for (; i < count && !goesOn; ++i) {
         if (members[i] == nullptr || types[i] == nullptr || isScalar(*types[i]))
             continue;
         m_step.nextMember = i + 1;
-        if (walkPart(&members[i]->m_constraints, types[i]))
-            return;
+        goesOn = walkPart(&members[i]->m_constraints, types[i]);
     }
-    leave();
+    m_effort += i - first;
+    if (!goesOn)
+        leave();
 }
 
 /// Whether the walk goes on below the part.
@@ -430,7 +435,7 @@ inline bool ConstraintWalk::walkPart(const Ranges* memberRanges, const RTBaseTyp
         enter(*below, depthBefore);
         return true;
     }
-    m_passedBy += below != nullptr ? 1 : 0;
+    m_effort += below != nullptr ? EFFORT_OF_PASSING_BY - 1 : 0;
     m_stack.popTo(depthBefore);
     return false;
 }
@@ -469,29 +474,25 @@ void ConstraintWalk::block(const Step& left) {
     const RTAggregateType& aggregate = *left.aggregate;
     const bool holdsHere = left.hasEnded && !left.isClass && left.outermost != &aggregate;
     m_step.hasEnded = m_step.hasEnded || holdsHere;
-    const Block block{holdsHere ? left.outermost : nullptr, m_step.segment};
-    if (!m_blocked.insert_or_assign(&aggregate, block).second)
-        return; // Its parts know.
+    m_blocked[&aggregate] = {holdsHere ? left.outermost : nullptr, m_step.segment};
     forEachPart(aggregate, [&](const RTBaseType* part) {
         if (const RTAggregateType* const below = endOfWay(part))
-            m_unblockedWith[below].push_back(&aggregate);
+            m_unblockedWith[below].insert(&aggregate);
     });
 }
 
 void ConstraintWalk::unblock(const RTAggregateType& changed) {
     if (m_blocked.empty())
         return;
-    const auto own = m_blocked.find(&changed);
-    if (own != m_blocked.end())
-        own->second.isLifted = true;
+    m_blocked.erase(&changed);
     std::vector<const RTAggregateType*> lifted{&changed};
     while (!lifted.empty()) {
-        const auto followers = m_unblockedWith.find(lifted.back());
+        const auto followers = m_unblockedWith.extract(lifted.back());
         lifted.pop_back();
-        if (followers == m_unblockedWith.end())
+        if (!followers)
             continue;
-        for (const RTAggregateType* follower : followers->second) {
-            if (!std::exchange(m_blocked.at(follower).isLifted, true))
+        for (const RTAggregateType* follower : followers.mapped()) {
+            if (m_blocked.erase(follower) != 0)
                 lifted.push_back(follower);
         }
     }

@@ -292,17 +292,31 @@ TEST_F(ConstraintPopulation, BoundedWalkOfALadderEndsWithTheFirstRanges) {
     EXPECT_EQ(numbersOf({some.ranges.back()}), numbersOf({{1, 0, 0}}));
 }
 
-TEST_F(ConstraintPopulation, BoundedWalkPassesBy65536PartsAnd16MoreForEachStep) {
+TEST_F(ConstraintPopulation, BoundedWalkLooksAtAMillionMembersAnd32MoreForEachStep) {
     const auto type = types.classType();
-    for (int i = 0; i < 65536 + 2 * 16; ++i)
-        types.addMember(type, type); // It is on the path.
+    for (int i = 0; i < (1 << 16) + 2 * 2 - 1; ++i)
+        types.addMember(type, type); // It is on the path, which counts as 16.
+    for (int i = 0; i < 15; ++i)
+        types.addMember(type, types.integer());
     types.addMember(type, numbered(1));
     EXPECT_TRUE(populateTypeConstraints(types[type], 2).isComplete);
-    types.addMember(type, type);
+    types.addMember(type, types.integer());
     EXPECT_FALSE(populateTypeConstraints(types[type], 2).isComplete);
     EXPECT_TRUE(populateTypeConstraints(types[type], 3).isComplete);
-    const std::size_t sixteenth = (std::numeric_limits<std::size_t>::max() >> 4) + 1;
-    EXPECT_TRUE(populateTypeConstraints(types[type], sixteenth).isComplete); // 16 times that is 0.
+    const std::size_t part = (std::numeric_limits<std::size_t>::max() >> 5) + 1;
+    EXPECT_TRUE(populateTypeConstraints(types[type], part).isComplete); // 32 times that is 0.
+}
+
+TEST_F(ConstraintPopulation, BoundedWalkOfALargeStructAgainAndAgainEnds) {
+    const auto large = types.structure({numbered(1)});
+    for (int i = 0; i < 5000; ++i)
+        types.addMember(large, types.integer());
+    const auto outer = types.structure();
+    for (int i = 0; i < 1000; ++i) // Each is two steps and 5001 members.
+        types.addMember(outer, large);
+    const PopulatedConstraints some = populateTypeConstraints(types[outer], 2000);
+    EXPECT_FALSE(some.isComplete);
+    EXPECT_NEAR(static_cast<double>(some.ranges.size()), ((1 << 20) + 32 * 2000) / 5001.0, 2);
 }
 
 TEST_F(ConstraintPopulation, ExceptionTakesFramesAndMarksBack) {
