@@ -1,9 +1,8 @@
 // Types as text: the dump of a table beside writing the same bytes, and its declarations, which a
 // load stands beside.
 
-#include "Inspect/declarations/DeclarationFile.h"
-#include "Inspect/views/TypeDumper.h"
 #include "bench/TypeStorage.h"
+#include "bench/Work.h"
 
 #include <benchmark/benchmark.h>
 
@@ -35,23 +34,15 @@ private:
 };
 
 TypeTable tableOf(const benchmark::State& state) {
-    const Bench::TypeList& types =
-        Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
-    return {static_cast<unsigned int>(types.size()),
-            [&types](unsigned int id) { return id < types.size() ? types[id] : nullptr; }};
-}
-
-void dump(std::ostream& out, const TypeTable& table) {
-    TypeDumper dumper(out, table);
-    for (unsigned int id = 0; id < table.count; ++id)
-        dumper.type(id, *table.typeOf(id));
+    return Bench::tableOf(
+        Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types());
 }
 
 void Dump(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         ScratchFile file;
         std::ostream& out = file.stream();
-        dump(out, tableOf(state));
+        Bench::dump(out, tableOf(state));
         if (!out.flush())
             state.SkipWithError("the file cannot be written");
     }
@@ -61,7 +52,7 @@ void Dump(benchmark::State& state) {
 void DumpFloor(benchmark::State& state) {
     const TypeTable table = tableOf(state);
     std::ostringstream text;
-    dump(text, table);
+    Bench::dump(text, table);
     const std::string bytes = text.str();
     const std::size_t piece = bytes.size() / table.count;
     for ([[maybe_unused]] auto _ : state) {
@@ -77,10 +68,7 @@ void DumpFloor(benchmark::State& state) {
 void Declarations(benchmark::State& state, SourceLanguage language) {
     for ([[maybe_unused]] auto _ : state) {
         ScratchFile file;
-        DeclarationFile declarations(file.stream(), tableOf(state), language, IdComments::NONE);
-        for (unsigned int id = 0; id < state.range(0); ++id)
-            declarations.addUnlessSpelledOut(id);
-        declarations.end();
+        Bench::declare(file.stream(), tableOf(state), language);
     }
 }
 

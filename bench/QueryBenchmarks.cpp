@@ -1,8 +1,8 @@
 // Each query, asked of every type of a table; the floor is a virtual call that answers at once.
 
-#include "RTTI/ConstraintStack.h"
 #include "RTTI/RTType.h"
 #include "bench/TypeStorage.h"
+#include "bench/Work.h"
 
 #include <benchmark/benchmark.h>
 
@@ -40,13 +40,6 @@ unsigned int dimensionsOf(const RTBaseType& type) {
 }
 QUERY(getTotalNumDimensions, dimensionsOf(type));
 
-std::size_t rangesOf(const RTBaseType& type) {
-    Brakel_tolv::ConstraintStack<FullConstraints> stack;
-    static thread_local std::vector<FullConstraints> out;
-    out.clear();
-    type.populateTypeConstraints(stack, out);
-    return out.size();
-}
-QUERY(populateTypeConstraints, rangesOf(type));
+QUERY(populateTypeConstraints, Bench::rangesOf(type));
 
 } // namespace

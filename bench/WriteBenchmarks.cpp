@@ -1,14 +1,12 @@
 // Writing a table that is loaded, and turning it into JSON and back. A load of the same table is
 // what they stand beside.
 
-#include "Inspect/json/TypeJsonReader.h"
-#include "Inspect/json/TypeJsonWriter.h"
 #include "TypeFile/TypeFileWriter.h"
 #include "bench/TypeStorage.h"
+#include "bench/Work.h"
 
 #include <benchmark/benchmark.h>
 
-#include <sstream>
 #include <string>
 
 namespace {
@@ -19,15 +17,6 @@ using Bench::TypeList;
 
 const TypeList& typesOf(const benchmark::State& state) {
     return Bench::TypeStorage::of(static_cast<unsigned int>(state.range(0))).types();
-}
-
-std::string jsonOf(const TypeList& types) {
-    std::ostringstream text;
-    Inspect::TypeJsonWriter writer(text, Inspect::JsonForm::DOCUMENT, "generated");
-    for (unsigned int id = 0; id < types.size(); ++id)
-        writer.type(id, *types[id]);
-    writer.end();
-    return text.str();
 }
 
 void Write(benchmark::State& state) {
@@ -43,20 +32,13 @@ void Write(benchmark::State& state) {
 void WriteJson(benchmark::State& state) {
     const TypeList& types = typesOf(state);
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(jsonOf(types).data());
+        benchmark::DoNotOptimize(Bench::jsonOf(types).data());
 }
 
 void ReadJson(benchmark::State& state) {
-    const std::string text = jsonOf(typesOf(state));
-    for ([[maybe_unused]] auto _ : state) {
-        std::istringstream in(text);
-        TypeFile::TypeFileWriter writer;
-        Inspect::TypeJsonReader reader(
-            [&](unsigned int id, const RTBaseType& type) { writer.add(id, type); },
-            [&](std::string_view version) { writer.setVersion(version); });
-        reader.readDocument(in);
-        benchmark::DoNotOptimize(writer.finish().data());
-    }
+    const std::string text = Bench::jsonOf(typesOf(state));
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(Bench::buildFromJson(text));
 }
 
 BENCHMARK(Write)->RangeMultiplier(10)->Range(1000, 1000000)->UseRealTime();
