@@ -163,7 +163,7 @@ void DeclaredNames::findDeclaredTypes() {
             continue;
         const auto& alias = static_cast<const RTTypedefType&>(*m_types.typeOf(id));
         const unsigned int data = alias.m_dataTypeId;
-        if (!hasNameOfItsData(alias))
+        if (!hasNameOfItsData(id, alias))
             continue;
         if (addsNothing(alias))
             m_facts[id].declaredType = followed(id);
@@ -178,7 +178,7 @@ unsigned int DeclaredNames::followed(unsigned int id) const {
         if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
             return id;
         const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (!hasNameOfItsData(alias) || !addsNothing(alias))
+        if (!hasNameOfItsData(id, alias) || !addsNothing(alias))
             return id;
         id = alias.m_dataTypeId;
     }
@@ -196,7 +196,11 @@ void DeclaredNames::placeInPackages() {
         if (isOfLanguage(type) && !isPredefined(type))
             declared[id] = type;
     }
-    m_packages = DeclaredPackages(m_types, declared);
+    std::vector<std::string_view> names;
+    names.reserve(m_types.count);
+    for (const Facts& facts : m_facts)
+        names.push_back(facts.name);
+    m_packages = DeclaredPackages(m_types, declared, names);
 }
 
 void DeclaredNames::claimPackages() {
@@ -205,15 +209,19 @@ void DeclaredNames::claimPackages() {
 }
 
 void DeclaredNames::claimTypes() {
+    m_owners.reserve(m_types.count);
     for (unsigned int id = 0; id < m_types.count; ++id) {
         Facts& facts = m_facts[id];
         if (!facts.isOfLanguage || facts.name.empty() || facts.isPredefined || facts.yields ||
             facts.declaredType != id)
             continue;
-        const Identifier identifier = identifierOf(m_language, localName(id));
+        const std::string_view name = localName(id);
+        const Identifier identifier = identifierOf(m_language, name);
         const Owner owner = typeOwner(id);
         facts.keepsName =
             claim(identityHash(m_language, identifier), owner, m_packages.packageOf(id)) == owner;
+        if (facts.keepsName && identifier.isName())
+            facts.spelling = name;
     }
 }
 
@@ -230,8 +238,10 @@ void DeclaredNames::claimLiterals() {
             facts.keepsLiterals = facts.keepsLiterals && !name.empty();
             if (name.empty())
                 continue;
-            hashes.push_back(identityHash(m_language, spelled(m_language, name)));
-            if (claim(hashes.back(), owner, m_packages.packageOf(id)) != owner)
+            const Identifier identifier = spelled(m_language, name);
+            hashes.push_back(identityHash(m_language, identifier));
+            if (claim(hashes.back(), owner, m_packages.packageOf(id)) != owner ||
+                !identifier.isName())
                 facts.keepsLiterals = false;
         }
         facts.keepsLiterals = facts.keepsLiterals && areDistinct(hashes);
@@ -285,12 +295,15 @@ bool DeclaredNames::isHidden(std::string_view literal) const {
     return owner != NameOwners::NOBODY && owner != OVERLOADED && owner != PREDEFINED;
 }
 
-bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
-    const RTBaseType* data = alias.m_dataType;
-    if (data == nullptr || nameOf(*data).empty() || nameOf(alias).size() != nameOf(*data).size())
+bool DeclaredNames::hasNameOfItsData(unsigned int id, const RTTypedefType& alias) const {
+    if (alias.m_dataType == nullptr)
         return false;
-    return identityOf(m_language, identifierOf(m_language, nameOf(alias))) ==
-           identityOf(m_language, identifierOf(m_language, nameOf(*data)));
+    const std::string_view name = givenName(id);
+    const std::string_view data = givenName(alias.m_dataTypeId);
+    if (data.empty() || name.size() != data.size())
+        return false;
+    return identityOf(m_language, identifierOf(m_language, name)) ==
+           identityOf(m_language, identifierOf(m_language, data));
 }
 
 bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
@@ -359,6 +372,8 @@ Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) con
 
 Identifier DeclaredNames::typeName(unsigned int id) const {
     id = declaredType(id);
+    if (id < m_facts.size() && !m_facts[id].spelling.empty())
+        return Identifier(m_facts[id].spelling);
     const std::string_view name = givenName(id);
     if (name.empty())
         return Identifier(madeName(id));
@@ -382,12 +397,12 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
     if (type == nullptr)
         return {};
     const std::vector<std::string_view> names = literalsOf(*type, most);
+    if (id < m_facts.size() && m_facts[id].keepsLiterals)
+        return {names.begin(), names.end()};
     std::vector<Identifier> result;
     result.reserve(names.size());
     for (const std::string_view name : names)
         result.push_back(spelled(m_language, name.empty() ? "literal" : name));
-    if (isDistinct() && id < m_facts.size() && m_facts[id].keepsLiterals)
-        return result;
     const Owner owner = literalOwner(id);
     const std::size_t package = m_packages.packageOf(id);
     const bool isAnyFree = !isDistinct() || isPredefined(id);

@@ -37,7 +37,7 @@ inline constexpr std::size_t ALL_NAMES = std::numeric_limits<std::size_t>::max()
 class DeclaredNames {
 public:
     /// For distinct names, examines all types several times and remembers what it finds, which
-    /// takes about 80 bytes for each. For packages, examines all types three times more.
+    /// takes about 100 bytes for each. For packages, examines all types three times more.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
 
     /// The identifier of a type, escaped as the language requires.
@@ -85,13 +85,14 @@ private:
     /// What is known of a type where names are told apart.
     struct Facts {
         std::string_view name;     ///< From the design, or empty.
+        std::string_view spelling; ///< What part of the name declarations call it by, if any.
         unsigned int declaredType; ///< The type whose declaration it shares.
         unsigned int classId;      ///< 0 if there is no type.
         bool isOfLanguage : 1;
         bool isPredefined : 1;
-        bool yields : 1; ///< Its subtype has its name.
-        bool keepsName : 1;
-        bool keepsLiterals : 1; ///< All literals, or units, have the names from the design.
+        bool yields : 1;        ///< Its subtype has its name.
+        bool keepsName : 1;     ///< Though maybe not its spelling.
+        bool keepsLiterals : 1; ///< All literals, or units, are called by their names.
     };
 
     void examineTypes();
@@ -113,7 +114,7 @@ private:
     /// Follows typedefs to the type whose declaration they share.
     unsigned int followed(unsigned int id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
-    bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
+    bool hasNameOfItsData(unsigned int id, const RTTI::RTTypedefType& alias) const;
 
     /// The name with the suffix, as often as it takes until no other of the package has it.
     std::string free(std::string name, const std::string& suffix, std::size_t package) const;

@@ -2,13 +2,11 @@
 
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
-#include "Inspect/words/TypeText.h"
 
 #include <algorithm>
 #include <limits>
 #include <numeric>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace Inspect {
@@ -22,15 +20,37 @@ constexpr unsigned int NONE = std::numeric_limits<unsigned int>::max();
 /// Lists of numbers for each of many numbers, in one block.
 class Edges {
 public:
+    Edges() : m_ends(1) {}
+
     /// Sorts by the first number of each pair; those of one keep their order.
     Edges(std::size_t count, const std::vector<std::pair<unsigned int, unsigned int>>& pairs)
         : m_ends(count + 1), m_targets(pairs.size()) {
         for (const auto& [from, to] : pairs)
             ++m_ends[from + 1];
-        std::partial_sum(m_ends.begin(), m_ends.end(), m_ends.begin());
-        std::vector<std::size_t> next(m_ends.begin(), m_ends.end() - 1);
-        for (const auto& [from, to] : pairs)
-            m_targets[next[from]++] = to;
+        place([&](auto put) {
+            for (const auto& [from, to] : pairs)
+                put(from, to);
+        });
+    }
+
+    /// Adds to the list of the next number, until `endList`.
+    void add(unsigned int to) { m_targets.push_back(to); }
+    void endList() { m_ends.push_back(m_targets.size()); }
+
+    /// The same edges, which lead to numbers that have lists here, the other way round.
+    Edges reversed() const {
+        Edges users;
+        users.m_ends.resize(m_ends.size());
+        users.m_targets.resize(m_targets.size());
+        for (const unsigned int to : m_targets)
+            ++users.m_ends[to + 1];
+        users.place([&](auto put) {
+            for (unsigned int from = 0; from + 1 < m_ends.size(); ++from) {
+                for (std::size_t i = 0; i < count(from); ++i)
+                    put(target(from, i), from);
+            }
+        });
+        return users;
     }
 
     std::size_t count(unsigned int from) const { return m_ends[from + 1] - m_ends[from]; }
@@ -39,6 +59,13 @@ public:
     }
 
 private:
+    /// Puts the targets into lists whose lengths stand in place of their ends.
+    template <typename PutAll> void place(PutAll putAll) {
+        std::partial_sum(m_ends.begin(), m_ends.end(), m_ends.begin());
+        std::vector<std::size_t> next(m_ends.begin(), m_ends.end() - 1);
+        putAll([&](unsigned int from, unsigned int to) { m_targets[next[from]++] = to; });
+    }
+
     std::vector<std::size_t> m_ends;
     std::vector<unsigned int> m_targets;
 };
@@ -46,13 +73,16 @@ private:
 /// Works the packages out: first their order, then the place of each type.
 class PackagePlacement {
 public:
-    PackagePlacement(const TypeTable& types, const std::vector<unsigned int>& declaredTypes)
-        : m_types(types), m_declaredTypes(declaredTypes), m_owns(types.count, NONE) {
+    PackagePlacement(const TypeTable& types, const std::vector<unsigned int>& declaredTypes,
+                     const std::vector<std::string_view>& typeNames)
+        : m_types(types), m_declaredTypes(declaredTypes), m_typeNames(typeNames),
+          m_owns(types.count, NONE) {
         findPackages();
         findNeeds();
         orderPackages();
         placeWithNeeds();
         placeWithUsers();
+        places.reserve(types.count);
         for (unsigned int id = 0; id < types.count; ++id)
             places.push_back(placeOf(declaredTypes[id]));
     }
@@ -67,11 +97,6 @@ public:
 private:
     using Pairs = std::vector<std::pair<unsigned int, unsigned int>>;
 
-    std::string_view nameOf(unsigned int id) const {
-        const RTBaseType* type = m_types.typeOf(id);
-        return type != nullptr && isGivenName(type->m_name) ? type->m_name : "";
-    }
-
     unsigned int placeOf(unsigned int id) const {
         const unsigned int place = id < m_placed.size() ? m_placed[id] : NONE;
         return place != NONE ? place : last();
@@ -84,57 +109,67 @@ private:
     /// Whether the type has a declaration of its own.
     bool isNode(unsigned int id) const { return m_declaredTypes[id] == id; }
 
-    /// The package in the name of a type, or nothing.
-    static std::string_view packageIn(std::string_view name) {
+    /// What stands before "::" in the name of a type, or nothing.
+    static std::string_view scopeIn(std::string_view name) {
         const std::size_t end = name.find("::");
-        if (end == std::string_view::npos || end == 0 || end + 2 == name.size())
-            return {};
-        const std::string_view package = name.substr(0, end);
-        const bool isSimple = identifierOf(SourceLanguage::SYSTEM_VERILOG, package) == package;
-        return isSimple && package != "std" ? package : std::string_view();
+        return end == std::string_view::npos || end + 2 == name.size() ? "" : name.substr(0, end);
+    }
+
+    static bool isPackage(std::string_view scope) {
+        return identifierOf(SourceLanguage::SYSTEM_VERILOG, scope).isName() && scope != "std";
     }
 
     void findPackages() {
-        std::unordered_set<std::string_view> typeNames;
+        std::unordered_map<std::string_view, unsigned int> scopes;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (isNode(id))
-                typeNames.insert(nameOf(id));
+            const std::string_view scope = isNode(id) ? scopeIn(m_typeNames[id]) : "";
+            if (!scope.empty())
+                m_owns[id] = scopes.try_emplace(scope, scopes.size()).first->second;
         }
-        std::unordered_map<std::string_view, unsigned int> numbers;
+        std::vector<bool> isTypeName(scopes.size());
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const std::string_view package = isNode(id) ? packageIn(nameOf(id)) : "";
-            if (package.empty() || typeNames.count(package) != 0)
+            const auto found = isNode(id) ? scopes.find(m_typeNames[id]) : scopes.end();
+            if (found != scopes.end())
+                isTypeName[found->second] = true;
+        }
+        keepPackages(scopes, isTypeName);
+    }
+
+    /// Numbers the scopes that are packages anew, in the order in which they were found.
+    void keepPackages(const std::unordered_map<std::string_view, unsigned int>& scopes,
+                      const std::vector<bool>& isTypeName) {
+        std::vector<std::string_view> names(scopes.size());
+        for (const auto& [name, number] : scopes)
+            names[number] = name;
+        std::vector<unsigned int> numbers(scopes.size(), NONE);
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            if (isTypeName[i] || !isPackage(names[i]))
                 continue;
-            const auto [entry, isNew] = numbers.try_emplace(package, numbers.size());
-            if (isNew)
-                m_unordered.emplace_back(package);
-            m_owns[id] = entry->second;
+            numbers[i] = static_cast<unsigned int>(m_unordered.size());
+            m_unordered.emplace_back(names[i]);
         }
+        for (unsigned int& package : m_owns)
+            package = package != NONE ? numbers[package] : NONE;
     }
 
     void findNeeds() {
-        Pairs needs;
         TypeNeeds found;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (!isNode(id))
-                continue;
-            findSystemVerilogNeeds(m_types, id, found);
+            if (isNode(id))
+                findSystemVerilogNeeds(m_types, id, found);
+            else
+                found.named.clear();
             for (const TypeNeed& need : found.named) {
                 if (need.typeId >= m_types.count)
                     continue;
                 const unsigned int needed = m_declaredTypes[need.typeId];
                 if (needed < m_types.count && isNode(needed))
-                    needs.emplace_back(id, needed);
+                    m_needs.add(needed);
             }
+            m_needs.endList();
         }
-        m_needs.emplace_back(m_types.count, needs);
-        for (auto& [user, needed] : needs)
-            std::swap(user, needed);
-        m_needs.emplace_back(m_types.count, needs);
+        m_users = m_needs.reversed();
     }
-
-    const Edges& needs() const { return m_needs.front(); }
-    const Edges& users() const { return m_needs.back(); }
 
     /// Depth first through packages, then their types, then what these need: packages behind all
     /// that they lead to. A circle is cut where it is closed.
@@ -142,7 +177,7 @@ private:
         const auto count = static_cast<unsigned int>(m_unordered.size());
         Pairs members;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (hasOwn(id) && nameOf(id).find("#(") == std::string_view::npos)
+            if (hasOwn(id) && m_typeNames[id].find("#(") == std::string_view::npos)
                 members.emplace_back(m_owns[id], id);
         }
         const Edges types(count, members);
@@ -164,9 +199,9 @@ private:
                 const unsigned int node = path.back().node;
                 const std::size_t i = path.back().next++;
                 const bool isPackage = node < count;
-                if (i < (isPackage ? types.count(node) : needs().count(node - count))) {
+                if (i < (isPackage ? types.count(node) : m_needs.count(node - count))) {
                     const unsigned int to =
-                        isPackage ? types.target(node, i) : needs().target(node - count, i);
+                        isPackage ? types.target(node, i) : m_needs.target(node - count, i);
                     enter(!isPackage && hasOwn(to) ? m_owns[to] : count + to);
                     continue;
                 }
@@ -215,7 +250,7 @@ private:
         for (unsigned int place = last() + 1; place-- > 0;) {
             for (std::size_t i = 0; i < starts.count(place); ++i) {
                 if (m_placed[starts.target(place, i)] == NONE)
-                    spread(starts.target(place, i), place, users(),
+                    spread(starts.target(place, i), place, m_users,
                            [](unsigned int) { return true; });
             }
         }
@@ -225,7 +260,7 @@ private:
     template <typename Accept> void placeNeedsOf(const Edges& starts, Accept accept) {
         for (unsigned int place = 0; place <= last(); ++place) {
             for (std::size_t i = 0; i < starts.count(place); ++i)
-                spread(starts.target(place, i), place, needs(), accept);
+                spread(starts.target(place, i), place, m_needs, accept);
         }
     }
 
@@ -243,7 +278,7 @@ private:
         for (unsigned int id = 0; id < m_types.count; ++id) {
             const bool isBetween = m_placed[id] != NONE && m_placed[id] > latestNeeds[id];
             m_isFloating[id] =
-                !hasOwn(id) && (nameOf(id).empty() || latestNeeds[id] == NONE || isBetween);
+                !hasOwn(id) && (m_typeNames[id].empty() || latestNeeds[id] == NONE || isBetween);
         }
         placeUsersOf(sorted([&](unsigned int id) {
             if (hasOwn(id))
@@ -264,26 +299,30 @@ private:
 
     const TypeTable& m_types;
     const std::vector<unsigned int>& m_declaredTypes;
+    const std::vector<std::string_view>& m_typeNames;
     std::vector<std::string> m_unordered; ///< Packages as they were found.
     std::vector<unsigned int> m_owns;     ///< The package in a type's name, as it was found.
     std::vector<unsigned int> m_ranks;    ///< The place of each of these packages.
     std::vector<bool> m_isFloating;       ///< Types that go with their users.
-    std::vector<Edges> m_needs;           ///< What types need, and what needs them.
+    Edges m_needs;                        ///< What types need.
+    Edges m_users;                        ///< What needs them.
     std::vector<unsigned int> m_placed;
 };
 
 } // namespace
 
 DeclaredPackages::DeclaredPackages(const TypeTable& types,
-                                   const std::vector<unsigned int>& declaredTypes) {
-    PackagePlacement placement(types, declaredTypes);
+                                   const std::vector<unsigned int>& declaredTypes,
+                                   const std::vector<std::string_view>& typeNames) {
+    PackagePlacement placement(types, declaredTypes, typeNames);
     m_names = std::move(placement.packages);
     std::string last = "types";
     while (std::find(m_names.begin(), m_names.end(), last) != m_names.end())
         last += '_';
-    m_places = placement.places;
+    m_away.reserve(types.count);
     for (unsigned int id = 0; id < types.count; ++id)
         m_away.push_back(placement.isAway(id));
+    m_places = std::move(placement.places);
     m_names.push_back(last);
 }
 

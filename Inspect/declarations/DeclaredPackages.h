@@ -24,8 +24,10 @@ public:
 
     /// Looks at all types and at what their declarations name. `declaredTypes` has for each type
     /// the one whose declaration it shares, which is mostly itself, or NO_TYPE_ID if it needs none
-    /// or has none in SystemVerilog.
-    DeclaredPackages(const TypeTable& types, const std::vector<unsigned int>& declaredTypes);
+    /// or has none in SystemVerilog. `typeNames` has the names that types have from the design, or
+    /// nothing.
+    DeclaredPackages(const TypeTable& types, const std::vector<unsigned int>& declaredTypes,
+                     const std::vector<std::string_view>& typeNames);
 
     /// At least 1.
     std::size_t count() const { return m_names.size(); }

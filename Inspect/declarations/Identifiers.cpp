@@ -14,28 +14,23 @@ namespace {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-/// Letters, digits and underlines.
-constexpr auto wordCharacters = [] {
-    std::array<bool, 256> isOne{};
+/// What characters can be in an identifier.
+constexpr unsigned char WORD = 1;      ///< A letter, digit or underline.
+constexpr unsigned char UNDERLINE = 2; ///< An underline.
+constexpr unsigned char DOLLAR = 4;    ///< The additional one of SystemVerilog.
+
+constexpr auto roles = [] {
+    std::array<unsigned char, 256> all{};
     for (std::size_t c = 'a'; c <= 'z'; ++c)
-        isOne[c] = isOne[c - 'a' + 'A'] = true;
+        all[c] = all[c - 'a' + 'A'] = WORD;
     for (std::size_t c = '0'; c <= '9'; ++c)
-        isOne[c] = true;
-    isOne['_'] = true;
-    return isOne;
+        all[c] = WORD;
+    all['_'] = WORD | UNDERLINE;
+    all['$'] = DOLLAR;
+    return all;
 }();
 
-/// The same and '$'.
-constexpr auto systemVerilogCharacters = [] {
-    std::array<bool, 256> isOne = wordCharacters;
-    isOne['$'] = true;
-    return isOne;
-}();
-
-bool hasOnly(const std::array<bool, 256>& characters, std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [&](char c) { return characters[static_cast<unsigned char>(c)]; });
-}
+unsigned int roleOf(char c) { return roles[static_cast<unsigned char>(c)]; }
 
 bool isGraphic(char c) { return c > ' ' && c <= '~'; }
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
@@ -50,17 +45,17 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    if (!isLetter(name.front()) || name.back() == '_' || !hasOnly(wordCharacters, name))
-        return false;
-    for (std::size_t i = 1; i < name.size(); ++i) {
-        if (name[i] == '_' && name[i - 1] == '_')
-            return false;
+    unsigned int isWord = WORD;
+    unsigned int isDoubled = 0;
+    unsigned int previous = 0;
+    for (const char c : name) {
+        const unsigned int role = roleOf(c);
+        isWord &= role;
+        isDoubled |= role & previous;
+        previous = role & UNDERLINE;
     }
-    if (name.size() > LONGEST_RESERVED_WORD)
-        return true;
-    std::array<char, LONGEST_RESERVED_WORD> word{};
-    std::transform(name.begin(), name.end(), word.begin(), lower);
-    return !isReservedWord(SourceLanguage::VHDL, {word.data(), name.size()});
+    return isWord != 0 && isDoubled == 0 && previous == 0 && isLetter(name.front()) &&
+           !isReservedWord(SourceLanguage::VHDL, name);
 }
 
 /// Backslashes around printable text in which each backslash is doubled.
@@ -78,10 +73,11 @@ bool isExtendedVhdl(std::string_view name) {
 }
 
 bool isSimpleSystemVerilog(std::string_view name) {
-    return (isLetter(name.front()) || name.front() == '_') &&
-           hasOnly(systemVerilogCharacters, name) &&
-           (name.size() > LONGEST_RESERVED_WORD ||
-            !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name));
+    bool isWord = true;
+    for (const char c : name)
+        isWord &= roleOf(c) != 0;
+    return isWord && (isLetter(name.front()) || name.front() == '_') &&
+           !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name);
 }
 
 Identifier vhdlIdentifier(std::string_view name) {

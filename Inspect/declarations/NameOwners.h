@@ -15,6 +15,12 @@ public:
     /// The owner of names that are free.
     static constexpr Owner NOBODY = 0;
 
+    /// Makes room for so many names at once.
+    void reserve(std::size_t count) {
+        while (m_slots.size() <= 2 * count)
+            grow();
+    }
+
     /// The owner of a name, or NOBODY.
     Owner of(std::uint64_t hash) const {
         return m_slots.empty() ? NOBODY : m_slots[placeOf(hash)].owner;
@@ -22,8 +28,7 @@ public:
 
     /// The owner of a name, which is `owner` if it was free.
     Owner claim(std::uint64_t hash, Owner owner) {
-        if (2 * m_count >= m_slots.size())
-            grow();
+        reserve(m_count);
         Slot& slot = m_slots[placeOf(hash)];
         if (slot.owner == NOBODY) {
             slot = {hash, owner};

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -17,7 +18,7 @@ using namespace RTTI;
 namespace {
 
 bool isSameInVhdl(const char* name, std::string_view other) {
-    return name != nullptr && *name != '\0' &&
+    return name != nullptr && !other.empty() && std::strlen(name) == other.size() &&
            identityOf(SourceLanguage::VHDL, name) == identityOf(SourceLanguage::VHDL, other);
 }
 

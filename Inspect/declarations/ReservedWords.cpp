@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 
 namespace Inspect {
@@ -377,47 +378,59 @@ constexpr std::string_view systemVerilogWords[] = {"accept_on",
                                                    "xor"};
 
 /// Where the words with each first letter begin in a list, and its end.
-template <std::size_t N>
-constexpr std::array<std::size_t, 27> beginnings(const std::string_view (&words)[N]) {
-    std::array<std::size_t, 27> places{};
-    for (std::size_t letter = 0, place = 0; letter < places.size(); ++letter) {
-        while (place < N && static_cast<std::size_t>(words[place].front() - 'a') < letter)
-            ++place;
-        places[letter] = place;
-    }
-    return places;
+/// Where a letter, of either case, stands among so many characters.
+constexpr std::size_t LETTERS = 32;
+constexpr std::size_t letterOf(char c) { return static_cast<unsigned char>(c) % LETTERS; }
+
+/// For each first and last letter the lengths of the words that have them, a bit each: few other
+/// words look like one of them.
+using Looks = std::array<std::uint32_t, LETTERS * LETTERS>;
+
+constexpr std::size_t lookOf(std::string_view word) {
+    return letterOf(word.front()) * LETTERS + letterOf(word.back());
 }
 
-constexpr auto vhdlBeginnings = beginnings(vhdlWords);
-constexpr auto systemVerilogBeginnings = beginnings(systemVerilogWords);
-static_assert(vhdlBeginnings.back() == std::size(vhdlWords));
-static_assert(systemVerilogBeginnings.back() == std::size(systemVerilogWords));
-
-template <std::size_t N> constexpr std::size_t longest(const std::string_view (&words)[N]) {
-    std::size_t length = 0;
+template <std::size_t N> constexpr Looks looksOf(const std::string_view (&words)[N]) {
+    Looks looks{};
     for (const std::string_view word : words)
-        length = std::max(length, word.size());
-    return length;
+        looks[lookOf(word)] |= std::uint32_t{1} << word.size();
+    return looks;
 }
 
-static_assert(std::max(longest(vhdlWords), longest(systemVerilogWords)) == LONGEST_RESERVED_WORD);
+constexpr Looks vhdlLooks = looksOf(vhdlWords);
+constexpr Looks systemVerilogLooks = looksOf(systemVerilogWords);
 
-template <std::size_t N>
-bool contains(const std::string_view (&words)[N], const std::array<std::size_t, 27>& begins,
-              std::string_view word) {
-    if (word.empty() || word.front() < 'a' || word.front() > 'z')
-        return false;
-    const auto letter = static_cast<std::size_t>(word.front() - 'a');
-    return std::find(words + begins[letter], words + begins[letter + 1], word) !=
-           words + begins[letter + 1];
+/// The length of the longest word.
+constexpr std::size_t LONGEST = 19;
+
+template <std::size_t N> constexpr bool isInOrder(const std::string_view (&words)[N]) {
+    return std::is_sorted(std::begin(words), std::end(words)) &&
+           std::all_of(std::begin(words), std::end(words),
+                       [](std::string_view word) { return word.size() <= LONGEST; });
+}
+
+static_assert(isInOrder(vhdlWords) && isInOrder(systemVerilogWords));
+
+bool isLike(const Looks& looks, std::string_view word) {
+    return !word.empty() && word.size() <= LONGEST && (looks[lookOf(word)] >> word.size() & 1) != 0;
+}
+
+bool isVhdlWord(std::string_view word) {
+    std::array<char, LONGEST> lowered{};
+    std::transform(word.begin(), word.end(), lowered.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return std::binary_search(std::begin(vhdlWords), std::end(vhdlWords),
+                              std::string_view(lowered.data(), word.size()));
 }
 
 } // namespace
 
 bool isReservedWord(SourceLanguage language, std::string_view word) {
-    return language == SourceLanguage::VHDL
-               ? contains(vhdlWords, vhdlBeginnings, word)
-               : contains(systemVerilogWords, systemVerilogBeginnings, word);
+    if (language == SourceLanguage::VHDL)
+        return isLike(vhdlLooks, word) && isVhdlWord(word);
+    return isLike(systemVerilogLooks, word) &&
+           std::binary_search(std::begin(systemVerilogWords), std::end(systemVerilogWords), word);
 }
 
 } // namespace Inspect
