@@ -64,9 +64,9 @@ struct GhwType {
 
 /// The types of a wave file of GHDL. A type refers only to types in front of it.
 struct GhwFile {
-    Pool texts;                            ///< What the names belong to.
-    std::vector<std::string_view> strings; ///< Latin-1; the first is empty and stands for no name.
-    std::vector<GhwType> types;            ///< The first is none.
+    Pool texts;                    ///< What the names belong to.
+    std::vector<PoolText> strings; ///< Latin-1; the first is empty and stands for no name.
+    std::vector<GhwType> types;    ///< The first is none.
 
     /// The literals of an enumeration, the units of a physical type, the members of a record.
     std::span<const GhwPart> partsOf(const GhwType& type) const {

@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <memory_resource>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -40,34 +42,44 @@ private:
     const T* m_items = nullptr;
 };
 
+/// A text that a pool has kept, in one word, with a zero byte behind it.
+class PoolText {
+public:
+    /// An empty text.
+    PoolText() = default;
+
+    bool empty() const { return m_chars.empty(); }
+    const char* zeroTerminated() const { return empty() ? "" : m_chars.begin(); }
+    operator std::string_view() const { return {m_chars.begin(), m_chars.size()}; }
+
+    friend bool operator==(const PoolText& a, std::string_view b) {
+        return std::string_view(a) == b;
+    }
+    friend bool operator==(const PoolText& a, const PoolText& b) {
+        return a == std::string_view(b);
+    }
+
+private:
+    friend class Pool;
+
+    explicit PoolText(PoolList<char> chars) : m_chars(chars) {}
+
+    PoolList<char> m_chars;
+};
+
 /// Keeps short lists and texts one after the other, and gives their memory back all at once. What
 /// it has returned stays where it is, also when the pool is moved.
 class Pool {
 public:
     template <typename T> PoolList<T> keep(const std::vector<T>& items) {
-        static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
-        if (items.empty())
-            return {};
-        constexpr std::size_t ALIGNMENT = std::max(alignof(T), alignof(std::uint32_t));
-        const std::size_t size = items.size() * sizeof(T);
-        char* const begin =
-            static_cast<char*>(m_parts.front()->allocate(ALIGNMENT + size, ALIGNMENT)) + ALIGNMENT;
-        new (begin - sizeof(std::uint32_t)) std::uint32_t(static_cast<std::uint32_t>(items.size()));
-        T* const copy = reinterpret_cast<T*>(begin);
-        std::uninitialized_copy(items.begin(), items.end(), copy);
-        return PoolList<T>(copy);
+        return keep(std::span<const T>(items), 0);
+    }
+    PoolText keep(std::string_view text) {
+        return PoolText(keep(std::span<const char>(text), sizeof('\0')));
     }
     template <typename T> const T* keepOne(const T& item) {
         static_assert(std::is_trivially_destructible_v<T>);
         return new (m_parts.front()->allocate(sizeof(T), alignof(T))) T(item);
-    }
-    /// With a zero byte behind it; none of it where there is no text.
-    std::string_view keep(std::string_view text) {
-        if (text.empty())
-            return {};
-        char* const copy = static_cast<char*>(m_parts.front()->allocate(text.size() + 1, 1));
-        *std::copy(text.begin(), text.end(), copy) = '\0';
-        return {copy, text.size()};
     }
 
     /// Takes over what another pool has kept.
@@ -76,6 +88,25 @@ public:
     }
 
 private:
+    /// Zero bytes follow, as many as `rest` says.
+    template <typename T> PoolList<T> keep(std::span<const T> items, std::size_t rest) {
+        static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
+        if (items.empty())
+            return {};
+        if (items.size() > std::numeric_limits<std::uint32_t>::max())
+            throw std::length_error("a list or a name has more than 4294967295 items");
+        constexpr std::size_t ALIGNMENT = std::max(alignof(T), alignof(std::uint32_t));
+        const std::size_t size = ALIGNMENT + items.size_bytes() + rest;
+        char* const begin =
+            static_cast<char*>(m_parts.front()->allocate(size, ALIGNMENT)) + ALIGNMENT;
+        new (begin - sizeof(std::uint32_t)) std::uint32_t(static_cast<std::uint32_t>(items.size()));
+        T* const copy = reinterpret_cast<T*>(begin);
+        std::fill_n(
+            reinterpret_cast<char*>(std::uninitialized_copy(items.begin(), items.end(), copy)),
+            rest, '\0');
+        return PoolList<T>(copy);
+    }
+
     using Part = std::pmr::monotonic_buffer_resource;
 
     static std::vector<std::unique_ptr<Part>> onePart() {

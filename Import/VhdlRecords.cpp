@@ -56,8 +56,8 @@ void setConstraints(std::vector<FullConstraints>& constraints, const VhdlUse& us
         constraints.push_back(constraintOf(range));
 }
 
-/// A name of a pool, with the zero byte behind it, for an object that lends it.
-char* lent(std::string_view name) { return const_cast<char*>(name.empty() ? "" : name.data()); }
+/// A name of a pool for an object that lends it.
+char* lent(const PoolText& name) { return const_cast<char*>(name.zeroTerminated()); }
 
 /// Whether the library refuses the name: a record's names end at a zero byte.
 bool isRefused(std::string_view name) { return name.find('\0') != std::string_view::npos; }

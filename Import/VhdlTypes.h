@@ -66,7 +66,7 @@ struct VhdlUse {
 
 /// A literal, a unit or a member.
 struct VhdlPart {
-    std::string_view name;
+    PoolText name;
     std::int64_t value = 0; ///< Of a unit: in primary units.
 };
 
@@ -78,7 +78,7 @@ struct VhdlType {
     bool mayBePart = false;  ///< A subtype that may have ranges which the input does not say.
     std::uint32_t input = 0; ///< The number of the one that has it,
     std::uint64_t place = 0; ///< and the line or byte there.
-    std::string_view name;   ///< Empty where the source gives it none.
+    PoolText name;           ///< Empty where the source gives it none.
 
     /// The element of an array, with the ranges of the array's own dimensions in front; the base of
     /// a subtype; what an access or file type is of.
@@ -188,7 +188,7 @@ private:
     std::vector<VhdlType> m_types;
     std::vector<Place> m_inputs;
     std::vector<VhdlDeclaration> m_declarations;
-    std::vector<std::string_view> m_packages;
+    std::vector<PoolText> m_packages;
     TypeFile::KeyNumbers m_keys{0};      ///< Of those that were interned.
     std::vector<std::uint32_t> m_ofKeys; ///< The type of each key.
     std::string m_key;                   ///< Of the type that is being interned.
