@@ -52,7 +52,7 @@ void DeclarationFile::add(unsigned int id) {
         return m_order.add(id);
     m_foreignCount += m_types.typeOf(id) != nullptr ? 1 : 0;
     if (m_ids == IdComments::SHOWN)
-        m_entries.back().push_back({id, Step::REMARK});
+        m_entries.back().push_back({id, Step::REMARK, 0});
 }
 
 void DeclarationFile::addUnlessSpelledOut(unsigned int id) {
@@ -92,7 +92,7 @@ void DeclarationFile::write(const Entry& entry) {
     switch (entry.step) {
     case Step::ANNOUNCE: m_out << INDENTATION << m_language->announcementOf(entry.id); return;
     case Step::DECLARE: return writeDeclaration(entry.id);
-    case Step::OMIT: return writeOmission(entry.id);
+    case Step::OMIT: return writeOmission(entry);
     case Step::REMARK: return writeStrangeness(entry.id);
     }
 }
@@ -117,11 +117,11 @@ void DeclarationFile::writeDeclaration(unsigned int id) {
     declareBehind(INDENTATION, id);
 }
 
-void DeclarationFile::writeOmission(unsigned int id) {
-    beginRemark(id);
-    m_out << " has no declaration: " << m_obstacles[id] << '\n';
+void DeclarationFile::writeOmission(const Entry& entry) {
+    beginRemark(entry.id);
+    m_out << " has no declaration: " << m_obstacles[entry.obstacle] << '\n';
     const bool isVhdl = m_language->language() == SourceLanguage::VHDL;
-    declareBehind(isVhdl ? "    -- " : "    // ", id);
+    declareBehind(isVhdl ? "    -- " : "    // ", entry.id);
 }
 
 /// Each line behind the prefix.
@@ -138,7 +138,7 @@ void DeclarationFile::writeStrangeness(unsigned int id) {
 }
 
 void DeclarationFile::note(unsigned int id, Step step) {
-    m_entries[m_names.packages().packageOf(id)].push_back({id, step});
+    m_entries[m_names.packages().packageOf(id)].push_back({id, step, m_obstacles.size()});
 }
 
 void DeclarationFile::announce(unsigned int id) { note(id, Step::ANNOUNCE); }
@@ -150,8 +150,8 @@ void DeclarationFile::declare(unsigned int id) {
 }
 
 void DeclarationFile::omit(unsigned int id, const std::string& reason) {
-    m_obstacles[id] = reason;
     note(id, Step::OMIT);
+    m_obstacles.push_back(reason);
 }
 
 void DeclarationFile::beginRemark() { m_out << INDENTATION << m_language->comment() << ' '; }

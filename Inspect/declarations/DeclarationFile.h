@@ -2,10 +2,10 @@
 
 #include "Inspect/declarations/DeclarationOrder.h"
 
+#include <cstddef>
 #include <memory>
 #include <ostream>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace Inspect {
@@ -39,6 +39,7 @@ private:
     struct Entry {
         unsigned int id;
         Step step;
+        std::size_t obstacle; ///< Its place in `m_obstacles`, for OMIT.
     };
 
     void announce(unsigned int id) override;
@@ -49,7 +50,7 @@ private:
     void writePackage(std::size_t package);
     void write(const Entry& entry);
     void writeDeclaration(unsigned int id);
-    void writeOmission(unsigned int id);
+    void writeOmission(const Entry& entry);
     void declareBehind(std::string_view prefix, unsigned int id);
 
     /// Writes the comment for a type of another language, or for an id without a type.
@@ -69,8 +70,8 @@ private:
     const std::unique_ptr<LanguageDeclarations> m_language;
     DeclarationOrder m_order;
     std::vector<std::vector<Entry>> m_entries; ///< Of each package.
-    std::unordered_map<unsigned int, std::string> m_obstacles;
-    std::size_t m_foreignCount = 0; ///< Types of the other language.
+    std::vector<std::string> m_obstacles;      ///< Of all types that are omitted.
+    std::size_t m_foreignCount = 0;            ///< Types of the other language.
 };
 
 } // namespace Inspect

@@ -180,20 +180,28 @@ constexpr IntegerKeyword integerKeywords[] = {{"byte", "bit", 8},       {"shorti
                                               {"int", "bit", 32},       {"longint", "bit", 64},
                                               {"integer", "logic", 32}, {"time", "logic", 64}};
 
-std::string_view keywordOfArray(const RTArrayType& type, std::string_view name) {
+std::string_view nameOf(const RTBaseType& type) {
+    return type.m_name != nullptr ? type.m_name : "";
+}
+
+std::string_view keywordOfArray(const RTArrayType& type) {
+    if (type.m_arrayKind != VLOG_FIXED_PACKED_ARRAY || type.m_indexTypeIds.size() != 1 ||
+        type.m_constraints.size() != 1 || type.m_elementType == nullptr)
+        return {};
+    const std::string_view name = nameOf(type);
     const auto known = std::find_if(std::begin(integerKeywords), std::end(integerKeywords),
                                     [=](const IntegerKeyword& k) { return k.keyword == name; });
-    if (known == std::end(integerKeywords) || type.m_arrayKind != VLOG_FIXED_PACKED_ARRAY ||
-        type.m_indexTypeIds.size() != 1 || type.m_constraints.size() != 1 ||
-        type.m_elementType == nullptr || systemVerilogKeyword(*type.m_elementType) != known->bit)
+    if (known == std::end(integerKeywords) ||
+        systemVerilogKeyword(*type.m_elementType) != known->bit)
         return {};
     const FullConstraints whole = {known->width - 1, 0, TypeFileFormat::DOWNTO_DIRECTION};
     return isSame(type.m_constraints.front(), whole) ? known->keyword : std::string_view();
 }
 
-std::string_view keywordOfEnum(const RTSeqEnumType& type, std::string_view name) {
+std::string_view keywordOfEnum(const RTSeqEnumType& type) {
     if (type.m_enumKind != VLOG_BUILTIN_ENUM)
         return {};
+    const std::string_view name = nameOf(type);
     const std::size_t states = type.m_enumeratorNames.size();
     if (name == "bit" && states == 2)
         return "bit";
@@ -231,17 +239,17 @@ bool isPredefinedInVhdl(const RTBaseType& type, const TypeLookup& types) {
 std::string_view systemVerilogKeyword(const RTBaseType& type) {
     static constexpr std::string_view integers[] = {"byte", "shortint", "int", "longint"};
     static constexpr std::string_view reals[] = {"real", "shortreal", "realtime"};
-    const std::string_view name = type.m_name != nullptr ? type.m_name : "";
     switch (type.GetClassId()) {
-    case ClassId::SEQ_ENUM: return keywordOfEnum(static_cast<const RTSeqEnumType&>(type), name);
-    case ClassId::ARRAY: return keywordOfArray(static_cast<const RTArrayType&>(type), name);
-    case ClassId::INT: return oneOf(integers, name);
-    case ClassId::FLOAT: return oneOf(reals, name);
-    case ClassId::STRING: return name == "string" ? "string" : "";
-    case ClassId::EVENT: return name == "event" ? "event" : "";
-    case ClassId::CHANDLE: return name == "chandle" ? "chandle" : "";
+    case ClassId::SEQ_ENUM: return keywordOfEnum(static_cast<const RTSeqEnumType&>(type));
+    case ClassId::ARRAY: return keywordOfArray(static_cast<const RTArrayType&>(type));
+    case ClassId::INT: return oneOf(integers, nameOf(type));
+    case ClassId::FLOAT: return oneOf(reals, nameOf(type));
+    case ClassId::STRING: return nameOf(type) == "string" ? "string" : "";
+    case ClassId::EVENT: return nameOf(type) == "event" ? "event" : "";
+    case ClassId::CHANDLE: return nameOf(type) == "chandle" ? "chandle" : "";
     case ClassId::RECORD:
-        return name == "void" && isVoid(static_cast<const RTRecordType&>(type)) ? "void" : "";
+        return isVoid(static_cast<const RTRecordType&>(type)) && nameOf(type) == "void" ? "void"
+                                                                                        : "";
     default: return {};
     }
 }

@@ -26,21 +26,23 @@ public:
             const auto base = static_cast<const RTClassType&>(*type).m_baseClassTypeId;
             if (base != TypeFileFormat::NO_TYPE_ID)
                 m_needs.named.push_back({base, false});
-            break;
+            return ofMembers(static_cast<const RTClassType&>(*type));
         }
-        default: ofArray(*type, 0);
-        }
-        if (const auto* aggregate = dynamic_cast<const RTAggregateType*>(type)) {
-            for (const auto* member : aggregate->m_members) {
-                if (member != nullptr)
-                    name(member->m_typeId);
-            }
+        case ClassId::RECORD: return ofMembers(static_cast<const RTRecordType&>(*type));
+        default: return ofArray(*type, 0);
         }
     }
 
 private:
     const RTBaseType* typeOf(unsigned int id) const {
         return id != TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
+    }
+
+    void ofMembers(const RTAggregateType& type) {
+        for (const auto* member : type.m_members) {
+            if (member != nullptr)
+                name(member->m_typeId);
+        }
     }
 
     void ofArray(const RTBaseType& type, int depth) {

@@ -1,8 +1,11 @@
 #include "Inspect/declarations/TypeLabel.h"
 
-#include "Inspect/declarations/TypeDeclarations.h"
+#include "Inspect/declarations/SystemVerilogDeclarations.h"
+#include "Inspect/declarations/VhdlDeclarations.h"
 #include "Inspect/words/TypeKind.h"
 #include "Inspect/words/TypeText.h"
+
+#include <functional>
 
 namespace Inspect {
 
@@ -15,9 +18,11 @@ std::string spelledOut(const TypeTable& types, unsigned int id, const RTBaseType
     const auto lookup = [&](unsigned int other) {
         return other == id ? &type : types.typeOf(other);
     };
-    return TypeDeclarations({types.count, lookup, types.encodings}, Naming::OWN)
-        .in(languageOf(type))
-        .shapeOf(id);
+    const TypeTable table = {types.count, std::cref(lookup), types.encodings, types.widths};
+    const SourceLanguage language = languageOf(type);
+    const DeclaredNames names(table, language, Naming::OWN);
+    return language == SourceLanguage::VHDL ? VhdlDeclarations(table, names).shapeOf(id)
+                                            : SystemVerilogDeclarations(table, names).shapeOf(id);
 }
 
 /// Whether the kind says a keyword already: "struct" in "packed struct".
