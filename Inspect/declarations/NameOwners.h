@@ -10,6 +10,7 @@ namespace Inspect {
 /// block, in which a name takes 32 to 64 bytes.
 class NameOwners {
 public:
+    /// Who owns a name, by a number of its own.
     using Owner = std::uint64_t;
 
     /// The owner of names that are free.
