@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace Inspect {
 
@@ -21,7 +22,7 @@ constexpr int CHAIN_LIMIT = 1000;
 constexpr int NESTING_LIMIT = 64;
 
 /// So many types are looked at for one constraint; what comes after them is left out.
-constexpr int VISIT_LIMIT = 10000;
+constexpr int VISIT_LIMIT = 2000;
 
 /// A constraint is spelled out for arrays of up to this many dimensions. Every user of the type
 /// repeats them all.
@@ -233,7 +234,7 @@ private:
     bool addRecord(const RTRecordType& type) {
         if (type.m_members.size() > VISIT_LIMIT)
             return false;
-        const std::vector<Identifier> names = m_declarations.m_names.memberNames(type);
+        const std::vector<Identifier>& names = namesOf(type);
         const std::size_t begin = m_text.size();
         std::size_t position = 0;
         for (const RTAggregateType::t_Member* member : type.m_members) {
@@ -251,6 +252,14 @@ private:
         return true;
     }
 
+    /// The names of the members; found once, for a record may be met again and again.
+    const std::vector<Identifier>& namesOf(const RTRecordType& type) {
+        const auto [names, isNew] = m_memberNames.try_emplace(&type);
+        if (isNew)
+            names->second = m_declarations.m_names.memberNames(type);
+        return names->second;
+    }
+
     /// The range of the next dimension if the levels within the type leave it open, else null.
     const FullConstraints* take() {
         const FullConstraints origin = m_levels.getConstraint();
@@ -266,6 +275,7 @@ private:
     Ranges m_origins; ///< Of `m_ranges`, which are around the type.
     Brakel_tolv::ConstraintStack<FullConstraints> m_levels;
     std::vector<bool> m_isPlaced; ///< Of `m_ranges`; open ones need no place.
+    std::unordered_map<const RTRecordType*, std::vector<Identifier>> m_memberNames;
     Text m_text;
     int m_visits = 0;
 };

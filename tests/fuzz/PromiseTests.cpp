@@ -51,7 +51,8 @@ TEST_P(SlowFile, KeepsThePromise) {
 
 INSTANTIATE_TEST_SUITE_P(Promise, SlowFile,
                          testing::Values("many-open-dimensions.typ", "many-missing-indexes.typ",
-                                         "many-long-walks.typ", "many-equal-members.typ"));
+                                         "many-long-walks.typ", "many-equal-members.typ",
+                                         "many-nested-constraints.typ"));
 
 TEST(Promise, IsBrokenByAFileThatTakesTooLong) {
     EXPECT_EQ(tryPromise(SOUND, {0, 1U << 26}).broken, "it takes too long");
