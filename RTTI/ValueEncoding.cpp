@@ -1,11 +1,9 @@
 // Every getValueEncoding. Structs, unions and classes are "2-State" only if all of their parts are.
 
-#include "RTTI/ExactClasses.h"
 #include "RTTI/RTType.h"
 
 #include <algorithm>
 #include <atomic>
-#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -84,7 +82,7 @@ Encoded encodedAs(const RTDiscreteEnumType& enumeration) {
 /// @}
 
 Encoded encodedAs(const RTBaseType& type) {
-    switch (classIdOf(type)) {
+    switch (type.GetClassId()) {
     case ClassId::TYPEDEF: return encodedAs(static_cast<const RTTypedefType&>(type));
     case ClassId::DISCRETE_ENUM: return encodedAs(static_cast<const RTDiscreteEnumType&>(type));
     case ClassId::ARRAY: return encodedAs(static_cast<const RTArrayType&>(type));
@@ -295,72 +293,55 @@ Encoded shortEndOf(Encoded end) {
 /// leads back to itself there are too many: every round is like the first.
 class SmallEncodingQuery {
 public:
-    /// Nothing where there are too many.
-    std::optional<bool> isTwoState(const Encoded& outermost) {
-        enter(outermost);
-        while (m_depth != 0 && !m_isTooLarge) {
-            Step& step = m_path[m_depth - 1];
-            if (step.nextPart == partCount(*step.aggregate, step.isClass)) {
-                --m_depth;
-            } else if (!followPart(step)) {
-                markDerivedClasses();
-                return false;
-            }
-        }
-        return m_isTooLarge ? std::nullopt : std::optional(true);
-    }
+    /// Whether the end of a chain is "2-State". False if there are too many, too.
+    bool isTwoState(Encoded end);
+
+    bool isTooLarge() const { return m_isTooLarge; }
 
 private:
-    /// An aggregate on the path.
-    struct Step {
-        const RTAggregateType* aggregate;
-        bool isClass;
-        std::size_t nextPart;
-    };
+    static constexpr int DEEPEST = 8;
+    static constexpr int MOST = 64;
 
-    void enter(const Encoded& end);
-    bool followPart(Step& step);
-    void markDerivedClasses() const;
+    bool isTypeTwoState(const RTBaseType& type) { return isTwoState(shortEndOf(encodedAs(type))); }
+    bool arePartsTwoState(Encoded end);
+    bool isBaseTwoState(const RTClassType& derived);
 
-    static constexpr std::size_t DEEPEST = 8;
-    static constexpr std::size_t MOST = 64;
-
-    Step m_path[DEEPEST]; // Not initialised, for most queries need but one.
-    std::size_t m_depth = 0;
-    std::size_t m_entered = 0;
+    int m_depth = 0;
+    int m_entered = 0;
     bool m_isTooLarge = false;
 };
 
-void SmallEncodingQuery::enter(const Encoded& end) {
-    const bool isClass = end.source == Source::CLASS;
-    if (isClass && KeptMark::isOn(static_cast<const RTClassType&>(*end.type)))
-        return;
-    m_isTooLarge = m_depth == DEEPEST || ++m_entered > MOST;
-    if (!m_isTooLarge)
-        m_path[m_depth++] = {&end.aggregate(), isClass, 0};
-}
-
-/// False where the part is not "2-State".
-bool SmallEncodingQuery::followPart(Step& step) {
-    const std::size_t part = step.nextPart++;
-    const RTBaseType* const type = partOf(*step.aggregate, step.isClass, part);
-    if (type == nullptr)
-        return isBase(step.isClass, part);
-    const Encoded end = shortEndOf(encodedAs(*type));
+bool SmallEncodingQuery::isTwoState(Encoded end) {
     if (end.source == Source::ANSWER)
         return end.answer == ENCODING_2_STATE;
-    if (end.source == Source::TYPE)
-        m_isTooLarge = true;
-    else
-        enter(end);
+    m_isTooLarge = end.source == Source::TYPE || m_depth == DEEPEST || m_entered++ == MOST;
+    if (m_isTooLarge)
+        return false;
+    if (end.source == Source::CLASS && KeptMark::isOn(static_cast<const RTClassType&>(*end.type)))
+        return true;
+    ++m_depth;
+    const bool areTwoState = arePartsTwoState(end);
+    --m_depth;
+    return areTwoState;
+}
+
+bool SmallEncodingQuery::arePartsTwoState(Encoded end) {
+    if (end.source == Source::CLASS && !isBaseTwoState(static_cast<const RTClassType&>(*end.type)))
+        return false;
+    for (const RTBaseType* member : end.aggregate().m_memberTypes) {
+        if (member == nullptr || !isTypeTwoState(*member))
+            return false;
+    }
     return true;
 }
 
-void SmallEncodingQuery::markDerivedClasses() const {
-    for (const Step* step = m_path; step != m_path + m_depth; ++step) {
-        if (isBase(step->isClass, step->nextPart - 1))
-            KeptMark::putOn(static_cast<const RTClassType&>(*step->aggregate));
-    }
+/// A class that is "4-State" because of its base class keeps its mark.
+bool SmallEncodingQuery::isBaseTwoState(const RTClassType& derived) {
+    if (derived.m_baseClass == nullptr || isTypeTwoState(*derived.m_baseClass))
+        return true;
+    if (!m_isTooLarge)
+        KeptMark::putOn(derived);
+    return false;
 }
 
 ValueEncoding encodingOf(Encoded end) {
@@ -369,10 +350,11 @@ ValueEncoding encodingOf(Encoded end) {
         end = ChainEnds().endOf(*end.type);
     if (end.source == Source::ANSWER)
         return end.answer;
-    std::optional<bool> isTwoState = SmallEncodingQuery().isTwoState(end);
-    if (!isTwoState)
+    SmallEncodingQuery small;
+    bool isTwoState = small.isTwoState(end);
+    if (small.isTooLarge())
         isTwoState = EncodingQuery().isTwoState(end);
-    return *isTwoState ? ENCODING_2_STATE : ENCODING_4_STATE;
+    return isTwoState ? ENCODING_2_STATE : ENCODING_4_STATE;
 }
 
 } // namespace

@@ -1,6 +1,8 @@
-// Each query, asked of every type of a table; the floor is a virtual call that answers at once.
+// Each query, asked of every type of a table. The floor is a virtual call that answers at once;
+// those that walk stand beside a plain recursion, too.
 
 #include "RTTI/RTType.h"
+#include "bench/PlainQueries.h"
 #include "bench/TypeStorage.h"
 #include "bench/Work.h"
 
@@ -19,12 +21,14 @@ template <typename Query> void askEach(benchmark::State& state, const Query& que
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-#define QUERY(name, answer)                                                                        \
+#define QUERY_AS(name, title, answer)                                                              \
     BENCHMARK_CAPTURE(askEach, name, [](const RTBaseType& type) { return answer; })                \
-        ->Name("Query/" #name)                                                                     \
+        ->Name("Query/" title)                                                                     \
         ->RangeMultiplier(10)                                                                      \
         ->Range(1000, 1000000)                                                                     \
         ->UseRealTime()
+#define QUERY(name, answer) QUERY_AS(name, #name, answer)
+#define PLAIN_QUERY(name, answer) QUERY_AS(name##Plain, #name "/plain", answer)
 
 QUERY(floor, type.GetClassId());
 QUERY(getValueEncoding, type.getValueEncoding());
@@ -41,5 +45,8 @@ unsigned int dimensionsOf(const RTBaseType& type) {
 QUERY(getTotalNumDimensions, dimensionsOf(type));
 
 QUERY(populateTypeConstraints, Bench::rangesOf(type));
+
+PLAIN_QUERY(getValueEncoding, Bench::plainEncodingOf(type));
+PLAIN_QUERY(populateTypeConstraints, Bench::plainRangesOf(type));
 
 } // namespace
