@@ -28,9 +28,7 @@ constexpr int CHAIN_LIMIT = 1000;
 Owner typeOwner(unsigned int id) { return 2 * (Owner{id} + 1); }
 
 /// The name that somebody gave, else nothing.
-std::string_view nameOf(const RTBaseType& type) {
-    return isGivenName(type.m_name) ? type.m_name : "";
-}
+std::string_view nameOf(const RTBaseType& type) { return givenName(type.m_name); }
 
 template <typename List, typename NameOf>
 std::vector<std::string_view> namesIn(const List& list, std::size_t most, NameOf nameOf) {
@@ -163,7 +161,7 @@ void DeclaredNames::findDeclaredTypes() {
             continue;
         const auto& alias = static_cast<const RTTypedefType&>(*m_types.typeOf(id));
         const unsigned int data = alias.m_dataTypeId;
-        if (!hasNameOfItsData(id, alias))
+        if (!hasNameOfItsData(alias))
             continue;
         if (addsNothing(alias))
             m_facts[id].declaredType = followed(id);
@@ -178,7 +176,7 @@ unsigned int DeclaredNames::followed(unsigned int id) const {
         if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
             return id;
         const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (!hasNameOfItsData(id, alias) || !addsNothing(alias))
+        if (!hasNameOfItsData(alias) || !addsNothing(alias))
             return id;
         id = alias.m_dataTypeId;
     }
@@ -295,10 +293,10 @@ bool DeclaredNames::isHidden(std::string_view literal) const {
     return owner != NameOwners::NOBODY && owner != OVERLOADED && owner != PREDEFINED;
 }
 
-bool DeclaredNames::hasNameOfItsData(unsigned int id, const RTTypedefType& alias) const {
+bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
     if (alias.m_dataType == nullptr)
         return false;
-    const std::string_view name = givenName(id);
+    const std::string_view name = nameOf(alias);
     const std::string_view data = givenName(alias.m_dataTypeId);
     if (data.empty() || name.size() != data.size())
         return false;
@@ -315,12 +313,15 @@ bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
     return isSame(alias.m_constraints.front(), integer->m_constraint);
 }
 
+bool DeclaredNames::isKeyword(const RTBaseType& type) const {
+    return m_language == SourceLanguage::SYSTEM_VERILOG && !systemVerilogKeyword(type).empty();
+}
+
 bool DeclaredNames::isPredefined(unsigned int id) const {
     if (isDistinct())
         return id < m_facts.size() && m_facts[id].isPredefined;
     const RTBaseType* type = m_types.typeOf(id);
-    return m_language == SourceLanguage::SYSTEM_VERILOG && type != nullptr &&
-           !systemVerilogKeyword(*type).empty();
+    return type != nullptr && isKeyword(*type);
 }
 
 std::string DeclaredNames::free(std::string name, const std::string& suffix,
@@ -372,6 +373,8 @@ Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) con
 
 Identifier DeclaredNames::typeName(unsigned int id) const {
     id = declaredType(id);
+    if (!isDistinct())
+        return ownName(id);
     if (id < m_facts.size() && !m_facts[id].spelling.empty())
         return Identifier(m_facts[id].spelling);
     const std::string_view name = givenName(id);
@@ -379,11 +382,18 @@ Identifier DeclaredNames::typeName(unsigned int id) const {
         return Identifier(madeName(id));
     if (isPredefined(id))
         return Identifier(name);
-    const bool keepsName = !isDistinct() || m_facts[id].keepsName;
     // A type of the other language is named where a declaration cannot be read in any case.
-    if (keepsName || !isOfLanguage(id))
+    if (m_facts[id].keepsName || !isOfLanguage(id))
         return identifierOf(m_language, localName(id));
     return Identifier(madeName(id));
+}
+
+Identifier DeclaredNames::ownName(unsigned int id) const {
+    const RTBaseType* type = m_types.typeOf(id);
+    const std::string_view name = type != nullptr ? nameOf(*type) : "";
+    if (name.empty())
+        return Identifier(madeName(id));
+    return isKeyword(*type) ? Identifier(name) : identifierOf(m_language, name);
 }
 
 std::string DeclaredNames::madeName(unsigned int id) const {

@@ -114,7 +114,13 @@ private:
     /// Follows typedefs to the type whose declaration they share.
     unsigned int followed(unsigned int id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
-    bool hasNameOfItsData(unsigned int id, const RTTI::RTTypedefType& alias) const;
+    bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
+
+    /// Whether SystemVerilog predefines the type, in declarations of it.
+    bool isKeyword(const RTTI::RTBaseType& type) const;
+
+    /// What declarations call a type where names are not told apart.
+    Identifier ownName(unsigned int id) const;
 
     /// The name with the suffix, as often as it takes until no other of the package has it.
     std::string free(std::string name, const std::string& suffix, std::size_t package) const;

@@ -1,11 +1,11 @@
 #include "Inspect/declarations/Identifiers.h"
 
 #include "Inspect/declarations/ReservedWords.h"
+#include "Inspect/words/Characters.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace Inspect {
@@ -13,26 +13,6 @@ namespace Inspect {
 namespace {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-/// What characters can be in an identifier.
-constexpr unsigned char WORD = 1;      ///< A letter, digit or underline.
-constexpr unsigned char UNDERLINE = 2; ///< An underline.
-constexpr unsigned char DOLLAR = 4;    ///< The additional one of SystemVerilog.
-
-constexpr auto roles = [] {
-    std::array<unsigned char, 256> all{};
-    for (std::size_t c = 'a'; c <= 'z'; ++c)
-        all[c] = all[c - 'a' + 'A'] = WORD;
-    for (std::size_t c = '0'; c <= '9'; ++c)
-        all[c] = WORD;
-    all['_'] = WORD | UNDERLINE;
-    all['$'] = DOLLAR;
-    return all;
-}();
-
-unsigned int roleOf(char c) { return roles[static_cast<unsigned char>(c)]; }
-
-bool isGraphic(char c) { return c > ' ' && c <= '~'; }
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -45,17 +25,9 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    unsigned int isWord = WORD;
-    unsigned int isDoubled = 0;
-    unsigned int previous = 0;
-    for (const char c : name) {
-        const unsigned int role = roleOf(c);
-        isWord &= role;
-        isDoubled |= role & previous;
-        previous = role & UNDERLINE;
-    }
-    return isWord != 0 && isDoubled == 0 && previous == 0 && isLetter(name.front()) &&
-           !isReservedWord(SourceLanguage::VHDL, name);
+    const auto areWord = [](Characters some) { return areLettersOrDigits(some) | are('_', some); };
+    return isLetter(name.front()) && name.back() != '_' && allOf(name, areWord) &&
+           name.find("__") == std::string_view::npos && !isReservedWord(SourceLanguage::VHDL, name);
 }
 
 /// Backslashes around printable text in which each backslash is doubled.
@@ -73,39 +45,51 @@ bool isExtendedVhdl(std::string_view name) {
 }
 
 bool isSimpleSystemVerilog(std::string_view name) {
-    bool isWord = true;
-    for (const char c : name)
-        isWord &= roleOf(c) != 0;
-    return isWord && (isLetter(name.front()) || name.front() == '_') &&
+    const auto areWord = [](Characters some) {
+        return areLettersOrDigits(some) | are('_', some) | are('$', some);
+    };
+    return (isLetter(name.front()) || name.front() == '_') && allOf(name, areWord) &&
            !isReservedWord(SourceLanguage::SYSTEM_VERILOG, name);
+}
+
+/// The name between a backslash and `end`. A character that is not plain is there as `escape`, `x`
+/// and its digits, but a backslash as two.
+template <typename Judge>
+Identifier escapedIdentifier(std::string_view name, Judge arePlain, std::string_view escape,
+                             char end) {
+    std::string text;
+    text.reserve(name.size() + 2);
+    text += '\\';
+    if (allOf(name, arePlain)) {
+        text += name;
+    } else {
+        for (const char& c : name) {
+            if (allOf({&c, 1}, arePlain))
+                text += c;
+            else if (c == '\\')
+                text += "\\\\";
+            else
+                text += fmt::format("{}x{:02X}", escape, static_cast<unsigned char>(c));
+        }
+    }
+    text += end;
+    return Identifier(std::move(text));
 }
 
 Identifier vhdlIdentifier(std::string_view name) {
     if (isBasicVhdl(name) || isExtendedVhdl(name))
         return Identifier(name);
-    std::string text = "\\";
-    for (const char c : name) {
-        if (c == '\\')
-            text += "\\\\";
-        else if (isPrintable(c))
-            text += c;
-        else
-            text += fmt::format("\\\\x{:02X}", static_cast<unsigned char>(c));
-    }
-    return Identifier(text + '\\');
+    const auto arePlain = [](Characters some) {
+        return areBetween(some, ' ', '~') & ~are('\\', some);
+    };
+    return escapedIdentifier(name, arePlain, "\\\\", '\\');
 }
 
 Identifier systemVerilogIdentifier(std::string_view name) {
     if (isSimpleSystemVerilog(name))
         return Identifier(name);
-    std::string text = "\\";
-    for (const char c : name) {
-        if (isGraphic(c))
-            text += c;
-        else
-            text += fmt::format("\\x{:02X}", static_cast<unsigned char>(c));
-    }
-    return Identifier(text + ' ');
+    const auto arePlain = [](Characters some) { return areBetween(some, '!', '~'); };
+    return escapedIdentifier(name, arePlain, "\\", ' ');
 }
 
 } // namespace

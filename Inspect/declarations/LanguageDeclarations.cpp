@@ -2,10 +2,6 @@
 
 #include "Inspect/words/TypeText.h"
 
-#include <fmt/format.h>
-
-#include <algorithm>
-
 namespace Inspect {
 
 using namespace RTTI;
@@ -34,18 +30,14 @@ std::string LanguageDeclarations::shapeOf(unsigned int id) const {
     return line;
 }
 
-void LanguageDeclarations::writeRangesFrom(Text& out, const std::vector<FullConstraints>& ranges,
-                                           std::size_t first) {
-    const auto begin = static_cast<std::ptrdiff_t>(std::min(first, ranges.size()));
-    writeRuns(out, std::vector<FullConstraints>(ranges.begin() + begin, ranges.end()));
-}
-
 void LanguageDeclarations::remark(Text& out, std::string_view text) const {
     out << comment() << ' ' << text << '\n';
 }
 
 std::string LanguageDeclarations::obstacleOf(unsigned int id) const {
+    constexpr std::size_t MANY = 16;
     TypeNeeds needs;
+    needs.named.reserve(MANY);
     needsOf(id, needs);
     return obstacleOf(id, needs);
 }
@@ -54,13 +46,14 @@ std::string LanguageDeclarations::obstacleOf(unsigned int id, const TypeNeeds& n
     if (typeOf(id) == nullptr)
         return "there is no such type";
     for (const TypeNeed& need : needs.named) {
-        const RTBaseType* needed = typeOf(need.typeId);
         if (need.typeId == TypeFileFormat::NO_TYPE_ID)
             return "what it is made of is not recorded";
-        if (needed == nullptr)
-            return fmt::format("type {} is missing", need.typeId);
-        if (!m_names.isOfLanguage(need.typeId))
-            return fmt::format("type {} belongs to {}", need.typeId, nameOf(languageOf(*needed)));
+        if (m_names.isOfLanguage(need.typeId))
+            continue;
+        const std::string type = "type " + std::to_string(need.typeId);
+        const RTBaseType* needed = typeOf(need.typeId);
+        return needed == nullptr ? type + " is missing"
+                                 : type + " belongs to " + nameOf(languageOf(*needed));
     }
     return ownObstacleOf(id, needs);
 }

@@ -83,10 +83,6 @@ protected:
     /// Whether the type has no name from the design.
     bool isUnnamed(unsigned int id) const;
 
-    /// Writes the ranges from the index `first` on.
-    static void writeRangesFrom(Text& out, const std::vector<RTTI::FullConstraints>& ranges,
-                                std::size_t first);
-
     /// Writes a comment line of its own.
     void remark(Text& out, std::string_view text) const;
 

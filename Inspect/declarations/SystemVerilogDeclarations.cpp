@@ -3,6 +3,7 @@
 #include "Inspect/declarations/EnumValues.h"
 #include "Inspect/declarations/PredefinedTypes.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
+#include "Inspect/words/TypeText.h"
 #include "RTTI/Ranges.h"
 
 #include <fmt/format.h>
@@ -187,7 +188,7 @@ void SystemVerilogDeclarations::writeWithoutPlace(Text& out,
     if (first >= ranges.size())
         return;
     out << " // no place for: ";
-    writeRangesFrom(out, ranges, first);
+    writeRuns(out, ranges, RangeLists::SHORT, true, first);
 }
 
 void SystemVerilogDeclarations::writeWithoutPlace(Text& out, const RTBaseType& type) {

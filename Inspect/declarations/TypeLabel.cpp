@@ -50,8 +50,9 @@ std::string shapeBehindKind(const TypeTable& types, unsigned int id, const RTBas
 }
 
 void writeNameOrShape(Text& out, const TypeTable& types, unsigned int id, const RTBaseType& type) {
-    if (isGivenName(type.m_name))
-        writeQuoted(out, type.m_name);
+    const std::string_view name = givenName(type.m_name);
+    if (!name.empty())
+        writeQuoted(out, name);
     else
         out << shapeOf(types, id, type);
 }

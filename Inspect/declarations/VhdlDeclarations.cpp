@@ -117,6 +117,7 @@ class VhdlDeclarations::ConstraintText {
 public:
     ConstraintText(const VhdlDeclarations& declarations, const Ranges& ranges)
         : m_declarations(declarations), m_ranges(ranges) {
+        m_origins.reserve(ranges.size());
         for (std::size_t i = 0; i < ranges.size(); ++i) {
             m_origins.push_back(originAt(i));
             m_isPlaced.push_back(isOpen(ranges[i]));
@@ -185,6 +186,7 @@ private:
     Ranges originsOf(const Ranges& own) {
         const FullConstraints* const aligned = alignedRanges(own, m_ranges);
         Ranges origins;
+        origins.reserve(own.size());
         for (std::size_t i = 0; i < own.size(); ++i) {
             if (aligned == nullptr) {
                 origins.push_back(isOpen(own[i]) ? OPEN_RANGE : WITHIN_TYPE);
@@ -348,7 +350,7 @@ void VhdlDeclarations::constraint(Text& out, unsigned int id, const Ranges& rang
         if (first >= lost.size())
             return;
         out << " /* no place for: ";
-        writeRangesFrom(out, lost, first);
+        writeRuns(out, lost, RangeLists::SHORT, true, first);
         out << " */";
     };
     if (std::all_of(ranges.begin(), ranges.end(), isOpen))
@@ -376,7 +378,7 @@ void VhdlDeclarations::constraint(Text& out, unsigned int id, const Ranges& rang
 /// The typedef with this id, if it has no name and its users spell it out; else null.
 const RTTypedefType* VhdlDeclarations::spelledOut(unsigned int id) const {
     const RTBaseType* const type = typeOf(id);
-    if (type == nullptr || !isUnnamed(id) || type->GetClassId() != ClassId::TYPEDEF)
+    if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF || !isUnnamed(id))
         return nullptr;
     const auto* const alias = static_cast<const RTTypedefType*>(type);
     const unsigned int data = alias->m_dataTypeId;
@@ -408,10 +410,11 @@ void VhdlDeclarations::enumeration(Text& out, unsigned int id, std::size_t most)
     std::vector<Identifier> literals = m_names.literalNames(id, most);
     if (literals.size() < type.m_enumeratorNames.size())
         literals.emplace_back(std::string_view("..."));
-    std::size_t width =
-        m_names.typeName(id).view().size() + std::string_view("type  is ();").size();
+    std::size_t width = std::string_view("type  is ();").size();
     for (std::size_t i = 0; i < literals.size() && width <= LINE_WIDTH; ++i)
         width += literals[i].view().size() + (i == 0 ? 0 : 2);
+    if (width <= LINE_WIDTH)
+        width += m_names.typeName(id).view().size();
     out << '(';
     if (width <= LINE_WIDTH) {
         for (std::size_t i = 0; i < literals.size(); ++i)

@@ -43,12 +43,16 @@ public:
         const unsigned int size = type.getValueSize();
         m_out << (size != 0 ? counted(size, "byte") : "not recorded");
         endLine();
-        if (const auto* alias = dynamic_cast<const RTTypedefType*>(&type))
-            behind(*alias);
-        if (const auto* container = dynamic_cast<const RTAbstractArrayType*>(&type)) {
+        switch (type.GetClassId()) {
+        case ClassId::TYPEDEF: behind(static_cast<const RTTypedefType&>(type)); break;
+        case ClassId::DYNAMIC_ARRAY:
+        case ClassId::QUEUE:
+        case ClassId::ASSOC_ARRAY:
             label("total dimensions");
-            number(container->getTotalNumDimensions(false));
+            number(static_cast<const RTAbstractArrayType&>(type).getTotalNumDimensions(false));
             endLine();
+            break;
+        default: break;
         }
         const PopulatedConstraints flattened =
             populateTypeConstraints(type, mostWalkSteps(m_lists));
@@ -217,10 +221,10 @@ private:
     /// The type that `getSelf(false)` answers, with the id that the last typedef has for it.
     void behind(const RTTypedefType& type) {
         const RTTypedefType* last = &type;
-        while (const auto* next = dynamic_cast<const RTTypedefType*>(last->m_dataType))
-            last = next;
+        while (last->m_dataType != nullptr && last->m_dataType->GetClassId() == ClassId::TYPEDEF)
+            last = static_cast<const RTTypedefType*>(last->m_dataType);
         label("type behind");
-        reference(last->m_dataTypeId, type.getSelf(false));
+        reference(last->m_dataTypeId, last->m_dataType);
         endLine();
     }
 

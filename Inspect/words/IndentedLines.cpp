@@ -1,6 +1,7 @@
 #include "Inspect/words/IndentedLines.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace Inspect {
 
@@ -38,26 +39,27 @@ std::size_t IndentedLines::prefixLines() {
     return m_begin;
 }
 
-/// Moves the lines to where the last one ends with all prefixes, and back line by line.
+/// Moves the lines to where they are with all prefixes, the last one first.
 void IndentedLines::indent() {
     const std::string_view lines = m_text.view().substr(m_begin);
-    const auto breaks = std::count(lines.begin(), lines.end() - 1, '\n');
-    const std::size_t prefixes = static_cast<std::size_t>(breaks) + (m_isLineStart ? 1 : 0);
+    std::size_t prefixes = m_isLineStart ? 1 : 0;
+    for (std::size_t at = lines.find('\n'); at < lines.size() - 1; at = lines.find('\n', at + 1))
+        ++prefixes;
     const std::size_t added = prefixes * m_prefix.size();
     if (m_text.m_capacity < m_text.m_size + added)
         m_text.grow(added);
-    char* to = m_text.m_bytes.get() + m_begin;
-    std::string_view rest(to + added, lines.size());
-    std::copy_backward(to, to + rest.size(), to + added + rest.size());
-    while (!rest.empty()) {
-        if (m_isLineStart)
-            to = std::copy(m_prefix.begin(), m_prefix.end(), to);
-        const std::size_t end = rest.find('\n');
-        m_isLineStart = end != std::string_view::npos;
-        const std::string_view line = m_isLineStart ? rest.substr(0, end + 1) : rest;
-        to = std::copy(line.begin(), line.end(), to);
-        rest.remove_prefix(line.size());
+    char* const begin = m_text.m_bytes.get() + m_begin;
+    char* end = m_text.m_bytes.get() + m_text.m_size;
+    const bool isNextLineStart = end[-1] == '\n';
+    for (char* to = end + added; to != end;) {
+        const auto before = static_cast<std::size_t>(end - 1 - begin);
+        char* const lineBreak = static_cast<char*>(memrchr(begin, '\n', before));
+        char* const line = lineBreak != nullptr ? lineBreak + 1 : begin;
+        to = std::copy_backward(line, end, to);
+        to = std::copy_backward(m_prefix.begin(), m_prefix.end(), to);
+        end = line;
     }
+    m_isLineStart = isNextLineStart;
     m_text.m_size += added;
     m_begin = m_text.m_size;
 }

@@ -20,9 +20,7 @@ constexpr std::string_view colours[] = {
 
 } // namespace
 
-std::string_view TextStyle::begin(Ink ink) const {
-    return m_isColoured ? colours[static_cast<int>(ink)] : std::string_view();
-}
+std::string_view TextStyle::colourOf(Ink ink) { return colours[static_cast<int>(ink)]; }
 
 std::string TextStyle::paint(Ink ink, std::string_view text) const {
     std::string painted(text);

@@ -37,12 +37,16 @@ public:
 
     /// What stands before text in the colour of the ink, and after it. Empty without colours.
     /// @{
-    std::string_view begin(Ink ink) const;
+    std::string_view begin(Ink ink) const {
+        return m_isColoured ? colourOf(ink) : std::string_view();
+    }
     std::string_view end() const { return m_isColoured ? RESET : std::string_view(); }
     /// @}
 
 private:
     explicit TextStyle(bool isColoured) : m_isColoured(isColoured) {}
+
+    static std::string_view colourOf(Ink ink);
 
     static constexpr std::string_view RESET = "\x1B[0m";
 

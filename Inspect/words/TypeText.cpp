@@ -1,11 +1,11 @@
 #include "Inspect/words/TypeText.h"
 
+#include "Inspect/words/Characters.h"
 #include "TypeFile/NamedValues.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <type_traits>
 
@@ -32,16 +32,6 @@ bool isPlainInPath(char c) {
 }
 
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
-
-constexpr auto plainInQuotes = [] {
-    std::array<bool, 256> plain{};
-    for (int c = ' '; c <= '~'; ++c)
-        plain[static_cast<std::size_t>(c)] = c != '"' && c != '\\';
-    return plain;
-}();
-
-/// Whether a text in quotes has the character as it is.
-bool isPlainInQuotes(char c) { return plainInQuotes[static_cast<unsigned char>(c)]; }
 
 void writeEscaped(Text& out, char c) {
     if (isPrintable(c))
@@ -72,9 +62,15 @@ std::string escaped(std::string_view text) {
 }
 
 void writeQuoted(Text& out, std::string_view text) {
-    const auto plainEnd = std::find_if_not(text.begin(), text.end(), isPlainInQuotes);
-    out << '"' << text.substr(0, static_cast<std::size_t>(plainEnd - text.begin()));
-    for (const char c : text.substr(static_cast<std::size_t>(plainEnd - text.begin()))) {
+    const auto arePlain = [](Characters some) {
+        return areBetween(some, ' ', '~') & ~are('"', some) & ~are('\\', some);
+    };
+    out << '"';
+    if (allOf(text, arePlain)) {
+        out << text << '"';
+        return;
+    }
+    for (const char c : text) {
         if (c == '"' || c == '\\')
             out << '\\';
         writeEscaped(out, c);
@@ -86,11 +82,11 @@ std::string quoted(std::string_view text) {
     return written([=](Text& out) { writeQuoted(out, text); });
 }
 
-bool isGivenName(const char* name) {
+std::string_view givenName(const char* name) {
     const std::string_view text = name != nullptr ? name : "";
     if (text.size() < 2 || text.front() != '<' || text.back() != '>')
-        return !text.empty();
-    return !std::all_of(text.begin() + 1, text.end() - 1, isLetter);
+        return text;
+    return std::all_of(text.begin() + 1, text.end() - 1, isLetter) ? std::string_view() : text;
 }
 
 void writeQuotedName(Text& out, const char* name) {

@@ -21,9 +21,12 @@ std::string quoted(std::string_view text);
 /// Writes the same.
 void writeQuoted(Text& out, std::string_view text);
 
-/// Whether the name comes from the design. Other names are null, empty, or a word in angle brackets
-/// such as "<anonymous>".
-bool isGivenName(const char* name);
+/// The name if it comes from the design, else nothing. Other names are null, empty, or a word in
+/// angle brackets such as "<anonymous>".
+std::string_view givenName(const char* name);
+
+/// Whether the name comes from the design.
+inline bool isGivenName(const char* name) { return !givenName(name).empty(); }
 
 /// The name of a member or literal in quotes, or "(no name)".
 /// @{
@@ -92,23 +95,25 @@ template <typename Entry> void writeRun(Text& out, const Run<Entry>& run) {
 }
 
 /// Writes a list in one line: `(31 downto 0) x 5, (63 downto 0), ... 3764 in all`. If `isComplete`
-/// is false there are more entries than given, and the text says so. "none" for an empty list.
+/// is false there are more entries than given, and the text says so. "none" for an empty list. The
+/// list begins at the index `first`.
 template <typename Entry>
 void writeRuns(Text& out, const std::vector<Entry>& entries, RangeLists lists = RangeLists::SHORT,
-               bool isComplete = true) {
+               bool isComplete = true, std::size_t first = 0) {
     std::size_t most = lists == RangeLists::WHOLE ? entries.size() : MOST_RUNS_IN_LINE;
-    std::size_t shown = 0;
-    for (; shown < entries.size() && most > 0; --most) {
-        const Run<Entry> run = runAt(entries, shown);
-        out << (shown == 0 ? "" : ", ");
+    std::size_t next = first;
+    for (; next < entries.size() && most > 0; --most) {
+        const Run<Entry> run = runAt(entries, next);
+        if (next != first)
+            out << ", ";
         writeRun(out, run);
-        shown += run.count;
+        next += run.count;
     }
     if (!isComplete)
-        out << ", ... more than " << entries.size() << " in all";
-    else if (shown < entries.size())
-        out << ", ... " << entries.size() << " in all";
-    else if (shown == 0)
+        out << ", ... more than " << entries.size() - first << " in all";
+    else if (next < entries.size())
+        out << ", ... " << entries.size() - first << " in all";
+    else if (next == first)
         out << "none";
 }
 

@@ -31,6 +31,26 @@ TEST(Identifiers, VhdlExtendsWhatIsNoBasicIdentifier) {
     EXPECT_EQ(identifierOf(VHDL, "a\\b"), "\\a\\\\b\\");
 }
 
+TEST(Identifiers, NoPlaceOfACharacterIsMissed) {
+    for (std::size_t size = 1; size <= 20; ++size) {
+        for (std::size_t place = 0; place < size; ++place) {
+            for (int code = 0; code <= 0xFF; ++code) {
+                std::string name(size, 'q');
+                name[place] = static_cast<char>(code);
+                const bool isAlnum = code < 0x80 && std::isalnum(code) != 0;
+                const bool isBegin = place == 0;
+                const bool isEnd = place + 1 == size;
+                const bool isBasic = isBegin ? isAlnum && std::isdigit(code) == 0
+                                             : isAlnum || (code == '_' && !isEnd);
+                const bool isSimple = isBegin ? (isAlnum && std::isdigit(code) == 0) || code == '_'
+                                              : isAlnum || code == '_' || code == '$';
+                EXPECT_EQ(identifierOf(VHDL, name) == name, isBasic) << name;
+                EXPECT_EQ(identifierOf(SV, name) == name, isSimple) << name;
+            }
+        }
+    }
+}
+
 TEST(Identifiers, VhdlExtendsReservedWordsInAnyCase) {
     EXPECT_EQ(identifierOf(VHDL, "begin"), "\\begin\\");
     EXPECT_EQ(identifierOf(VHDL, "BEGIN"), "\\BEGIN\\");

@@ -13,6 +13,19 @@ TEST(TypeText, EscapesWhatATerminalWouldAct) {
     EXPECT_EQ(quotedName(nullptr), "(no name)");
 }
 
+TEST(TypeText, EscapesACharacterWhereverItStands) {
+    for (std::size_t size = 1; size <= 20; ++size) {
+        for (std::size_t place = 0; place < size; ++place) {
+            for (int code = ' '; code <= 0xFF; ++code) {
+                std::string name(size, 'n');
+                name[place] = static_cast<char>(code);
+                const bool isPlain = code <= '~' && code != '"' && code != '\\';
+                EXPECT_EQ(Inspect::quoted(name) == '"' + name + '"', isPlain) << name;
+            }
+        }
+    }
+}
+
 TEST(TypeText, WritesRangesAsTheLanguagesDo) {
     EXPECT_EQ(rangeText({0, 15, 1}), "0 to 15");
     EXPECT_EQ(rangeText({-1, -4, 0}), "-1 downto -4");
