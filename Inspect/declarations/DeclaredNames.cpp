@@ -164,27 +164,31 @@ void DeclaredNames::findDeclaredTypes() {
         if (!hasNameOfItsData(alias))
             continue;
         if (addsNothing(alias))
-            m_facts[id].declaredType = followed(id);
+            follow(m_facts[id].declaredType);
         else if (data < m_types.count && !m_facts[data].isPredefined)
             m_facts[data].yields = true;
     }
 }
 
-unsigned int DeclaredNames::followed(unsigned int id) const {
+const RTBaseType* DeclaredNames::follow(unsigned int& id) const {
+    const RTBaseType* type = m_types.typeOf(id);
     for (int i = 0; i < CHAIN_LIMIT; ++i) {
-        const RTBaseType* type = m_types.typeOf(id);
         if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
-            return id;
+            return type;
         const auto& alias = static_cast<const RTTypedefType&>(*type);
         if (!hasNameOfItsData(alias) || !addsNothing(alias))
-            return id;
+            return type;
         id = alias.m_dataTypeId;
+        type = m_types.typeOf(id);
     }
-    return id;
+    return type;
 }
 
 unsigned int DeclaredNames::declaredType(unsigned int id) const {
-    return id < m_facts.size() ? m_facts[id].declaredType : followed(id);
+    if (id < m_facts.size())
+        return m_facts[id].declaredType;
+    follow(id);
+    return id;
 }
 
 void DeclaredNames::placeInPackages() {
@@ -372,9 +376,9 @@ Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) con
 }
 
 Identifier DeclaredNames::typeName(unsigned int id) const {
-    id = declaredType(id);
     if (!isDistinct())
         return ownName(id);
+    id = declaredType(id);
     if (id < m_facts.size() && !m_facts[id].spelling.empty())
         return Identifier(m_facts[id].spelling);
     const std::string_view name = givenName(id);
@@ -389,8 +393,10 @@ Identifier DeclaredNames::typeName(unsigned int id) const {
 }
 
 Identifier DeclaredNames::ownName(unsigned int id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    const std::string_view name = type != nullptr ? nameOf(*type) : "";
+    const RTBaseType* const type = follow(id);
+    if (type == nullptr)
+        return Identifier(madeName(id));
+    const std::string_view name = nameOf(*type);
     if (name.empty())
         return Identifier(madeName(id));
     return isKeyword(*type) ? Identifier(name) : identifierOf(m_language, name);

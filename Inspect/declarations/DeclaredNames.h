@@ -111,8 +111,8 @@ private:
     Owner ownerOf(std::string_view identifier, std::size_t package) const;
     bool isOwned(std::string_view identifier, Owner owner, std::size_t package) const;
 
-    /// Follows typedefs to the type whose declaration they share.
-    unsigned int followed(unsigned int id) const;
+    /// Follows typedefs to the type whose declaration they share; null if there is none.
+    const RTTI::RTBaseType* follow(unsigned int& id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
     bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
 

@@ -90,8 +90,10 @@ std::optional<SourceLanguage> languageOfKind(unsigned int kindCode, unsigned int
 SourceLanguage languageOf(const RTBaseType& type) {
     const RTBaseType* current = &type;
     for (int i = 0; i < LANGUAGE_CHAIN_LIMIT && current != nullptr; ++i) {
-        const char* const name = current->m_name != nullptr ? current->m_name : "";
-        if (const auto language = languageOfKind(current->GetClassId(), detailOf(*current), name))
+        const unsigned int kind = current->GetClassId();
+        const char* const name = kind == ClassId::INT ? current->m_name : nullptr;
+        if (const auto language =
+                languageOfKind(kind, detailOf(*current), name != nullptr ? name : ""))
             return *language;
         current = firstPart(*current);
     }

@@ -31,17 +31,16 @@ const RTBaseType* deputyOf(const RTBaseType& type) {
     }
 }
 
-/// The types of the members, and the base class where there is one. A null pointer is a member
-/// whose type is missing.
-std::vector<const RTBaseType*> partsOf(const RTAggregateType& aggregate) {
-    std::vector<const RTBaseType*> parts(aggregate.m_memberTypes.begin(),
-                                         aggregate.m_memberTypes.end());
+/// Passes on the types of the members, and the base class where there is one. A null pointer is a
+/// member whose type is missing.
+template <typename Use> void forEachPart(const RTAggregateType& aggregate, Use use) {
+    for (const RTBaseType* part : aggregate.m_memberTypes)
+        use(part);
     if (aggregate.GetClassId() == ClassId::CLASS) {
         const auto& derived = static_cast<const RTClassType&>(aggregate);
         if (derived.m_baseClass != nullptr)
-            parts.push_back(derived.m_baseClass);
+            use(derived.m_baseClass);
     }
-    return parts;
 }
 
 } // namespace
@@ -54,9 +53,17 @@ ValueEncoding TypeEncodings::of(const RTBaseType& type) {
                                                                 : ENCODING_4_STATE;
 }
 
+/// Only where long chains end is worth remembering.
 const RTBaseType& TypeEncodings::endOf(const RTBaseType& type) {
-    std::vector<const RTBaseType*> chain;
+    constexpr int SHORT = 16;
     const RTBaseType* end = &type;
+    for (int i = 0; i < SHORT; ++i) {
+        const RTBaseType* const deputy = deputyOf(*end);
+        if (deputy == nullptr)
+            return *end;
+        end = deputy;
+    }
+    std::vector<const RTBaseType*> chain;
     while (const RTBaseType* deputy = deputyOf(*end)) {
         const auto known = m_ends.find(end);
         if (known != m_ends.end()) {
@@ -89,18 +96,20 @@ void TypeEncodings::explore(const RTAggregateType& first) {
         const auto& aggregate = static_cast<const RTAggregateType&>(*unseen.back());
         unseen.pop_back();
         bool isTwoState = true;
-        for (const RTBaseType* part : partsOf(aggregate)) {
+        forEachPart(aggregate, [&](const RTBaseType* part) {
             const RTBaseType* const end = part != nullptr ? &endOf(*part) : nullptr;
             if (end == nullptr || !isMadeOfParts(*end)) {
                 isTwoState &= end != nullptr && end->getValueEncoding() == ENCODING_2_STATE;
-                continue;
+                return;
             }
             const auto [state, isNew] = m_isTwoState.emplace(end, true);
             if (isNew)
                 unseen.push_back(end);
             isTwoState &= state->second;
-            users[end].push_back(&aggregate);
-        }
+            // What an earlier call has found does not change any more.
+            if (isNew || end == &first || users.find(end) != users.end())
+                users[end].push_back(&aggregate);
+        });
         if (!isTwoState)
             fourState.push_back(&aggregate);
     }

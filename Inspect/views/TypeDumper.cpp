@@ -24,7 +24,7 @@ class TypeDumper::Fields {
 public:
     explicit Fields(TypeDumper& dumper)
         : m_out(dumper.m_out), m_types(dumper.m_types), m_style(dumper.m_style),
-          m_lists(dumper.m_lists), m_fieldWords(dumper.m_fieldWords) {}
+          m_lists(dumper.m_lists), m_fieldLabels(dumper.m_fieldLabels) {}
 
     void writeFields(const RTBaseType& type) {
         TypeFile::asItsClass(type, [this](const auto& object) {
@@ -63,10 +63,10 @@ public:
 private:
     void label(std::string_view words) { m_out << "  " << words << ": "; }
     void fieldLabel(const char* field) {
-        std::string& words = m_fieldWords[field];
+        std::string& words = m_fieldLabels[field];
         if (words.empty())
-            words = fieldWords(field);
-        label(words);
+            words = "  " + fieldWords(field) + ": ";
+        m_out << words;
     }
     void endLine() { m_out << '\n'; }
 
@@ -266,11 +266,10 @@ private:
     }
 
     void bytes(const char* value) {
-        constexpr const char* DIGITS = "0123456789ABCDEF";
         m_out << m_style.begin(Ink::NUMBER) << (m_valueSize == 0 ? "(no bytes)" : "");
         for (std::size_t i = 0; i < m_valueSize; ++i) {
-            const auto byte = static_cast<unsigned char>(value[i]);
-            m_out << (i == 0 ? "" : " ") << DIGITS[byte >> 4] << DIGITS[byte & 0xF];
+            m_out << (i == 0 ? "" : " ");
+            writeByte(m_out, value[i]);
         }
         m_out << m_style.end();
     }
@@ -279,7 +278,7 @@ private:
     const TypeTable& m_types;
     const TextStyle& m_style;
     const RangeLists m_lists;
-    std::unordered_map<const char*, std::string>& m_fieldWords;
+    std::unordered_map<const char*, std::string>& m_fieldLabels;
     std::size_t m_valueSize = 0; ///< Of the type's literals.
 };
 

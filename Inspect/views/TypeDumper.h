@@ -45,7 +45,7 @@ private:
     unsigned int m_id = 0;                    ///< Of the type being written.
     const RTTI::RTBaseType* m_type = nullptr; ///< It need not be in the table.
     const TypeDeclarations m_declarations;
-    std::unordered_map<const char*, std::string> m_fieldWords; ///< Of the fields met so far.
+    std::unordered_map<const char*, std::string> m_fieldLabels; ///< Of those met so far.
 };
 
 } // namespace Inspect

@@ -34,6 +34,7 @@ bool isPlainInPath(char c) {
 bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
 
 void writeEscaped(Text& out, char c) {
+
     if (isPrintable(c))
         out << c;
     else if (c == '\n')
@@ -41,7 +42,7 @@ void writeEscaped(Text& out, char c) {
     else if (c == '\t')
         out << "\\t";
     else
-        out << fmt::format("\\x{:02X}", static_cast<unsigned char>(c));
+        writeByte(out << "\\x", c);
 }
 
 /// Bounds beyond it stand for the whole range of a double, which some compilers round.
@@ -53,6 +54,11 @@ bool hasAllLiterals(const RTSeqEnumType& type, const FullConstraints& range) {
 }
 
 } // namespace
+
+void writeByte(Text& out, char byte) {
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    out << DIGITS[static_cast<unsigned char>(byte) >> 4] << DIGITS[byte & 0xF];
+}
 
 std::string escaped(std::string_view text) {
     return written([=](Text& out) {

@@ -11,6 +11,9 @@
 
 namespace Inspect {
 
+/// Writes a byte as two hexadecimal digits.
+void writeByte(Text& out, char byte);
+
 /// `text` with every byte escaped that is not printable ASCII, so that a terminal shows it and does
 /// not act on it.
 std::string escaped(std::string_view text);
