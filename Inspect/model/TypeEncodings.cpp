@@ -79,8 +79,10 @@ const RTBaseType& TypeEncodings::endOf(const RTBaseType& type) {
 }
 
 bool TypeEncodings::isTwoState(const RTAggregateType& aggregate) {
-    if (m_isTwoState.find(&aggregate) == m_isTwoState.end())
-        explore(aggregate);
+    const auto known = m_isTwoState.find(&aggregate);
+    if (known != m_isTwoState.end())
+        return known->second;
+    explore(aggregate);
     return m_isTwoState.at(&aggregate);
 }
 

@@ -13,7 +13,7 @@ using Characters = std::uint64_t;
 using Judgement = std::uint64_t;
 
 /// The same byte for each of the characters.
-constexpr Characters forEach(unsigned char byte) { return 0x0101010101010101 * byte; }
+constexpr Characters forEach(unsigned char byte) { return Characters{0x0101010101010101} * byte; }
 
 /// Whether they are from `first` to `last`.
 constexpr Judgement areBetween(Characters characters, unsigned char first, unsigned char last) {
