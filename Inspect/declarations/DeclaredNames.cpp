@@ -103,10 +103,9 @@ DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Na
     if (!isDistinct())
         return;
     examineTypes();
-    claimPredefined();
     findDeclaredTypes();
     if (naming == Naming::PACKAGES && language == SourceLanguage::SYSTEM_VERILOG)
-        placeInPackages();
+        m_packages = DeclaredPackages(m_types, *this);
     claimPackages();
     claimTypes();
     claimLiterals();
@@ -130,7 +129,17 @@ void DeclaredNames::examineTypes() {
         facts.isOfLanguage = data < id && m_types.typeOf(data) != nullptr
                                  ? m_facts[data].isOfLanguage
                                  : languageOf(*type) == m_language;
+        facts.isPredefined = facts.isOfLanguage && !facts.name.empty() && isPredefinedName(*type);
+        if (facts.isPredefined && m_language == SourceLanguage::VHDL)
+            m_everywhere.claim(identityHash(m_language, facts.name), PREDEFINED);
     }
+}
+
+unsigned int DeclaredNames::classOf(unsigned int id) const {
+    if (isDistinct())
+        return id < m_facts.size() ? m_facts[id].classId : 0;
+    const RTBaseType* type = id != TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
+    return type != nullptr ? type->GetClassId() : 0;
 }
 
 bool DeclaredNames::isOfLanguage(unsigned int id) const {
@@ -138,21 +147,6 @@ bool DeclaredNames::isOfLanguage(unsigned int id) const {
         return id < m_facts.size() && m_facts[id].isOfLanguage;
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && languageOf(*type) == m_language;
-}
-
-void DeclaredNames::claimPredefined() {
-    for (unsigned int id = 0; id < m_types.count; ++id) {
-        Facts& facts = m_facts[id];
-        if (!facts.isOfLanguage || facts.name.empty())
-            continue;
-        const RTBaseType& type = *m_types.typeOf(id);
-        if (m_language == SourceLanguage::SYSTEM_VERILOG) {
-            facts.isPredefined = !systemVerilogKeyword(type).empty();
-        } else if (isPredefinedInVhdl(type, m_types.typeOf)) {
-            facts.isPredefined = true;
-            m_everywhere.claim(identityHash(m_language, facts.name), PREDEFINED);
-        }
-    }
 }
 
 void DeclaredNames::findDeclaredTypes() {
@@ -189,20 +183,6 @@ unsigned int DeclaredNames::declaredType(unsigned int id) const {
         return m_facts[id].declaredType;
     follow(id);
     return id;
-}
-
-void DeclaredNames::placeInPackages() {
-    std::vector<unsigned int> declared(m_types.count, TypeFileFormat::NO_TYPE_ID);
-    for (unsigned int id = 0; id < m_types.count; ++id) {
-        const unsigned int type = declaredType(id);
-        if (isOfLanguage(type) && !isPredefined(type))
-            declared[id] = type;
-    }
-    std::vector<std::string_view> names;
-    names.reserve(m_types.count);
-    for (const Facts& facts : m_facts)
-        names.push_back(facts.name);
-    m_packages = DeclaredPackages(m_types, declared, names);
 }
 
 void DeclaredNames::claimPackages() {
@@ -242,10 +222,11 @@ void DeclaredNames::claimLiterals() {
                 continue;
             const Identifier identifier = spelled(m_language, name);
             hashes.push_back(identityHash(m_language, identifier));
-            if (claim(hashes.back(), owner, m_packages.packageOf(id)) != owner ||
-                !identifier.isName())
-                facts.keepsLiterals = false;
+            facts.keepsLiterals = facts.keepsLiterals && identifier.isName();
         }
+        // All at once: the processor then waits for many places of the table at a time.
+        for (const std::uint64_t hash : hashes)
+            facts.keepsLiterals &= claim(hash, owner, m_packages.packageOf(id)) == owner;
         facts.keepsLiterals = facts.keepsLiterals && areDistinct(hashes);
     }
 }
@@ -270,9 +251,7 @@ bool DeclaredNames::isImported(unsigned int id, std::size_t package) const {
 }
 
 Owner DeclaredNames::literalOwner(unsigned int id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr && type->GetClassId() == ClassId::SEQ_ENUM ? OVERLOADED
-                                                                      : typeOwner(id) + 1;
+    return classOf(id) == ClassId::SEQ_ENUM ? OVERLOADED : typeOwner(id) + 1;
 }
 
 Owner DeclaredNames::claim(std::uint64_t identity, Owner owner, std::size_t package) {
@@ -315,6 +294,11 @@ bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
     if (integer == nullptr || alias.m_constraints.size() != 1)
         return false;
     return isSame(alias.m_constraints.front(), integer->m_constraint);
+}
+
+bool DeclaredNames::isPredefinedName(const RTBaseType& type) const {
+    return m_language == SourceLanguage::VHDL ? isPredefinedInVhdl(type, m_types.typeOf)
+                                              : isKeyword(type);
 }
 
 bool DeclaredNames::isKeyword(const RTBaseType& type) const {

@@ -59,6 +59,10 @@ public:
     /// The name of a type whose own name is taken by another one.
     std::string madeName(unsigned int id) const;
 
+    /// The class of a type; 0 if there is none with this id. Where names are told apart, costs no
+    /// look at the type.
+    unsigned int classOf(unsigned int id) const;
+
     /// Whether there is a type with this id and it belongs to the language of the names.
     bool isOfLanguage(unsigned int id) const;
 
@@ -97,8 +101,6 @@ private:
 
     void examineTypes();
     void findDeclaredTypes();
-    void placeInPackages();
-    void claimPredefined();
     void claimTypes();
     void claimLiterals();
     void claimImports();
@@ -115,6 +117,9 @@ private:
     const RTTI::RTBaseType* follow(unsigned int& id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
     bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
+
+    /// Whether the language predefines a type of it that has a name.
+    bool isPredefinedName(const RTTI::RTBaseType& type) const;
 
     /// Whether SystemVerilog predefines the type, in declarations of it.
     bool isKeyword(const RTTI::RTBaseType& type) const;

@@ -1,5 +1,6 @@
 #include "Inspect/declarations/DeclaredPackages.h"
 
+#include "Inspect/declarations/DeclaredNames.h"
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
 
@@ -73,10 +74,10 @@ private:
 /// Works the packages out: first their order, then the place of each type.
 class PackagePlacement {
 public:
-    PackagePlacement(const TypeTable& types, const std::vector<unsigned int>& declaredTypes,
-                     const std::vector<std::string_view>& typeNames)
-        : m_types(types), m_declaredTypes(declaredTypes), m_typeNames(typeNames),
+    PackagePlacement(const TypeTable& types, const DeclaredNames& names)
+        : m_types(types), m_names(names), m_declaredTypes(types.count, NONE),
           m_owns(types.count, NONE) {
+        findDeclaredTypes();
         findPackages();
         findNeeds();
         orderPackages();
@@ -84,7 +85,7 @@ public:
         placeWithUsers();
         places.reserve(types.count);
         for (unsigned int id = 0; id < types.count; ++id)
-            places.push_back(placeOf(declaredTypes[id]));
+            places.push_back(placeOf(m_declaredTypes[id]));
     }
 
     std::vector<std::string> packages; ///< In order, without the last.
@@ -119,16 +120,25 @@ private:
         return identifierOf(SourceLanguage::SYSTEM_VERILOG, scope).isName() && scope != "std";
     }
 
+    void findDeclaredTypes() {
+        for (unsigned int id = 0; id < m_types.count; ++id) {
+            const unsigned int type = m_names.declaredType(id);
+            if (m_names.isOfLanguage(type) && !m_names.isPredefined(type))
+                m_declaredTypes[id] = type;
+        }
+    }
+
     void findPackages() {
         std::unordered_map<std::string_view, unsigned int> scopes;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const std::string_view scope = isNode(id) ? scopeIn(m_typeNames[id]) : "";
+            const std::string_view scope = isNode(id) ? scopeIn(m_names.givenName(id)) : "";
             if (!scope.empty())
                 m_owns[id] = scopes.try_emplace(scope, scopes.size()).first->second;
         }
         std::vector<bool> isTypeName(scopes.size());
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const auto found = isNode(id) ? scopes.find(m_typeNames[id]) : scopes.end();
+            const bool isSimple = isNode(id) && !hasOwn(id);
+            const auto found = isSimple ? scopes.find(m_names.givenName(id)) : scopes.end();
             if (found != scopes.end())
                 isTypeName[found->second] = true;
         }
@@ -156,7 +166,7 @@ private:
         TypeNeeds found;
         for (unsigned int id = 0; id < m_types.count; ++id) {
             if (isNode(id))
-                findSystemVerilogNeeds(m_types, id, found);
+                findSystemVerilogNeeds(m_types, m_names, id, found);
             else
                 found.named.clear();
             for (const TypeNeed& need : found.named) {
@@ -177,7 +187,7 @@ private:
         const auto count = static_cast<unsigned int>(m_unordered.size());
         Pairs members;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (hasOwn(id) && m_typeNames[id].find("#(") == std::string_view::npos)
+            if (hasOwn(id) && m_names.givenName(id).find("#(") == std::string_view::npos)
                 members.emplace_back(m_owns[id], id);
         }
         const Edges types(count, members);
@@ -277,8 +287,8 @@ private:
         m_isFloating.resize(m_types.count);
         for (unsigned int id = 0; id < m_types.count; ++id) {
             const bool isBetween = m_placed[id] != NONE && m_placed[id] > latestNeeds[id];
-            m_isFloating[id] =
-                !hasOwn(id) && (m_typeNames[id].empty() || latestNeeds[id] == NONE || isBetween);
+            m_isFloating[id] = !hasOwn(id) && (m_names.givenName(id).empty() ||
+                                               latestNeeds[id] == NONE || isBetween);
         }
         placeUsersOf(sorted([&](unsigned int id) {
             if (hasOwn(id))
@@ -298,23 +308,22 @@ private:
     }
 
     const TypeTable& m_types;
-    const std::vector<unsigned int>& m_declaredTypes;
-    const std::vector<std::string_view>& m_typeNames;
-    std::vector<std::string> m_unordered; ///< Packages as they were found.
-    std::vector<unsigned int> m_owns;     ///< The package in a type's name, as it was found.
-    std::vector<unsigned int> m_ranks;    ///< The place of each of these packages.
-    std::vector<bool> m_isFloating;       ///< Types that go with their users.
-    Edges m_needs;                        ///< What types need.
-    Edges m_users;                        ///< What needs them.
+    const DeclaredNames& m_names;
+    std::vector<unsigned int> m_declaredTypes; ///< The type whose declaration a type shares, mostly
+                                               ///< itself, or NONE where it needs or has none.
+    std::vector<std::string> m_unordered;      ///< Packages as they were found.
+    std::vector<unsigned int> m_owns;          ///< The package in a type's name, as it was found.
+    std::vector<unsigned int> m_ranks;         ///< The place of each of these packages.
+    std::vector<bool> m_isFloating;            ///< Types that go with their users.
+    Edges m_needs;                             ///< What types need.
+    Edges m_users;                             ///< What needs them.
     std::vector<unsigned int> m_placed;
 };
 
 } // namespace
 
-DeclaredPackages::DeclaredPackages(const TypeTable& types,
-                                   const std::vector<unsigned int>& declaredTypes,
-                                   const std::vector<std::string_view>& typeNames) {
-    PackagePlacement placement(types, declaredTypes, typeNames);
+DeclaredPackages::DeclaredPackages(const TypeTable& types, const DeclaredNames& names) {
+    PackagePlacement placement(types, names);
     m_names = std::move(placement.packages);
     std::string last = "types";
     while (std::find(m_names.begin(), m_names.end(), last) != m_names.end())

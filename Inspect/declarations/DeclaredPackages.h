@@ -9,6 +9,8 @@
 
 namespace Inspect {
 
+class DeclaredNames;
+
 /// The packages that SystemVerilog types are declared in, in an order in which a compiler can read
 /// them.
 ///
@@ -22,12 +24,9 @@ public:
     /// One package for all types.
     DeclaredPackages() : m_names{"types"} {}
 
-    /// Looks at all types and at what their declarations name. `declaredTypes` has for each type
-    /// the one whose declaration it shares, which is mostly itself, or NO_TYPE_ID if it needs none
-    /// or has none in SystemVerilog. `typeNames` has the names that types have from the design, or
-    /// nothing.
-    DeclaredPackages(const TypeTable& types, const std::vector<unsigned int>& declaredTypes,
-                     const std::vector<std::string_view>& typeNames);
+    /// Looks at all types and at what their declarations name. Asks `names`, which has no packages
+    /// yet, only for the names that types have from the design and for what can be declared.
+    DeclaredPackages(const TypeTable& types, const DeclaredNames& names);
 
     /// At least 1.
     std::size_t count() const { return m_names.size(); }

@@ -11,7 +11,7 @@ std::string_view LanguageDeclarations::comment() const {
 }
 
 bool LanguageDeclarations::isUnnamed(unsigned int id) const {
-    return typeOf(id) != nullptr && m_names.givenName(id).empty();
+    return m_names.classOf(id) != 0 && m_names.givenName(id).empty();
 }
 
 std::string LanguageDeclarations::shapeOf(unsigned int id) const {

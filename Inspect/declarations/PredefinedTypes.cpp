@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -17,8 +16,11 @@ using namespace RTTI;
 
 namespace {
 
-bool isSameInVhdl(const char* name, std::string_view other) {
-    return name != nullptr && !other.empty() && std::strlen(name) == other.size() &&
+std::string_view viewOf(const char* name) { return name != nullptr ? name : ""; }
+std::string_view nameOf(const RTBaseType& type) { return viewOf(type.m_name); }
+
+bool isSameInVhdl(std::string_view name, std::string_view other) {
+    return !other.empty() && name.size() == other.size() &&
            identityOf(SourceLanguage::VHDL, name) == identityOf(SourceLanguage::VHDL, other);
 }
 
@@ -52,7 +54,7 @@ struct PredefinedEnum {
     Literals literals;
 };
 
-const PredefinedEnum* predefinedEnum(const char* name) {
+const PredefinedEnum* predefinedEnum(std::string_view name) {
     static const PredefinedEnum enums[] = {
         {"boolean", {"false", "true"}},
         {"bit", {"'0'", "'1'"}},
@@ -67,10 +69,13 @@ const PredefinedEnum* predefinedEnum(const char* name) {
 }
 
 bool isPredefinedEnum(const RTSeqEnumType& type) {
-    const PredefinedEnum* expected = predefinedEnum(type.m_name);
+    const PredefinedEnum* expected = predefinedEnum(nameOf(type));
     return expected != nullptr &&
            std::equal(type.m_enumeratorNames.begin(), type.m_enumeratorNames.end(),
-                      expected->literals.begin(), expected->literals.end(), isSameInVhdl);
+                      expected->literals.begin(), expected->literals.end(),
+                      [](const char* name, std::string_view literal) {
+                          return isSameInVhdl(viewOf(name), literal);
+                      });
 }
 
 // Numbers.
@@ -81,13 +86,13 @@ constexpr FullConstraints integerRange = {std::numeric_limits<std::int32_t>::min
 
 bool isInteger(const RTBaseType* type) {
     return type != nullptr && type->GetClassId() == ClassId::INT &&
-           isSameInVhdl(type->m_name, "integer") &&
+           isSameInVhdl(nameOf(*type), "integer") &&
            isSame(static_cast<const RTIntType*>(type)->m_constraint, integerRange);
 }
 
 bool isReal(const RTBaseType* type) {
     if (type == nullptr || type->GetClassId() != ClassId::FLOAT ||
-        !isSameInVhdl(type->m_name, "real"))
+        !isSameInVhdl(nameOf(*type), "real"))
         return false;
     const auto& real = *static_cast<const RTFloatType*>(type);
     return real.m_left == std::numeric_limits<double>::lowest() &&
@@ -99,7 +104,7 @@ bool isTime(const RTBaseType* type) {
     static constexpr std::string_view names[] = {"fs", "ps", "ns", "us", "ms", "sec", "min", "hr"};
     static constexpr std::int64_t factors[] = {1, 1000, 1000, 1000, 1000, 1000, 60, 60};
     if (type == nullptr || type->GetClassId() != ClassId::PHYSICAL ||
-        !isSameInVhdl(type->m_name, "time"))
+        !isSameInVhdl(nameOf(*type), "time"))
         return false;
     const auto& units = static_cast<const RTPhysicalType*>(type)->m_units;
     if (units.size() != std::size(names))
@@ -107,7 +112,7 @@ bool isTime(const RTBaseType* type) {
     std::int64_t value = 1;
     for (std::size_t i = 0; i < units.size(); ++i) {
         value *= factors[i];
-        if (!isSameInVhdl(units[i].unitName.c_str(), names[i]) || units[i].value != value)
+        if (!isSameInVhdl(units[i].unitName, names[i]) || units[i].value != value)
             return false;
     }
     return true;
@@ -116,9 +121,9 @@ bool isTime(const RTBaseType* type) {
 /// A typedef of an integer or of time that has its name and its whole range.
 bool isFirstSubtype(const RTTypedefType& type) {
     const std::vector<FullConstraints>& constraints = type.m_constraints;
-    if (isSameInVhdl(type.m_name, "time"))
+    if (isSameInVhdl(nameOf(type), "time"))
         return isTime(type.m_dataType) && constraints.empty();
-    return isSameInVhdl(type.m_name, "integer") && isInteger(type.m_dataType) &&
+    return isSameInVhdl(nameOf(type), "integer") && isInteger(type.m_dataType) &&
            (constraints.empty() ||
             (constraints.size() == 1 && isSame(constraints.front(), integerRange)));
 }
@@ -127,10 +132,10 @@ bool isPredefinedSubtype(const RTTypedefType& type) {
     const std::vector<FullConstraints>& constraints = type.m_constraints;
     if (isFirstSubtype(type))
         return true;
-    if (isSameInVhdl(type.m_name, "delay_length"))
+    if (isSameInVhdl(nameOf(type), "delay_length"))
         return isTime(type.m_dataType) && constraints.empty();
-    const bool isNatural = isSameInVhdl(type.m_name, "natural");
-    if (!isNatural && !isSameInVhdl(type.m_name, "positive"))
+    const bool isNatural = isSameInVhdl(nameOf(type), "natural");
+    if (!isNatural && !isSameInVhdl(nameOf(type), "positive"))
         return false;
     return isInteger(type.m_dataType) && constraints.size() == 1 &&
            isSame(constraints.front(),
@@ -151,9 +156,10 @@ constexpr PredefinedArray arrays[] = {
     {"real_vector", "real", "natural"},  {"time_vector", "time", "natural"}};
 
 bool isPredefinedArray(const RTArrayType& type, const TypeLookup& types) {
+    const std::string_view name = nameOf(type);
     const auto expected =
         std::find_if(std::begin(arrays), std::end(arrays),
-                     [&](const PredefinedArray& a) { return isSameInVhdl(type.m_name, a.name); });
+                     [=](const PredefinedArray& a) { return isSameInVhdl(name, a.name); });
     if (expected == std::end(arrays) || type.m_indexTypeIds.size() != 1 ||
         type.m_elementType == nullptr || type.m_constraints.size() > 1)
         return false;
@@ -161,10 +167,10 @@ bool isPredefinedArray(const RTArrayType& type, const TypeLookup& types) {
         return false;
     const RTBaseType* index = types(type.m_indexTypeIds.front());
     return index != nullptr && index->GetClassId() == ClassId::TYPEDEF &&
-           isSameInVhdl(index->m_name, expected->index) &&
+           isSameInVhdl(nameOf(*index), expected->index) &&
            isPredefinedSubtype(static_cast<const RTTypedefType&>(*index)) &&
            type.m_elementType->GetClassId() != ClassId::ARRAY &&
-           isSameInVhdl(type.m_elementType->m_name, expected->element) &&
+           isSameInVhdl(nameOf(*type.m_elementType), expected->element) &&
            isPredefinedInVhdl(*type.m_elementType, types);
 }
 
@@ -179,10 +185,6 @@ struct IntegerKeyword {
 constexpr IntegerKeyword integerKeywords[] = {{"byte", "bit", 8},       {"shortint", "bit", 16},
                                               {"int", "bit", 32},       {"longint", "bit", 64},
                                               {"integer", "logic", 32}, {"time", "logic", 64}};
-
-std::string_view nameOf(const RTBaseType& type) {
-    return type.m_name != nullptr ? type.m_name : "";
-}
 
 std::string_view keywordOfArray(const RTArrayType& type) {
     if (type.m_arrayKind != VLOG_FIXED_PACKED_ARRAY || type.m_indexTypeIds.size() != 1 ||

@@ -80,7 +80,7 @@ bool isTypedef(const RTBaseType& type) {
     case ClassId::DISCRETE_ENUM:
     case ClassId::RECORD:
     case ClassId::TYPEDEF: return true;
-    default: return isSystemVerilogArray(type) || !scalarWord(type).empty();
+    default: return isSystemVerilogArray(type.GetClassId()) || !scalarWord(type).empty();
     }
 }
 
@@ -124,12 +124,12 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int
                                                                     bool isPackedElement,
                                                                     int depth) const {
     const RTBaseType* type = typeOf(id);
-    if (type == nullptr || !isSystemVerilogArray(*type))
+    if (type == nullptr || !isSystemVerilogArray(type->GetClassId()))
         return {nameHere(id), {}};
     // A predefined integer takes no packed dimensions: its own are written out.
     const bool isInteger = isPackedElement && !systemVerilogKeyword(*type).empty();
     const bool isWritten = spelling == Spelling::BODY || isInteger ||
-                           (Inspect::isSpelledOut(*type) && depth < INLINE_LIMIT);
+                           (Inspect::isSpelledOut(m_names, id) && depth < INLINE_LIMIT);
     if (!isWritten)
         return {nameHere(id), {}};
     switch (type->GetClassId()) {
@@ -176,7 +176,7 @@ std::string SystemVerilogDeclarations::indexOf(const RTAssocArrayType& type, int
     const RTBaseType* index = typeOf(type.m_indexTypeId);
     if (index != nullptr && index->GetClassId() == ClassId::WILDCARD)
         return "*";
-    if (index != nullptr && isSpelledOutAsIndex(*index))
+    if (index != nullptr && isSpelledOutAsIndex(m_types, m_names, type.m_indexTypeId))
         return std::string(
             partsOf(type.m_indexTypeId, Spelling::NAME, false, depth + 1).before.view());
     return std::string(nameHere(type.m_indexTypeId).view());
@@ -290,8 +290,8 @@ std::string SystemVerilogDeclarations::define(Text& out, unsigned int id, std::s
     case ClassId::CLASS:
     case ClassId::WILDCARD: return {};
     default:
-        parts = isSystemVerilogArray(*type) ? partsOf(id, Spelling::BODY)
-                                            : Parts{Identifier(scalarWord(*type)), {}};
+        parts = isSystemVerilogArray(type->GetClassId()) ? partsOf(id, Spelling::BODY)
+                                                         : Parts{Identifier(scalarWord(*type)), {}};
         break;
     }
     writeSpaced(out, parts.before);
@@ -324,13 +324,11 @@ std::string SystemVerilogDeclarations::announcementOf(unsigned int id) const {
 }
 
 void SystemVerilogDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {
-    findSystemVerilogNeeds(m_types, id, needs);
+    findSystemVerilogNeeds(m_types, m_names, id, needs);
 }
 
 bool SystemVerilogDeclarations::isSpelledOut(unsigned int id) const {
-    const RTBaseType* type = typeOf(id);
-    return type != nullptr &&
-           (type->GetClassId() == ClassId::WILDCARD || Inspect::isSpelledOut(*type));
+    return m_names.classOf(id) == ClassId::WILDCARD || Inspect::isSpelledOut(m_names, id);
 }
 
 std::string SystemVerilogDeclarations::ownObstacleOf(unsigned int id,

@@ -1,8 +1,5 @@
 #include "Inspect/declarations/SystemVerilogNeeds.h"
 
-#include "Inspect/declarations/PredefinedTypes.h"
-#include "Inspect/words/TypeText.h"
-
 namespace Inspect {
 
 using namespace RTTI;
@@ -12,11 +9,12 @@ namespace {
 /// Goes through one declaration.
 class NeedsFinder {
 public:
-    NeedsFinder(const TypeTable& types, TypeNeeds& needs) : m_types(types), m_needs(needs) {}
+    NeedsFinder(const TypeTable& types, const DeclaredNames& names, TypeNeeds& needs)
+        : m_types(types), m_names(names), m_needs(needs) {}
 
     void ofDeclaration(unsigned int id) {
-        const RTBaseType* type = typeOf(id);
-        if (type == nullptr || !systemVerilogKeyword(*type).empty())
+        const RTBaseType* type = m_types.typeOf(id);
+        if (type == nullptr || m_names.isPredefined(id))
             return;
         switch (type->GetClassId()) {
         case ClassId::TYPEDEF: return name(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
@@ -34,10 +32,6 @@ public:
     }
 
 private:
-    const RTBaseType* typeOf(unsigned int id) const {
-        return id != TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
-    }
-
     void ofMembers(const RTAggregateType& type) {
         for (const auto* member : type.m_members) {
             if (member != nullptr)
@@ -55,34 +49,32 @@ private:
         case ClassId::ASSOC_ARRAY: {
             const auto& map = static_cast<const RTAssocArrayType&>(type);
             name(map.m_elementTypeId, depth + 1);
-            const RTBaseType* index = typeOf(map.m_indexTypeId);
-            if (index != nullptr && index->GetClassId() == ClassId::WILDCARD)
+            const unsigned int index = map.m_indexTypeId;
+            if (m_names.classOf(index) == ClassId::WILDCARD)
                 return;
-            const bool isWritten = index != nullptr && isSpelledOutAsIndex(*index);
-            return name(map.m_indexTypeId, isWritten ? depth + 1 : INLINE_LIMIT);
+            return name(index,
+                        isSpelledOutAsIndex(m_types, m_names, index) ? depth + 1 : INLINE_LIMIT);
         }
         default: return;
         }
     }
 
     void name(unsigned int id, int depth = 0) {
-        const RTBaseType* type = typeOf(id);
-        if (type == nullptr || depth >= INLINE_LIMIT || !isSpelledOut(*type)) {
-            const bool isClass = type != nullptr && type->GetClassId() == ClassId::CLASS;
-            return m_needs.named.push_back({id, isClass});
-        }
+        if (depth >= INLINE_LIMIT || !isSpelledOut(m_names, id))
+            return m_needs.named.push_back({id, m_names.classOf(id) == ClassId::CLASS});
         m_needs.inside.push_back(id);
-        ofArray(*type, depth);
+        ofArray(*m_types.typeOf(id), depth);
     }
 
     const TypeTable& m_types;
+    const DeclaredNames& m_names;
     TypeNeeds& m_needs;
 };
 
 } // namespace
 
-bool isSystemVerilogArray(const RTBaseType& type) {
-    switch (type.GetClassId()) {
+bool isSystemVerilogArray(unsigned int classId) {
+    switch (classId) {
     case ClassId::ARRAY:
     case ClassId::DYNAMIC_ARRAY:
     case ClassId::QUEUE:
@@ -96,18 +88,19 @@ bool isPackedArray(const RTBaseType& type) {
            static_cast<const RTArrayType&>(type).m_arrayKind == VLOG_FIXED_PACKED_ARRAY;
 }
 
-bool isSpelledOut(const RTBaseType& type) {
-    return isSystemVerilogArray(type) && !isGivenName(type.m_name);
+bool isSpelledOut(const DeclaredNames& names, unsigned int id) {
+    return isSystemVerilogArray(names.classOf(id)) && names.givenName(id).empty();
 }
 
-bool isSpelledOutAsIndex(const RTBaseType& type) {
-    return isSpelledOut(type) && isPackedArray(type);
+bool isSpelledOutAsIndex(const TypeTable& types, const DeclaredNames& names, unsigned int id) {
+    return isSpelledOut(names, id) && isPackedArray(*types.typeOf(id));
 }
 
-void findSystemVerilogNeeds(const TypeTable& types, unsigned int id, TypeNeeds& needs) {
+void findSystemVerilogNeeds(const TypeTable& types, const DeclaredNames& names, unsigned int id,
+                            TypeNeeds& needs) {
     needs.named.clear();
     needs.inside.clear();
-    NeedsFinder(types, needs).ofDeclaration(id);
+    NeedsFinder(types, names, needs).ofDeclaration(id);
 }
 
 } // namespace Inspect

@@ -377,10 +377,9 @@ void VhdlDeclarations::constraint(Text& out, unsigned int id, const Ranges& rang
 
 /// The typedef with this id, if it has no name and its users spell it out; else null.
 const RTTypedefType* VhdlDeclarations::spelledOut(unsigned int id) const {
-    const RTBaseType* const type = typeOf(id);
-    if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF || !isUnnamed(id))
+    if (m_names.classOf(id) != ClassId::TYPEDEF || !isUnnamed(id))
         return nullptr;
-    const auto* const alias = static_cast<const RTTypedefType*>(type);
+    const auto* const alias = static_cast<const RTTypedefType*>(typeOf(id));
     const unsigned int data = alias->m_dataTypeId;
     return typeOf(data) != nullptr && !isUnnamed(data) ? alias : nullptr;
 }
@@ -562,10 +561,7 @@ void VhdlDeclarations::needsOf(unsigned int id, TypeNeeds& needs) const {
     case ClassId::ACCESS: {
         const unsigned int target =
             calledType(designated(static_cast<const RTAccessType&>(*type)), {});
-        const RTBaseType* designatedType = typeOf(target);
-        const bool isSubtype =
-            designatedType != nullptr && designatedType->GetClassId() == ClassId::TYPEDEF;
-        return needs.named.push_back({target, !isSubtype});
+        return needs.named.push_back({target, m_names.classOf(target) != ClassId::TYPEDEF});
     }
     case ClassId::ARRAY: {
         const auto& array = static_cast<const RTArrayType&>(*type);
