@@ -91,9 +91,9 @@ SourceLanguage languageOf(const RTBaseType& type) {
     const RTBaseType* current = &type;
     for (int i = 0; i < LANGUAGE_CHAIN_LIMIT && current != nullptr; ++i) {
         const unsigned int kind = current->GetClassId();
-        const char* const name = kind == ClassId::INT ? current->m_name : nullptr;
-        if (const auto language =
-                languageOfKind(kind, detailOf(*current), name != nullptr ? name : ""))
+        const bool hasTellingName = kind == ClassId::INT && current->m_name != nullptr;
+        const auto name = hasTellingName ? std::string_view(current->m_name) : std::string_view();
+        if (const auto language = languageOfKind(kind, detailOf(*current), name))
             return *language;
         current = firstPart(*current);
     }

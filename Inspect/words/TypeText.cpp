@@ -88,11 +88,16 @@ std::string quoted(std::string_view text) {
     return written([=](Text& out) { writeQuoted(out, text); });
 }
 
+bool isGivenName(const char* name) {
+    if (name == nullptr || *name != '<')
+        return name != nullptr && *name != '\0';
+    const std::string_view text = name;
+    return text.size() < 2 || text.back() != '>' ||
+           !std::all_of(text.begin() + 1, text.end() - 1, isLetter);
+}
+
 std::string_view givenName(const char* name) {
-    const std::string_view text = name != nullptr ? name : "";
-    if (text.size() < 2 || text.front() != '<' || text.back() != '>')
-        return text;
-    return std::all_of(text.begin() + 1, text.end() - 1, isLetter) ? std::string_view() : text;
+    return isGivenName(name) ? std::string_view(name) : std::string_view();
 }
 
 void writeQuotedName(Text& out, const char* name) {

@@ -24,12 +24,12 @@ std::string quoted(std::string_view text);
 /// Writes the same.
 void writeQuoted(Text& out, std::string_view text);
 
-/// The name if it comes from the design, else nothing. Other names are null, empty, or a word in
-/// angle brackets such as "<anonymous>".
-std::string_view givenName(const char* name);
+/// Whether the name comes from the design. Other names are null, empty, or a word in angle brackets
+/// such as "<anonymous>".
+bool isGivenName(const char* name);
 
-/// Whether the name comes from the design.
-inline bool isGivenName(const char* name) { return !givenName(name).empty(); }
+/// The name if it comes from the design, else nothing.
+std::string_view givenName(const char* name);
 
 /// The name of a member or literal in quotes, or "(no name)".
 /// @{
