@@ -155,7 +155,7 @@ void DeclaredNames::findDeclaredTypes() {
             continue;
         const auto& alias = static_cast<const RTTypedefType&>(*m_types.typeOf(id));
         const unsigned int data = alias.m_dataTypeId;
-        if (!hasNameOfItsData(alias))
+        if (!hasNameOfItsData(id, alias))
             continue;
         if (addsNothing(alias))
             follow(m_facts[id].declaredType);
@@ -170,7 +170,7 @@ const RTBaseType* DeclaredNames::follow(unsigned int& id) const {
         if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
             return type;
         const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (!hasNameOfItsData(alias) || !addsNothing(alias))
+        if (!hasNameOfItsData(id, alias) || !addsNothing(alias))
             return type;
         id = alias.m_dataTypeId;
         type = m_types.typeOf(id);
@@ -276,10 +276,10 @@ bool DeclaredNames::isHidden(std::string_view literal) const {
     return owner != NameOwners::NOBODY && owner != OVERLOADED && owner != PREDEFINED;
 }
 
-bool DeclaredNames::hasNameOfItsData(const RTTypedefType& alias) const {
+bool DeclaredNames::hasNameOfItsData(unsigned int id, const RTTypedefType& alias) const {
     if (alias.m_dataType == nullptr)
         return false;
-    const std::string_view name = nameOf(alias);
+    const std::string_view name = givenName(id);
     const std::string_view data = givenName(alias.m_dataTypeId);
     if (data.empty() || name.size() != data.size())
         return false;

@@ -116,7 +116,7 @@ private:
     /// Follows typedefs to the type whose declaration they share; null if there is none.
     const RTTI::RTBaseType* follow(unsigned int& id) const;
     bool addsNothing(const RTTI::RTTypedefType& alias) const;
-    bool hasNameOfItsData(const RTTI::RTTypedefType& alias) const;
+    bool hasNameOfItsData(unsigned int id, const RTTI::RTTypedefType& alias) const;
 
     /// Whether the language predefines a type of it that has a name.
     bool isPredefinedName(const RTTI::RTBaseType& type) const;
