@@ -22,13 +22,7 @@ constexpr Owner PREDEFINED = ~0ull;
 /// VHDL's enumeration literals are overloaded: many types may have one of the same name.
 constexpr Owner OVERLOADED = ~1ull;
 
-/// Typedefs are followed to the type whose declaration they share through this many.
-constexpr int CHAIN_LIMIT = 1000;
-
 Owner typeOwner(unsigned int id) { return 2 * (Owner{id} + 1); }
-
-/// The name that somebody gave, else nothing.
-std::string_view nameOf(const RTBaseType& type) { return givenName(type.m_name); }
 
 template <typename List, typename NameOf>
 std::vector<std::string_view> namesIn(const List& list, std::size_t most, NameOf nameOf) {
@@ -99,141 +93,70 @@ Identifier spelled(SourceLanguage language, std::string_view name) {
 } // namespace
 
 DeclaredNames::DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming)
-    : m_types(types), m_language(language), m_naming(naming) {
-    if (!isDistinct())
+    : DeclaredTypes(types, language,
+                    naming == Naming::OWN ? Examination::ON_REQUEST : Examination::IN_ADVANCE) {
+    if (!isExamined())
         return;
-    examineTypes();
-    findDeclaredTypes();
+    m_names.resize(types.count);
     if (naming == Naming::PACKAGES && language == SourceLanguage::SYSTEM_VERILOG)
         m_packages = DeclaredPackages(m_types, *this);
-    claimPackages();
+    claimEverywhere();
     claimTypes();
     claimLiterals();
     claimImports();
 }
 
-/// A typedef mostly follows its data type: long chains of them are not walked again for each.
-void DeclaredNames::examineTypes() {
-    m_facts.resize(m_types.count);
-    for (unsigned int id = 0; id < m_types.count; ++id) {
-        const RTBaseType* type = m_types.typeOf(id);
-        Facts& facts = m_facts[id];
-        facts.declaredType = id;
-        if (type == nullptr)
-            continue;
-        facts.name = nameOf(*type);
-        facts.classId = type->GetClassId();
-        const unsigned int data = facts.classId == ClassId::TYPEDEF
-                                      ? static_cast<const RTTypedefType*>(type)->m_dataTypeId
-                                      : id;
-        facts.isOfLanguage = data < id && m_types.typeOf(data) != nullptr
-                                 ? m_facts[data].isOfLanguage
-                                 : languageOf(*type) == m_language;
-        facts.isPredefined = facts.isOfLanguage && !facts.name.empty() && isPredefinedName(*type);
-        if (facts.isPredefined && m_language == SourceLanguage::VHDL)
-            m_everywhere.claim(identityHash(m_language, facts.name), PREDEFINED);
-    }
-}
-
-unsigned int DeclaredNames::classOf(unsigned int id) const {
-    if (isDistinct())
-        return id < m_facts.size() ? m_facts[id].classId : 0;
-    const RTBaseType* type = id != TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
-    return type != nullptr ? type->GetClassId() : 0;
-}
-
-bool DeclaredNames::isOfLanguage(unsigned int id) const {
-    if (isDistinct())
-        return id < m_facts.size() && m_facts[id].isOfLanguage;
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr && languageOf(*type) == m_language;
-}
-
-void DeclaredNames::findDeclaredTypes() {
-    for (unsigned int id = 0; id < m_types.count; ++id) {
-        if (m_facts[id].classId != ClassId::TYPEDEF)
-            continue;
-        const auto& alias = static_cast<const RTTypedefType&>(*m_types.typeOf(id));
-        const unsigned int data = alias.m_dataTypeId;
-        if (!hasNameOfItsData(id, alias))
-            continue;
-        if (addsNothing(alias))
-            follow(m_facts[id].declaredType);
-        else if (data < m_types.count && !m_facts[data].isPredefined)
-            m_facts[data].yields = true;
-    }
-}
-
-const RTBaseType* DeclaredNames::follow(unsigned int& id) const {
-    const RTBaseType* type = m_types.typeOf(id);
-    for (int i = 0; i < CHAIN_LIMIT; ++i) {
-        if (type == nullptr || type->GetClassId() != ClassId::TYPEDEF)
-            return type;
-        const auto& alias = static_cast<const RTTypedefType&>(*type);
-        if (!hasNameOfItsData(id, alias) || !addsNothing(alias))
-            return type;
-        id = alias.m_dataTypeId;
-        type = m_types.typeOf(id);
-    }
-    return type;
-}
-
-unsigned int DeclaredNames::declaredType(unsigned int id) const {
-    if (id < m_facts.size())
-        return m_facts[id].declaredType;
-    follow(id);
-    return id;
-}
-
-void DeclaredNames::claimPackages() {
+void DeclaredNames::claimEverywhere() {
     for (std::size_t package = 0; package + 1 < m_packages.count(); ++package)
         m_everywhere.claim(identityHash(m_language, m_packages.nameOf(package)), PREDEFINED);
+    for (unsigned int id = 0; id < m_types.count && m_language == SourceLanguage::VHDL; ++id) {
+        if (isPredefined(id))
+            m_everywhere.claim(identityHash(m_language, givenName(id)), PREDEFINED);
+    }
 }
 
 void DeclaredNames::claimTypes() {
     m_owners.reserve(m_types.count);
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        Facts& facts = m_facts[id];
-        if (!facts.isOfLanguage || facts.name.empty() || facts.isPredefined || facts.yields ||
-            facts.declaredType != id)
+        if (!isOfLanguage(id) || givenName(id).empty() || isPredefined(id) || yieldsName(id) ||
+            declaredType(id) != id)
             continue;
         const std::string_view name = localName(id);
         const Identifier identifier = identifierOf(m_language, name);
         const Owner owner = typeOwner(id);
-        facts.keepsName =
+        m_names[id].isKept =
             claim(identityHash(m_language, identifier), owner, m_packages.packageOf(id)) == owner;
-        if (facts.keepsName && identifier.isName())
-            facts.spelling = name;
+        if (m_names[id].isKept && identifier.isName())
+            m_names[id].spelling = name;
     }
 }
 
 void DeclaredNames::claimLiterals() {
     std::vector<std::uint64_t> hashes;
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        Facts& facts = m_facts[id];
-        if (!facts.isOfLanguage || facts.isPredefined || !hasLiterals(facts.classId))
+        if (!isOfLanguage(id) || isPredefined(id) || !hasLiterals(classOf(id)))
             continue;
         const Owner owner = literalOwner(id);
         hashes.clear();
-        facts.keepsLiterals = true;
+        bool areKept = true;
         for (const std::string_view name : literalsOf(*m_types.typeOf(id))) {
-            facts.keepsLiterals = facts.keepsLiterals && !name.empty();
+            areKept = areKept && !name.empty();
             if (name.empty())
                 continue;
             const Identifier identifier = spelled(m_language, name);
             hashes.push_back(identityHash(m_language, identifier));
-            facts.keepsLiterals = facts.keepsLiterals && identifier.isName();
+            areKept = areKept && identifier.isName();
         }
         // All at once: the processor then waits for many places of the table at a time.
         for (const std::uint64_t hash : hashes)
-            facts.keepsLiterals &= claim(hash, owner, m_packages.packageOf(id)) == owner;
-        facts.keepsLiterals = facts.keepsLiterals && areDistinct(hashes);
+            areKept &= claim(hash, owner, m_packages.packageOf(id)) == owner;
+        m_names[id].areLiteralsKept = areKept && areDistinct(hashes);
     }
 }
 
 void DeclaredNames::claimImports() {
     for (unsigned int id = 0; id < m_types.count; ++id) {
-        if (m_facts[id].classId != ClassId::CLASS)
+        if (classOf(id) != ClassId::CLASS)
             continue;
         const auto& type = static_cast<const RTClassType&>(*m_types.typeOf(id));
         if (!isOfLanguage(type.m_baseClassTypeId))
@@ -276,42 +199,6 @@ bool DeclaredNames::isHidden(std::string_view literal) const {
     return owner != NameOwners::NOBODY && owner != OVERLOADED && owner != PREDEFINED;
 }
 
-bool DeclaredNames::hasNameOfItsData(unsigned int id, const RTTypedefType& alias) const {
-    if (alias.m_dataType == nullptr)
-        return false;
-    const std::string_view name = givenName(id);
-    const std::string_view data = givenName(alias.m_dataTypeId);
-    if (data.empty() || name.size() != data.size())
-        return false;
-    return identityOf(m_language, identifierOf(m_language, name)) ==
-           identityOf(m_language, identifierOf(m_language, data));
-}
-
-bool DeclaredNames::addsNothing(const RTTypedefType& alias) const {
-    if (std::all_of(alias.m_constraints.begin(), alias.m_constraints.end(), isOpen))
-        return true;
-    const auto* integer = dynamic_cast<const RTIntType*>(alias.m_dataType);
-    if (integer == nullptr || alias.m_constraints.size() != 1)
-        return false;
-    return isSame(alias.m_constraints.front(), integer->m_constraint);
-}
-
-bool DeclaredNames::isPredefinedName(const RTBaseType& type) const {
-    return m_language == SourceLanguage::VHDL ? isPredefinedInVhdl(type, m_types.typeOf)
-                                              : isKeyword(type);
-}
-
-bool DeclaredNames::isKeyword(const RTBaseType& type) const {
-    return m_language == SourceLanguage::SYSTEM_VERILOG && !systemVerilogKeyword(type).empty();
-}
-
-bool DeclaredNames::isPredefined(unsigned int id) const {
-    if (isDistinct())
-        return id < m_facts.size() && m_facts[id].isPredefined;
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr && isKeyword(*type);
-}
-
 std::string DeclaredNames::free(std::string name, const std::string& suffix,
                                 std::size_t package) const {
     do
@@ -341,13 +228,6 @@ bool DeclaredNames::isMadeForType(std::string_view identifier, std::size_t packa
     return isOfLanguage(id) && m_packages.packageOf(id) == package && typeName(id) == identifier;
 }
 
-std::string_view DeclaredNames::givenName(unsigned int id) const {
-    if (isDistinct())
-        return id < m_facts.size() ? m_facts[id].name : "";
-    const RTBaseType* type = m_types.typeOf(id);
-    return type != nullptr ? nameOf(*type) : "";
-}
-
 std::string_view DeclaredNames::localName(unsigned int id) const {
     return m_packages.localName(id, givenName(id));
 }
@@ -360,18 +240,18 @@ Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) con
 }
 
 Identifier DeclaredNames::typeName(unsigned int id) const {
-    if (!isDistinct())
+    if (!isExamined())
         return ownName(id);
     id = declaredType(id);
-    if (id < m_facts.size() && !m_facts[id].spelling.empty())
-        return Identifier(m_facts[id].spelling);
+    if (id < m_names.size() && !m_names[id].spelling.empty())
+        return Identifier(m_names[id].spelling);
     const std::string_view name = givenName(id);
     if (name.empty())
         return Identifier(madeName(id));
     if (isPredefined(id))
         return Identifier(name);
     // A type of the other language is named where a declaration cannot be read in any case.
-    if (m_facts[id].keepsName || !isOfLanguage(id))
+    if (m_names[id].isKept || !isOfLanguage(id))
         return identifierOf(m_language, localName(id));
     return Identifier(madeName(id));
 }
@@ -380,7 +260,7 @@ Identifier DeclaredNames::ownName(unsigned int id) const {
     const RTBaseType* const type = follow(id);
     if (type == nullptr)
         return Identifier(madeName(id));
-    const std::string_view name = nameOf(*type);
+    const std::string_view name = Inspect::givenName(type->m_name);
     if (name.empty())
         return Identifier(madeName(id));
     return isKeyword(*type) ? Identifier(name) : identifierOf(m_language, name);
@@ -397,7 +277,7 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
     if (type == nullptr)
         return {};
     const std::vector<std::string_view> names = literalsOf(*type, most);
-    if (id < m_facts.size() && m_facts[id].keepsLiterals)
+    if (id < m_names.size() && m_names[id].areLiteralsKept)
         return {names.begin(), names.end()};
     std::vector<Identifier> result;
     result.reserve(names.size());
@@ -405,7 +285,7 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
         result.push_back(spelled(m_language, name.empty() ? "literal" : name));
     const Owner owner = literalOwner(id);
     const std::size_t package = m_packages.packageOf(id);
-    const bool isAnyFree = !isDistinct() || isPredefined(id);
+    const bool isAnyFree = !isExamined() || isPredefined(id);
     const auto isKept = [&](std::size_t i) {
         return !names[i].empty() && (isAnyFree || isOwned(result[i], owner, package));
     };

@@ -1,6 +1,6 @@
 #include "Inspect/declarations/DeclaredPackages.h"
 
-#include "Inspect/declarations/DeclaredNames.h"
+#include "Inspect/declarations/DeclaredTypes.h"
 #include "Inspect/declarations/Identifiers.h"
 #include "Inspect/declarations/SystemVerilogNeeds.h"
 
@@ -74,8 +74,8 @@ private:
 /// Works the packages out: first their order, then the place of each type.
 class PackagePlacement {
 public:
-    PackagePlacement(const TypeTable& types, const DeclaredNames& names)
-        : m_types(types), m_names(names), m_declaredTypes(types.count, NONE),
+    PackagePlacement(const TypeTable& types, const DeclaredTypes& declared)
+        : m_types(types), m_declared(declared), m_declaredTypes(types.count, NONE),
           m_owns(types.count, NONE) {
         findDeclaredTypes();
         findPackages();
@@ -122,8 +122,8 @@ private:
 
     void findDeclaredTypes() {
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const unsigned int type = m_names.declaredType(id);
-            if (m_names.isOfLanguage(type) && !m_names.isPredefined(type))
+            const unsigned int type = m_declared.declaredType(id);
+            if (m_declared.isOfLanguage(type) && !m_declared.isPredefined(type))
                 m_declaredTypes[id] = type;
         }
     }
@@ -131,14 +131,14 @@ private:
     void findPackages() {
         std::unordered_map<std::string_view, unsigned int> scopes;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            const std::string_view scope = isNode(id) ? scopeIn(m_names.givenName(id)) : "";
+            const std::string_view scope = isNode(id) ? scopeIn(m_declared.givenName(id)) : "";
             if (!scope.empty())
                 m_owns[id] = scopes.try_emplace(scope, scopes.size()).first->second;
         }
         std::vector<bool> isTypeName(scopes.size());
         for (unsigned int id = 0; id < m_types.count; ++id) {
             const bool isSimple = isNode(id) && !hasOwn(id);
-            const auto found = isSimple ? scopes.find(m_names.givenName(id)) : scopes.end();
+            const auto found = isSimple ? scopes.find(m_declared.givenName(id)) : scopes.end();
             if (found != scopes.end())
                 isTypeName[found->second] = true;
         }
@@ -166,7 +166,7 @@ private:
         TypeNeeds found;
         for (unsigned int id = 0; id < m_types.count; ++id) {
             if (isNode(id))
-                findSystemVerilogNeeds(m_types, m_names, id, found);
+                findSystemVerilogNeeds(m_types, m_declared, id, found);
             else
                 found.named.clear();
             for (const TypeNeed& need : found.named) {
@@ -187,7 +187,7 @@ private:
         const auto count = static_cast<unsigned int>(m_unordered.size());
         Pairs members;
         for (unsigned int id = 0; id < m_types.count; ++id) {
-            if (hasOwn(id) && m_names.givenName(id).find("#(") == std::string_view::npos)
+            if (hasOwn(id) && m_declared.givenName(id).find("#(") == std::string_view::npos)
                 members.emplace_back(m_owns[id], id);
         }
         const Edges types(count, members);
@@ -287,7 +287,7 @@ private:
         m_isFloating.resize(m_types.count);
         for (unsigned int id = 0; id < m_types.count; ++id) {
             const bool isBetween = m_placed[id] != NONE && m_placed[id] > latestNeeds[id];
-            m_isFloating[id] = !hasOwn(id) && (m_names.givenName(id).empty() ||
+            m_isFloating[id] = !hasOwn(id) && (m_declared.givenName(id).empty() ||
                                                latestNeeds[id] == NONE || isBetween);
         }
         placeUsersOf(sorted([&](unsigned int id) {
@@ -308,7 +308,7 @@ private:
     }
 
     const TypeTable& m_types;
-    const DeclaredNames& m_names;
+    const DeclaredTypes& m_declared;
     std::vector<unsigned int> m_declaredTypes; ///< The type whose declaration a type shares, mostly
                                                ///< itself, or NONE where it needs or has none.
     std::vector<std::string> m_unordered;      ///< Packages as they were found.
@@ -322,8 +322,8 @@ private:
 
 } // namespace
 
-DeclaredPackages::DeclaredPackages(const TypeTable& types, const DeclaredNames& names) {
-    PackagePlacement placement(types, names);
+DeclaredPackages::DeclaredPackages(const TypeTable& types, const DeclaredTypes& declared) {
+    PackagePlacement placement(types, declared);
     m_names = std::move(placement.packages);
     std::string last = "types";
     while (std::find(m_names.begin(), m_names.end(), last) != m_names.end())

@@ -9,7 +9,7 @@
 
 namespace Inspect {
 
-class DeclaredNames;
+class DeclaredTypes;
 
 /// The packages that SystemVerilog types are declared in, in an order in which a compiler can read
 /// them.
@@ -24,9 +24,8 @@ public:
     /// One package for all types.
     DeclaredPackages() : m_names{"types"} {}
 
-    /// Looks at all types and at what their declarations name. Asks `names`, which has no packages
-    /// yet, only for the names that types have from the design and for what can be declared.
-    DeclaredPackages(const TypeTable& types, const DeclaredNames& names);
+    /// Looks at all types, which are examined in advance, and at what their declarations name.
+    DeclaredPackages(const TypeTable& types, const DeclaredTypes& declared);
 
     /// At least 1.
     std::size_t count() const { return m_names.size(); }

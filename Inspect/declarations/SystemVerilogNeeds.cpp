@@ -9,12 +9,12 @@ namespace {
 /// Goes through one declaration.
 class NeedsFinder {
 public:
-    NeedsFinder(const TypeTable& types, const DeclaredNames& names, TypeNeeds& needs)
-        : m_types(types), m_names(names), m_needs(needs) {}
+    NeedsFinder(const TypeTable& types, const DeclaredTypes& declared, TypeNeeds& needs)
+        : m_types(types), m_declared(declared), m_needs(needs) {}
 
     void ofDeclaration(unsigned int id) {
         const RTBaseType* type = m_types.typeOf(id);
-        if (type == nullptr || m_names.isPredefined(id))
+        if (type == nullptr || m_declared.isPredefined(id))
             return;
         switch (type->GetClassId()) {
         case ClassId::TYPEDEF: return name(static_cast<const RTTypedefType&>(*type).m_dataTypeId);
@@ -50,24 +50,24 @@ private:
             const auto& map = static_cast<const RTAssocArrayType&>(type);
             name(map.m_elementTypeId, depth + 1);
             const unsigned int index = map.m_indexTypeId;
-            if (m_names.classOf(index) == ClassId::WILDCARD)
+            if (m_declared.classOf(index) == ClassId::WILDCARD)
                 return;
             return name(index,
-                        isSpelledOutAsIndex(m_types, m_names, index) ? depth + 1 : INLINE_LIMIT);
+                        isSpelledOutAsIndex(m_types, m_declared, index) ? depth + 1 : INLINE_LIMIT);
         }
         default: return;
         }
     }
 
     void name(unsigned int id, int depth = 0) {
-        if (depth >= INLINE_LIMIT || !isSpelledOut(m_names, id))
-            return m_needs.named.push_back({id, m_names.classOf(id) == ClassId::CLASS});
+        if (depth >= INLINE_LIMIT || !isSpelledOut(m_declared, id))
+            return m_needs.named.push_back({id, m_declared.classOf(id) == ClassId::CLASS});
         m_needs.inside.push_back(id);
         ofArray(*m_types.typeOf(id), depth);
     }
 
     const TypeTable& m_types;
-    const DeclaredNames& m_names;
+    const DeclaredTypes& m_declared;
     TypeNeeds& m_needs;
 };
 
@@ -88,19 +88,19 @@ bool isPackedArray(const RTBaseType& type) {
            static_cast<const RTArrayType&>(type).m_arrayKind == VLOG_FIXED_PACKED_ARRAY;
 }
 
-bool isSpelledOut(const DeclaredNames& names, unsigned int id) {
-    return isSystemVerilogArray(names.classOf(id)) && names.givenName(id).empty();
+bool isSpelledOut(const DeclaredTypes& declared, unsigned int id) {
+    return isSystemVerilogArray(declared.classOf(id)) && declared.givenName(id).empty();
 }
 
-bool isSpelledOutAsIndex(const TypeTable& types, const DeclaredNames& names, unsigned int id) {
-    return isSpelledOut(names, id) && isPackedArray(*types.typeOf(id));
+bool isSpelledOutAsIndex(const TypeTable& types, const DeclaredTypes& declared, unsigned int id) {
+    return isSpelledOut(declared, id) && isPackedArray(*types.typeOf(id));
 }
 
-void findSystemVerilogNeeds(const TypeTable& types, const DeclaredNames& names, unsigned int id,
+void findSystemVerilogNeeds(const TypeTable& types, const DeclaredTypes& declared, unsigned int id,
                             TypeNeeds& needs) {
     needs.named.clear();
     needs.inside.clear();
-    NeedsFinder(types, names, needs).ofDeclaration(id);
+    NeedsFinder(types, declared, needs).ofDeclaration(id);
 }
 
 } // namespace Inspect
