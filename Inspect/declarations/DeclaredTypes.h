@@ -55,8 +55,8 @@ protected:
 
     // NOLINTBEGIN(misc-non-private-member-variables-in-classes): a class that adds names shares
     // them.
-    TypeTable m_types;
-    SourceLanguage m_language;
+    TypeTable m_types;         ///< The types.
+    SourceLanguage m_language; ///< Of the declarations.
     // NOLINTEND(misc-non-private-member-variables-in-classes)
 
 private:
