@@ -6,6 +6,7 @@
 #include "RTTI/Ranges.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <unordered_set>
 
@@ -24,27 +25,21 @@ constexpr Owner OVERLOADED = ~1ull;
 
 Owner typeOwner(unsigned int id) { return 2 * (Owner{id} + 1); }
 
-template <typename List, typename NameOf>
-std::vector<std::string_view> namesIn(const List& list, std::size_t most, NameOf nameOf) {
-    std::vector<std::string_view> names;
-    for (std::size_t i = 0; i < std::min(list.size(), most); ++i)
-        names.emplace_back(nameOf(list[i]));
-    return names;
-}
+std::string_view viewOf(const char* name) { return name != nullptr ? name : ""; }
 
-/// The names of the literals or units of a type.
-std::vector<std::string_view> literalsOf(const RTBaseType& type, std::size_t most = ALL_NAMES) {
+/// Passes on the list of the literals or units of a type, empty where it has none, and what gives
+/// the name of one.
+template <typename Use> void withLiterals(const RTBaseType& type, Use use) {
     switch (type.GetClassId()) {
     case ClassId::SEQ_ENUM:
-        return namesIn(static_cast<const RTSeqEnumType&>(type).m_enumeratorNames, most,
-                       [](const char* name) { return name != nullptr ? name : ""; });
+        return use(static_cast<const RTSeqEnumType&>(type).m_enumeratorNames, viewOf);
     case ClassId::DISCRETE_ENUM:
-        return namesIn(static_cast<const RTDiscreteEnumType&>(type).m_enumerators, most,
-                       [](const auto& literal) { return std::string_view(literal.enumName); });
+        return use(static_cast<const RTDiscreteEnumType&>(type).m_enumerators,
+                   [](const auto& literal) { return std::string_view(literal.enumName); });
     case ClassId::PHYSICAL:
-        return namesIn(static_cast<const RTPhysicalType&>(type).m_units, most,
-                       [](const auto& unit) { return std::string_view(unit.unitName); });
-    default: return {};
+        return use(static_cast<const RTPhysicalType&>(type).m_units,
+                   [](const auto& unit) { return std::string_view(unit.unitName); });
+    default: return use(std::vector<const char*>(), viewOf);
     }
 }
 
@@ -60,15 +55,17 @@ std::uint64_t scopedHash(std::uint64_t identity, std::size_t package) {
     return identity ^ (package * SPREAD);
 }
 
+/// The largest number of names that are compared each with each.
+constexpr std::size_t FEW = 16;
+
 /// Whether all are different. Leaves them in another order.
-bool areDistinct(std::vector<std::uint64_t>& hashes) {
-    constexpr std::size_t FEW = 16;
-    if (hashes.size() > FEW) {
-        std::sort(hashes.begin(), hashes.end());
-        return std::adjacent_find(hashes.begin(), hashes.end()) == hashes.end();
+bool areDistinct(std::uint64_t* hashes, std::size_t count) {
+    if (count > FEW) {
+        std::sort(hashes, hashes + count);
+        return std::adjacent_find(hashes, hashes + count) == hashes + count;
     }
     bool isAnySame = false;
-    for (std::size_t i = 1; i < hashes.size(); ++i) {
+    for (std::size_t i = 1; i < count; ++i) {
         for (std::size_t j = 0; j < i; ++j)
             isAnySame |= hashes[i] == hashes[j];
     }
@@ -77,11 +74,12 @@ bool areDistinct(std::vector<std::uint64_t>& hashes) {
 
 /// Whether all have identities of their own. Only then true, though not always.
 bool areDistinct(SourceLanguage language, const std::vector<Identifier>& identifiers) {
-    std::vector<std::uint64_t> hashes;
-    hashes.reserve(identifiers.size());
-    for (const std::string_view identifier : identifiers)
-        hashes.push_back(identityHash(language, identifier));
-    return areDistinct(hashes);
+    std::array<std::uint64_t, FEW> few{};
+    std::vector<std::uint64_t> many(identifiers.size() > FEW ? identifiers.size() : 0);
+    std::uint64_t* const hashes = many.empty() ? few.data() : many.data();
+    std::transform(identifiers.begin(), identifiers.end(), hashes,
+                   [=](std::string_view identifier) { return identityHash(language, identifier); });
+    return areDistinct(hashes, identifiers.size());
 }
 
 Identifier spelled(SourceLanguage language, std::string_view name) {
@@ -139,18 +137,21 @@ void DeclaredNames::claimLiterals() {
         const Owner owner = literalOwner(id);
         hashes.clear();
         bool areKept = true;
-        for (const std::string_view name : literalsOf(*m_types.typeOf(id))) {
-            areKept = areKept && !name.empty();
-            if (name.empty())
-                continue;
-            const Identifier identifier = spelled(m_language, name);
-            hashes.push_back(identityHash(m_language, identifier));
-            areKept = areKept && identifier.isName();
-        }
+        withLiterals(*m_types.typeOf(id), [&](const auto& literals, auto nameOf) {
+            for (const auto& literal : literals) {
+                const std::string_view name = nameOf(literal);
+                areKept = areKept && !name.empty();
+                if (name.empty())
+                    continue;
+                const Identifier identifier = spelled(m_language, name);
+                hashes.push_back(identityHash(m_language, identifier));
+                areKept = areKept && identifier.isName();
+            }
+        });
         // All at once: the processor then waits for many places of the table at a time.
         for (const std::uint64_t hash : hashes)
             areKept &= claim(hash, owner, m_packages.packageOf(id)) == owner;
-        m_names[id].areLiteralsKept = areKept && areDistinct(hashes);
+        m_names[id].areLiteralsKept = areKept && areDistinct(hashes.data(), hashes.size());
     }
 }
 
@@ -236,7 +237,17 @@ Identifier DeclaredNames::typeName(unsigned int id, std::size_t fromPackage) con
     const std::size_t package = m_packages.packageOf(id);
     if (package == fromPackage || !isOfLanguage(id) || isPredefined(id))
         return typeName(id);
-    return Identifier(m_packages.nameOf(package) + "::" + std::string(typeName(id).view()));
+    const std::string& scope = m_packages.nameOf(package);
+    const Identifier name = typeName(id);
+    const std::string_view local = name.view();
+    const std::string_view given = givenName(declaredType(id));
+    const bool isWhole = given.size() == scope.size() + 2 + local.size();
+    if (isWhole && given.data() + scope.size() + 2 == local.data())
+        return Identifier(given);
+    std::string text;
+    text.reserve(scope.size() + 2 + local.size());
+    text.append(scope).append("::").append(local);
+    return Identifier(std::move(text));
 }
 
 Identifier DeclaredNames::typeName(unsigned int id) const {
@@ -273,79 +284,97 @@ std::string DeclaredNames::madeName(unsigned int id) const {
 }
 
 std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t most) const {
+    std::vector<Identifier> literals;
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
-        return {};
-    const std::vector<std::string_view> names = literalsOf(*type, most);
-    if (id < m_names.size() && m_names[id].areLiteralsKept)
-        return {names.begin(), names.end()};
-    std::vector<Identifier> result;
-    result.reserve(names.size());
-    for (const std::string_view name : names)
-        result.push_back(spelled(m_language, name.empty() ? "literal" : name));
+        return literals;
+    const bool areKept = id < m_names.size() && m_names[id].areLiteralsKept;
+    withLiterals(*type, [&](const auto& list, auto nameOf) {
+        const std::size_t count = std::min(list.size(), most);
+        literals.reserve(count);
+        for (std::size_t i = 0; i < count; ++i)
+            literals.push_back(areKept ? Identifier(nameOf(list[i]))
+                                       : spelledIfGiven(nameOf(list[i])));
+    });
+    if (!areKept)
+        renameLiterals(id, *type, literals);
+    return literals;
+}
+
+/// Nothing for a name that is empty.
+Identifier DeclaredNames::spelledIfGiven(std::string_view name) const {
+    return name.empty() ? Identifier() : spelled(m_language, name);
+}
+
+/// Gives another name to each that has none, or one that is not its own.
+void DeclaredNames::renameLiterals(unsigned int id, const RTBaseType& type,
+                                   std::vector<Identifier>& literals) const {
     const Owner owner = literalOwner(id);
     const std::size_t package = m_packages.packageOf(id);
     const bool isAnyFree = !isExamined() || isPredefined(id);
-    const auto isKept = [&](std::size_t i) {
-        return !names[i].empty() && (isAnyFree || isOwned(result[i], owner, package));
+    const auto isKept = [&](std::string_view literal) {
+        return !literal.empty() && (isAnyFree || isOwned(literal, owner, package));
     };
-    bool areKept = true;
-    for (std::size_t i = 0; i < names.size() && areKept; ++i)
-        areKept = isKept(i);
-    if (areKept && areDistinct(m_language, result))
-        return result;
+    if (std::all_of(literals.begin(), literals.end(), isKept) && areDistinct(m_language, literals))
+        return;
     std::unordered_set<std::string> used;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (!isKept(i) || used.count(identityOf(m_language, result[i])) != 0)
-            result[i] = Identifier(freeLiteral(std::string(names[i].empty() ? "literal" : names[i]),
-                                               '_' + std::to_string(id) + '_' + std::to_string(i),
-                                               package));
-        used.insert(identityOf(m_language, result[i]));
-    }
-    return result;
+    withLiterals(type, [&](const auto& list, auto nameOf) {
+        for (std::size_t i = 0; i < literals.size(); ++i) {
+            const std::string_view name = nameOf(list[i]);
+            if (!isKept(literals[i]) || used.count(identityOf(m_language, literals[i])) != 0)
+                literals[i] = Identifier(
+                    freeLiteral(std::string(name.empty() ? "literal" : name),
+                                '_' + std::to_string(id) + '_' + std::to_string(i), package));
+            used.insert(identityOf(m_language, literals[i]));
+        }
+    });
 }
 
 std::vector<Identifier> DeclaredNames::memberNames(const RTAggregateType& type,
                                                    std::size_t most) const {
-    std::vector<std::string_view> names;
-    for (const RTAggregateType::t_Member* member : type.m_members) {
-        if (names.size() == most)
-            break;
-        if (member != nullptr)
-            names.emplace_back(member->m_memberName != nullptr ? member->m_memberName : "");
-    }
-    std::vector<Identifier> result;
-    result.reserve(names.size());
+    std::vector<Identifier> members;
+    members.reserve(std::min(type.m_members.size(), most));
     bool areGiven = true;
-    for (const std::string_view name : names) {
-        result.push_back(identifierOf(m_language, name.empty() ? "member" : name));
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (members.size() == most)
+            break;
+        if (member == nullptr)
+            continue;
+        const std::string_view name = viewOf(member->m_memberName);
         areGiven = areGiven && !name.empty();
+        members.push_back(name.empty() ? Identifier() : identifierOf(m_language, name));
     }
-    if (areGiven && areDistinct(m_language, result))
-        return result;
-    std::vector<std::string> identities;
-    identities.reserve(result.size());
-    for (const Identifier& identifier : result)
-        identities.push_back(identityOf(m_language, identifier));
-    std::unordered_set<std::string_view> used(2 * names.size());
-    std::vector<std::size_t> renamed;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i].empty() || !used.insert(identities[i]).second)
-            renamed.push_back(i);
-    }
-    // A name that is made yields to those that were given, before it or behind it.
-    std::unordered_set<std::string> made;
-    for (const std::size_t i : renamed) {
-        std::string name(names[i].empty() ? "member" : names[i]);
-        std::string identity;
-        do {
+    if (!areGiven || !areDistinct(m_language, members))
+        renameMembers(type, members);
+    return members;
+}
+
+/// A name that is made yields to those that were given, before it or behind it.
+void DeclaredNames::renameMembers(const RTAggregateType& type,
+                                  std::vector<Identifier>& members) const {
+    std::unordered_set<std::string> used;
+    std::vector<bool> isKept;
+    for (const std::string_view name : members)
+        isKept.push_back(!name.empty() && used.insert(identityOf(m_language, name)).second);
+    const auto freeName = [&](std::string_view given, std::size_t i) {
+        std::string name(given.empty() ? "member" : given);
+        for (;;) {
             name = suffixed(m_language, name, '_' + std::to_string(i));
-            // The text of a name that is made does not last.
-            result[i] = Identifier(std::string(identifierOf(m_language, name).view()));
-            identity = identityOf(m_language, result[i]);
-        } while (used.count(identity) != 0 || !made.insert(identity).second);
+            const Identifier identifier = identifierOf(m_language, name);
+            if (used.insert(identityOf(m_language, identifier)).second)
+                return Identifier(std::string(identifier.view()));
+        }
+    };
+    std::size_t i = 0;
+    for (const RTAggregateType::t_Member* member : type.m_members) {
+        if (i == members.size())
+            return;
+        if (member == nullptr)
+            continue;
+        if (!isKept[i])
+            members[i] = freeName(viewOf(member->m_memberName), i);
+        ++i;
     }
-    return result;
 }
 
 } // namespace Inspect

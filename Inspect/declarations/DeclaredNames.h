@@ -96,6 +96,11 @@ private:
     std::string free(std::string name, const std::string& suffix, std::size_t package) const;
     std::string freeLiteral(std::string name, const std::string& suffix, std::size_t package) const;
 
+    Identifier spelledIfGiven(std::string_view name) const;
+    void renameLiterals(unsigned int id, const RTTI::RTBaseType& type,
+                        std::vector<Identifier>& literals) const;
+    void renameMembers(const RTTI::RTAggregateType& type, std::vector<Identifier>& members) const;
+
     /// Whether it is the name that a type of the package without one of its own got.
     bool isMadeForType(std::string_view identifier, std::size_t package) const;
 

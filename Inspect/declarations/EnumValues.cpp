@@ -1,6 +1,7 @@
 #include "Inspect/declarations/EnumValues.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace Inspect {
 
@@ -29,21 +30,29 @@ struct EnumValue {
     }
 
     bool hasUnknown() const {
-        for (unsigned int bit = 0; unknowns != nullptr && bit < known; ++bit) {
-            if (isUnknown(bit))
+        for (unsigned int byte = 0; unknowns != nullptr && byte < byteCount(); ++byte) {
+            if (knownOf(unknowns, byte) != 0)
                 return true;
         }
         return false;
     }
 
-    /// Four bits, of which the lowest is the first.
-    char hexDigit(unsigned int first) const {
-        const unsigned int byte = first / 8;
-        unsigned int value =
-            byte < plane ? static_cast<unsigned char>(values[byte]) >> (first % 8) & 0xF : 0;
-        if (known < first + 4)
-            value &= (1U << (known - first)) - 1;
-        return "0123456789abcdef"[value];
+    unsigned int byteCount() const { return (known + 7) / 8; }
+
+    /// The bits of a byte of a plane that are known.
+    unsigned int knownOf(const char* bytes, unsigned int byte) const {
+        const unsigned int bits = std::min(known - 8 * byte, 8U);
+        return byte < plane ? static_cast<unsigned char>(bytes[byte]) & ((1U << bits) - 1) : 0;
+    }
+
+    void writeHex(Text& out) const {
+        constexpr std::string_view DIGITS = "0123456789abcdef";
+        for (unsigned int byte = byteCount(); byte-- > 0;) {
+            const unsigned int bits = knownOf(values, byte);
+            const char digits[] = {DIGITS[bits >> 4], DIGITS[bits & 0xF]};
+            const bool isWhole = known > 8 * byte + 4;
+            out << std::string_view(digits, 2).substr(isWhole ? 0 : 1);
+        }
     }
 
     const char* values;
@@ -73,8 +82,7 @@ void writeEnumValue(Text& out, const char* bytes, unsigned int size, std::uint64
         return;
     }
     out << width << "'h";
-    for (unsigned int digit = (value.known + 3) / 4; digit-- > 0;)
-        out << value.hexDigit(4 * digit);
+    value.writeHex(out);
 }
 
 } // namespace Inspect

@@ -25,9 +25,11 @@ std::string lowerCase(std::string_view text) {
 
 /// Letters, digits, and underlines that stand by themselves between them.
 bool isBasicVhdl(std::string_view name) {
-    const auto areWord = [](Characters some) { return areLettersOrDigits(some) | are('_', some); };
+    const auto areWord = [](Characters some) {
+        return areLettersOrDigits(some) | (are('_', some) & ~areTwice('_', some));
+    };
     return isLetter(name.front()) && name.back() != '_' && allOf(name, areWord) &&
-           name.find("__") == std::string_view::npos && !isReservedWord(SourceLanguage::VHDL, name);
+           !isReservedWord(SourceLanguage::VHDL, name);
 }
 
 /// Backslashes around printable text in which each backslash is doubled.

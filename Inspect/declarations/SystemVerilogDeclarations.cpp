@@ -123,9 +123,9 @@ SystemVerilogDeclarations::Parts SystemVerilogDeclarations::partsOf(unsigned int
                                                                     Spelling spelling,
                                                                     bool isPackedElement,
                                                                     int depth) const {
-    const RTBaseType* type = typeOf(id);
-    if (type == nullptr || !isSystemVerilogArray(type->GetClassId()))
+    if (!isSystemVerilogArray(m_names.classOf(id)))
         return {nameHere(id), {}};
+    const RTBaseType* type = typeOf(id);
     // A predefined integer takes no packed dimensions: its own are written out.
     const bool isInteger = isPackedElement && !systemVerilogKeyword(*type).empty();
     const bool isWritten = spelling == Spelling::BODY || isInteger ||

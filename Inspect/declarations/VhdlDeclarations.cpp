@@ -200,6 +200,13 @@ private:
         return origins;
     }
 
+    /// Whether `add` looks further than at the class of the type.
+    bool mayHaveDimensions(unsigned int id) const {
+        const unsigned int classId = m_declarations.m_names.classOf(id);
+        return classId == ClassId::TYPEDEF || classId == ClassId::ARRAY ||
+               classId == ClassId::RECORD;
+    }
+
     bool addTypedef(const RTTypedefType& type) {
         const Level level(*this, type.m_constraints);
         return add(type.m_dataTypeId);
@@ -236,7 +243,6 @@ private:
     bool addRecord(const RTRecordType& type) {
         if (type.m_members.size() > VISIT_LIMIT)
             return false;
-        const std::vector<Identifier>& names = namesOf(type);
         const std::size_t begin = m_text.size();
         std::size_t position = 0;
         for (const RTAggregateType::t_Member* member : type.m_members) {
@@ -244,7 +250,9 @@ private:
                 continue;
             const Level level(*this, member->m_constraints);
             const std::size_t before = m_text.size();
-            m_text << (before == begin ? "(" : ", ") << names[position++];
+            if (mayHaveDimensions(member->m_typeId))
+                m_text << (before == begin ? "(" : ", ") << namesOf(type)[position];
+            ++position;
             if (!add(member->m_typeId))
                 m_text.truncate(before);
         }

@@ -30,8 +30,14 @@ constexpr Judgement areLettersOrDigits(Characters characters) {
     return areBetween(characters | forEach('a' - 'A'), 'a', 'z') | areBetween(characters, '0', '9');
 }
 
-/// Whether all characters of a text are in ASCII and of the kind that `judge` finds. Letters must
-/// be of that kind.
+/// Whether they are a certain one and beside another such character.
+constexpr Judgement areTwice(unsigned char c, Characters characters) {
+    const Judgement found = are(c, characters);
+    return found & (found << 8 | found >> 8);
+}
+
+/// Whether all characters of a text are in ASCII and of the kind that `judge` finds, which sees
+/// each of them beside the one before it. Letters must be of that kind.
 template <typename Judge> bool allOf(std::string_view text, Judge judge) {
     constexpr std::size_t SIZE = sizeof(Characters);
     const auto isTrueAt = [&](const char* at) {
@@ -45,7 +51,7 @@ template <typename Judge> bool allOf(std::string_view text, Judge judge) {
         return isTrueAt(filled);
     }
     const char* const last = text.data() + text.size() - SIZE;
-    for (const char* at = text.data(); at < last; at += SIZE) {
+    for (const char* at = text.data(); at < last; at += SIZE - 1) {
         if (!isTrueAt(at))
             return false;
     }

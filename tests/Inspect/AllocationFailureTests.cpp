@@ -21,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -67,19 +68,34 @@ void expectWholeAfterEachFailure(const std::function<std::string()>& call, std::
     EXPECT_TRUE(isWhole);
 }
 
-/// The same for printing: `print` gets the table and a stream that passes on what its text throws.
-/// The types are those of a file that has each kind.
-void expectWholePrint(std::size_t atLeast,
-                      const std::function<void(std::ostream&, const Inspect::TypeTable&)>& print) {
-    Types types(EVERY_KIND_TYPEFILE);
+using Print = std::function<void(std::ostream&, const Inspect::TypeTable&)>;
+
+/// The same for printing: `print` gets a table and a stream that passes on what its text throws.
+void expectWholePrintOf(const std::vector<std::string>& paths, std::size_t atLeast,
+                        const Print& print) {
+    std::deque<Types> files;
+    for (const std::string& path : paths)
+        files.emplace_back(path);
     expectWholeAfterEachFailure(
         [&] {
             std::ostringstream out;
             out.exceptions(std::ios::badbit);
-            print(out, types.table());
+            for (Types& types : files)
+                print(out, types.table());
             return out.str();
         },
         atLeast);
+}
+
+/// The types of a file that has each kind.
+void expectWholePrint(std::size_t atLeast, const Print& print) {
+    expectWholePrintOf({EVERY_KIND_TYPEFILE}, atLeast, print);
+}
+
+/// Those types, and the ones of a design.
+void expectWholePrintOfMany(std::size_t atLeast, const Print& print) {
+    expectWholePrintOf({EVERY_KIND_TYPEFILE, EXAMPLE_TYPEFILES_DIR "/ieee_ghw.typ"}, atLeast,
+                       print);
 }
 
 std::string imported(const std::string& path) {
@@ -194,7 +210,7 @@ TEST(WithoutMemory, TypesAsJsonKeepNothing) {
 }
 
 TEST(WithoutMemory, TypesAsTextKeepNothing) {
-    expectWholePrint(200, [](std::ostream& out, const Inspect::TypeTable& types) {
+    expectWholePrintOfMany(300, [](std::ostream& out, const Inspect::TypeTable& types) {
         Inspect::TypeDumper dumper(out, types);
         for (unsigned int id = 0; id < types.count; ++id) {
             if (const RTBaseType* type = types.typeOf(id))
@@ -206,7 +222,7 @@ TEST(WithoutMemory, TypesAsTextKeepNothing) {
 TEST(WithoutMemory, DeclarationsKeepNothing) {
     for (const auto language :
          {Inspect::SourceLanguage::VHDL, Inspect::SourceLanguage::SYSTEM_VERILOG})
-        expectWholePrint(100, [=](std::ostream& out, const Inspect::TypeTable& types) {
+        expectWholePrintOfMany(100, [=](std::ostream& out, const Inspect::TypeTable& types) {
             Inspect::DeclarationFile file(out, types, language, Inspect::IdComments::SHOWN);
             for (unsigned int id = 0; id < types.count; ++id)
                 file.add(id);

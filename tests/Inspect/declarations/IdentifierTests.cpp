@@ -51,6 +51,20 @@ TEST(Identifiers, NoPlaceOfACharacterIsMissed) {
     }
 }
 
+TEST(Identifiers, VhdlExtendsTwoUnderlinesInARowAnywhere) {
+    for (std::size_t size = 3; size <= 30; ++size) {
+        for (std::size_t place = 1; place + 1 < size; ++place) {
+            std::string name(size, 'q');
+            name[place] = '_';
+            EXPECT_EQ(identifierOf(VHDL, name), name);
+            if (place + 2 == size)
+                continue;
+            name[place + 1] = '_';
+            EXPECT_EQ(identifierOf(VHDL, name), '\\' + name + '\\');
+        }
+    }
+}
+
 TEST(Identifiers, VhdlExtendsReservedWordsInAnyCase) {
     EXPECT_EQ(identifierOf(VHDL, "begin"), "\\begin\\");
     EXPECT_EQ(identifierOf(VHDL, "BEGIN"), "\\BEGIN\\");

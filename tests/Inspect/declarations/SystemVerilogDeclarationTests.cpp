@@ -95,6 +95,7 @@ std::string enumValue(const char* bytes, unsigned int size, std::uint64_t width,
 
 TEST(SystemVerilogDeclarations, UnknownBitsOfAValueAreInItsSecondHalf) {
     EXPECT_EQ(enumValue("\x06\x00", 2, 4, true), "4'h6");
+    EXPECT_EQ(enumValue("\xF6\xF0", 2, 4, true), "4'h6");
     EXPECT_EQ(enumValue("\x0C\x0A", 2, 4, true), "4'bx1z0");
     EXPECT_EQ(enumValue("\x01\x02\x00\x80", 4, 16, true), "16'bz000001000000001");
 }
