@@ -554,8 +554,11 @@ void RTDiscreteEnumType::populateTypeConstraints(Stack& stack, Ranges& out) cons
 }
 
 PopulatedConstraints populateTypeConstraints(const RTBaseType& type, std::size_t maxSteps) {
+    constexpr std::size_t USUAL_RANGES = 32;
     PopulatedConstraints populated;
     Stack stack;
+    if (!isScalar(type))
+        populated.ranges.reserve(std::min(maxSteps, USUAL_RANGES));
     populated.isComplete = walkFrom(type, stack, populated.ranges, maxSteps);
     if (populated.ranges.size() > maxSteps) {
         populated.ranges.resize(maxSteps);

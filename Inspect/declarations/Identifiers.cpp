@@ -28,7 +28,7 @@ bool isBasicVhdl(std::string_view name) {
     const auto areWord = [](Characters some) {
         return areLettersOrDigits(some) | (are('_', some) & ~areTwice('_', some));
     };
-    return isLetter(name.front()) && name.back() != '_' && allOf(name, areWord) &&
+    return isLetter(name.front()) && name.back() != '_' && allOf(name, areWord, 1) &&
            !isReservedWord(SourceLanguage::VHDL, name);
 }
 

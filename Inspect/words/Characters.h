@@ -36,9 +36,11 @@ constexpr Judgement areTwice(unsigned char c, Characters characters) {
     return found & (found << 8 | found >> 8);
 }
 
-/// Whether all characters of a text are in ASCII and of the kind that `judge` finds, which sees
-/// each of them beside the one before it. Letters must be of that kind.
-template <typename Judge> bool allOf(std::string_view text, Judge judge) {
+/// Whether all characters of a text are in ASCII and of the kind that `judge` finds. Letters must be
+/// of that kind. `judge` gets `overlap` characters again that it had last, to see each of them
+/// beside the next.
+template <typename Judge>
+bool allOf(std::string_view text, Judge judge, std::size_t overlap = 0) {
     constexpr std::size_t SIZE = sizeof(Characters);
     const auto isTrueAt = [&](const char* at) {
         Characters characters = 0;
@@ -51,7 +53,7 @@ template <typename Judge> bool allOf(std::string_view text, Judge judge) {
         return isTrueAt(filled);
     }
     const char* const last = text.data() + text.size() - SIZE;
-    for (const char* at = text.data(); at < last; at += SIZE - 1) {
+    for (const char* at = text.data(); at < last; at += SIZE - overlap) {
         if (!isTrueAt(at))
             return false;
     }

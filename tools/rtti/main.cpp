@@ -1,3 +1,4 @@
+#include "BlockOutput.h"
 #include "ExitStatus.h"
 #include "HelpFormatter.h"
 #include "Inspect/words/TypeText.h"
@@ -16,6 +17,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <unistd.h>
 
 namespace {
 
@@ -94,7 +97,8 @@ int run(CLI::App& program, const std::vector<Subcommand>& subcommands, int argc,
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_DFL); // A reader that has gone ends the program without a word.
     std::ios::sync_with_stdio(
-        false); // Nothing here prints with stdio; a call for each word is slow.
+        false); // Nothing here reads or prints with stdio; a call for each word is slow.
+    const BlockOutput output(std::cout, STDOUT_FILENO);
     CLI::App program("Shows, makes, verifies and compares the type files of an HDL simulator.",
                      "rtti");
     program.formatter(std::make_shared<HelpFormatter>(textWidth()));
