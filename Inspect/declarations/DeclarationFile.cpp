@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Inspect {
 
@@ -149,9 +150,9 @@ void DeclarationFile::declare(unsigned int id) {
         note(id, Step::DECLARE);
 }
 
-void DeclarationFile::omit(unsigned int id, const std::string& reason) {
+void DeclarationFile::omit(unsigned int id, std::string reason) {
     note(id, Step::OMIT);
-    m_obstacles.push_back(reason);
+    m_obstacles.push_back(std::move(reason));
 }
 
 void DeclarationFile::beginRemark() { m_out << INDENTATION << m_language->comment() << ' '; }

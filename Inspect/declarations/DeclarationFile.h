@@ -44,7 +44,7 @@ private:
 
     void announce(unsigned int id) override;
     void declare(unsigned int id) override;
-    void omit(unsigned int id, const std::string& reason) override;
+    void omit(unsigned int id, std::string reason) override;
 
     void note(unsigned int id, Step step);
     void writePackage(std::size_t package);

@@ -1,7 +1,5 @@
 #include "Inspect/declarations/DeclarationOrder.h"
 
-#include <fmt/format.h>
-
 #include <utility>
 
 namespace Inspect {
@@ -51,27 +49,27 @@ void DeclarationOrder::follow(Visit& visit) {
 /// What a need that has been followed stands in the way with.
 std::string DeclarationOrder::obstacleIn(const TypeNeed& need) const {
     const State state = m_states[need.typeId];
-    if (state == State::OMITTED)
-        return fmt::format("type {} has no declaration", need.typeId);
-    if (need.isForward)
-        return state == State::NEW && !m_language.obstacleOf(need.typeId).empty()
-                   ? fmt::format("type {} has no declaration", need.typeId)
-                   : "";
-    return state == State::ACTIVE
-               ? fmt::format("it needs type {}, which needs it in turn", need.typeId)
-               : "";
+    const bool isUndeclared =
+        state == State::OMITTED ||
+        (need.isForward && state == State::NEW && !m_language.obstacleOf(need.typeId).empty());
+    if (isUndeclared)
+        return "type " + std::to_string(need.typeId) + " has no declaration";
+    if (state == State::ACTIVE && !need.isForward)
+        return "it needs type " + std::to_string(need.typeId) + ", which needs it in turn";
+    return {};
 }
 
 void DeclarationOrder::leave() {
     Visit visit = std::move(m_visits.back());
     m_visits.pop_back();
-    if (visit.obstacle.empty()) {
+    const bool isDeclared = visit.obstacle.empty();
+    if (isDeclared) {
         announceNeeds(visit);
         m_sink.declare(visit.id);
     } else {
-        m_sink.omit(visit.id, visit.obstacle);
+        m_sink.omit(visit.id, std::move(visit.obstacle));
     }
-    m_states[visit.id] = visit.obstacle.empty() ? State::DECLARED : State::OMITTED;
+    m_states[visit.id] = isDeclared ? State::DECLARED : State::OMITTED;
     m_needs.resize(visit.firstNeed);
 }
 

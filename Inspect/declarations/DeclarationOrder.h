@@ -19,7 +19,7 @@ public:
     virtual void declare(unsigned int id) = 0;
 
     /// The type cannot be declared, for this reason.
-    virtual void omit(unsigned int id, const std::string& reason) = 0;
+    virtual void omit(unsigned int id, std::string reason) = 0;
 };
 
 /// Puts each type after those that its declaration needs, otherwise in the order in which the types

@@ -119,13 +119,11 @@ void DeclaredNames::claimTypes() {
         if (!isOfLanguage(id) || givenName(id).empty() || isPredefined(id) || yieldsName(id) ||
             declaredType(id) != id)
             continue;
-        const std::string_view name = localName(id);
-        const Identifier identifier = identifierOf(m_language, name);
+        const Identifier name = identifierOf(m_language, localName(id));
         const Owner owner = typeOwner(id);
-        m_names[id].isKept =
-            claim(identityHash(m_language, identifier), owner, m_packages.packageOf(id)) == owner;
-        if (m_names[id].isKept && identifier.isName())
-            m_names[id].spelling = name;
+        if (claim(identityHash(m_language, name), owner, m_packages.packageOf(id)) == owner)
+            m_names[id].spelling =
+                name.isName() ? name.view() : m_escaped.emplace_back(name.view());
     }
 }
 
@@ -262,9 +260,7 @@ Identifier DeclaredNames::typeName(unsigned int id) const {
     if (isPredefined(id))
         return Identifier(name);
     // A type of the other language is named where a declaration cannot be read in any case.
-    if (m_names[id].isKept || !isOfLanguage(id))
-        return identifierOf(m_language, localName(id));
-    return Identifier(madeName(id));
+    return isOfLanguage(id) ? Identifier(madeName(id)) : identifierOf(m_language, localName(id));
 }
 
 Identifier DeclaredNames::ownName(unsigned int id) const {
@@ -288,7 +284,7 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         return literals;
-    const bool areKept = id < m_names.size() && m_names[id].areLiteralsKept;
+    const bool areKept = areLiteralsKept(id);
     withLiterals(*type, [&](const auto& list, auto nameOf) {
         const std::size_t count = std::min(list.size(), most);
         literals.reserve(count);
@@ -299,6 +295,16 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
     if (!areKept)
         renameLiterals(id, *type, literals);
     return literals;
+}
+
+Identifier DeclaredNames::literalName(unsigned int id, std::size_t position) const {
+    if (!areLiteralsKept(id))
+        return std::move(literalNames(id, position + 1).back());
+    Identifier literal;
+    withLiterals(*m_types.typeOf(id), [&](const auto& list, auto nameOf) {
+        literal = Identifier(nameOf(list[position]));
+    });
+    return literal;
 }
 
 /// Nothing for a name that is empty.

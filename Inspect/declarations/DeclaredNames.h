@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -40,8 +41,11 @@ public:
     /// For distinct names, examines all types several times and remembers what it finds, which
     /// takes about 100 bytes for each. For packages, examines all types three times more.
     DeclaredNames(const TypeTable& types, SourceLanguage language, Naming naming);
+    DeclaredNames(const DeclaredNames&) = delete;
+    DeclaredNames& operator=(const DeclaredNames&) = delete;
 
-    /// The identifier of a type, escaped as the language requires.
+    /// The identifier of a type, escaped as the language requires. Valid as long as the types and
+    /// this object.
     Identifier typeName(unsigned int id) const;
 
     /// The name that another package uses: `p::t` for a type that is declared in `p`.
@@ -60,6 +64,9 @@ public:
     /// The identifiers of the first `most` literals or units of a type, all different.
     std::vector<Identifier> literalNames(unsigned int id, std::size_t most = ALL_NAMES) const;
 
+    /// One of them, by its position in the type, which has it.
+    Identifier literalName(unsigned int id, std::size_t position) const;
+
     /// The same for members, which have a scope of their own. Null members have no name.
     std::vector<Identifier> memberNames(const RTTI::RTAggregateType& type,
                                         std::size_t most = ALL_NAMES) const;
@@ -72,8 +79,7 @@ private:
 
     /// What became of the names of a type where names are told apart.
     struct Name {
-        std::string_view spelling; ///< What part of its name declarations call the type by, if any.
-        bool isKept = false;       ///< Though maybe not its spelling.
+        std::string_view spelling;    ///< What declarations call the type, if it keeps its name.
         bool areLiteralsKept = false; ///< All literals, or units, are called by their names.
     };
 
@@ -96,6 +102,9 @@ private:
     std::string free(std::string name, const std::string& suffix, std::size_t package) const;
     std::string freeLiteral(std::string name, const std::string& suffix, std::size_t package) const;
 
+    bool areLiteralsKept(unsigned int id) const {
+        return id < m_names.size() && m_names[id].areLiteralsKept;
+    }
     Identifier spelledIfGiven(std::string_view name) const;
     void renameLiterals(unsigned int id, const RTTI::RTBaseType& type,
                         std::vector<Identifier>& literals) const;
@@ -109,9 +118,10 @@ private:
     Owner literalOwner(unsigned int id) const;
 
     DeclaredPackages m_packages;
-    std::vector<Name> m_names; ///< Of types, where names are told apart.
-    NameOwners m_owners;       ///< By a hash of package and identity.
-    NameOwners m_everywhere;   ///< Of names that are visible in all packages.
+    std::vector<Name> m_names;         ///< Of types, where names are told apart.
+    std::deque<std::string> m_escaped; ///< The spellings that are not in a name as they are.
+    NameOwners m_owners;               ///< By a hash of package and identity.
+    NameOwners m_everywhere;           ///< Of names that are visible in all packages.
 };
 
 } // namespace Inspect

@@ -48,39 +48,24 @@ void DeclaredTypes::examineTypes() {
     }
 }
 
-std::string_view DeclaredTypes::givenName(unsigned int id) const {
-    if (isExamined())
-        return id < m_facts.size() ? m_facts[id].name : "";
+std::string_view DeclaredTypes::nameAsked(unsigned int id) const {
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr ? Inspect::givenName(type->m_name) : "";
 }
 
-unsigned int DeclaredTypes::classOf(unsigned int id) const {
-    if (isExamined())
-        return id < m_facts.size() ? m_facts[id].classId : 0;
+unsigned int DeclaredTypes::classAsked(unsigned int id) const {
     const RTBaseType* type = id != TypeFileFormat::NO_TYPE_ID ? m_types.typeOf(id) : nullptr;
     return type != nullptr ? type->GetClassId() : 0;
 }
 
-bool DeclaredTypes::isOfLanguage(unsigned int id) const {
-    if (isExamined())
-        return id < m_facts.size() && m_facts[id].isOfLanguage;
+bool DeclaredTypes::isOfLanguageAsked(unsigned int id) const {
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && languageOf(*type) == m_language;
 }
 
-bool DeclaredTypes::isPredefined(unsigned int id) const {
-    if (isExamined())
-        return id < m_facts.size() && m_facts[id].isPredefined;
+bool DeclaredTypes::isPredefinedAsked(unsigned int id) const {
     const RTBaseType* type = m_types.typeOf(id);
     return type != nullptr && isKeyword(*type);
-}
-
-unsigned int DeclaredTypes::declaredType(unsigned int id) const {
-    if (id < m_facts.size())
-        return m_facts[id].declaredType;
-    follow(id);
-    return id;
 }
 
 void DeclaredTypes::findDeclaredTypes() {

@@ -23,25 +23,37 @@ public:
     DeclaredTypes(const TypeTable& types, SourceLanguage language, Examination examination);
 
     /// The name that a type has from the design, or nothing.
-    std::string_view givenName(unsigned int id) const;
+    std::string_view givenName(unsigned int id) const {
+        return isExamined() ? factsOf(id).name : nameAsked(id);
+    }
 
     /// The class of a type; 0 if there is none with this id. Costs no look at a type that was
     /// examined in advance.
-    unsigned int classOf(unsigned int id) const;
+    unsigned int classOf(unsigned int id) const {
+        return isExamined() ? factsOf(id).classId : classAsked(id);
+    }
 
     /// Whether there is a type with this id and it belongs to the language.
-    bool isOfLanguage(unsigned int id) const;
+    bool isOfLanguage(unsigned int id) const {
+        return isExamined() ? factsOf(id).isOfLanguage : isOfLanguageAsked(id);
+    }
 
     /// Whether the language predefines the type. Always false in VHDL for types that are not
     /// examined in advance, where a declaration can be shown.
-    bool isPredefined(unsigned int id) const;
+    bool isPredefined(unsigned int id) const {
+        return isExamined() ? factsOf(id).isPredefined : isPredefinedAsked(id);
+    }
 
     /// The type whose declaration a typedef shares; for all other types the id itself.
-    unsigned int declaredType(unsigned int id) const;
+    unsigned int declaredType(unsigned int id) const {
+        if (!isExamined())
+            follow(id);
+        return id < m_facts.size() ? m_facts[id].declaredType : id;
+    }
 
     /// Whether a typedef of the type that adds something has its name. Only known of types that
     /// were examined in advance.
-    bool yieldsName(unsigned int id) const { return id < m_facts.size() && m_facts[id].yieldsName; }
+    bool yieldsName(unsigned int id) const { return factsOf(id).yieldsName; }
 
     /// Whether types are examined in advance.
     bool isExamined() const { return m_examination == Examination::IN_ADVANCE; }
@@ -61,13 +73,27 @@ protected:
 
 private:
     struct Facts {
-        std::string_view name;     ///< From the design, or empty.
-        unsigned int declaredType; ///< The type whose declaration it shares.
-        unsigned int classId;      ///< 0 if there is no type.
-        bool isOfLanguage : 1;
-        bool isPredefined : 1;
-        bool yieldsName : 1; ///< Its subtype has its name.
+        std::string_view name;         ///< From the design, or empty.
+        unsigned int declaredType = 0; ///< The type whose declaration it shares.
+        unsigned int classId = 0;      ///< 0 if there is no type.
+        bool isOfLanguage = false;
+        bool isPredefined = false;
+        bool yieldsName = false; ///< Its subtype has its name.
     };
+
+    /// What was found out in advance.
+    const Facts& factsOf(unsigned int id) const {
+        static constexpr Facts NONE{};
+        return id < m_facts.size() ? m_facts[id] : NONE;
+    }
+
+    /// The same on request.
+    /// @{
+    std::string_view nameAsked(unsigned int id) const;
+    unsigned int classAsked(unsigned int id) const;
+    bool isOfLanguageAsked(unsigned int id) const;
+    bool isPredefinedAsked(unsigned int id) const;
+    /// @}
 
     void examineTypes();
     void findDeclaredTypes();

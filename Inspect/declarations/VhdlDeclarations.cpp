@@ -320,9 +320,8 @@ void VhdlDeclarations::bound(Text& out, const RTBaseType& base, unsigned int bas
     const auto& literals = static_cast<const RTSeqEnumType&>(base).m_enumeratorNames;
     if (value >= 0 && static_cast<std::size_t>(value) < literals.size() &&
         literals.size() <= LITERAL_LIMIT) {
-        const std::vector<Identifier> names =
-            m_names.literalNames(baseId, static_cast<std::size_t>(value) + 1);
-        const std::string_view literal = names.back();
+        const Identifier name = m_names.literalName(baseId, static_cast<std::size_t>(value));
+        const std::string_view literal = name;
         // A predefined literal that needs an escape here is one outside ASCII, such as y umlaut.
         const bool isHidden =
             !isCharacterLiteral(literal) && (literal.front() == '\\' || m_names.isHidden(literal));

@@ -22,7 +22,7 @@ class RecordingSink : public DeclarationSink {
 public:
     void announce(unsigned int id) override { note("+", id); }
     void declare(unsigned int id) override { note("", id); }
-    void omit(unsigned int id, const std::string& /*reason*/) override { note("-", id); }
+    void omit(unsigned int id, std::string /*reason*/) override { note("-", id); }
     std::string steps;
 
 private:
