@@ -135,6 +135,7 @@ void DeclaredNames::claimLiterals() {
         const Owner owner = literalOwner(id);
         hashes.clear();
         bool areKept = true;
+        bool areLegal = true;
         withLiterals(*m_types.typeOf(id), [&](const auto& literals, auto nameOf) {
             for (const auto& literal : literals) {
                 const std::string_view name = nameOf(literal);
@@ -143,13 +144,14 @@ void DeclaredNames::claimLiterals() {
                     continue;
                 const Identifier identifier = spelled(m_language, name);
                 hashes.push_back(identityHash(m_language, identifier));
-                areKept = areKept && identifier.isName();
+                areLegal = areLegal && identifier.isName();
             }
         });
         // All at once: the processor then waits for many places of the table at a time.
         for (const std::uint64_t hash : hashes)
             areKept &= claim(hash, owner, m_packages.packageOf(id)) == owner;
         m_names[id].areLiteralsKept = areKept && areDistinct(hashes.data(), hashes.size());
+        m_names[id].areLiteralsLegal = areKept && areLegal;
     }
 }
 
@@ -284,32 +286,30 @@ std::vector<Identifier> DeclaredNames::literalNames(unsigned int id, std::size_t
     const RTBaseType* type = m_types.typeOf(id);
     if (type == nullptr)
         return literals;
-    const bool areKept = areLiteralsKept(id);
     withLiterals(*type, [&](const auto& list, auto nameOf) {
         const std::size_t count = std::min(list.size(), most);
         literals.reserve(count);
         for (std::size_t i = 0; i < count; ++i)
-            literals.push_back(areKept ? Identifier(nameOf(list[i]))
-                                       : spelledIfGiven(nameOf(list[i])));
+            literals.push_back(ownLiteral(id, nameOf(list[i])));
     });
-    if (!areKept)
+    if (!claimedName(id).areLiteralsKept)
         renameLiterals(id, *type, literals);
     return literals;
 }
 
 Identifier DeclaredNames::literalName(unsigned int id, std::size_t position) const {
-    if (!areLiteralsKept(id))
+    if (!claimedName(id).areLiteralsKept)
         return std::move(literalNames(id, position + 1).back());
     Identifier literal;
     withLiterals(*m_types.typeOf(id), [&](const auto& list, auto nameOf) {
-        literal = Identifier(nameOf(list[position]));
+        literal = ownLiteral(id, nameOf(list[position]));
     });
     return literal;
 }
 
-/// Nothing for a name that is empty.
-Identifier DeclaredNames::spelledIfGiven(std::string_view name) const {
-    return name.empty() ? Identifier() : spelled(m_language, name);
+Identifier DeclaredNames::ownLiteral(unsigned int id, std::string_view name) const {
+    const bool isLegal = name.empty() || claimedName(id).areLiteralsLegal;
+    return isLegal ? Identifier(name) : spelled(m_language, name);
 }
 
 /// Gives another name to each that has none, or one that is not its own.

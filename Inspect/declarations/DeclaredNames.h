@@ -79,8 +79,9 @@ private:
 
     /// What became of the names of a type where names are told apart.
     struct Name {
-        std::string_view spelling;    ///< What declarations call the type, if it keeps its name.
-        bool areLiteralsKept = false; ///< All literals, or units, are called by their names.
+        std::string_view spelling;     ///< What declarations call the type, if it keeps its name.
+        bool areLiteralsKept = false;  ///< All literals, or units, are called by their names,
+        bool areLiteralsLegal = false; ///< which are identifiers as they are.
     };
 
     void claimTypes();
@@ -102,10 +103,11 @@ private:
     std::string free(std::string name, const std::string& suffix, std::size_t package) const;
     std::string freeLiteral(std::string name, const std::string& suffix, std::size_t package) const;
 
-    bool areLiteralsKept(unsigned int id) const {
-        return id < m_names.size() && m_names[id].areLiteralsKept;
-    }
-    Identifier spelledIfGiven(std::string_view name) const;
+    /// What became of the names of a type; nothing where names are not told apart.
+    Name claimedName(unsigned int id) const { return id < m_names.size() ? m_names[id] : Name(); }
+
+    /// A literal's own name, or nothing.
+    Identifier ownLiteral(unsigned int id, std::string_view name) const;
     void renameLiterals(unsigned int id, const RTTI::RTBaseType& type,
                         std::vector<Identifier>& literals) const;
     void renameMembers(const RTTI::RTAggregateType& type, std::vector<Identifier>& members) const;

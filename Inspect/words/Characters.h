@@ -36,11 +36,10 @@ constexpr Judgement areTwice(unsigned char c, Characters characters) {
     return found & (found << 8 | found >> 8);
 }
 
-/// Whether all characters of a text are in ASCII and of the kind that `judge` finds. Letters must be
-/// of that kind. `judge` gets `overlap` characters again that it had last, to see each of them
+/// Whether all characters of a text are in ASCII and of the kind that `judge` finds. Letters must
+/// be of that kind. `judge` gets `overlap` characters again that it had last, to see each of them
 /// beside the next.
-template <typename Judge>
-bool allOf(std::string_view text, Judge judge, std::size_t overlap = 0) {
+template <typename Judge> bool allOf(std::string_view text, Judge judge, std::size_t overlap = 0) {
     constexpr std::size_t SIZE = sizeof(Characters);
     const auto isTrueAt = [&](const char* at) {
         Characters characters = 0;

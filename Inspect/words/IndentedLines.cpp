@@ -1,7 +1,7 @@
 #include "Inspect/words/IndentedLines.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
 namespace Inspect {
 
@@ -39,28 +39,25 @@ std::size_t IndentedLines::prefixLines() {
     return m_begin;
 }
 
-/// Moves the lines to where they are with all prefixes, the last one first.
+/// Takes the lines out of the text and puts each back behind its prefix.
 void IndentedLines::indent() {
-    const std::string_view lines = m_text.view().substr(m_begin);
-    std::size_t prefixes = m_isLineStart ? 1 : 0;
-    for (std::size_t at = lines.find('\n'); at < lines.size() - 1; at = lines.find('\n', at + 1))
-        ++prefixes;
-    const std::size_t added = prefixes * m_prefix.size();
-    if (m_text.m_capacity < m_text.m_size + added)
-        m_text.grow(added);
-    char* const begin = m_text.m_bytes.get() + m_begin;
-    char* end = m_text.m_bytes.get() + m_text.m_size;
-    const bool isNextLineStart = end[-1] == '\n';
-    for (char* to = end + added; to != end;) {
-        const auto before = static_cast<std::size_t>(end - 1 - begin);
-        char* const lineBreak = static_cast<char*>(memrchr(begin, '\n', before));
-        char* const line = lineBreak != nullptr ? lineBreak + 1 : begin;
-        to = std::copy_backward(line, end, to);
-        to = std::copy_backward(m_prefix.begin(), m_prefix.end(), to);
-        end = line;
+    const auto append = [this](std::string_view part) {
+        if (m_text.m_capacity - m_text.m_size < part.size())
+            m_text.grow(part.size());
+        part.copy(m_text.m_bytes.get() + m_text.m_size, part.size());
+        m_text.m_size += part.size();
+    };
+    m_text.m_aside.assign(m_text.view().substr(m_begin));
+    m_text.m_size = m_begin;
+    for (std::string_view left = m_text.m_aside; !left.empty();) {
+        const std::string_view line =
+            left.substr(0, std::min(left.find('\n'), left.size() - 1) + 1);
+        if (m_isLineStart)
+            append(m_prefix);
+        append(line);
+        m_isLineStart = line.back() == '\n';
+        left.remove_prefix(line.size());
     }
-    m_isLineStart = isNextLineStart;
-    m_text.m_size += added;
     m_begin = m_text.m_size;
 }
 

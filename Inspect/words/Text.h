@@ -90,6 +90,7 @@ private:
     std::size_t m_capacity = 0;
     std::size_t m_size = 0;           ///< What follows in `m_bytes` is room.
     IndentedLines* m_lines = nullptr; ///< Those being written.
+    std::string m_aside;              ///< Lines that are about to get their prefixes.
 };
 
 /// The text that a function writes.
