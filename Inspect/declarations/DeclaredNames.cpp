@@ -360,6 +360,7 @@ void DeclaredNames::renameMembers(const RTAggregateType& type,
                                   std::vector<Identifier>& members) const {
     std::unordered_set<std::string> used;
     std::vector<bool> isKept;
+    isKept.reserve(members.size());
     for (const std::string_view name : members)
         isKept.push_back(!name.empty() && used.insert(identityOf(m_language, name)).second);
     const auto freeName = [&](std::string_view given, std::size_t i) {
