@@ -377,7 +377,6 @@ constexpr std::string_view systemVerilogWords[] = {"accept_on",
                                                    "xnor",
                                                    "xor"};
 
-/// Where the words with each first letter begin in a list, and its end.
 /// Where a letter, of either case, stands among so many characters.
 constexpr std::size_t LETTERS = 32;
 constexpr std::size_t letterOf(char c) { return static_cast<unsigned char>(c) % LETTERS; }
